@@ -1,0 +1,50 @@
+# The front door. Everything a run makes lies in build/ and out/; packages are installed when one is missing.
+.DEFAULT_GOAL := build
+.PHONY: help bootstrap configure build native demo test bench lint tidy clean
+
+# Tools come from Debian's packages, whatever else the PATH would find first.
+export PATH := /usr/sbin:/usr/bin:/sbin:/bin
+jobs := $(shell nproc)
+
+help:
+	@echo 'make        install what is missing, build for Windows (build/mingw-release)'
+	@echo 'make demo   build, write a report through COM and show it: results in out/demo/'
+	@echo 'make test   build and run all tests: natively under sanitizers, then under Wine'
+	@echo 'make bench  measure; the results are described in docs/performance.md'
+	@echo 'make lint   formatting, line endings, headers that compile alone, a second compiler'
+	@echo 'make tidy   clang-tidy over the portable code'
+	@echo 'make clean  remove build/ and out/'
+
+bootstrap:
+	@scripts/bootstrap
+
+configure: bootstrap
+	@mkdir -p build
+	@cmake --preset mingw-release >build/configure.log 2>&1 || { cat build/configure.log; false; }
+
+build: configure
+	@cmake --build --preset mingw-release
+
+native: bootstrap
+	@mkdir -p build
+	@cmake --preset native-asan -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >build/configure-native.log 2>&1 || { cat build/configure-native.log; false; }
+	@cmake --build --preset native-asan
+
+demo: build
+	@scripts/demo
+
+test: native build
+	@ctest --preset native-asan -j$(jobs)
+	@ctest --preset mingw-release -j$(jobs)
+
+bench: build
+	@scripts/bench
+
+lint: build
+	@scripts/lint
+
+tidy: native
+	@scripts/tidy
+
+clean:
+	@rm -rf build out

@@ -1,0 +1,59 @@
+# The house has one target per folder. A target's public include directory is its own folder and nothing above it, so
+# code that includes a header from a folder it does not depend on does not compile.
+#
+# Portable targets also build natively, where they run under sanitizers; Windows targets vanish from a native build.
+
+function(mirovel_portable_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE mirovel_options)
+endfunction()
+
+function(mirovel_windows_library name)
+  if(WIN32)
+    mirovel_portable_library(${name} ${ARGN})
+  endif()
+endfunction()
+
+# A test program: GoogleTest, one CTest entry. TIMEOUT is a guard against hanging, not a measure. With DISPLAY it is run
+# where windows are drawn and take input.
+function(mirovel_portable_test name)
+  cmake_parse_arguments(arg "DISPLAY" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS} mirovel_test_main)
+  if(arg_DISPLAY AND CMAKE_CROSSCOMPILING_EMULATOR)
+    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${CMAKE_CROSSCOMPILING_EMULATOR};--display")
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT})
+  if(WIN32)
+    set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine_prefix)
+  endif()
+endfunction()
+
+function(mirovel_windows_test name)
+  if(WIN32)
+    mirovel_portable_test(${name} ${ARGN})
+  endif()
+endfunction()
+
+# A libFuzzer target; in the tests it runs a fixed number of inputs from a fixed seed, so that a run repeats exactly.
+function(mirovel_fuzzer name)
+  if(NOT MIROVEL_FUZZERS)
+    return()
+  endif()
+  cmake_parse_arguments(arg "" "RUNS" "SOURCES;DEPENDS" ${ARGN})
+  if(NOT arg_RUNS)
+    set(arg_RUNS 20000)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS})
+  add_test(NAME ${name} COMMAND ${name} -runs=${arg_RUNS} -seed=1 -verbosity=0)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

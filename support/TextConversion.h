@@ -1,0 +1,13 @@
+#pragma once
+
+#include "QdxString.h"
+
+#include <comutil.h>
+
+/// Text between Windows' UTF-16 and our ANSI code page. A null text counts as an empty one; every text ends
+/// at its first NUL. Both raise `_com_error` (E_OUTOFMEMORY or the conversion's own failure).
+
+/// Characters that the code page does not hold become '?', never a look-alike. A BSTR may be passed as it is.
+[[nodiscard]] QdxString toNarrow(const wchar_t* text);
+
+[[nodiscard]] _bstr_t toWide(const QdxString& text);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "registry/RegisterBase.h"
+
+#include <vector>
+
+/// The registry as one session sees it: the session's overrides go before the registry.
+/// Overrides live as long as the object and never reach the registry. One thread at a time.
+class RegisterCache : public RegisterBase
+{
+public:
+    /// The override for that group and name (compared without case, as the registry does), else the
+    /// registry's value, else `defaultEntry`.
+    [[nodiscard]] RegEntry read(const QdxString& group, const QdxString& name,
+                                const RegEntry& defaultEntry) const;
+
+    /// From now on `entry` is what read() gives for its group and name; a later override replaces an earlier
+    /// one.
+    void override(const RegEntry& entry);
+
+private:
+    std::vector<RegEntry> overrides_;
+};

@@ -1,0 +1,190 @@
+#include "tracedll/Trace.h"
+
+#include "TextConversion.h"
+#include "general/QdxException.h"
+#include "sysSupport/SysFile.h"
+
+#include <charconv>
+#include <comdef.h>
+#include <cwctype>
+#include <mutex>
+#include <set>
+#include <string>
+#include <windows.h>
+
+namespace {
+
+QdxString temporaryDirectory()
+{
+    wchar_t path[MAX_PATH + 1];
+    const DWORD length = GetTempPathW(MAX_PATH + 1, path);
+    return length > 0 && length <= MAX_PATH ? toNarrow(path) : QdxString();
+}
+
+QdxString logPath(const QdxString& name)
+{
+    if (name.isEmpty())
+        return SysFile::appendToDir(temporaryDirectory(), "mirovelcom.log");
+    return SysFile::getDir(name).isEmpty() ? SysFile::appendToDir(temporaryDirectory(), name) : name;
+}
+
+/// The logs that this process has opened, so that purging spares them.
+class OwnLogs
+{
+public:
+    void add(const QdxString& path)
+    {
+        const std::lock_guard lock(mutex_);
+        keys_.insert(key(path));
+    }
+    bool contains(const QdxString& path)
+    {
+        const std::lock_guard lock(mutex_);
+        return keys_.contains(key(path));
+    }
+
+private:
+    /// One key for all ways to write one path.
+    static std::wstring key(const QdxString& path)
+    {
+        const _bstr_t wide = toWide(path);
+        std::wstring absolute(GetFullPathNameW(wide, 0, nullptr, nullptr), L'\0');
+        absolute.resize(
+            GetFullPathNameW(wide, static_cast<DWORD>(absolute.size()), absolute.data(), nullptr));
+        for (wchar_t& c : absolute)
+            c = static_cast<wchar_t>(std::towlower(c));
+        return absolute;
+    }
+
+    std::mutex mutex_;
+    std::set<std::wstring> keys_;
+};
+
+OwnLogs& ownLogs()
+{
+    static OwnLogs logs;
+    return logs;
+}
+
+QdxException cannotOpen(const QdxString& path, DWORD error)
+{
+    QdxString reason("Cannot open trace log ");
+    reason.append(path).append("\n").append(toNarrow(_com_error(HRESULT_FROM_WIN32(error)).ErrorMessage()));
+    return QdxException(reason);
+}
+
+} // namespace
+
+/// An open log file and the line being written to it.
+class Trace::Log
+{
+public:
+    explicit Log(const QdxString& path)
+        // Not shared for deletion: nobody's purge may remove a log in use.
+        : file_(CreateFileW(toWide(path), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                            OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))
+    {
+        if (file_ == INVALID_HANDLE_VALUE)
+            throw cannotOpen(path, GetLastError());
+    }
+    ~Log()
+    {
+        flush();
+        CloseHandle(file_);
+    }
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+
+    void write(const char* text)
+    {
+        for (; *text; ++text) {
+            if (*text == '\n' && (line_.empty() || line_.back() != '\r'))
+                line_ += '\r';
+            line_ += *text;
+        }
+    }
+    void endLine()
+    {
+        line_ += "\r\n";
+        flush();
+    }
+
+private:
+    /// A full disk must not stop the document: what cannot be written is dropped.
+    void flush() noexcept
+    {
+        DWORD written = 0;
+        if (!line_.empty())
+            WriteFile(file_, line_.data(), static_cast<DWORD>(line_.size()), &written, nullptr);
+        line_.clear();
+    }
+
+    HANDLE file_;
+    std::string line_;
+};
+
+void Trace::open(const QdxString& name)
+{
+    const QdxString path = logPath(name);
+    auto log = std::make_shared<Log>(path);
+    ownLogs().add(path);
+    log_ = std::move(log);
+    updateLimit();
+}
+
+void Trace::close() noexcept
+{
+    log_.reset();
+    updateLimit();
+}
+
+void Trace::setLevel(int level) noexcept
+{
+    level_ = level;
+    updateLimit();
+}
+
+void Trace::purgeBefore(const QdxString& name) noexcept
+try {
+    const QdxString path = logPath(name);
+    if (!ownLogs().contains(path))
+        SysFile::deleteFile(path);
+} catch (...) {
+    // Out of memory, or a path that Windows cannot make sense of: the log stays.
+}
+
+Trace& Trace::operator<<(const QdxString& text)
+{
+    return *this << text.data();
+}
+
+Trace& Trace::operator<<(const char* text)
+{
+    if (log_ && text)
+        log_->write(text);
+    return *this;
+}
+
+Trace& Trace::operator<<(short number)
+{
+    return *this << static_cast<long>(number);
+}
+
+Trace& Trace::operator<<(long number)
+{
+    char digits[32] = {};
+    std::to_chars(digits, digits + sizeof digits - 1, number);
+    return *this << static_cast<const char*>(digits);
+}
+
+Trace& Trace::operator<<(Manipulator)
+{
+    if (log_)
+        log_->endLine();
+    return *this;
+}
+
+void Trace::updateLimit() noexcept
+{
+    limit_ = log_ ? level_ : closed_;
+}

@@ -1,0 +1,204 @@
+#include "TestDocument.h"
+
+#include "CComModule.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+namespace {
+
+/// The outer object of an aggregate; what it does not know it asks its part for.
+class Outer : public IUnknown
+{
+public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
+    {
+        if (!IsEqualIID(iid, IID_IUnknown))
+            return part->QueryInterface(iid, out);
+        *out = static_cast<IUnknown*>(this);
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++count; }
+    STDMETHODIMP_(ULONG) Release() override { return --count; }
+
+    IUnknown* part = nullptr;
+    ULONG count = 1;
+};
+
+class ComObject : public testing::Test
+{
+protected:
+    ComObject()
+    {
+        CoInitialize(nullptr);
+        TestDocumentPlan::current() = {};
+        locks_ = comModule().lockCount();
+    }
+
+    ~ComObject() override
+    {
+        EXPECT_EQ(TestDocumentPlan::current().alive, 0);
+        EXPECT_EQ(comModule().lockCount(), locks_);
+        CoUninitialize();
+    }
+
+    LONG locks() const { return comModule().lockCount() - locks_; }
+
+private:
+    LONG locks_ = 0;
+};
+
+void* poison()
+{
+    return reinterpret_cast<void*>(0xdeadbeef);
+}
+
+TEST_F(ComObject, isBornWithOneReferenceAndOneModuleLock)
+{
+    IDocument* document = nullptr;
+    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+              S_OK);
+    EXPECT_EQ(locks(), 1);
+    EXPECT_EQ(document->AddRef(), 2u);
+    EXPECT_EQ(document->Release(), 1u);
+    EXPECT_EQ(TestDocumentPlan::current().alive, 1);
+    EXPECT_EQ(document->Release(), 0u);
+    EXPECT_EQ(locks(), 0);
+}
+
+TEST_F(ComObject, hasOneIdentity)
+{
+    IDocument* document = nullptr;
+    IDispatch* dispatch = nullptr;
+    IUnknown* unknown = nullptr;
+    IUnknown* again = nullptr;
+    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+              S_OK);
+    EXPECT_EQ(document->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch)), S_OK);
+    EXPECT_EQ(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&unknown)), S_OK);
+    EXPECT_EQ(dispatch->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&again)), S_OK);
+    EXPECT_EQ(unknown, again);
+    void* none = poison();
+    EXPECT_EQ(document->QueryInterface(IID_IClassFactory, &none), E_NOINTERFACE);
+    EXPECT_EQ(none, nullptr);
+    EXPECT_EQ(document->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+    again->Release();
+    unknown->Release();
+    dispatch->Release();
+    EXPECT_EQ(document->Release(), 0u);
+}
+
+TEST_F(ComObject, hasItsMethodsInOrderBehindTheSevenOfIDispatchAndThenItsDestructor)
+{
+    IDocument* document = nullptr;
+    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+              S_OK);
+    using NoArguments = HRESULT(STDMETHODCALLTYPE*)(IDocument*);
+    void** const table = *reinterpret_cast<void***>(document);
+    TestDocumentPlan::current().close = [] { return HRESULT{77}; };
+    EXPECT_EQ(reinterpret_cast<NoArguments>(table[7 + 1])(document), 77);
+    // The deleting destructor is the second of the two slots that this ABI gives it.
+    reinterpret_cast<void (*)(IDocument*)>(table[7 + 42 + 1])(document);
+    EXPECT_EQ(TestDocumentPlan::current().alive, 0);
+}
+
+TEST_F(ComObject, clearsTheResultWhenTheInterfaceIsUnknown)
+{
+    void* out = poison();
+    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IClassFactory, &out), E_NOINTERFACE);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, nullptr), E_POINTER);
+}
+
+TEST_F(ComObject, isNotMadeWhenItsConstructorThrows)
+{
+    TestDocumentPlan::current().construct = [] { throw std::bad_alloc(); };
+    void* out = poison();
+    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, &out), E_OUTOFMEMORY);
+    EXPECT_EQ(out, nullptr);
+    Outer outer;
+    out = poison();
+    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, &out), E_OUTOFMEMORY);
+    EXPECT_EQ(out, nullptr);
+}
+
+TEST_F(ComObject, isDestroyedWhenFinalConstructThrows)
+{
+    TestDocumentPlan::current().finalConstruct = [] { throw _com_error(CO_E_NOTINITIALIZED); };
+    void* out = poison();
+    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, &out), CO_E_NOTINITIALIZED);
+    EXPECT_EQ(out, nullptr);
+    Outer outer;
+    out = poison();
+    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, &out), CO_E_NOTINITIALIZED);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(outer.count, 1u);
+}
+
+TEST_F(ComObject, isDestroyedOnceThoughItsDestructorCountsReferences)
+{
+    Outer outer;
+    ASSERT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
+              S_OK);
+    int destructions = 0;
+    TestDocumentPlan::current().destruct = [&] {
+        ++destructions;
+        outer.part->AddRef();
+        EXPECT_NE(outer.part->Release(), 0u);
+    };
+    EXPECT_EQ(outer.part->Release(), 0u);
+    EXPECT_EQ(destructions, 1);
+}
+
+TEST_F(ComObject, isGoneAfterReleaseThoughItsDestructorThrows)
+{
+    IDocument* document = nullptr;
+    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+              S_OK);
+    TestDocumentPlan::current().destruct = [] { throw 1; };
+    EXPECT_EQ(document->Release(), 0u);
+    EXPECT_EQ(locks(), 0);
+}
+
+TEST_F(ComObject, aPartIsOnlyHandedOutByItsUnknown)
+{
+    Outer outer;
+    void* out = poison();
+    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IDocument, &out), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(out, nullptr);
+}
+
+TEST_F(ComObject, aPartHasTheIdentityAndLifetimeOfItsOuter)
+{
+    Outer outer;
+    ASSERT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
+              S_OK);
+    EXPECT_EQ(locks(), 1);
+    EXPECT_EQ(outer.count, 1u) << "a part does not count its outer object";
+
+    IUnknown* partUnknown = nullptr;
+    EXPECT_EQ(outer.part->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&partUnknown)), S_OK);
+    EXPECT_EQ(partUnknown, outer.part) << "the part's own unknown is not the outer one";
+    EXPECT_EQ(partUnknown->Release(), 1u);
+    EXPECT_EQ(outer.part->QueryInterface(IID_IDocument, nullptr), E_POINTER);
+
+    IDocument* document = nullptr;
+    EXPECT_EQ(outer.part->QueryInterface(IID_IDocument, reinterpret_cast<void**>(&document)), S_OK);
+    EXPECT_EQ(outer.count, 2u) << "the part's interfaces are counted by the outer object";
+    IUnknown* identity = nullptr;
+    EXPECT_EQ(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)), S_OK);
+    EXPECT_EQ(identity, static_cast<IUnknown*>(&outer));
+    EXPECT_EQ(outer.count, 3u);
+    identity->Release();
+    EXPECT_EQ(document->AddRef(), 3u);
+    EXPECT_EQ(document->Release(), 2u);
+    EXPECT_EQ(document->Release(), 1u);
+    EXPECT_EQ(TestDocumentPlan::current().alive, 1);
+    EXPECT_EQ(outer.part->Release(), 0u);
+    EXPECT_EQ(outer.count, 1u);
+    EXPECT_EQ(locks(), 0);
+}
+
+} // namespace

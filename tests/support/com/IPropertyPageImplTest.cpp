@@ -1,0 +1,86 @@
+#include "IPropertyPageImpl.h"
+
+#include "CComCoClass.h"
+#include "CComSingleThreadModel.h"
+#include "InterfaceList.h"
+
+#include <IDocument.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+class TestPage : public CComObjectRootEx<CComSingleThreadModel>,
+                 public CComCoClass<TestPage, &CLSID_MirovelComPage>,
+                 public IPropertyPageImpl
+{
+public:
+    using Interfaces = InterfaceList<IPropertyPage>;
+    using IPropertyPageImpl::setDirty;
+};
+
+class Site : public IPropertyPageSite
+{
+public:
+    STDMETHODIMP QueryInterface(REFIID, void** out) override
+    {
+        *out = nullptr;
+        return E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++count; }
+    STDMETHODIMP_(ULONG) Release() override { return --count; }
+    STDMETHODIMP OnStatusChange(DWORD status) override
+    {
+        told.push_back(status);
+        return S_OK;
+    }
+    STDMETHODIMP GetLocaleID(LCID*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetPageContainer(IUnknown**) override { return E_NOTIMPL; }
+    STDMETHODIMP TranslateAccelerator(MSG*) override { return E_NOTIMPL; }
+
+    ULONG count = 1;
+    std::vector<DWORD> told;
+};
+
+TEST(IPropertyPageImpl, tellsItsSiteWhenItBecomesDirtyOrClean)
+{
+    Site site;
+    CComObject<TestPage>* const page = CComObject<TestPage>::create();
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_EQ(page->SetPageSite(&site), S_OK);
+    page->setDirty(true);
+    page->setDirty(true);
+    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    page->setDirty(false);
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_EQ(site.told, (std::vector<DWORD>{PROPPAGESTATUS_DIRTY, 0}));
+    EXPECT_EQ(page->Release(), 0u);
+    EXPECT_EQ(site.count, 1u);
+}
+
+TEST(IPropertyPageImpl, hasOneSiteAtATime)
+{
+    Site first;
+    Site second;
+    CComObject<TestPage>* const page = CComObject<TestPage>::create();
+    EXPECT_EQ(page->SetPageSite(&first), S_OK);
+    EXPECT_EQ(page->SetPageSite(&second), E_UNEXPECTED);
+    EXPECT_EQ(page->SetPageSite(nullptr), S_OK);
+    EXPECT_EQ(first.count, 1u);
+    EXPECT_EQ(page->SetPageSite(&second), S_OK);
+    EXPECT_EQ(page->Release(), 0u);
+    EXPECT_EQ(second.count, 1u);
+}
+
+TEST(IPropertyPageImpl, saysWhatItCannotDo)
+{
+    CComObject<TestPage>* const page = CComObject<TestPage>::create();
+    EXPECT_EQ(page->Apply(), E_NOTIMPL);
+    EXPECT_EQ(page->Activate(nullptr, nullptr, FALSE), E_NOTIMPL);
+    EXPECT_EQ(page->SetObjects(1, nullptr), E_POINTER);
+    EXPECT_EQ(page->SetObjects(0, nullptr), S_OK);
+    page->Release();
+}
+
+} // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <comdef.h>
+
+namespace Word {
+/// The argument that is not given: VT_ERROR holding DISP_E_PARAMNOTFOUND.
+inline const _variant_t missing{DISP_E_PARAMNOTFOUND, VT_ERROR};
+
+/// A VT_I4. Word counts and numbers travel so; _variant_t(int) would make a VT_INT, which Word need not
+/// accept.
+inline _variant_t integer(long value)
+{
+    return _variant_t{value, VT_I4};
+}
+
+/// A VT_BOOL of -1 or 0.
+inline _variant_t boolean(bool value)
+{
+    return _variant_t{value};
+}
+
+/// A VT_BSTR; a null text becomes an empty one.
+inline _variant_t text(const wchar_t* value)
+{
+    return _variant_t{value ? value : L""};
+}
+
+/// A VT_DISPATCH that holds a reference of its own.
+inline _variant_t object(IDispatch* value)
+{
+    return _variant_t{value, true};
+}
+} // namespace Word

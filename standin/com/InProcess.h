@@ -1,0 +1,107 @@
+#pragma once
+
+#include "Application.h"
+
+#include <Word.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace standin {
+class Server;
+
+struct SessionOptions
+{
+    ::standin::model::Switches switches;
+    /// Each document that has a file is entered in the running object table under it until it is closed, as
+    /// Word does. Off by default: it costs a call to another process per document.
+    bool documentsInRunningObjectTable = false;
+    /// What fields take the time from: always the same moment unless a test wants another, so that nothing
+    /// depends on when it runs.
+    ::standin::model::Clock clock = [] { return ::standin::model::LocalTime{2000, 1, 31, 13, 5, 9}; };
+};
+
+/// A Word stand-in in the caller's own process and apartment, for tests: what a client calls is recorded, can
+/// be made to fail, and what became of the documents can be looked at.
+///
+/// Objects that the client still holds stay usable after the session's end, and count as leaked until then.
+class Session
+{
+public:
+    explicit Session(const SessionOptions& options = {});
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// The application object; always the same one.
+    Word::_ApplicationPtr application() const;
+
+    /// One line for each call received since the start or since the last clearTranscript, without line ends.
+    const std::vector<std::string>& transcript() const;
+    void clearTranscript();
+
+    /// The number of calls received since the start.
+    long callCount() const;
+
+    /// Lets one later call fail with `result`: `ordinal` 1 is the next one. The call is recorded and does
+    /// nothing.
+    void failCall(long ordinal, HRESULT result);
+    /// Lets the call `ordinal` (1 is the next one) and all behind it fail.
+    void failFromCall(long ordinal, HRESULT result);
+    /// No call fails on demand any more.
+    void clearFaults();
+
+    /// The COM objects of this session that are alive, the application included as long as anyone outside the
+    /// session holds it: 0 when the client has let go of everything.
+    long liveObjects() const;
+
+    /// The model behind an open document; null when `document` is not one of this session.
+    std::shared_ptr<::standin::model::Document> model(Word::_Document* document) const;
+    /// The model's application: its options and its open documents, newest first.
+    ::standin::model::Application& model() const;
+
+    /// True once the client has called Application.Quit.
+    bool hasQuit() const;
+
+private:
+    friend class ClassRegistration;
+    struct State;
+
+    const std::shared_ptr<Server>& server() const;
+
+    std::unique_ptr<State> state_;
+};
+
+/// While it lives, CoCreateInstance by Word's Application class or by the ProgID "Word.Application" gives the
+/// session's application in this apartment. It registers a class object and adds what the look-up of the
+/// ProgID needs to HKEY_CLASSES_ROOT, and takes away what it added. Raises _com_error.
+class ClassRegistration
+{
+public:
+    explicit ClassRegistration(const Session& session);
+    ~ClassRegistration();
+    ClassRegistration(const ClassRegistration&) = delete;
+    ClassRegistration& operator=(const ClassRegistration&) = delete;
+
+    /// How many objects were created through it.
+    long created() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+/// While it lives, the session's application is the running Word that GetActiveObject finds. Raises
+/// _com_error.
+class RunningApplication
+{
+public:
+    explicit RunningApplication(const Session& session);
+    ~RunningApplication();
+    RunningApplication(const RunningApplication&) = delete;
+    RunningApplication& operator=(const RunningApplication&) = delete;
+
+private:
+    DWORD registration_ = 0;
+};
+} // namespace standin

@@ -1,0 +1,61 @@
+#include "ParagraphFormatObject.h"
+
+namespace standin {
+namespace {
+model::Style& styleOfOpen(const model::DocumentPtr& document, const model::StylePtr& style)
+{
+    if (document->isClosed())
+        throw model::WordError(model::WordErrorNumber::objectDeleted);
+    return *style;
+}
+} // namespace
+
+ParagraphFormatObject::ParagraphFormatObject(std::shared_ptr<Server> server, ParagraphTarget target)
+    : ParagraphFormatBase(std::move(server)), target_(std::move(target))
+{
+}
+
+ParagraphTarget ParagraphFormatObject::targetOf(const model::LiveRange& range)
+{
+    auto own = std::make_shared<model::LiveRange>(range);
+    return {[own] { return own->paragraphFormat(); },
+            [own](const model::ParagraphProperties& properties) { own->setParagraphFormat(properties); }};
+}
+
+ParagraphTarget ParagraphFormatObject::targetOf(model::DocumentPtr document, model::StylePtr style)
+{
+    return {[document, style] { return styleOfOpen(document, style).resolvedParagraph(); },
+            [document, style](const model::ParagraphProperties& properties) {
+                styleOfOpen(document, style).paragraph.overlay(properties);
+                document->touched();
+            }};
+}
+
+long ParagraphFormatObject::getAlignment()
+{
+    const auto alignment = target_.read().alignment;
+    return alignment ? static_cast<long>(*alignment) : model::mixedValue;
+}
+
+void ParagraphFormatObject::putAlignment(long value)
+{
+    if (value < static_cast<long>(model::Alignment::left) ||
+        value > static_cast<long>(model::Alignment::justify))
+        throw model::WordError(model::WordErrorNumber::valueOutOfRange);
+    model::ParagraphProperties properties;
+    properties.alignment = static_cast<model::Alignment>(value);
+    target_.write(properties);
+}
+
+void ParagraphFormatObject::put(std::optional<float> model::ParagraphProperties::*property, float value)
+{
+    model::ParagraphProperties properties;
+    properties.*property = value;
+    target_.write(properties);
+}
+
+float ParagraphFormatObject::points(const std::optional<float>& value)
+{
+    return value.value_or(static_cast<float>(model::mixedValue));
+}
+} // namespace standin

@@ -1,0 +1,191 @@
+#include "Server.h"
+
+#include "ApplicationObject.h"
+#include "DocumentObject.h"
+#include "OwnFile.h"
+#include "TypeLibraryNumber.h"
+
+#include <vector>
+
+namespace standin {
+namespace {
+_COM_SMARTPTR_TYPEDEF(IRunningObjectTable, __uuidof(IRunningObjectTable));
+_COM_SMARTPTR_TYPEDEF(IMoniker, __uuidof(IMoniker));
+
+void checkSucceeded(HRESULT result)
+{
+    if (FAILED(result))
+        throw _com_error(result);
+}
+
+IRunningObjectTablePtr runningObjects()
+{
+    IRunningObjectTablePtr table;
+    checkSucceeded(GetRunningObjectTable(0, &table));
+    return table;
+}
+
+std::wstring fullNameOf(const model::Document& document)
+{
+    const std::u16string name = document.fullName();
+    return {name.begin(), name.end()};
+}
+} // namespace
+
+std::shared_ptr<Server> Server::make(const model::Switches& switches)
+{
+    return std::shared_ptr<Server>(new Server(switches));
+}
+
+Server::~Server() = default;
+
+void Server::start(bool visible)
+{
+    closeDocuments();
+    ++life_;
+    ended_ = false;
+    model_ = std::make_unique<model::Application>(switches_, clock);
+    application_ = makeObject<ApplicationObject>(shared_from_this(), visible);
+}
+
+void Server::end()
+{
+    if (ended_)
+        return;
+    closeDocuments();
+    ended_ = true;
+    application_ = nullptr;
+    if (whenEnded)
+        whenEnded();
+}
+
+void Server::closeDocuments()
+{
+    if (!model_)
+        return;
+    const std::vector<model::DocumentPtr> documents = model_->documents();
+    for (const model::DocumentPtr& document : documents)
+        closeDocument(*document);
+}
+
+void Server::closeDocument(model::Document& document)
+{
+    const model::Document* key = &document;
+    revokeDocument(document);
+    // Its number lasts as long as its object; the address may be another document's later.
+    if (const auto known = documents_.find(key); known != documents_.end() && !known->second.object)
+        documents_.erase(known);
+    model_->close(document);
+}
+
+Word::_ApplicationPtr Server::application() const
+{
+    return application_;
+}
+
+Word::_DocumentPtr Server::document(const model::DocumentPtr& document)
+{
+    if (!document)
+        return {};
+    KnownDocument& known = documents_[document.get()];
+    if (known.object)
+        return Word::_DocumentPtr(known.object);
+    auto* object = new DocumentObject(shared_from_this(), document);
+    documents_[document.get()].object = object;
+    return Word::_DocumentPtr(object, false);
+}
+
+void Server::documentObjectDied(const model::Document& document)
+{
+    const auto known = documents_.find(&document);
+    if (known == documents_.end())
+        return;
+    known->second.object = nullptr;
+    if (document.isClosed())
+        documents_.erase(known);
+}
+
+void Server::enterDocument(const model::DocumentPtr& document)
+{
+    if (!documentsInRunningObjectTable)
+        return;
+    revokeDocument(*document);
+    IMonikerPtr moniker;
+    checkSucceeded(CreateFileMoniker(fullNameOf(*document).c_str(), &moniker));
+    DWORD registration = 0;
+    const Word::_DocumentPtr object = this->document(document);
+    checkSucceeded(runningObjects()->Register(ROTFLAGS_REGISTRATIONKEEPSALIVE, object.GetInterfacePtr(),
+                                              moniker, &registration));
+    documents_[document.get()].registration = registration;
+}
+
+void Server::revokeDocument(const model::Document& document)
+{
+    const auto known = documents_.find(&document);
+    if (known == documents_.end() || known->second.registration == 0)
+        return;
+    const DWORD registration = std::exchange(known->second.registration, 0);
+    runningObjects()->Revoke(registration);
+}
+
+ITypeInfoPtr Server::typeInfo(const IID& interfaceId)
+{
+    if (!library_) {
+        const std::wstring file = ownFile() + L'\\' + std::to_wstring(STANDIN_TYPELIB_RESOURCE);
+        checkSucceeded(LoadTypeLibEx(file.c_str(), REGKIND_NONE, &library_));
+    }
+    ITypeInfoPtr information;
+    checkSucceeded(library_->GetTypeInfoOfGuid(interfaceId, &information));
+    return information;
+}
+
+long Server::liveObjects() const
+{
+    if (!application_)
+        return liveObjects_;
+    // AddRef and Release are how a COM object tells its count.
+    application_->AddRef();
+    const bool heldByOthers = application_->Release() > 1;
+    return heldByOthers ? liveObjects_ : liveObjects_ - 1;
+}
+
+HRESULT Server::countCall()
+{
+    ++callCount_;
+    if (faults.exitsAt(callCount_)) {
+        note("# the process ends at call " + std::to_string(callCount_));
+        TerminateProcess(GetCurrentProcess(), 1);
+    }
+    return faults.resultOf(callCount_).value_or(S_OK);
+}
+
+void Server::note(const std::string& line)
+{
+    if (transcript)
+        transcript(line);
+}
+
+int Server::nextNumber(std::string_view interfaceName)
+{
+    auto number = numbers_.find(interfaceName);
+    if (number == numbers_.end())
+        number = numbers_.emplace(interfaceName, 0).first;
+    return ++number->second;
+}
+
+int Server::documentNumber(const model::Document& document)
+{
+    KnownDocument& known = documents_[&document];
+    if (known.number == 0)
+        known.number = nextNumber("Document");
+    return known.number;
+}
+
+std::string Server::nameOf(IUnknown* object)
+{
+    if (!object)
+        return "null";
+    StandinObject* own = StandinObject::of(object);
+    return own ? own->name() : "foreign";
+}
+} // namespace standin

@@ -1,0 +1,137 @@
+#include "StandinObject.h"
+
+#include "Failure.h"
+
+#include <new>
+
+namespace standin {
+StandinObject::StandinObject(std::shared_ptr<Server> server, std::string_view interfaceName,
+                             const IID& interfaceId)
+    : server_(std::move(server)), interfaceName_(interfaceName), interfaceId_(interfaceId),
+      life_(server_->life())
+{
+    server_->objectBorn();
+}
+
+StandinObject::~StandinObject()
+{
+    server_->objectDied();
+}
+
+StandinObject* StandinObject::of(IUnknown* object)
+{
+    IStandinObject* found = nullptr;
+    if (!object || FAILED(object->QueryInterface(__uuidof(IStandinObject), reinterpret_cast<void**>(&found))))
+        return nullptr;
+    StandinObject* result = found->standinObject();
+    found->Release();
+    return result;
+}
+
+std::string StandinObject::name()
+{
+    if (number_ == 0)
+        number_ = giveNumber();
+    return std::string(interfaceName_) + '@' + std::to_string(number_);
+}
+
+int StandinObject::giveNumber()
+{
+    return server_->nextNumber(interfaceName_);
+}
+
+void StandinObject::notImplemented() const
+{
+    throw model::NotSupported("this member is not part of the stand-in");
+}
+
+HRESULT StandinObject::receiveErased(const ReceivedCall& call, ErasedBody body, void* context) noexcept
+try {
+    // A Word that has ended receives nothing: no count, no line.
+    if (server_->hasEnded() || life_ != server_->life())
+        return RPC_E_DISCONNECTED;
+    if (server_->transcript)
+        name(); // objects are numbered as they appear: the receiver in front of its result
+    TranscriptValue result;
+    HRESULT outcome = server_->countCall();
+    if (FAILED(outcome))
+        leaveErrorInformation(outcome, interfaceId_);
+    else
+        outcome = run(body, context, result);
+    if (server_->transcript)
+        writeLine(call, outcome, result);
+    return outcome;
+} catch (...) {
+    return translateCurrentException(interfaceId_);
+}
+
+HRESULT StandinObject::run(ErasedBody body, void* context, TranscriptValue& result) noexcept
+try {
+    body(context, result);
+    return S_OK;
+} catch (...) {
+    return translateCurrentException(interfaceId_);
+}
+
+void StandinObject::writeLine(const ReceivedCall& call, HRESULT outcome, const TranscriptValue& result)
+{
+    std::string line = name();
+    line += '.';
+    line += call.member;
+    std::span<const TranscriptValue> listed = call.arguments;
+    if (call.kind == CallKind::propertyPut)
+        listed = listed.first(listed.size() - 1);
+    if (call.kind == CallKind::method || !listed.empty()) {
+        line += '(';
+        for (const TranscriptValue& argument : listed) {
+            if (&argument != listed.data())
+                line += ", ";
+            argument.appendTo(line, server_->names());
+        }
+        line += ')';
+    }
+    if (call.kind == CallKind::propertyPut) {
+        line += " = ";
+        call.arguments.back().appendTo(line, server_->names());
+    }
+    if (FAILED(outcome)) {
+        char code[16];
+        wsprintfA(code, " !! 0x%08x", static_cast<unsigned>(outcome));
+        line += code;
+    } else if (!result.isNothing()) {
+        line += " -> ";
+        result.appendTo(line, server_->names());
+    }
+    server_->note(line);
+}
+
+HRESULT StandinObject::typeInfo(UINT index, ITypeInfo** result) noexcept
+try {
+    if (!result)
+        return E_POINTER;
+    *result = nullptr;
+    if (index != 0)
+        return DISP_E_BADINDEX;
+    *result = server_->typeInfo(interfaceId_).Detach();
+    return S_OK;
+} catch (...) {
+    return translateCurrentException(interfaceId_);
+}
+
+HRESULT StandinObject::namesToIds(LPOLESTR* names, UINT count, DISPID* ids) noexcept
+try {
+    return server_->typeInfo(interfaceId_)->GetIDsOfNames(names, count, ids);
+} catch (...) {
+    return translateCurrentException(interfaceId_);
+}
+
+HRESULT StandinObject::invokeByTypeInfo(void* instance, DISPID id, WORD flags, DISPPARAMS* arguments,
+                                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept
+try {
+    const ITypeInfoPtr information = server_->typeInfo(interfaceId_);
+    SetErrorInfo(0, nullptr);
+    return information->Invoke(instance, id, flags, arguments, result, exception, badArgument);
+} catch (...) {
+    return translateCurrentException(interfaceId_);
+}
+} // namespace standin

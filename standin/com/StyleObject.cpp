@@ -1,0 +1,82 @@
+#include "StyleObject.h"
+
+#include "Arguments.h"
+#include "CallGlue.h"
+#include "FontObject.h"
+#include "ParagraphFormatObject.h"
+
+#include <WordConstants.h>
+
+namespace standin {
+StyleObject::StyleObject(std::shared_ptr<Server> server, model::DocumentPtr document, model::StylePtr style)
+    : StyleBase(std::move(server)), document_(std::move(document)), style_(std::move(style))
+{
+}
+
+const model::Style& StyleObject::of(IUnknown* object)
+{
+    const auto* found = dynamic_cast<StyleObject*>(StandinObject::of(object));
+    if (!found)
+        throw model::WordError(model::WordErrorNumber::typeMismatch);
+    return found->style();
+}
+
+model::Style& StyleObject::style() const
+{
+    if (document_->isClosed())
+        throw model::WordError(model::WordErrorNumber::objectDeleted);
+    return *style_;
+}
+
+Word::IDispatchPtr StyleObject::getParent()
+{
+    style();
+    return Word::IDispatchPtr(server().document(document_).GetInterfacePtr());
+}
+
+long StyleObject::getType()
+{
+    return style().type() == model::StyleType::character ? Word::wdStyleTypeCharacter
+                                                         : Word::wdStyleTypeParagraph;
+}
+
+bool StyleObject::getInUse()
+{
+    style();
+    return true;
+}
+
+_variant_t StyleObject::getBaseStyle()
+{
+    const model::Style* base = style().base();
+    const std::u16string name = base ? base->name() : std::u16string();
+    _variant_t answer;
+    answer.vt = VT_BSTR;
+    deliver(&answer.bstrVal, name);
+    return answer;
+}
+
+void StyleObject::putBaseStyle(const VARIANT& base)
+{
+    if (isNumber(base))
+        style().setBase(document_->styles().byNumber(toLong(base)).get());
+    else if (IUnknown* object = toObject(base))
+        style().setBase(&of(object));
+    else
+        style().setBase(document_->styles().byName(toText(base)).get());
+    document_->touched();
+}
+
+Word::_FontPtr StyleObject::getFont()
+{
+    style();
+    return makeObject<FontObject>(sharedServer(), FontObject::targetOf(document_, style_));
+}
+
+Word::_ParagraphFormatPtr StyleObject::getParagraphFormat()
+{
+    style();
+    return makeObject<ParagraphFormatObject>(sharedServer(),
+                                             ParagraphFormatObject::targetOf(document_, style_));
+}
+} // namespace standin

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <StandinBases.h>
+
+namespace standin {
+class StyleObject : public StyleBase
+{
+public:
+    StyleObject(std::shared_ptr<Server> server, model::DocumentPtr document, model::StylePtr style);
+
+    /// The style behind a client's argument; raises WordError 4218 for anything else.
+    static const model::Style& of(IUnknown* object);
+
+    model::DocumentPtr documentModel() const override { return document_; }
+
+protected:
+    Word::IDispatchPtr getParent() override;
+    std::u16string getNameLocal() override { return style().name(); }
+    long getType() override;
+    bool getBuiltIn() override { return style().isBuiltin(); }
+    bool getInUse() override;
+    _variant_t getBaseStyle() override;
+    void putBaseStyle(const VARIANT& base) override;
+    Word::_FontPtr getFont() override;
+    Word::_ParagraphFormatPtr getParagraphFormat() override;
+
+private:
+    model::Style& style() const;
+
+    model::DocumentPtr document_;
+    model::StylePtr style_;
+};
+} // namespace standin

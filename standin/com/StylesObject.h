@@ -1,0 +1,24 @@
+#pragma once
+
+#include <StandinBases.h>
+
+namespace standin {
+class StylesObject : public StylesBase
+{
+public:
+    StylesObject(std::shared_ptr<Server> server, model::DocumentPtr document);
+
+    model::DocumentPtr documentModel() const override { return document_; }
+
+protected:
+    Word::IDispatchPtr getParent() override;
+    long getCount() override { return styles().count(); }
+    Word::StylePtr doItem(const VARIANT& index) override;
+    Word::StylePtr doAdd(std::u16string_view name, const VARIANT& type) override;
+
+private:
+    model::Styles& styles() const;
+
+    model::DocumentPtr document_;
+};
+} // namespace standin

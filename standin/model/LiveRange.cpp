@@ -1,0 +1,501 @@
+#include "LiveRange.h"
+
+#include "Document.h"
+#include "Erasure.h"
+#include "TableSpans.h"
+#include "VisibleText.h"
+#include "WordError.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace standin::model {
+
+namespace {
+
+/// Calls visit(start, end, paragraph format, run format) for each stretch of [start,end) that has one
+/// formatting.
+template <typename Visit>
+void eachStretch(const Story& story, Position start, Position end, Visit visit)
+{
+    for (Position at = start; at < end;) {
+        const Paragraph paragraph = story.paragraphAt(at);
+        const CharacterRun run = story.runAt(at);
+        const Position past = std::min({paragraph.end, run.end, end});
+        visit(at, past, *paragraph.format, *run.format);
+        at = past;
+    }
+}
+
+/// Indices of the first paragraph touched and of the one behind the last.
+std::pair<std::size_t, std::size_t> paragraphsTouched(const Story& story, Position start, Position end)
+{
+    const std::size_t first = story.paragraphIndexAt(start);
+    const std::size_t last = end > start ? story.paragraphIndexAt(end - 1) : first;
+    return {first, last + 1};
+}
+
+bool isWordCharacter(char16_t c)
+{
+    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
+           c >= 0xC0;
+}
+
+Position nextWord(const Story& story, Position at)
+{
+    const Position last = story.length() - 1;
+    const bool letters = isWordCharacter(story.at(at));
+    ++at;
+    while (letters && at < last && isWordCharacter(story.at(at))) {
+        ++at;
+    }
+    while (at < last && story.at(at) == u' ') {
+        ++at;
+    }
+    return at;
+}
+
+Position previousWord(const Story& story, Position at)
+{
+    while (at > 1 && story.at(at - 1) == u' ') {
+        --at;
+    }
+    --at;
+    if (isWordCharacter(story.at(at))) {
+        while (at > 0 && isWordCharacter(story.at(at - 1))) {
+            --at;
+        }
+    }
+    return at;
+}
+
+Position nextUnit(const Story& story, Position at, Unit unit)
+{
+    switch (unit) {
+    case Unit::character:
+        return at + 1;
+    case Unit::word:
+        return nextWord(story, at);
+    case Unit::paragraph:
+        return story.paragraphAt(at).end;
+    case Unit::story:
+        return story.length();
+    }
+    throw NotSupported("moving by this unit");
+}
+
+Position previousUnit(const Story& story, Position at, Unit unit)
+{
+    switch (unit) {
+    case Unit::character:
+        return at - 1;
+    case Unit::word:
+        return previousWord(story, at);
+    case Unit::paragraph:
+        return story.paragraphAt(at - 1).start;
+    case Unit::story:
+        return 0;
+    }
+    throw NotSupported("moving by this unit");
+}
+
+/// The place reached from `from` without going behind `limit`; `moved` counts the units, also one that
+/// `limit` cut short.
+Position walk(const Story& story, Position from, Unit unit, std::int32_t count, Position limit,
+              std::int32_t& moved)
+{
+    moved = 0;
+    Position at = from;
+    for (; moved < count && at < limit; ++moved) {
+        at = std::min(nextUnit(story, at, unit), limit);
+    }
+    for (; moved > count && at > 0; --moved) {
+        at = previousUnit(story, at, unit);
+    }
+    return at;
+}
+
+} // namespace
+
+LiveRange::LiveRange(std::shared_ptr<Story> story, Position start, Position end) : story_(std::move(story))
+{
+    Story& owner = this->story();
+    if (start < 0 || start >= owner.length() || end > owner.length()) {
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    }
+    owner.endpoints().add(start_, start);
+    owner.endpoints().add(end_, std::max(start, end));
+}
+
+LiveRange::LiveRange(const LiveRange& other) : story_(other.story_)
+{
+    EndpointSet& endpoints = story().endpoints();
+    endpoints.add(start_, endpoints.position(other.start_));
+    endpoints.add(end_, endpoints.position(other.end_));
+}
+
+LiveRange::~LiveRange()
+{
+    story_->endpoints().remove(start_);
+    story_->endpoints().remove(end_);
+}
+
+Story& LiveRange::story() const
+{
+    if (!story_->isAlive()) {
+        throw WordError(WordErrorNumber::objectDeleted);
+    }
+    return *story_;
+}
+
+Position LiveRange::start() const
+{
+    return story().endpoints().position(start_);
+}
+
+Position LiveRange::end() const
+{
+    return story().endpoints().position(end_);
+}
+
+void LiveRange::setStart(Position start)
+{
+    setRange(start, std::max(start, end()));
+}
+
+void LiveRange::setEnd(Position end)
+{
+    setRange(std::min(start(), end), end);
+}
+
+void LiveRange::setRange(Position start, Position end)
+{
+    Story& owner = story();
+    if (start < 0 || start >= owner.length() || end > owner.length()) {
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    }
+    place(start, std::max(start, end));
+}
+
+void LiveRange::collapse(CollapseDirection direction)
+{
+    if (direction == CollapseDirection::start) {
+        place(start(), start());
+        return;
+    }
+    const bool stays = story().document().switches().collapseToEndStaysBeforeFinalMark;
+    const Position at = stays ? std::min(end(), story().length() - 1) : end();
+    place(at, at);
+}
+
+std::int32_t LiveRange::move(Unit unit, std::int32_t count)
+{
+    std::int32_t moved = 0;
+    const Position last = story().length() - 1;
+    const Position from = std::min(count < 0 ? start() : end(), last);
+    const Position at = walk(story(), from, unit, count, last, moved);
+    place(at, at);
+    return moved;
+}
+
+std::int32_t LiveRange::moveStart(Unit unit, std::int32_t count)
+{
+    std::int32_t moved = 0;
+    const Position at = walk(story(), start(), unit, count, story().length() - 1, moved);
+    place(at, std::max(at, end()));
+    return moved;
+}
+
+std::int32_t LiveRange::moveEnd(Unit unit, std::int32_t count)
+{
+    std::int32_t moved = 0;
+    const Position at = walk(story(), end(), unit, count, story().length(), moved);
+    place(std::min(start(), at), at);
+    return moved;
+}
+
+std::u16string LiveRange::text() const
+{
+    std::u16string text = visibleText(story(), start(), end());
+    for (std::size_t at = text.find(mark::cell); at != std::u16string::npos;
+         at = text.find(mark::cell, at + 2)) {
+        text.insert(at, 1, mark::paragraph);
+    }
+    return text;
+}
+
+void LiveRange::setText(std::u16string_view text)
+{
+    removeContent();
+    const Position at = insertionPointAfter();
+    place(at, at + insertInto(at, text));
+}
+
+void LiveRange::insertAfter(std::u16string_view text)
+{
+    const Position at = insertionPointAfter();
+    const Position past = at + insertInto(at, text);
+    if (end() < past) {
+        place(start(), past);
+    }
+}
+
+void LiveRange::insertBefore(std::u16string_view text)
+{
+    const Position at = std::min(start(), story().length() - 1);
+    const Position past = at + insertInto(at, text);
+    place(at, std::max(past, end()));
+}
+
+void LiveRange::insertParagraph()
+{
+    const char16_t text = mark::paragraph;
+    setText({&text, 1});
+}
+
+void LiveRange::insertParagraphAfter()
+{
+    const char16_t text = mark::paragraph;
+    insertAfter({&text, 1});
+}
+
+void LiveRange::insertParagraphBefore()
+{
+    const char16_t text = mark::paragraph;
+    insertBefore({&text, 1});
+}
+
+void LiveRange::insertBreak(BreakType type)
+{
+    switch (type) {
+    case BreakType::page:
+        insertBreakCharacter(mark::page);
+        return;
+    case BreakType::column:
+        insertBreakCharacter(mark::column);
+        return;
+    case BreakType::line:
+        insertBreakCharacter(mark::line);
+        return;
+    case BreakType::sectionNextPage:
+        insertSectionBreak(SectionStart::newPage);
+        return;
+    case BreakType::sectionContinuous:
+        insertSectionBreak(SectionStart::continuous);
+        return;
+    case BreakType::sectionEvenPage:
+        insertSectionBreak(SectionStart::evenPage);
+        return;
+    case BreakType::sectionOddPage:
+        insertSectionBreak(SectionStart::oddPage);
+        return;
+    }
+    throw WordError(WordErrorNumber::valueOutOfRange);
+}
+
+std::int32_t LiveRange::remove(std::optional<Unit> unit, std::optional<std::int32_t> count)
+{
+    if (isCollapsed()) {
+        return removeUnits(unit.value_or(Unit::character), count.value_or(1));
+    }
+    const Position removed = removeContent();
+    return story().document().switches().deleteAnswersOne ? 1 : removed;
+}
+
+StylePtr LiveRange::style() const
+{
+    const Story& owner = story();
+    const Position from = std::min(start(), owner.length() - 1);
+    const Position past = std::max(from + 1, end());
+    const CharacterRun run = owner.runAt(from);
+    const Style* found = owner.paragraphAt(from).format->style;
+    bool mixed = false;
+    if (run.format->style && run.end >= past) {
+        found = run.format->style;
+    } else {
+        eachStretch(owner, from, past,
+                    [&](Position, Position, const ParagraphFormat& paragraph, const CharacterFormat&) {
+                        mixed = mixed || paragraph.style != found;
+                    });
+    }
+    const Document& document = owner.document();
+    if (mixed && !document.switches().mixedStyleReadsFirst) {
+        return nullptr;
+    }
+    return document.styles().find(found->name());
+}
+
+void LiveRange::setStyle(const Style& style)
+{
+    if (style.type() == StyleType::character) {
+        setCharacterStyle(style);
+        return;
+    }
+    Story& owner = story();
+    const bool keepsDirect = owner.document().switches().paragraphStyleKeepsDirectFormatting;
+    const auto [first, past] = paragraphsTouched(owner, start(), end());
+    for (std::size_t i = first; i < past; ++i) {
+        ParagraphFormat format = *owner.paragraph(i).format;
+        format.style = &style;
+        if (!keepsDirect) {
+            format.properties = {};
+        }
+        owner.setParagraphFormat(i, format);
+    }
+}
+
+void LiveRange::setStyle(std::u16string_view name)
+{
+    const StylePtr style = story().document().styles().find(name);
+    if (!style) {
+        throw WordError(WordErrorNumber::noSuchItem);
+    }
+    setStyle(*style);
+}
+
+void LiveRange::setStyle(std::int32_t builtinNumber)
+{
+    const StylePtr style = story().document().styles().findBuiltin(builtinNumber);
+    if (!style) {
+        throw WordError(WordErrorNumber::noSuchItem);
+    }
+    setStyle(*style);
+}
+
+FontProperties LiveRange::font() const
+{
+    const Story& owner = story();
+    if (isCollapsed()) {
+        return owner.fontForInsertion(std::min(start(), owner.length() - 1));
+    }
+    FontProperties common = owner.effectiveFont(start());
+    eachStretch(owner, start(), end(),
+                [&common](Position, Position, const ParagraphFormat& paragraph, const CharacterFormat& run) {
+                    common.keepCommon(Story::effectiveFont(paragraph, run));
+                });
+    return common;
+}
+
+void LiveRange::setFont(const FontProperties& properties)
+{
+    changeCharacters([&properties](CharacterFormat& format) { format.font.overlay(properties); });
+}
+
+ParagraphProperties LiveRange::paragraphFormat() const
+{
+    const Story& owner = story();
+    const auto [first, past] = paragraphsTouched(owner, start(), end());
+    const auto effective = [&owner](std::size_t index) {
+        const ParagraphFormat& format = *owner.paragraph(index).format;
+        ParagraphProperties properties = format.style->resolvedParagraph();
+        properties.overlay(format.properties);
+        return properties;
+    };
+    ParagraphProperties common = effective(first);
+    for (std::size_t i = first + 1; i < past; ++i) {
+        common.keepCommon(effective(i));
+    }
+    return common;
+}
+
+void LiveRange::setParagraphFormat(const ParagraphProperties& properties)
+{
+    Story& owner = story();
+    const auto [first, past] = paragraphsTouched(owner, start(), end());
+    for (std::size_t i = first; i < past; ++i) {
+        ParagraphFormat format = *owner.paragraph(i).format;
+        format.properties.overlay(properties);
+        owner.setParagraphFormat(i, format);
+    }
+}
+
+void LiveRange::place(Position start, Position end)
+{
+    story().endpoints().set(start_, start);
+    story().endpoints().set(end_, end);
+}
+
+Position LiveRange::insertionPointAfter() const
+{
+    const bool endsCell = !isCollapsed() && isCellMark(story(), end() - 1);
+    return endsCell ? end() - 1 : std::min(end(), story().length() - 1);
+}
+
+Position LiveRange::insertInto(Position at, std::u16string_view text)
+{
+    const std::u16string normal = normalizeText(text);
+    story().insert(at, normal);
+    return static_cast<Position>(normal.size());
+}
+
+Position LiveRange::removeContent()
+{
+    const Erased erased = eraseContent(story(), start(), end());
+    place(erased.place, erased.place);
+    return erased.count;
+}
+
+std::int32_t LiveRange::removeUnits(Unit unit, std::int32_t count)
+{
+    Story& owner = story();
+    std::int32_t moved = 0;
+    const Position last = owner.length() - 1;
+    const Position from = std::min(start(), last);
+    const Position to = walk(owner, from, unit, count, last, moved);
+    return eraseContent(owner, std::min(from, to), std::max(from, to)).count > 0 ? std::abs(moved) : 0;
+}
+
+void LiveRange::insertBreakCharacter(char16_t character)
+{
+    removeContent();
+    const Position at = insertionPointAfter();
+    story().insert(at, {&character, 1});
+    const bool covers = story().document().switches().pageBreakRangeCoversBreak;
+    place(covers ? at : at + 1, at + 1);
+}
+
+void LiveRange::insertSectionBreak(SectionStart sectionStart)
+{
+    Document& document = story().document();
+    if (story_->type() != StoryType::mainText) {
+        throw WordError(WordErrorNumber::notAvailable);
+    }
+    const Position at = std::min(start(), story_->length() - 1);
+    document.breakSection(at, sectionStart);
+    const bool behind = document.switches().sectionBreakRangeLiesBehind;
+    place(behind ? at + 1 : at, std::max(at + 1, end()));
+}
+
+void LiveRange::setCharacterStyle(const Style& style)
+{
+    if (isCollapsed()) {
+        return;
+    }
+    const Style* put = style.builtinNumber() == Styles::defaultParagraphFont ? nullptr : &style;
+    changeCharacters([put](CharacterFormat& format) { format.style = put; });
+}
+
+void LiveRange::changeCharacters(const std::function<void(CharacterFormat&)>& change)
+{
+    Story& owner = story();
+    Position from = start();
+    Position past = end();
+    if (from == past) {
+        const Paragraph paragraph = owner.paragraphAt(from);
+        if (paragraph.end - paragraph.start != 1) {
+            return;
+        }
+        from = paragraph.start;
+        past = paragraph.end;
+    }
+    for (Position at = from; at < past;) {
+        const CharacterRun run = owner.runAt(at);
+        const Position stretchEnd = std::min(run.end, past);
+        CharacterFormat format = *run.format;
+        change(format);
+        owner.setCharacterFormat(at, stretchEnd, format);
+        at = stretchEnd;
+    }
+}
+
+} // namespace standin::model

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Formats.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standin::model {
+
+/// A style of one document. Styles live as long as their document and never move.
+class Style : public std::enable_shared_from_this<Style>
+{
+public:
+    Style(std::u16string name, StyleType type, std::int32_t builtinNumber)
+        : name_(std::move(name)), type_(type), builtinNumber_(builtinNumber)
+    {
+    }
+
+    const std::u16string& name() const { return name_; }
+    StyleType type() const { return type_; }
+    /// Word's number of a built-in style (-1 Normal, -2 Heading 1 ...), 0 for a style made by the user.
+    std::int32_t builtinNumber() const { return builtinNumber_; }
+    bool isBuiltin() const { return builtinNumber_ != 0; }
+
+    /// The style that this one builds on, or null.
+    const Style* base() const { return base_; }
+    void setBase(const Style* base);
+    const Style* next() const { return next_ ? next_ : this; }
+    void setNext(const Style* next) { next_ = next; }
+
+    /// Own properties, without those of the base.
+    FontProperties font;
+    ParagraphProperties paragraph;
+
+    /// With the base's properties; every property of a paragraph style is set.
+    FontProperties resolvedFont() const;
+    ParagraphProperties resolvedParagraph() const;
+
+private:
+    std::u16string name_;
+    StyleType type_;
+    std::int32_t builtinNumber_;
+    const Style* base_ = nullptr;
+    const Style* next_ = nullptr;
+};
+
+using StylePtr = std::shared_ptr<Style>;
+
+/// The styles of a document: all of Word's built-in ones from the start, and those that are added.
+class Styles
+{
+public:
+    /// The number of the character style that means: no character style.
+    static constexpr std::int32_t defaultParagraphFont = -66;
+
+    Styles();
+
+    /// \name Items, as Styles.Item finds them; raise WordError 5941 when there is none.
+    ///@{
+    StylePtr byName(std::u16string_view name) const; ///< compares without case
+    /// Negative: number of a built-in style; positive: 1-based index in name order.
+    StylePtr byNumber(std::int32_t number) const;
+    ///@}
+    StylePtr find(std::u16string_view name) const; ///< null when there is none
+    StylePtr findBuiltin(std::int32_t number) const;
+
+    std::int32_t count() const { return static_cast<std::int32_t>(styles_.size()); }
+    /// All styles in name order.
+    const std::vector<StylePtr>& all() const { return styles_; }
+
+    /// Adds a style based on Normal (character styles: on nothing). Raises 4198 when the name is taken or
+    /// empty.
+    StylePtr add(std::u16string_view name, StyleType type);
+
+    const Style& normal() const { return *normal_; }
+
+private:
+    void insert(StylePtr style);
+
+    std::vector<StylePtr> styles_; ///< in name order
+    std::map<std::u16string, StylePtr> byFoldedName_;
+    StylePtr normal_;
+};
+
+/// Lower-cases for comparing names: ASCII, Latin-1, Greek and Cyrillic letters; other characters stay.
+std::u16string foldCase(std::u16string_view text);
+
+} // namespace standin::model

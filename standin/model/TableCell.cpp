@@ -1,0 +1,106 @@
+#include "TableCell.h"
+
+#include "TableRow.h"
+#include "WordError.h"
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+
+namespace standin::model {
+
+namespace {
+
+/// Narrower than this a cell has no room for its text.
+constexpr float leastWidth = 2 * RowFormat::padding + 0.1f;
+
+/// Makes the cells share `room` anew.
+void share(std::span<CellFormat> cells, float room, RulerStyle ruler)
+{
+    if (cells.empty() || ruler == RulerStyle::none) {
+        return;
+    }
+    const auto add = [](float sum, const CellFormat& cell) { return sum + cell.width; };
+    const float present = std::accumulate(cells.begin(), cells.end(), 0.0f, add);
+    for (CellFormat& cell : cells) {
+        switch (ruler) {
+        case RulerStyle::proportional:
+            cell.width *= present > 0 ? room / present : 0;
+            break;
+        case RulerStyle::sameWidth:
+            cell.width = room / static_cast<float>(cells.size());
+            break;
+        case RulerStyle::firstColumn:
+            cell.width += &cell == &cells.front() ? room - present : 0;
+            break;
+        case RulerStyle::none:
+            break;
+        }
+        cell.width = std::max(cell.width, leastWidth);
+    }
+}
+
+} // namespace
+
+TableRow TableCell::row() const
+{
+    const Story& story = anchor_.story();
+    const ParagraphSpan row = rowAt(story, story.paragraphIndexAt(mark()));
+    return {anchor_.storyPtr(), endOf(story, row) - 1};
+}
+
+LiveRange TableCell::range() const
+{
+    const Story& story = anchor_.story();
+    const Position end = mark() + 1;
+    std::size_t first = story.paragraphIndexAt(end - 1);
+    while (first > 0 && story.paragraph(first - 1).format->inTable &&
+           story.paragraph(first - 1).format->end == ParagraphEnd::mark) {
+        --first;
+    }
+    return {anchor_.storyPtr(), story.paragraph(first).start, end};
+}
+
+std::int32_t TableCell::index() const
+{
+    const Story& story = anchor_.story();
+    const std::vector<ParagraphSpan> cells = cellsOf(story, row().locate());
+    const std::size_t paragraph = story.paragraphIndexAt(mark());
+    const auto mine = std::find_if(cells.begin(), cells.end(), [paragraph](const ParagraphSpan& cell) {
+        return cell.past == paragraph + 1;
+    });
+    return static_cast<std::int32_t>(mine - cells.begin()) + 1;
+}
+
+const CellFormat& TableCell::format() const
+{
+    return row().format().cells[static_cast<std::size_t>(index() - 1)];
+}
+
+void TableCell::setWidth(float points, RulerStyle ruler)
+{
+    if (!(points >= 0 && points <= RowFormat::largest)) {
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    }
+    TableRow row = this->row();
+    RowFormat format = row.format();
+    const std::span<CellFormat> from = std::span(format.cells).subspan(static_cast<std::size_t>(index() - 1));
+    const float difference = points - from.front().width;
+    float behind = -difference;
+    for (const CellFormat& cell : from.subspan(1)) {
+        behind += cell.width;
+    }
+    from.front().width = std::max(points, leastWidth);
+    share(from.subspan(1), behind, ruler);
+    row.setFormat(format);
+}
+
+Position TableCell::mark() const
+{
+    if (anchor_.isCollapsed() || !isCellMark(anchor_.story(), anchor_.end() - 1)) {
+        throw WordError(WordErrorNumber::objectDeleted);
+    }
+    return anchor_.end() - 1;
+}
+
+} // namespace standin::model

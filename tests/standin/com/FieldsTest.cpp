@@ -1,0 +1,330 @@
+#include <InProcess.h>
+
+#include "Invariants.h"
+#include "TestSupport.h"
+
+#include <WordConstants.h>
+#include <gmock/gmock.h>
+
+namespace {
+using standin_test::failureOf;
+using standin_test::wordError;
+using testing::ElementsAre;
+
+class DocumentParts : public testing::Test
+{
+protected:
+    Word::RangePtr range(long start, long end) const
+    {
+        return document->Range(Word::integer(start), Word::integer(end));
+    }
+    std::u16string text() const
+    {
+        const auto model = session.model(document);
+        EXPECT_EQ(checkInvariants(*model), "");
+        return model->mainStory()->text(0, model->mainStory()->length());
+    }
+    void write(const wchar_t* what) const { document->Range()->InsertAfter(what); }
+
+    standin_test::Apartment apartment;
+    standin::Session session;
+    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+};
+
+using Fields = DocumentParts;
+
+TEST_F(Fields, AFieldAddedInFrontOfAPlaceholderMovesIt)
+{
+    const Word::RangePtr output = document->Range();
+    output->InsertAfter(L"page ");
+    output->Collapse(Word::integer(Word::wdCollapseEnd));
+    output->InsertAfter(L"X");
+    const Word::RangePtr place = output->GetDuplicate();
+    place->PutEnd(5);
+    session.clearTranscript();
+    output->GetFields()->Add(place, Word::integer(Word::wdFieldPage));
+    EXPECT_EQ(text(), u"page \x13 PAGE \x14"
+                      u"1\x15X\r");
+    EXPECT_EQ(output->GetEnd(), 16);
+    EXPECT_EQ(place->GetEnd(), 5);
+    EXPECT_EQ(output->GetText(), _bstr_t(L"1X"));
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Range@1.Fields -> Fields@1",
+                            "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1", "Range@1.End -> 16",
+                            "Range@2.End -> 5", "Range@1.Text -> \"1X\""));
+}
+
+TEST_F(Fields, TheTypeMayBeLeftOutInEveryWay)
+{
+    write(L"ab");
+    const Word::FieldsPtr fields = document->GetFields();
+    fields->Add(range(1, 1), _variant_t());
+    EXPECT_EQ(text(), u"a\x13 \x15"
+                      u"b\r");
+    fields->Add(range(0, 0), Word::missing, Word::text(L"QUOTE \"q\""));
+    EXPECT_EQ(text(), u"\x13 QUOTE \"q\" \x14q\x15"
+                      u"a\x13 \x15"
+                      u"b\r");
+    fields->Add(range(0, 0), Word::integer(Word::wdFieldEmpty), Word::text(L"PAGE"), Word::boolean(true));
+    EXPECT_EQ(fields->Item(1)->GetCode()->GetText(), _bstr_t(L" PAGE \\* MERGEFORMAT "));
+    EXPECT_EQ(fields->GetCount(), 3);
+}
+
+TEST_F(Fields, DatesComeFromTheSessionsClock)
+{
+    const Word::FieldPtr date = document->GetFields()->Add(range(0, 0), Word::integer(Word::wdFieldDate));
+    EXPECT_EQ(date->GetResult()->GetText(), _bstr_t(L"1/31/2000"));
+    const Word::FieldPtr time = document->GetFields()->Add(range(0, 0), Word::integer(Word::wdFieldTime));
+    EXPECT_EQ(time->GetResult()->GetText(), _bstr_t(L"1:05 PM"));
+    standin::SessionOptions options;
+    options.clock = [] { return standin::model::LocalTime{2024, 12, 24, 18, 0, 0}; };
+    const standin::Session later(options);
+    const Word::_DocumentPtr other = later.application()->GetDocuments()->Add();
+    EXPECT_EQ(
+        other->GetFields()->Add(other->Range(), Word::integer(Word::wdFieldDate))->GetResult()->GetText(),
+        _bstr_t(L"12/24/2024"));
+}
+
+TEST_F(Fields, AFieldTellsAndChangesItsParts)
+{
+    write(L"ab");
+    const Word::FieldsPtr fields = document->GetFields();
+    fields->Add(range(2, 2), Word::integer(Word::wdFieldPage));
+    fields->Add(range(0, 0), Word::integer(Word::wdFieldFileName));
+    const Word::FieldPtr first = fields->Item(1);
+    EXPECT_EQ(first->GetType(), Word::wdFieldFileName);
+    EXPECT_EQ(first->GetIndex(), 1);
+    EXPECT_EQ(first->GetNext()->GetType(), Word::wdFieldPage);
+    EXPECT_EQ(first->GetNext()->GetNext(), nullptr);
+    EXPECT_EQ(first->GetNext()->GetPrevious()->GetIndex(), 1);
+    EXPECT_EQ(first->GetPrevious(), nullptr);
+    EXPECT_EQ(first->GetShowCodes(), VARIANT_FALSE);
+    first->GetCode()->PutText(L" QUOTE z ");
+    EXPECT_EQ(first->Update(), VARIANT_TRUE);
+    EXPECT_EQ(first->GetResult()->GetText(), _bstr_t(L"z"));
+    first->Unlink();
+    EXPECT_EQ(fields->GetCount(), 1);
+    EXPECT_EQ(failureOf([&] { first->GetCode(); }), wordError(5825));
+    fields->Item(1)->Delete();
+    EXPECT_EQ(text(), u"zab\r");
+    EXPECT_EQ(failureOf([&] { fields->Item(1); }), wordError(5941));
+}
+
+TEST_F(Fields, UpdatingAllTellsTheFirstThatIsWrong)
+{
+    const Word::FieldsPtr fields = document->GetFields();
+    fields->Add(range(0, 0), Word::missing, Word::text(L"REF nothing"));
+    fields->Add(range(0, 0), Word::integer(Word::wdFieldPage));
+    EXPECT_EQ(fields->Update(), 2);
+    fields->Item(2)->Delete();
+    EXPECT_EQ(fields->Update(), 0);
+    fields->Unlink();
+    EXPECT_EQ(text(), u"1\r");
+}
+
+TEST_F(Fields, OfARangeAreThoseThatStartInIt)
+{
+    write(L"ab");
+    document->GetFields()->Add(range(1, 1), Word::integer(Word::wdFieldPage));
+    EXPECT_EQ(range(0, 1)->GetFields()->GetCount(), 0);
+    EXPECT_EQ(range(1, 2)->GetFields()->GetCount(), 1);
+    const Word::RangePtr header =
+        document->GetSections()->Item(1)->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange();
+    header->GetFields()->Add(header, Word::integer(Word::wdFieldPage));
+    EXPECT_EQ(header->GetFields()->GetCount(), 1);
+    EXPECT_EQ(document->GetFields()->GetCount(), 1);
+}
+
+TEST_F(Fields, WhatIsNoRangeAndWhatCannotBeComputedIsRefused)
+{
+    const Word::FieldsPtr fields = document->GetFields();
+    EXPECT_EQ(failureOf([&] { fields->Add(nullptr, Word::integer(Word::wdFieldPage)); }), wordError(4218));
+    EXPECT_EQ(failureOf([&] { fields->Add(range(0, 0), Word::integer(4711)); }), wordError(5843));
+    EXPECT_EQ(failureOf([&] { fields->Add(range(0, 0), Word::integer(12)); }), E_NOTIMPL);
+    EXPECT_EQ(text(), u"\r");
+    EXPECT_EQ(failureOf([&] { fields->ToggleShowCodes(); }), E_NOTIMPL);
+}
+
+using Hyperlinks = DocumentParts;
+
+TEST_F(Hyperlinks, AreDrawnOverARange)
+{
+    write(L"see here");
+    const Word::RangePtr anchor = range(4, 8);
+    session.clearTranscript();
+    const Word::HyperlinkPtr link =
+        document->GetHyperlinks()->Add(anchor, Word::text(L""), Word::text(L"b1"));
+    EXPECT_EQ(text(), u"see \x13 HYPERLINK  \\l \"b1\" \x14here\x15\r");
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Document@1.Hyperlinks -> Hyperlinks@1",
+                            "Hyperlinks@1.Add(Range@2, \"\", \"b1\", missing, missing, missing) -> "
+                            "Hyperlink@1"));
+    EXPECT_EQ(link->GetAddress(), _bstr_t(L""));
+    EXPECT_EQ(link->GetSubAddress(), _bstr_t(L"b1"));
+    EXPECT_EQ(link->GetName(), _bstr_t(L"b1"));
+    EXPECT_EQ(link->GetTextToDisplay(), _bstr_t(L"here"));
+    EXPECT_EQ(link->GetRange()->GetFields()->Item(1)->GetType(), Word::wdFieldHyperlink);
+    EXPECT_EQ(Word::StylePtr(link->GetRange()->GetFields()->Item(1)->GetResult()->GetStyle())->GetNameLocal(),
+              _bstr_t(L"Hyperlink"));
+}
+
+TEST_F(Hyperlinks, CanBeListedChangedAndRemoved)
+{
+    write(L"one two");
+    const Word::HyperlinksPtr links = document->GetHyperlinks();
+    links->Add(range(4, 7), Word::text(L"http://b"));
+    links->Add(range(0, 3), Word::text(L"http://a"), Word::missing, Word::text(L"tip"), Word::text(L"shown"),
+               Word::text(L"frame"));
+    EXPECT_EQ(links->GetCount(), 2);
+    const Word::HyperlinkPtr first = links->Item(Word::integer(1));
+    EXPECT_EQ(first->GetAddress(), _bstr_t(L"http://a"));
+    EXPECT_EQ(first->GetScreenTip(), _bstr_t(L"tip"));
+    EXPECT_EQ(first->GetTarget(), _bstr_t(L"frame"));
+    EXPECT_EQ(first->GetType(), 0);
+    first->PutAddress(L"http://c");
+    first->PutSubAddress(L"part");
+    first->PutTextToDisplay(L"new");
+    EXPECT_EQ(first->GetRange()->GetFields()->Item(1)->GetCode()->GetText(),
+              _bstr_t(L" HYPERLINK \"http://c\" \\l \"part\" \\o \"tip\" \\t \"frame\" "));
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"new two\r"));
+    first->Delete();
+    EXPECT_EQ(links->GetCount(), 1);
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"new two\r"));
+    EXPECT_EQ(failureOf([&] { links->Item(Word::integer(2)); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { links->Add(range(0, 1), Word::text(L"")); }), wordError(4198));
+    EXPECT_EQ(range(0, 2)->GetHyperlinks()->GetCount(), 0);
+}
+
+TEST_F(Hyperlinks, InsideAnotherFieldAreMadeAndRemarkedOn)
+{
+    write(L"one two three");
+    const Word::HyperlinksPtr links = document->GetHyperlinks();
+    links->Add(range(0, 3), Word::text(L"http://a"));
+    const Word::RangePtr anchor = range(8, 13);
+    session.clearTranscript();
+    links->Add(anchor, Word::text(L"http://b"));
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("# crosses a field", "Hyperlinks@1.Add(Range@3, \"http://b\", missing, missing, "
+                                                 "missing, missing) -> Hyperlink@2"));
+    EXPECT_EQ(links->GetCount(), 2);
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"one two three\r"));
+}
+
+using BookmarksOfADocument = DocumentParts;
+
+TEST_F(BookmarksOfADocument, StartAtTheBeginningAndGetTheirBorders)
+{
+    write(L"one two");
+    session.clearTranscript();
+    const Word::BookmarkPtr bookmark = document->GetBookmarks()->Add(L"b1");
+    EXPECT_EQ(bookmark->GetEmpty(), VARIANT_TRUE);
+    bookmark->PutStart(4);
+    EXPECT_EQ(bookmark->GetEnd(), 4);
+    bookmark->PutEnd(7);
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Document@1.Bookmarks -> Bookmarks@1",
+                            "Bookmarks@1.Add(\"b1\", missing) -> Bookmark@1", "Bookmark@1.Empty -> true",
+                            "Bookmark@1.Start = 4", "Bookmark@1.End -> 4", "Bookmark@1.End = 7"));
+    EXPECT_EQ(bookmark->GetStart(), 4);
+    EXPECT_EQ(bookmark->GetRange()->GetText(), _bstr_t(L"two"));
+    EXPECT_EQ(bookmark->GetName(), _bstr_t(L"b1"));
+    EXPECT_EQ(bookmark->GetStoryType(), 1);
+    EXPECT_EQ(failureOf([&] { bookmark->PutStart(99); }), wordError(4608));
+}
+
+TEST_F(BookmarksOfADocument, AreFoundByNameAndNumber)
+{
+    write(L"one two");
+    const Word::BookmarksPtr bookmarks = document->GetBookmarks();
+    bookmarks->Add(L"b", Word::object(range(0, 1)));
+    bookmarks->Add(L"a", Word::object(range(4, 5)));
+    bookmarks->Add(L"_hidden", Word::object(range(4, 5)));
+    EXPECT_EQ(bookmarks->GetCount(), 2);
+    EXPECT_EQ(bookmarks->Item(Word::integer(1))->GetName(), _bstr_t(L"a"));
+    bookmarks->PutDefaultSorting(1);
+    EXPECT_EQ(document->GetBookmarks()->Item(Word::integer(1))->GetName(), _bstr_t(L"b"));
+    bookmarks->PutShowHidden(VARIANT_TRUE);
+    EXPECT_EQ(bookmarks->GetCount(), 3);
+    EXPECT_EQ(bookmarks->Exists(L"B"), VARIANT_TRUE);
+    EXPECT_EQ(bookmarks->Exists(L"c"), VARIANT_FALSE);
+    EXPECT_EQ(failureOf([&] { bookmarks->Item(Word::text(L"c")); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { bookmarks->Add(L"not good"); }), wordError(5828));
+    EXPECT_EQ(range(0, 2)->GetBookmarks()->GetCount(), 1);
+    EXPECT_EQ(range(0, 2)->GetBookmarks()->Exists(L"a"), VARIANT_FALSE);
+    const Word::BookmarkPtr copy = bookmarks->Item(Word::text(L"a"))->Copy(L"copy");
+    EXPECT_EQ(copy->GetStart(), 4);
+    copy->Delete();
+    EXPECT_EQ(bookmarks->Exists(L"copy"), VARIANT_FALSE);
+    EXPECT_EQ(failureOf([&] { copy->GetStart(); }), wordError(5825));
+}
+
+using TablesOfContents = DocumentParts;
+
+TEST_F(TablesOfContents, AreBuiltFromHeadingsAndEntries)
+{
+    write(L"\rFirst\rtext\rSecond\r");
+    range(1, 2)->PutStyle(Word::integer(Word::wdStyleHeading1));
+    range(12, 13)->PutStyle(Word::text(L"Heading 2"));
+    document->GetFields()->Add(range(7, 7), Word::integer(Word::wdFieldTOCEntry),
+                               Word::text(L"\"Marked\" \\fC \\l \"2\""));
+    const Word::TablesOfContentsPtr tables = document->GetTablesOfContents();
+    const Word::RangePtr place = range(0, 0);
+    session.clearTranscript();
+    const short upper = 1;
+    const short lower = 9;
+    const Word::TableOfContentsPtr table =
+        tables->Add(place, Word::boolean(true), _variant_t(upper), _variant_t(lower), Word::boolean(true),
+                    Word::missing, Word::boolean(true), Word::boolean(true), Word::text(L""));
+    table->PutTabLeader(Word::wdTabLeaderDots);
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("TablesOfContents@1.Add(Range@5, true, 1s, 9s, true, missing, true, true, \"\", "
+                            "missing, missing) -> TableOfContents@1",
+                            "TableOfContents@1.TabLeader = 1"));
+    EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rMarked\t1\rSecond\t1\r"));
+    EXPECT_EQ(document->GetFields()->Item(1)->GetCode()->GetText(),
+              _bstr_t(L" TOC \\o \"1-9\" \\f \\h \\z "));
+    EXPECT_EQ(tables->GetCount(), 1);
+    EXPECT_EQ(tables->Item(1)->GetLowerHeadingLevel(), 9);
+    EXPECT_EQ(failureOf([&] { tables->Item(2); }), wordError(5941));
+    table->PutUseFields(VARIANT_FALSE);
+    table->PutUseHyperlinks(VARIANT_FALSE);
+    EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rSecond\t1\r"));
+    EXPECT_EQ(table->GetTabLeader(), Word::wdTabLeaderDots);
+    EXPECT_EQ(failureOf([&] { table->PutTabLeader(6); }), wordError(4608));
+    document->Range(Word::integer(document->Range()->GetEnd() - 1))->InsertAfter(L"Third");
+    document->GetSections();
+    table->Update();
+    table->Delete();
+    EXPECT_EQ(tables->GetCount(), 0);
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"\rFirst\rtext\rSecond\rThird\r"));
+}
+
+TEST_F(TablesOfContents, SayWhenTheyFindNothing)
+{
+    const Word::TableOfContentsPtr table = document->GetTablesOfContents()->Add(range(0, 0));
+    EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"Error! No table of contents entries found."));
+    EXPECT_EQ(failureOf([&] { table->UpdatePageNumbers(); }), E_NOTIMPL);
+    EXPECT_EQ(failureOf([&] {
+                  document->GetTablesOfContents()->Add(range(0, 0), Word::boolean(true), Word::integer(1),
+                                                       Word::integer(0));
+              }),
+              wordError(4608));
+}
+
+TEST_F(DocumentParts, AreGoneWithTheDocument)
+{
+    write(L"one");
+    const Word::FieldPtr field = document->GetFields()->Add(range(0, 0), Word::integer(Word::wdFieldPage));
+    const Word::HyperlinkPtr link = document->GetHyperlinks()->Add(range(11, 12), Word::text(L"a"));
+    const Word::BookmarkPtr bookmark = document->GetBookmarks()->Add(L"b");
+    const Word::TableOfContentsPtr table = document->GetTablesOfContents()->Add(range(0, 0));
+    const Word::BookmarksPtr bookmarks = document->GetBookmarks();
+    document->Close(Word::integer(Word::wdDoNotSaveChanges));
+    for (const HRESULT failure :
+         {failureOf([&] { field->GetType(); }), failureOf([&] { link->GetAddress(); }),
+          failureOf([&] { bookmark->GetStart(); }), failureOf([&] { table->Update(); }),
+          failureOf([&] { bookmarks->GetCount(); }), failureOf([&] { document->GetFields(); }),
+          failureOf([&] { table->GetTabLeader(); }), failureOf([&] { field->Unlink(); })})
+        EXPECT_EQ(failure, wordError(5825));
+}
+} // namespace

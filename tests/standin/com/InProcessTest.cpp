@@ -1,0 +1,456 @@
+#include <InProcess.h>
+
+#include "LiveRange.h"
+#include "TestSupport.h"
+
+#include <WordConstants.h>
+#include <gmock/gmock.h>
+
+namespace {
+using standin_test::bytesOf;
+using standin_test::failureOf;
+using standin_test::ScratchFolder;
+using standin_test::wordError;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::u16string textOf(const std::shared_ptr<standin::model::Document>& document)
+{
+    return document->mainStory()->text(0, document->mainStory()->length());
+}
+
+class InProcess : public testing::Test
+{
+protected:
+    Word::_DocumentPtr addDocument() const { return session.application()->GetDocuments()->Add(); }
+
+    standin_test::Apartment apartment;
+    standin::Session session;
+};
+
+TEST_F(InProcess, TextGoesIntoTheModel)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    range->InsertAfter(L"ab\r\ncd");
+    EXPECT_EQ(textOf(session.model(document)), u"ab\rcd\r");
+    EXPECT_EQ(range->GetEnd(), 6);
+    EXPECT_EQ(range->GetStoryLength(), 6);
+    range->InsertBefore(L"x");
+    EXPECT_EQ(range->GetText(), _bstr_t(L"xab\rcd\r"));
+    range->SetRange(0, 1);
+    EXPECT_EQ(range->Delete(), 1);
+    EXPECT_EQ(textOf(session.model(document)), u"ab\rcd\r");
+}
+
+TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
+{
+    {
+        const Word::_ApplicationPtr application = session.application();
+        const Word::DocumentsPtr documents = application->GetDocuments();
+        const Word::_DocumentPtr document = documents->Add();
+        const Word::RangePtr range = document->Range();
+        range->InsertAfter(L"a\"b\n");
+        range->PutStart(1);
+        range->PutStyle(Word::integer(Word::wdStyleHeading1));
+        range->Delete(Word::integer(Word::wdCharacter), Word::integer(1));
+        const Word::_FontPtr font = range->GetFont();
+        font->PutSize(12.5f);
+        font->PutBold(1);
+        document->GetStyles()->Item(Word::integer(Word::wdStyleHeading1));
+        application->PutVisible(true);
+        failureOf([&] { document->GetStyles()->Item(Word::text(L"Nope")); });
+        failureOf([&] { range->Sort(); });
+        document->Close(Word::integer(Word::wdDoNotSaveChanges));
+    }
+    EXPECT_THAT(
+        session.transcript(),
+        ElementsAre(
+            "Application@1.Documents -> Documents@1",
+            "Documents@1.Add(missing, missing, missing, missing) -> Document@1",
+            "Document@1.Range(missing, missing) -> Range@1", "Range@1.InsertAfter(\"a\\\"b\\n\")",
+            "Range@1.Start = 1", "Range@1.Style = -2", "Range@1.Delete(1, 1) -> 1", "Range@1.Font -> Font@1",
+            "Font@1.Size = 12.5f", "Font@1.Bold = 1", "Document@1.Styles -> Styles@1",
+            "Styles@1.Item(-2) -> Style@1", "Application@1.Visible = true", "Document@1.Styles -> Styles@2",
+            "Styles@2.Item(\"Nope\") !! 0x800a1735",
+            "Range@1.Sort(missing, missing, missing, missing, missing, missing, missing, missing, missing, "
+            "missing, missing, missing, missing, missing, missing, missing, missing, missing, missing) "
+            "!! 0x80004001",
+            "Document@1.Close(0, missing, missing)"));
+}
+
+TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr first = document->Range();
+    const Word::RangePtr second = first->GetDuplicate();
+    session.clearTranscript();
+    EXPECT_EQ(first->IsEqual(second), VARIANT_TRUE);
+    first->PutStyle(Word::object(document->GetStyles()->Item(Word::text(L"heading 2"))));
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Range@1.IsEqual(Range@2) -> true", "Document@1.Styles -> Styles@1",
+                            "Styles@1.Item(\"heading 2\") -> Style@1", "Range@1.Style = Style@1"));
+}
+
+TEST_F(InProcess, NothingStaysAliveBehindAClient)
+{
+    {
+        const Word::_DocumentPtr document = addDocument();
+        const Word::RangePtr range = document->Range();
+        range->InsertAfter(L"abc");
+        const Word::_FontPtr font = range->GetFont();
+        EXPECT_EQ(session.liveObjects(), 3);
+        const Word::_ApplicationPtr application = range->GetApplication();
+        EXPECT_EQ(session.liveObjects(), 4);
+        EXPECT_EQ(application.GetInterfacePtr(), session.application().GetInterfacePtr());
+    }
+    EXPECT_EQ(session.liveObjects(), 0);
+}
+
+TEST_F(InProcess, ADocumentIsOneObjectWithOneNumber)
+{
+    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    Word::_DocumentPtr first = documents->Add();
+    const Word::_DocumentPtr second = documents->Add();
+    EXPECT_EQ(documents->GetCount(), 2);
+    EXPECT_EQ(documents->Item(Word::integer(1)).GetInterfacePtr(), second.GetInterfacePtr());
+    EXPECT_EQ(documents->Item(Word::integer(2)).GetInterfacePtr(), first.GetInterfacePtr());
+    EXPECT_EQ(documents->Item(Word::text(L"document1")).GetInterfacePtr(), first.GetInterfacePtr());
+    first = nullptr;
+    session.clearTranscript();
+    first = documents->Item(Word::integer(2));
+    EXPECT_THAT(session.transcript(), ElementsAre("Documents@1.Item(2) -> Document@1"));
+}
+
+TEST_F(InProcess, WordsErrorsComeWithTheirText)
+{
+    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    EXPECT_EQ(failureOf([&] { documents->Item(Word::integer(1)); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { documents->Item(Word::text(L"x")); }), wordError(4160));
+    EXPECT_EQ(failureOf([&] { documents->Add(Word::text(L"c:\\none.dot")); }), wordError(5174));
+    EXPECT_EQ(failureOf([&] { session.application()->GetActiveDocument(); }), wordError(4248));
+    const Word::_DocumentPtr document = addDocument();
+    EXPECT_EQ(failureOf([&] { document->Range(Word::integer(1), Word::integer(1)); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { document->Range(Word::integer(-1)); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { document->Range()->PutEnd(2); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { document->Range()->PutStyle(Word::text(L"Nope")); }), wordError(5834));
+    EXPECT_EQ(failureOf([&] { document->Range()->InsertBreak(Word::integer(99)); }), wordError(4608));
+    try {
+        document->GetStyles()->Item(Word::text(L"Nope"));
+        FAIL() << "no error";
+    } catch (const _com_error& error) {
+        EXPECT_EQ(error.Source(), _bstr_t(L"Microsoft Word"));
+        EXPECT_GT(error.Description().length(), 0u);
+        EXPECT_EQ(error.HelpContext(), 5941u + 19480u);
+        EXPECT_EQ(error.HelpFile(), _bstr_t(L"wdmain9.chm"));
+    }
+}
+
+TEST_F(InProcess, WhatIsNotThereFailsLoudly)
+{
+    const Word::_DocumentPtr document = addDocument();
+    session.clearTranscript();
+    Word::IDispatchPtr none;
+    EXPECT_EQ(failureOf([&] { document->GetVBProject(); }), E_NOTIMPL);
+    EXPECT_THAT(session.transcript(), ElementsAre("Document@1.VBProject !! 0x80004001"));
+}
+
+TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
+{
+    const Word::_DocumentPtr document = addDocument();
+    Word::Range* range = reinterpret_cast<Word::Range*>(0x10);
+    _variant_t beyond = Word::integer(99);
+    EXPECT_EQ(document->raw_Range(&beyond, &beyond, &range), wordError(4608));
+    EXPECT_EQ(range, nullptr);
+    EXPECT_EQ(document->get_Content(nullptr), E_POINTER);
+    EXPECT_EQ(document->raw_Range(nullptr, nullptr, &range), S_OK); // no pointer counts as no argument
+    ASSERT_NE(range, nullptr);
+    range->Release();
+}
+
+TEST_F(InProcess, AClosedDocumentsObjectsAreDeleted)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    const Word::_FontPtr font = range->GetFont();
+    const Word::StylesPtr styles = document->GetStyles();
+    const Word::PageSetupPtr setup = document->GetPageSetup();
+    document->Close();
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"x"); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { range->GetEnd(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { font->PutBold(1); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { styles->GetCount(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { setup->GetPageWidth(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { document->Range(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { document->Close(); }), wordError(5825));
+    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);
+}
+
+TEST_F(InProcess, CallsFailOnDemand)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    session.clearTranscript();
+    session.failCall(2, static_cast<HRESULT>(0x80010001));
+    range->InsertAfter(L"a");
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"b"); }), static_cast<HRESULT>(0x80010001));
+    range->InsertAfter(L"c");
+    EXPECT_EQ(textOf(session.model(document)), u"ac\r");
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Range@1.InsertAfter(\"a\")", "Range@1.InsertAfter(\"b\") !! 0x80010001",
+                            "Range@1.InsertAfter(\"c\")"));
+    session.failFromCall(1, wordError(4605));
+    EXPECT_EQ(failureOf([&] { range->GetEnd(); }), wordError(4605));
+    EXPECT_EQ(failureOf([&] { range->GetStart(); }), wordError(4605));
+    session.clearFaults();
+    EXPECT_EQ(range->GetStart(), 0);
+}
+
+TEST_F(InProcess, FontsReadAndWriteARangesText)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    range->InsertAfter(L"abcd");
+    range->SetRange(1, 3);
+    const Word::_FontPtr font = range->GetFont();
+    EXPECT_EQ(font->GetName(), _bstr_t(L"Times New Roman"));
+    EXPECT_EQ(font->GetSize(), 12.0f);
+    EXPECT_EQ(font->GetBold(), 0);
+    font->PutName(L"Arial");
+    font->PutSize(20.0f);
+    font->PutBold(1);
+    font->PutItalic(Word::wdToggle);
+    font->PutUnderline(Word::wdUnderlineSingle);
+    font->PutStrikeThrough(1);
+    EXPECT_EQ(font->GetName(), _bstr_t(L"Arial"));
+    EXPECT_EQ(font->GetSize(), 20.0f);
+    EXPECT_EQ(font->GetBold(), -1);
+    EXPECT_EQ(font->GetItalic(), -1);
+    EXPECT_EQ(font->GetUnderline(), Word::wdUnderlineSingle);
+    EXPECT_EQ(font->GetStrikeThrough(), -1);
+    const Word::_FontPtr mixed = document->Range()->GetFont();
+    EXPECT_EQ(mixed->GetName(), _bstr_t(L""));
+    EXPECT_EQ(mixed->GetSize(), static_cast<float>(Word::wdUndefined));
+    EXPECT_EQ(mixed->GetBold(), Word::wdUndefined);
+    EXPECT_EQ(mixed->GetUnderline(), Word::wdUndefined);
+    EXPECT_EQ(failureOf([&] { font->PutSize(0.0f); }), wordError(4608));
+}
+
+TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::StylesPtr styles = document->GetStyles();
+    EXPECT_EQ(styles->Item(Word::integer(-2))->GetNameLocal(), _bstr_t(L"Heading 1"));
+    EXPECT_EQ(styles->Item(Word::text(L"HEADING 1"))->GetNameLocal(), _bstr_t(L"Heading 1"));
+    EXPECT_EQ(styles->Item(Word::integer(-2))->GetFont()->GetSize(), 16.0f);
+    EXPECT_EQ(failureOf([&] { styles->Item(Word::integer(styles->GetCount() + 1)); }), wordError(5941));
+    const Word::StylePtr own = styles->Add(L"Mine");
+    own->GetFont()->PutSize(9.0f);
+    own->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphRight);
+    EXPECT_EQ(own->GetBuiltIn(), VARIANT_FALSE);
+    const Word::RangePtr range = document->Range();
+    range->InsertAfter(L"text");
+    range->PutStyle(Word::text(L"mine"));
+    EXPECT_EQ(range->GetFont()->GetSize(), 9.0f);
+    EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphRight);
+    const _variant_t style = range->GetStyle();
+    ASSERT_EQ(style.vt, VT_DISPATCH);
+    EXPECT_EQ(Word::StylePtr(style.pdispVal)->GetNameLocal(), _bstr_t(L"Mine"));
+}
+
+TEST_F(InProcess, AlignmentReachesTheParagraphsTouched)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    range->InsertAfter(L"one\ntwo");
+    range->SetRange(0, 1);
+    range->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphCenter);
+    EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphCenter);
+    EXPECT_EQ(document->Range()->GetParagraphFormat()->GetAlignment(), Word::wdUndefined);
+    EXPECT_EQ(failureOf([&] { range->GetParagraphFormat()->PutAlignment(17); }), wordError(4608));
+}
+
+TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)
+{
+    const Word::_DocumentPtr document = addDocument();
+    EXPECT_EQ(document->GetPageSetup()->GetPageWidth(), 612.0f);
+    EXPECT_EQ(document->GetPageSetup()->GetLeftMargin(), 90.0f);
+    const Word::RangePtr range = document->Range();
+    range->InsertAfter(L"ab");
+    range->SetRange(1, 1);
+    range->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
+    ASSERT_EQ(document->GetSections()->GetCount(), 2);
+    const Word::SectionPtr second = document->GetSections()->GetLast();
+    second->GetPageSetup()->PutOrientation(Word::wdOrientLandscape);
+    EXPECT_EQ(second->GetPageSetup()->GetPageWidth(), 792.0f);
+    EXPECT_EQ(document->GetPageSetup()->GetPageWidth(), static_cast<float>(Word::wdUndefined));
+    EXPECT_EQ(document->GetPageSetup()->GetOrientation(), Word::wdUndefined);
+    const Word::HeaderFooterPtr header = second->GetHeaders()->Item(Word::wdHeaderFooterPrimary);
+    EXPECT_EQ(header->GetLinkToPrevious(), VARIANT_TRUE);
+    header->PutLinkToPrevious(false);
+    header->GetRange()->InsertAfter(L"head");
+    EXPECT_EQ(header->GetRange()->GetText(), _bstr_t(L"head\r"));
+    const Word::SectionPtr first = document->GetSections()->Item(1);
+    EXPECT_EQ(first->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange()->GetText(), _bstr_t(L"\r"));
+    EXPECT_EQ(failureOf([&] { document->GetSections()->Item(3); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { second->GetHeaders()->Item(4); }), wordError(5941));
+}
+
+TEST_F(InProcess, SaveAsWritesAndNamesTheDocument)
+{
+    const ScratchFolder folder;
+    const Word::_DocumentPtr document = addDocument();
+    EXPECT_EQ(document->GetFullName(), _bstr_t(L"Document1"));
+    EXPECT_EQ(document->GetPath(), _bstr_t(L""));
+    EXPECT_EQ(document->GetSaved(), VARIANT_TRUE);
+    document->Range()->InsertAfter(L"content");
+    EXPECT_EQ(document->GetSaved(), VARIANT_FALSE);
+    document->SaveAs(Word::text(folder.file(L"report").c_str()));
+    EXPECT_EQ(document->GetSaved(), VARIANT_TRUE);
+    EXPECT_EQ(document->GetName(), _bstr_t(L"report.doc"));
+    EXPECT_EQ(document->GetPath(), _bstr_t(folder.path().c_str()));
+    EXPECT_EQ(document->GetFullName(), _bstr_t(folder.file(L"report.doc").c_str()));
+    const std::string bytes = bytesOf(folder.file(L"report.doc"));
+    EXPECT_EQ(bytes.rfind("{\\rtf1", 0), 0u);
+    EXPECT_NE(bytes.find("content"), std::string::npos);
+    EXPECT_EQ(folder.fileCount(), 1); // the temporary file is gone
+    document->Range()->InsertAfter(L"more");
+    document->Close(Word::integer(Word::wdSaveChanges));
+    EXPECT_NE(bytesOf(folder.file(L"report.doc")).find("contentmore"), std::string::npos);
+}
+
+TEST_F(InProcess, ASavedDocumentOpensAgain)
+{
+    const ScratchFolder folder;
+    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    Word::_DocumentPtr document = documents->Add();
+    document->Range()->InsertAfter(L"one\ntwo");
+    document->SaveAs(Word::text(folder.file(L"a.doc").c_str()));
+    const Word::_DocumentPtr again = documents->Open(Word::text(folder.file(L"A.DOC").c_str()));
+    EXPECT_EQ(again.GetInterfacePtr(), document.GetInterfacePtr()); // it was open already
+    document->Close();
+    document = documents->Open(Word::text(folder.file(L"a.doc").c_str()));
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"one\rtwo\r"));
+    EXPECT_EQ(document->GetSaved(), VARIANT_TRUE);
+    const Word::_DocumentPtr fromTemplate = documents->Add(Word::text(folder.file(L"a.doc").c_str()));
+    EXPECT_EQ(fromTemplate->Range()->GetText(), _bstr_t(L"one\rtwo\r"));
+    EXPECT_EQ(fromTemplate->GetPath(), _bstr_t(L""));
+}
+
+TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
+{
+    const ScratchFolder folder;
+    const Word::_DocumentPtr document = addDocument();
+    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(folder.file(L"no\\such\\x.doc").c_str())); }),
+              wordError(5273));
+    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"c:\\a*b.doc")); }), wordError(5152));
+    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"")); }), wordError(5152));
+    CloseHandle(CreateFileW(folder.file(L"locked.doc").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                            FILE_ATTRIBUTE_READONLY, nullptr));
+    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(folder.file(L"locked.doc").c_str())); }),
+              wordError(5155));
+    SetFileAttributesW(folder.file(L"locked.doc").c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(document->GetFullName(), _bstr_t(L"Document1"));
+    EXPECT_EQ(failureOf([&] { document->Save(); }), wordError(4198));
+    document->SaveAs(Word::text(folder.file(L"mine.doc").c_str()));
+    const Word::_DocumentPtr other = addDocument();
+    EXPECT_EQ(failureOf([&] { other->SaveAs(Word::text(folder.file(L"MINE.doc").c_str())); }),
+              wordError(5356));
+}
+
+TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
+{
+    const Word::_ApplicationPtr application = session.application();
+    EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_TRUE);
+    application->GetOptions()->PutCheckSpellingAsYouType(false);
+    EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_FALSE);
+    EXPECT_EQ(application->GetOptions()->GetCheckGrammarAsYouType(), VARIANT_TRUE);
+    EXPECT_FALSE(session.model().options.checkSpellingAsYouType);
+    EXPECT_EQ(application->GetVisible(), VARIANT_FALSE);
+    EXPECT_EQ(application->GetName(), _bstr_t(L"Microsoft Word"));
+    EXPECT_EQ(application->GetVersion(), _bstr_t(L"9.0"));
+}
+
+TEST_F(InProcess, AfterQuitNothingAnswers)
+{
+    const Word::_ApplicationPtr application = session.application();
+    const Word::_DocumentPtr document = addDocument();
+    application->Quit(Word::integer(Word::wdDoNotSaveChanges));
+    EXPECT_TRUE(session.hasQuit());
+    session.clearTranscript();
+    EXPECT_EQ(failureOf([&] { application->GetDocuments(); }), RPC_E_DISCONNECTED);
+    EXPECT_EQ(failureOf([&] { document->GetName(); }), RPC_E_DISCONNECTED);
+    EXPECT_THAT(session.transcript(), IsEmpty());
+}
+
+TEST_F(InProcess, AnApplicationIsCreatedByItsProgId)
+{
+    const standin::ClassRegistration registration(session);
+    Word::_ApplicationPtr application;
+    ASSERT_EQ(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), S_OK);
+    EXPECT_EQ(application.GetInterfacePtr(), session.application().GetInterfacePtr());
+    application->Quit();
+    Word::_ApplicationPtr next;
+    ASSERT_EQ(next.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), S_OK);
+    EXPECT_EQ(next->GetDocuments()->GetCount(), 0);
+    EXPECT_EQ(failureOf([&] { application->GetName(); }), RPC_E_DISCONNECTED); // the earlier Word stays gone
+    EXPECT_EQ(registration.created(), 2);
+}
+
+TEST_F(InProcess, TheRegistrationLeavesNothingBehind)
+{
+    {
+        const standin::ClassRegistration registration(session);
+        CLSID id{};
+        EXPECT_EQ(CLSIDFromProgID(L"Word.Application", &id), S_OK);
+    }
+    CLSID id{};
+    EXPECT_EQ(CLSIDFromProgID(L"Word.Application", &id), static_cast<HRESULT>(CO_E_CLASSSTRING));
+}
+
+TEST_F(InProcess, ARunningApplicationIsFound)
+{
+    constexpr CLSID applicationClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+    IUnknown* found = nullptr;
+    {
+        const standin::RunningApplication running(session);
+        ASSERT_EQ(GetActiveObject(applicationClass, nullptr, &found), S_OK);
+        EXPECT_EQ(Word::_ApplicationPtr(found).GetInterfacePtr(), session.application().GetInterfacePtr());
+        found->Release();
+    }
+    EXPECT_EQ(GetActiveObject(applicationClass, nullptr, &found), MK_E_UNAVAILABLE);
+}
+
+TEST(InProcessSwitches, DocumentsEnterTheRunningObjectTable)
+{
+    const standin_test::Apartment apartment;
+    const ScratchFolder folder;
+    const std::wstring file = folder.file(L"running.doc");
+    standin::Session session({.switches = {}, .documentsInRunningObjectTable = true});
+    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    document->SaveAs(Word::text(file.c_str()));
+    IBindCtx* context = nullptr;
+    IMoniker* moniker = nullptr;
+    ASSERT_EQ(CreateBindCtx(0, &context), S_OK);
+    ASSERT_EQ(CreateFileMoniker(file.c_str(), &moniker), S_OK);
+    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_OK);
+    document->Close();
+    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_FALSE);
+    moniker->Release();
+    context->Release();
+}
+
+TEST(InProcessSwitches, ChangesAreDroppedOrTheCloseIsCancelled)
+{
+    const standin_test::Apartment apartment;
+    standin::model::Switches switches;
+    switches.closeDropsChanges = false;
+    const standin::Session session({.switches = switches, .documentsInRunningObjectTable = false});
+    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    document->Range()->InsertAfter(L"x");
+    EXPECT_EQ(failureOf([&] { document->Close(); }), wordError(4198));
+    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 1);
+    document->Close(Word::integer(Word::wdDoNotSaveChanges));
+    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);
+}
+} // namespace

@@ -1,0 +1,148 @@
+#include <InProcess.h>
+
+#include "Invariants.h"
+#include "TestSupport.h"
+
+#include <WordConstants.h>
+#include <gmock/gmock.h>
+
+namespace {
+using standin_test::failureOf;
+using standin_test::wordError;
+using testing::ElementsAre;
+using testing::MatchesRegex;
+
+/// Files that go into documents, and templates that documents are made from.
+class InsertFile : public testing::Test
+{
+protected:
+    std::wstring write(const std::wstring& name, const std::string& bytes) const
+    {
+        const std::wstring file = folder.file(name);
+        const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        EXPECT_NE(handle, INVALID_HANDLE_VALUE);
+        DWORD written = 0;
+        EXPECT_TRUE(WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
+        CloseHandle(handle);
+        return file;
+    }
+    Word::RangePtr range(long start, long end) const
+    {
+        return document->Range(Word::integer(start), Word::integer(end));
+    }
+    std::u16string text(const Word::_DocumentPtr& of) const
+    {
+        const auto model = session.model(of);
+        EXPECT_EQ(checkInvariants(*model), "");
+        return model->mainStory()->text(0, model->mainStory()->length());
+    }
+    Word::_DocumentPtr addFrom(const std::wstring& file) const
+    {
+        return session.application()->GetDocuments()->Add(Word::text(file.c_str()));
+    }
+
+    standin_test::Apartment apartment;
+    standin_test::ScratchFolder folder;
+    standin::Session session;
+    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+};
+
+TEST_F(InsertFile, PutsTheContentInPlaceOfTheRange)
+{
+    document->Range()->InsertAfter(L"abc");
+    const Word::RangePtr place = range(1, 2);
+    place->InsertFile(write(L"a.txt", "one\r\ntwo").c_str(), Word::text(L""), Word::boolean(false),
+                      Word::boolean(false), Word::boolean(false));
+    EXPECT_EQ(text(document), u"aone\rtwo\rc\r");
+    EXPECT_EQ(place->GetStart(), 1);
+    EXPECT_EQ(place->GetEnd(), 9);
+}
+
+TEST_F(InsertFile, KeepsWhatLiesBehindInItsOwnRange)
+{
+    document->Range()->InsertAfter(L"X");
+    const Word::RangePtr all = document->Range();
+    range(0, 0)->InsertFile(write(L"a.rtf", "{\\rtf1\\pard\\qc\\b one\\par}").c_str());
+    EXPECT_EQ(text(document), u"one\rX\r");
+    EXPECT_EQ(all->GetEnd(), 6);
+    EXPECT_EQ(range(0, 3)->GetBold(), -1);
+    EXPECT_EQ(range(0, 3)->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphCenter);
+    EXPECT_EQ(range(4, 5)->GetBold(), 0);
+}
+
+TEST_F(InsertFile, GoesIntoACell)
+{
+    const Word::RangePtr start = range(0, 0);
+    const Word::RangePtr cell = start->GetTables()->Add(start, 1, 1)->Cell(1, 1)->GetRange();
+    cell->InsertAfter(L"a");
+    range(cell->GetEnd() - 1, cell->GetEnd() - 1)->InsertFile(write(L"a.txt", "b").c_str());
+    EXPECT_EQ(text(document), u"ab\r\a\a\r");
+    EXPECT_EQ(cell->GetEnd(), 4);
+}
+
+TEST_F(InsertFile, RefusesWhatItCannotRead)
+{
+    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(folder.file(L"none.txt").c_str()); }), wordError(5174));
+    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(L""); }), wordError(5152));
+    const std::wstring damaged = write(L"a.rtf", "{\\rtf1 ");
+    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(damaged.c_str()); }), wordError(5273));
+    const std::wstring whole = write(L"a.txt", "x");
+    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(whole.c_str(), Word::text(L"mark")); }), E_NOTIMPL);
+    EXPECT_EQ(failureOf([&] {
+                  range(0, 0)->InsertFile(whole.c_str(), Word::missing, Word::missing, Word::boolean(true));
+              }),
+              E_NOTIMPL);
+    EXPECT_EQ(text(document), u"\r");
+}
+
+TEST_F(InsertFile, ADocumentTakesAllOfItsTemplate)
+{
+    const std::wstring file = write(
+        L"letter.dot",
+        "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\stylesheet{\\s0 Normal;}{\\s20\\f0\\fs60\\sbasedon0 Letterhead;}}"
+        "\\sectd\\pgwsxn11906\\pghsxn16838{\\header\\pard from the template\\par}"
+        "\\pard\\s20\\f0\\fs60 Dear\\par}");
+    const Word::_DocumentPtr made = addFrom(file);
+    EXPECT_EQ(made->GetName(), _bstr_t(L"Document2"));
+    EXPECT_EQ(made->GetPath(), _bstr_t(L""));
+    EXPECT_EQ(made->GetSaved(), VARIANT_TRUE);
+    EXPECT_EQ(text(made), u"Dear\r");
+    EXPECT_NEAR(made->GetPageSetup()->GetPageWidth(), 595.3f, 0.01f);
+    EXPECT_FLOAT_EQ(made->GetStyles()->Item(Word::text(L"Letterhead"))->GetFont()->GetSize(), 30);
+    const Word::HeadersFootersPtr headers = made->GetSections()->Item(1)->GetHeaders();
+    EXPECT_EQ(headers->Item(Word::wdHeaderFooterPrimary)->GetRange()->GetText(),
+              _bstr_t(L"from the template\r"));
+    made->Range()->InsertAfter(L"Sir");
+    EXPECT_EQ(text(addFrom(file)), u"Dear\r");
+}
+
+TEST_F(InsertFile, ATemplateMayBringTablesPicturesAndFields)
+{
+    const Word::_DocumentPtr made = addFrom(write(
+        L"full.dot", "{\\rtf1\\trowd\\cellx2000\\pard\\intbl a\\cell\\row\\pard {\\pict\\emfblip\\picwgoal20"
+                     "\\pichgoal20 00}{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}"));
+    EXPECT_EQ(made->GetTables()->GetCount(), 1);
+    EXPECT_EQ(made->GetInlineShapes()->GetCount(), 1);
+}
+
+TEST_F(InsertFile, ATemplateThatCannotBeReadMakesNoDocument)
+{
+    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    EXPECT_EQ(failureOf([&] { addFrom(folder.file(L"none.dot")); }), wordError(5174));
+    EXPECT_EQ(failureOf([&] { addFrom(write(L"text.dot", "just text")); }), wordError(5273));
+    EXPECT_EQ(failureOf([&] { addFrom(write(L"cut.dot", "{\\rtf1 cut")); }), wordError(5273));
+    EXPECT_EQ(documents->GetCount(), 1);
+    EXPECT_EQ(documents->Add()->GetName(), _bstr_t(L"Document2"));
+}
+
+TEST_F(InsertFile, IsWrittenDown)
+{
+    const std::wstring file = write(L"a.txt", "x");
+    const Word::RangePtr place = range(0, 0);
+    session.clearTranscript();
+    place->InsertFile(file.c_str(), Word::text(L""), Word::boolean(false), Word::boolean(false),
+                      Word::boolean(false));
+    EXPECT_THAT(session.transcript(),
+                ElementsAre(MatchesRegex("Range@1.InsertFile.*a\\.txt\", \"\", false, false, false.")));
+}
+} // namespace

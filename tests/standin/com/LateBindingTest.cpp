@@ -1,0 +1,95 @@
+#include <InProcess.h>
+
+#include "TestSupport.h"
+
+#include <gmock/gmock.h>
+#include <vector>
+
+namespace {
+using standin_test::wordError;
+using testing::ElementsAre;
+
+/// Calls as a script does: by name, with arguments from left to right.
+HRESULT invoke(IDispatch* object, const wchar_t* name, WORD kind, std::vector<_variant_t> arguments,
+               _variant_t* result = nullptr, EXCEPINFO* exception = nullptr)
+{
+    DISPID id = 0;
+    LPOLESTR names[] = {const_cast<LPOLESTR>(name)};
+    const HRESULT found = object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    if (FAILED(found))
+        return found;
+    std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
+    DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    DISPID putId = DISPID_PROPERTYPUT;
+    if (kind == DISPATCH_PROPERTYPUT) {
+        parameters.rgdispidNamedArgs = &putId;
+        parameters.cNamedArgs = 1;
+    }
+    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, result, exception, nullptr);
+}
+
+class LateBinding : public testing::Test
+{
+protected:
+    IDispatch* application() const { return session.application().GetInterfacePtr(); }
+
+    standin_test::Apartment apartment;
+    standin::Session session;
+};
+
+TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
+{
+    _variant_t documents;
+    ASSERT_EQ(invoke(application(), L"documents", DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, &documents),
+              S_OK);
+    ASSERT_EQ(documents.vt, VT_DISPATCH);
+    _variant_t document;
+    ASSERT_EQ(invoke(documents.pdispVal, L"Add", DISPATCH_METHOD, {}, &document), S_OK);
+    _variant_t range;
+    ASSERT_EQ(invoke(document.pdispVal, L"Range", DISPATCH_METHOD, {0L, 0L}, &range), S_OK);
+    ASSERT_EQ(invoke(range.pdispVal, L"InsertAfter", DISPATCH_METHOD, {L"abc"}), S_OK);
+    ASSERT_EQ(invoke(range.pdispVal, L"Start", DISPATCH_PROPERTYPUT, {short{1}}), S_OK);
+    _variant_t text;
+    ASSERT_EQ(invoke(range.pdispVal, L"Text", DISPATCH_PROPERTYGET, {}, &text), S_OK);
+    EXPECT_EQ(_bstr_t(text), _bstr_t(L"bc"));
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Application@1.Documents -> Documents@1",
+                            "Documents@1.Add(missing, missing, missing, missing) -> Document@1",
+                            "Document@1.Range(0, 0) -> Range@1", "Range@1.InsertAfter(\"abc\")",
+                            "Range@1.Start = 1", "Range@1.Text -> \"bc\""));
+}
+
+TEST_F(LateBinding, WordsErrorsAreExceptions)
+{
+    _variant_t documents;
+    ASSERT_EQ(invoke(application(), L"Documents", DISPATCH_PROPERTYGET, {}, &documents), S_OK);
+    EXCEPINFO exception{};
+    _variant_t result;
+    EXPECT_EQ(invoke(documents.pdispVal, L"Item", DISPATCH_METHOD, {7L}, &result, &exception),
+              DISP_E_EXCEPTION);
+    EXPECT_EQ(exception.wCode, 0);
+    EXPECT_EQ(exception.scode, wordError(5941));
+    EXPECT_EQ(_bstr_t(exception.bstrSource, false), _bstr_t(L"Microsoft Word"));
+    EXPECT_GT(_bstr_t(exception.bstrDescription, false).length(), 0u);
+    EXPECT_EQ(_bstr_t(exception.bstrHelpFile, false), _bstr_t(L"wdmain9.chm"));
+    EXPECT_EQ(exception.dwHelpContext, 25421u);
+}
+
+TEST_F(LateBinding, UnknownNamesAreRefused)
+{
+    EXPECT_EQ(invoke(application(), L"NoSuchMember", DISPATCH_METHOD, {}), DISP_E_UNKNOWNNAME);
+    EXPECT_TRUE(session.transcript().empty());
+}
+
+TEST_F(LateBinding, TypeInformationIsThere)
+{
+    UINT count = 0;
+    EXPECT_EQ(application()->GetTypeInfoCount(&count), S_OK);
+    EXPECT_EQ(count, 1u);
+    ITypeInfo* information = nullptr;
+    ASSERT_EQ(application()->GetTypeInfo(0, LOCALE_USER_DEFAULT, &information), S_OK);
+    information->Release();
+    EXPECT_EQ(application()->GetTypeInfo(1, LOCALE_USER_DEFAULT, &information), DISP_E_BADINDEX);
+    EXPECT_EQ(information, nullptr);
+}
+} // namespace

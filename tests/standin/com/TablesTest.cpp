@@ -1,0 +1,154 @@
+#include <InProcess.h>
+
+#include "Invariants.h"
+#include "TestSupport.h"
+
+#include <WordConstants.h>
+#include <gmock/gmock.h>
+
+namespace {
+using standin_test::failureOf;
+using standin_test::wordError;
+using testing::ElementsAre;
+
+class Tables : public testing::Test
+{
+protected:
+    Word::TablePtr add(long rows, long columns) const
+    {
+        const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
+        return range->GetTables()->Add(range, rows, columns);
+    }
+    std::u16string text() const
+    {
+        const auto model = session.model(document);
+        EXPECT_EQ(checkInvariants(*model), "");
+        return model->mainStory()->text(0, model->mainStory()->length());
+    }
+
+    standin_test::Apartment apartment;
+    standin::Session session;
+    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+};
+
+TEST_F(Tables, AreAddedAndCounted)
+{
+    const Word::TablePtr table = add(2, 3);
+    EXPECT_EQ(text(), u"\a\a\a\a\a\a\a\a\r");
+    EXPECT_EQ(document->GetTables()->GetCount(), 1);
+    EXPECT_EQ(table->GetRows()->GetCount(), 2);
+    EXPECT_EQ(table->GetColumns()->GetCount(), 3);
+    EXPECT_EQ(table->GetRange()->GetEnd(), 8);
+    EXPECT_EQ(table->GetUniform(), VARIANT_TRUE);
+    EXPECT_EQ(document->Range(Word::integer(8), Word::integer(9))->GetTables()->GetCount(), 0);
+    EXPECT_EQ(document->GetTables()->Item(1)->Cell(2, 3)->GetRange()->GetStart(), 6);
+}
+
+TEST_F(Tables, GrowCellByCellAndRowByRow)
+{
+    const Word::TablePtr table = add(1, 1);
+    const Word::CellsPtr cells = table->GetRows()->Item(1)->GetCells();
+    const Word::RangePtr first = cells->Item(1)->GetRange();
+    first->InsertAfter(L"one");
+    cells->Add();
+    cells->Item(1)->SetWidth(200, Word::wdAdjustSameWidth);
+    cells->Item(2)->SetWidth(200, Word::wdAdjustSameWidth);
+    cells->Item(2)->GetRange()->InsertAfter(L"two");
+    const Word::RowPtr row = table->GetRows()->Add();
+    row->SetHeight(30, Word::wdRowHeightExactly);
+    row->GetCells()->Item(2)->GetRange()->InsertAfter(L"four");
+    EXPECT_EQ(text(), u"one\atwo\a\a\afour\a\a\r");
+    EXPECT_FLOAT_EQ(table->Cell(2, 1)->GetWidth(), 200);
+    EXPECT_FLOAT_EQ(table->Cell(2, 2)->GetWidth(), 200);
+    EXPECT_FLOAT_EQ(row->GetHeight(), 30);
+    EXPECT_EQ(row->GetHeightRule(), Word::wdRowHeightExactly);
+    EXPECT_FLOAT_EQ(table->GetRows()->Item(1)->GetHeight(), 9999999);
+    EXPECT_EQ(first->GetText(), _bstr_t(L"one\r\a"));
+}
+
+TEST_F(Tables, RowsAndCellsCanBePlacedInFrontOfOthers)
+{
+    const Word::TablePtr table = add(1, 2);
+    table->Cell(1, 2)->GetRange()->PutText(L"b");
+    table->GetRows()->Add(Word::object(table->GetRows()->Item(1)));
+    table->GetRows()->Item(2)->GetCells()->Add(Word::object(table->Cell(2, 2)));
+    EXPECT_EQ(text(), u"\a\a\a\a\ab\a\a\r");
+    EXPECT_EQ(table->Cell(2, 3)->GetRowIndex(), 2);
+    EXPECT_EQ(table->Cell(2, 3)->GetColumnIndex(), 3);
+    EXPECT_EQ(failureOf([&] { table->GetRows()->Add(Word::object(table)); }), wordError(4218));
+}
+
+TEST_F(Tables, WhatIsNotThereIsRefused)
+{
+    const Word::TablePtr table = add(1, 1);
+    EXPECT_EQ(failureOf([&] { table->Cell(1, 2); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(2); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(1)->GetCells()->Item(0); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { document->GetTables()->Item(2); }), wordError(5941));
+    EXPECT_EQ(failureOf([&] { document->GetTables()->Add(nullptr, 1, 1); }), wordError(4218));
+    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(1)->SetHeight(5, 3); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { table->Cell(1, 1)->SetWidth(5, 4); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { table->GetBorders(); }), E_NOTIMPL);
+}
+
+TEST_F(Tables, ColumnsNeedRowsThatAreAlike)
+{
+    const Word::TablePtr table = add(2, 2);
+    const Word::ColumnPtr second = table->GetColumns()->Item(2);
+    second->SetWidth(50, Word::wdAdjustNone);
+    EXPECT_FLOAT_EQ(table->Cell(1, 2)->GetWidth(), 50);
+    EXPECT_FLOAT_EQ(second->GetWidth(), 50);
+    EXPECT_EQ(second->GetCells()->GetCount(), 2);
+    EXPECT_EQ(failureOf([&] { table->GetColumns()->Item(3); }), wordError(5941));
+    table->Cell(1, 1)->SetWidth(80, Word::wdAdjustNone);
+    EXPECT_EQ(failureOf([&] { table->GetColumns()->Item(1); }), wordError(5992));
+}
+
+TEST_F(Tables, HeightsAreAnsweredByRule)
+{
+    const Word::TablePtr table = add(2, 1);
+    const Word::RowsPtr rows = table->GetRows();
+    rows->Item(1)->PutHeight(20);
+    EXPECT_EQ(rows->Item(1)->GetHeightRule(), Word::wdRowHeightAtLeast);
+    EXPECT_EQ(rows->GetHeightRule(), 9999999);
+    rows->SetHeight(25, Word::wdRowHeightExactly);
+    EXPECT_FLOAT_EQ(rows->GetHeight(), 25);
+    table->Cell(2, 1)->SetHeight(Word::integer(12), Word::wdRowHeightAtLeast);
+    EXPECT_EQ(rows->Item(2)->GetHeightRule(), Word::wdRowHeightAtLeast);
+}
+
+TEST_F(Tables, OfWhichNothingIsLeftAreDeletedObjects)
+{
+    const Word::TablePtr table = add(1, 1);
+    const Word::RowPtr row = table->GetRows()->Item(1);
+    const Word::CellPtr cell = row->GetCells()->Item(1);
+    document->Range()->Delete();
+    EXPECT_EQ(text(), u"\r");
+    EXPECT_EQ(failureOf([&] { table->GetRows(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { row->GetCells(); }), wordError(5825));
+    EXPECT_EQ(failureOf([&] { cell->GetRange(); }), wordError(5825));
+}
+
+TEST_F(Tables, AreWrittenDownCallByCall)
+{
+    session.clearTranscript();
+    const Word::TablePtr table = add(1, 1);
+    table->GetRows()->Item(1)->GetCells()->Item(1)->SetWidth(100, Word::wdAdjustSameWidth);
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Document@1.Range(0, 0) -> Range@1", "Range@1.Tables -> Tables@1",
+                            "Tables@1.Add(Range@1, 1, 1, missing, missing) -> Table@1",
+                            "Table@1.Rows -> Rows@1", "Rows@1.Item(1) -> Row@1", "Row@1.Cells -> Cells@1",
+                            "Cells@1.Item(1) -> Cell@1", "Cell@1.SetWidth(100f, 3)"));
+}
+
+TEST_F(Tables, LeaveNoObjectsBehind)
+{
+    {
+        const Word::TablePtr table = add(2, 2);
+        table->GetRows()->Item(1)->GetCells()->Item(2)->GetRange();
+        table->GetColumns()->Item(1)->GetCells();
+    }
+    document = nullptr;
+    EXPECT_EQ(session.liveObjects(), 0);
+}
+} // namespace

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Document.h"
+#include "Invariants.h"
+#include "LiveRange.h"
+#include "WordError.h"
+
+#include <gtest/gtest.h>
+
+namespace standin::model {
+
+/// A new document, whose parts must fit together when the test ends.
+class ModelTest : public testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        if (!document->isClosed()) {
+            EXPECT_EQ(checkInvariants(*document), "");
+        }
+    }
+
+    LiveRange range(Position start, Position end) { return {document->mainStory(), start, end}; }
+    LiveRange content() { return range(0, document->mainStory()->length()); }
+    std::u16string text() const { return document->mainStory()->text(0, document->mainStory()->length()); }
+    void write(std::u16string_view text) { content().insertAfter(text); }
+
+    DocumentPtr document = Document::make(u"Document1");
+};
+
+/// The number of the WordError that `action` raises, 0 when it raises none.
+template <typename Action>
+std::int32_t errorOf(Action action)
+{
+    try {
+        action();
+    } catch (const WordError& error) {
+        return static_cast<std::int32_t>(error.number());
+    }
+    return 0;
+}
+
+inline void expectAt(const LiveRange& range, Position start, Position end)
+{
+    EXPECT_EQ(range.start(), start);
+    EXPECT_EQ(range.end(), end);
+}
+
+} // namespace standin::model

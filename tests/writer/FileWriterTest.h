@@ -1,0 +1,53 @@
+#pragma once
+
+#include "WriterFixture.h"
+
+#include "ScratchFolder.h"
+#include "tracedll/Trace.h"
+
+/// Besides, files to insert, and a trace whose log can be read.
+class FileWriterTest : public ClientWriterTest
+{
+protected:
+    void SetUp() override
+    {
+        ClientWriterTest::SetUp();
+        data().installDir = folder_.file("installed").c_str();
+    }
+
+    void openTrace(int level)
+    {
+        Trace trace;
+        trace.open(folder_.file("trace.log").c_str());
+        trace.setLevel(level);
+        writer().setTrace(trace);
+    }
+    std::string log() const { return contentOf(folder_.file("trace.log")); }
+
+    /// A new file of the folder, as the writer is told.
+    QdxString write(const std::string& name, const std::string& content) const
+    {
+        return folder_.write(name, content).c_str();
+    }
+
+    /// A table with one row and one cell, which holds "in".
+    void openTable()
+    {
+        writer().startTable();
+        writer().addRow();
+        writer().addCell();
+        writer().insertText(L"in");
+        takeCalls();
+    }
+
+    ScratchFolder folder_;
+};
+
+/// As a transcript shows it, between quotes.
+inline std::string quoted(const QdxString& text)
+{
+    std::string result = "\"";
+    for (std::size_t i = 0; i < text.length(); ++i)
+        result += text.data()[i] == '\\' ? "\\\\" : std::string(1, text.data()[i]);
+    return result + '"';
+}

@@ -1,0 +1,157 @@
+#include "WriterFixture.h"
+
+#include "Field.h"
+
+#include <array>
+#include <limits>
+
+namespace {
+
+namespace model = standin::model;
+
+constexpr auto refused = static_cast<HRESULT>(0x800A11FD);
+
+class MirovelSectionFieldTest : public ClientWriterTest
+{
+protected:
+    std::vector<model::Field> fields() const
+    {
+        const std::shared_ptr<model::Story> story = model().mainStory();
+        return model::fieldsIn(model::LiveRange(story, 0, story->length()));
+    }
+};
+
+/// The characters of a field.
+std::u16string fieldText(const std::u16string& code, const std::u16string& result)
+{
+    return u"\x13" + code + u"\x14" + result + u"\x15";
+}
+
+TEST_F(MirovelSectionFieldTest, StandsWhereItsPlaceholderStood)
+{
+    writer().insertText(L"page ");
+    takeCalls();
+    writer().insertField(4);
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Range@1.Collapse(0)", R"(Range@1.InsertAfter("X"))", "Range@1.Duplicate -> Range@2",
+                     "Range@2.End = 5", "Range@1.Fields -> Fields@1",
+                     "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1", "Range@1.End -> 16",
+                     "Range@1.Start = 15", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 15) << "one below the end that Word told";
+    EXPECT_EQ(text(), u"page " + fieldText(u" PAGE ", u"1"));
+    writer().insertText(L" of many");
+    EXPECT_EQ(text(), u"page " + fieldText(u" PAGE ", u"1") + u" of many");
+    EXPECT_EQ(data().pos, 23);
+}
+
+TEST_F(MirovelSectionFieldTest, EachNumberHasItsType)
+{
+    struct Kind
+    {
+        std::int16_t number;
+        const char* type;
+        const char16_t* code;
+    };
+    for (const Kind& kind : std::array{Kind{1, "31", u" DATE "}, Kind{2, "32", u" TIME "},
+                                       Kind{3, "29", u" FILENAME "}, Kind{4, "33", u" PAGE "}}) {
+        takeCalls();
+        writer().insertField(kind.number);
+        const Calls calls = takeCalls();
+        ASSERT_EQ(calls.size(), 9U);
+        EXPECT_NE(calls[5].find(std::string(", ") + kind.type + ", missing, missing)"), std::string::npos)
+            << calls[5];
+        const std::vector<model::Field> all = fields();
+        ASSERT_FALSE(all.empty());
+        EXPECT_EQ(all.back().code().text(), kind.code);
+        EXPECT_FALSE(all.back().result().text().empty());
+        EXPECT_EQ(data().pos, all.back().range().end());
+    }
+    EXPECT_EQ(fields().size(), 4U);
+    EXPECT_EQ(text().find(u'X'), std::u16string::npos);
+}
+
+TEST_F(MirovelSectionFieldTest, AnyOtherNumberHasNone)
+{
+    int number = 1;
+    for (const std::int16_t kind :
+         std::array<std::int16_t, 6>{5, 0, -1, 260, std::numeric_limits<std::int16_t>::max(),
+                                     std::numeric_limits<std::int16_t>::min()}) {
+        takeCalls();
+        writer().insertField(kind);
+        const std::string field = std::to_string(number++);
+        EXPECT_EQ(takeCalls()[5], "Fields@" + field + ".Add(Range@" + std::to_string(number) +
+                                      ", empty, missing, missing) -> Field@" + field);
+    }
+    EXPECT_EQ(text().find(u'X'), std::u16string::npos);
+}
+
+TEST_F(MirovelSectionFieldTest, InACellKeepsAnXBehindIt)
+{
+    writer().startTable();
+    writer().addRow();
+    writer().addCell();
+    writer().insertText(L"page ");
+    takeCalls();
+    writer().insertField(4);
+    EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 6", "Range@3.Start = 5", R"(Range@3.InsertAfter("X"))",
+                                  "Range@3.Duplicate -> Range@4", "Range@4.End -> 7", "Range@4.End = 6",
+                                  "Range@3.Fields -> Fields@1",
+                                  "Fields@1.Add(Range@4, 33, missing, missing) -> Field@1"}));
+    EXPECT_EQ(data().pos, 3) << "not counted in tables";
+    EXPECT_EQ(cellTexts(), u"page " + fieldText(u" PAGE ", u"1") + u"X");
+    writer().insertText(L"!");
+    EXPECT_EQ(cellTexts(), u"page " + fieldText(u" PAGE ", u"1") + u"X!");
+    writer().insertField(4);
+    writer().endTable();
+    EXPECT_EQ(cellTexts(), u"page " + fieldText(u" PAGE ", u"1") + u"X!" + fieldText(u" PAGE ", u"1") + u"X");
+}
+
+TEST_F(MirovelSectionFieldTest, TakesTheFontInForce)
+{
+    writer().setFont(FontLook{"Courier New", 9}.data());
+    writer().insertField(4);
+    writer().insertText(L"!");
+    finish();
+    EXPECT_EQ(fontAt(0).name, u"Courier New");
+    EXPECT_EQ(fontAt(8).name, u"Courier New");
+}
+
+TEST_F(MirovelSectionFieldTest, AFailureAtEachCallLeavesWhatWasDone)
+{
+    const std::array<std::int32_t, 9> positions = {5, 5, 6, 6, 6, 6, 6, 15, 15};
+    for (std::size_t call = 1; call <= positions.size(); ++call) {
+        SCOPED_TRACE(call);
+        writer().deleteRange();
+        range_->PutStart(0);
+        range_->PutEnd(model().mainStory()->length() - 1);
+        if (range_->GetEnd() > 0)
+            range_->Delete();
+        data().pos = 0;
+        writer().insertText(L"page ");
+        session_.failCall(static_cast<long>(call), refused);
+        EXPECT_EQ(comErrorOf([&] { writer().insertField(4); }), refused);
+        session_.clearFaults();
+        EXPECT_EQ(data().pos, positions.at(call - 1));
+        EXPECT_EQ(fields().size(), call > 6 ? 1U : 0U);
+        EXPECT_EQ(text().ends_with(u"X"), call > 2) << "the placeholder stays";
+        writer().insertText(L"!");
+        EXPECT_TRUE(text().ends_with(u"!"));
+    }
+    data().pos = static_cast<std::int32_t>(text().size());
+}
+
+TEST_F(MirovelSectionFieldTest, AFieldThatWordRefusesInATableLeavesItsPlaceholderInTheCell)
+{
+    writer().startTable();
+    writer().insertText(L"page");
+    takeCalls();
+    session_.failCall(7, refused);
+    EXPECT_EQ(comErrorOf([&] { writer().insertField(4); }), refused);
+    EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 5", "Range@3.Start = 4", R"(Range@3.InsertAfter("X"))",
+                                  "Range@3.Duplicate -> Range@4", "Range@4.End -> 6", "Range@4.End = 5",
+                                  "Range@3.Fields !! 0x800a11fd"}));
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(cellTexts(), u"pageX");
+}
+
+} // namespace

@@ -1,0 +1,233 @@
+// Which way a file takes into the document, and contents that Word inserts.
+#include "FileWriterTest.h"
+
+#include "SamplePictures.h"
+
+#include <array>
+
+namespace {
+
+class MirovelSectionFileTest : public FileWriterTest
+{
+};
+
+Calls fileInserted(std::int32_t at, int range, const QdxString& file)
+{
+    const std::string place = "Range@" + std::to_string(range);
+    return {"Document@1.Range(" + std::to_string(at) + ", " + std::to_string(at) + ") -> " + place,
+            place + ".InsertFile(" + quoted(file) + ", \"\", false, false, false)"};
+}
+
+TEST_F(MirovelSectionFileTest, WithoutANameNothingHappens)
+{
+    openTrace(10);
+    for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 2, 4})
+        writer().insertFile("", kind);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(MirovelSectionFileTest, AnAddressIsALinkToItselfWhateverTheKind)
+{
+    for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 1, 2, 4}) {
+        writer().insertFile("http://example.org/a.xls", kind);
+        EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("http://example.org/a.xls"))");
+        EXPECT_STREQ(data().links.back().address.data(), "http://example.org/a.xls");
+        EXPECT_TRUE(data().links.back().resolved);
+    }
+    EXPECT_EQ(data().links.size(), 4U);
+    data().links.clear();
+}
+
+TEST_F(MirovelSectionFileTest, AMissingFileIsTracedAndNothingIsWritten)
+{
+    openTrace(1);
+    std::string lines;
+    for (const char* name :
+         {"c:\\docs\\no such.doc", "no such.txt", "no such.bmp", "no such.xls", "a b\\c d.doc"}) {
+        for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 1, 2, 3, -1}) {
+            writer().insertFile(name, kind);
+            lines += std::string("ERR File not found: ") + name + "\r\n";
+        }
+    }
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), lines);
+    EXPECT_EQ(text(), u"");
+}
+
+TEST_F(MirovelSectionFileTest, AMissingFileAsAHyperlinkIsOneWithDoubledBackslashes)
+{
+    openTrace(1);
+    writer().insertFile("c:\\docs\\a.doc", 4);
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("a.doc"))", "Range@1.End -> 5"}));
+    ASSERT_EQ(data().links.size(), 1U);
+    EXPECT_STREQ(data().links.front().subAddress.data(), "c:\\\\docs\\\\a.doc")
+        << "no file of that name exists, so Word takes it for a place in the document";
+    EXPECT_TRUE(data().links.front().resolved);
+    EXPECT_EQ(log(), "ERR File not found: c:\\docs\\a.doc\r\n") << "it is traced all the same";
+    EXPECT_EQ(data().pos, 5);
+}
+
+TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)
+{
+    const QdxString file = write("a b.txt", "text");
+    writer().insertFile(file, 2);
+    EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("a b.txt"))");
+    EXPECT_STREQ(data().links.back().address.data(), file.data());
+    const QdxString picture = write("a.bmp", sample::bmp());
+    writer().insertFile(picture, 2);
+    EXPECT_STREQ(data().links.back().address.data(), picture.data()) << "pictures are files like others";
+}
+
+TEST_F(MirovelSectionFileTest, AsAHyperlinkItHasDoubledBackslashes)
+{
+    const QdxString file = write("a.txt", "text");
+    writer().insertFile(file, 4);
+    QdxString doubled = file;
+    doubled.replaceStr("\\", "\\\\");
+    EXPECT_STREQ(data().links.back().address.data(), doubled.data())
+        << "Windows finds it under that name too";
+}
+
+TEST_F(MirovelSectionFileTest, ALinkInACellIsWrittenThere)
+{
+    const QdxString file = write("a.txt", "text");
+    openTable();
+    writer().insertFile(file, 2);
+    EXPECT_EQ(cellTexts(), u"ina.txt");
+    EXPECT_EQ(data().links.back().start, 2);
+}
+
+TEST_F(MirovelSectionFileTest, APictureIsInsertedAsOne)
+{
+    int number = 0;
+    for (const auto& [name, content] :
+         {std::pair("a.bmp", sample::bmp()), std::pair("a.jpg", sample::jpeg()),
+          std::pair("a.jpeg", sample::jpeg()), std::pair("a.gif", sample::gif()),
+          std::pair("a.emf", sample::emf())}) {
+        const QdxString file = write(name, content);
+        writer().insertFile(file, 1);
+        const std::string shapes = std::to_string(++number);
+        EXPECT_EQ(takeCalls()[3], "InlineShapes@" + shapes + ".AddPicture(" + quoted(file) +
+                                      ", false, true, missing) -> InlineShape@" + shapes);
+    }
+    EXPECT_EQ(text(), u"\x01\x01\x01\x01\x01");
+    EXPECT_TRUE(data().links.empty());
+}
+
+TEST_F(MirovelSectionFileTest, APictureOfABareNameIsTakenFromTheInstallation)
+{
+    const QdxString installed = write("installed\\pix\\no such logo.gif", sample::gif());
+    writer().insertFile("no such logo.gif", 0);
+    EXPECT_EQ(takeCalls()[3],
+              "InlineShapes@1.AddPicture(" + quoted(installed) + ", false, true, missing) -> InlineShape@1");
+    writer().insertFile("no such logo.gif", 2);
+    EXPECT_STREQ(data().links.back().address.data(), installed.data());
+    writer().insertFile("no such logo.gif", 4);
+    EXPECT_EQ(data().links.size(), 2U);
+}
+
+TEST_F(MirovelSectionFileTest, AnyOtherFileIsInsertedByWord)
+{
+    const QdxString file = write("a b.txt", "one\r\ntwo");
+    writer().insertText(L"in front ");
+    takeCalls();
+    writer().insertFile(file, 0);
+    EXPECT_EQ(takeCalls(),
+              join(styleRunApplied(0, 9, "-1", 2, normalFont), Calls{R"(Range@1.InsertAfter("X"))"},
+                   fileInserted(9, 2, file),
+                   Calls{"Range@1.End -> 18", "Range@1.Start = 17", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 17);
+    EXPECT_EQ(data().stylePos, -1);
+    EXPECT_EQ(text(), u"in front one\rtwo\r");
+    writer().insertText(L"behind");
+    EXPECT_EQ(text(), u"in front one\rtwo\rbehind");
+}
+
+TEST_F(MirovelSectionFileTest, WhatWaitsForTheTextInFrontIsAppliedFirst)
+{
+    const QdxString file = write("a.txt", "one");
+    writer().setTextAlign(2);
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"Title");
+    writer().setFont(FontLook{"Courier New", 9}.data());
+    writer().insertText(L"!");
+    takeCalls();
+    writer().insertFile(file, 1);
+    EXPECT_EQ(takeCalls(),
+              join(rangeLaid(0, 6), Calls{"Range@1.Style = -2"}, rangeLaid(0, 5),
+                   fontWritten("Range@1", 4, heading1Font), rangeLaid(5, 6),
+                   fontWritten("Range@1", 5, FontLook{"Courier New", 9}), rangeLaid(0, 6),
+                   Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1",
+                         R"(Range@1.InsertAfter("X"))"},
+                   fileInserted(6, 2, file),
+                   Calls{"Range@1.End -> 11", "Range@1.Start = 10", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_TRUE(data().fontRuns.empty());
+    EXPECT_TRUE(data().alignRuns.empty());
+    EXPECT_EQ(data().alignment, 0);
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+}
+
+TEST_F(MirovelSectionFileTest, AnExtensionInCapitalsIsNoPicture)
+{
+    const QdxString file = write("Logo.GIF", "no picture to Word");
+    writer().insertFile(file, 0);
+    EXPECT_EQ(takeCalls().at(14), fileInserted(0, 2, file)[1]);
+}
+
+TEST_F(MirovelSectionFileTest, InACellNothingIsFlushedAndNoPlaceholderUsed)
+{
+    const QdxString file = write("a.txt", "one");
+    openTable();
+    const std::int32_t pos = data().pos;
+    writer().insertFile(file, 0);
+    EXPECT_EQ(takeCalls(), join(Calls{"Range@3.End -> 3"}, fileInserted(2, 4, file)));
+    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(cellTexts(), u"inone\r");
+    writer().insertText(L"!");
+    EXPECT_EQ(cellTexts(), u"inone\r!");
+}
+
+TEST_F(MirovelSectionFileTest, AnEmptyFileIsInsertedToo)
+{
+    writer().insertText(L"a");
+    writer().insertFile(write("empty.txt", ""), 0);
+    writer().insertText(L"b");
+    EXPECT_EQ(data().pos, static_cast<std::int32_t>(text().size()));
+    EXPECT_EQ(text().front(), u'a');
+    EXPECT_EQ(text().back(), u'b');
+}
+
+TEST_F(MirovelSectionFileTest, WhatWordCannotReadLeavesItsPlaceholder)
+{
+    const QdxString file = write("damaged.rtf", "{\\rtf1 ");
+    writer().insertText(L"a");
+    EXPECT_EQ(comErrorOf([&] { writer().insertFile(file, 0); }), static_cast<HRESULT>(0x800A1499));
+    EXPECT_EQ(text(), u"aX");
+    EXPECT_EQ(data().pos, 2);
+    writer().insertText(L"b");
+    EXPECT_EQ(text(), u"aXb");
+}
+
+TEST_F(MirovelSectionFileTest, AFailureAtEachCallLeavesWhatWasDone)
+{
+    const QdxString file = write("a.txt", "one");
+    writer().applyStyle();
+    const std::array<std::int32_t, 6> positions = {0, 1, 1, 1, 4, 4};
+    for (std::size_t call = 1; call <= positions.size(); ++call) {
+        SCOPED_TRACE(call);
+        data().pos = 0;
+        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().insertFile(file, 0); }), E_ACCESSDENIED);
+        session_.clearFaults();
+        EXPECT_EQ(data().pos, positions.at(call - 1));
+        EXPECT_EQ(text().ends_with(u"X"), call > 1);
+        range_->PutStart(0);
+        if (!text().empty())
+            range_->Delete();
+    }
+    data().pos = 0;
+}
+
+} // namespace

@@ -1,0 +1,302 @@
+#include "WriterFixture.h"
+
+namespace {
+
+using MirovelSectionFontTest = WriterTest;
+
+constexpr FontLook courier{"Courier New", 10};
+constexpr FontLook courierBold{"Courier New", 10, true};
+
+TEST_F(MirovelSectionFontTest, RecordsWhereAFontBegins)
+{
+    writer().insertText(L"plain");
+    takeCalls();
+    writer().setFont(courier.data());
+    EXPECT_EQ(takeCalls(), Calls{}) << "fonts are applied later";
+    EXPECT_EQ(writer().getFont(), courier.data());
+    ASSERT_EQ(data().fontRuns.size(), 2U);
+    const FontSave& run = data().fontRuns.back();
+    EXPECT_EQ(run.getStart(), 5);
+    EXPECT_EQ(run.getFont(), courier.data());
+    EXPECT_EQ(run.getRange().GetInterfacePtr(), range_.GetInterfacePtr());
+    EXPECT_EQ(run.getRow(), 0);
+    EXPECT_EQ(run.getCol(), 0);
+    EXPECT_FALSE(run.getTable());
+}
+
+TEST_F(MirovelSectionFontTest, TheFontInForceIsNotRecordedAgain)
+{
+    writer().setFont(normalFont.data());
+    EXPECT_EQ(data().fontRuns.size(), 1U);
+    writer().setFont(courier.data());
+    writer().setFont(courier.data());
+    EXPECT_EQ(data().fontRuns.size(), 2U);
+    EXPECT_EQ(takeCalls(), Calls{});
+}
+
+TEST_F(MirovelSectionFontTest, GivesACopyOfTheFontInForce)
+{
+    FontData font = writer().getFont();
+    font.bold = 1;
+    EXPECT_EQ(writer().getFont(), normalFont.data());
+    writer().setFont(font);
+    font.italic = 1;
+    EXPECT_EQ(writer().getFont().bold, 1);
+    EXPECT_EQ(writer().getFont().italic, 0);
+    EXPECT_EQ(data().fontRuns.back().getFont().italic, 0);
+}
+
+TEST_F(MirovelSectionFontTest, AppliesEachFontUpToTheNextOnTopOfTheStyle)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"one");
+    writer().setFont(courier.data());
+    writer().insertText(L"four");
+    writer().setFont(courierBold.data());
+    writer().insertText(L"more");
+    EXPECT_EQ(finish(), join(rangeLaid(0, 11), Calls{"Range@1.Style = -2"}, rangeLaid(0, 3),
+                             fontWritten("Range@1", 4, heading1Font), rangeLaid(3, 7),
+                             fontWritten("Range@1", 5, courier), rangeLaid(7, 11),
+                             fontWritten("Range@1", 6, courierBold), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(text(), u"onefourmore");
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(fontAt(2).name, u"Arial");
+    EXPECT_EQ(fontAt(2).bold, true);
+    EXPECT_EQ(fontAt(3).name, u"Courier New");
+    EXPECT_EQ(fontAt(3).size, 10.0F);
+    EXPECT_EQ(fontAt(6).bold, false);
+    EXPECT_EQ(fontAt(7).bold, true);
+    EXPECT_EQ(fontAt(10).name, u"Courier New");
+}
+
+TEST_F(MirovelSectionFontTest, AFontWithoutTextIsAppliedToNothing)
+{
+    writer().insertText(L"a");
+    writer().setFont(courier.data());
+    writer().setFont(courierBold.data());
+    writer().insertText(L"b");
+    takeCalls();
+    writer().applyFont();
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 1), fontWritten("Range@1", 2, normalFont), rangeLaid(1, 1),
+                                fontWritten("Range@1", 3, courier), rangeLaid(1, 2),
+                                fontWritten("Range@1", 4, courierBold)));
+    EXPECT_EQ(fontAt(0).name, u"Times New Roman");
+    EXPECT_EQ(fontAt(1).name, u"Courier New");
+}
+
+TEST_F(MirovelSectionFontTest, ForgetsTheRunsAndTheFacesNameOnceApplied)
+{
+    FontData all = courierBold.data();
+    all.italic = all.underline = all.strikeThrough = 1;
+    writer().setFont(all);
+    writer().applyFont();
+    EXPECT_TRUE(data().fontRuns.empty());
+    FontData nameless = all;
+    nameless.name = "";
+    EXPECT_EQ(writer().getFont(), nameless);
+    takeCalls();
+
+    writer().applyFont();
+    EXPECT_EQ(takeCalls(), Calls{});
+
+    writer().setFont(all);
+    EXPECT_EQ(data().fontRuns.size(), 1U) << "the same font is recorded again";
+}
+
+TEST_F(MirovelSectionFontTest, AppliesTheStylesFontLeftByTheConstructor)
+{
+    writer().applyFont();
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 0), fontWritten("Range@1", 2, normalFont)));
+}
+
+TEST_F(MirovelSectionFontTest, WritingGoesOnBehindTheLastRun)
+{
+    writer().insertText(L"one");
+    writer().applyFont();
+    EXPECT_EQ(range_->GetEnd(), 3);
+    writer().insertText(L"two");
+    EXPECT_EQ(text(), u"onetwo");
+}
+
+TEST_F(MirovelSectionFontTest, WithoutAStyleAFontIsAppliedAtOnce)
+{
+    writer().insertText(L"ab");
+    takeCalls();
+    data().styleName = "";
+    writer().setFont(courier.data());
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 2), fontWritten("Range@1", 2, normalFont), rangeLaid(2, 2),
+                                fontWritten("Range@1", 3, courier)));
+    EXPECT_TRUE(data().fontRuns.empty());
+    EXPECT_EQ(writer().getFont(), courier.data()) << "it is in force all the same";
+    data().styleName = "Normal";
+}
+
+TEST_F(MirovelSectionFontTest, WritesEveryPropertyInOrder)
+{
+    constexpr FontLook all{"Courier New", 10, true, true, true, true};
+    writer().insertText(L"x");
+    takeCalls();
+    MirovelSectionProbe::writeFont(range_->GetFont(), all.data());
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.Font -> Font@2", R"(Font@2.Name = "Courier New")",
+                                  "Font@2.Size = 10f", "Font@2.Bold = 1", "Font@2.Italic = 1",
+                                  "Font@2.Underline = 1", "Font@2.StrikeThrough = 1"}));
+    const standin::model::FontProperties font = fontAt(0);
+    EXPECT_EQ(font.name, u"Courier New");
+    EXPECT_EQ(font.size, 10.0F);
+    EXPECT_EQ(font.bold, true);
+    EXPECT_EQ(font.italic, true);
+    EXPECT_EQ(font.underline, 1);
+    EXPECT_EQ(font.strikeThrough, true);
+}
+
+TEST_F(MirovelSectionFontTest, ClearsEveryPropertyThatAFontDoesNotHave)
+{
+    writer().insertText(L"x");
+    MirovelSectionProbe::writeFont(range_->GetFont(),
+                                   FontLook{"Courier New", 10, true, true, true, true}.data());
+    takeCalls();
+    MirovelSectionProbe::writeFont(range_->GetFont(), courier.data());
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.Font -> Font@3", R"(Font@3.Name = "Courier New")",
+                                  "Font@3.Size = 10f", "Font@3.Bold = 0", "Font@3.Italic = 0",
+                                  "Font@3.Underline = 0", "Font@3.StrikeThrough = 0"}));
+    const standin::model::FontProperties font = fontAt(0);
+    EXPECT_EQ(font.bold, false);
+    EXPECT_EQ(font.italic, false);
+    EXPECT_EQ(font.underline, 0);
+    EXPECT_EQ(font.strikeThrough, false);
+}
+
+TEST_F(MirovelSectionFontTest, ASizeOfZeroLeavesWordsSize)
+{
+    writer().insertText(L"x");
+    takeCalls();
+    MirovelSectionProbe::writeFont(range_->GetFont(), FontLook{"Courier New", 0}.data());
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Range@1.Font -> Font@2", R"(Font@2.Name = "Courier New")", "Font@2.Bold = 0",
+                     "Font@2.Italic = 0", "Font@2.Underline = 0", "Font@2.StrikeThrough = 0"}));
+    EXPECT_EQ(fontAt(0).size, 12.0F);
+}
+
+TEST_F(MirovelSectionFontTest, AnEmptyNameIsSetToo)
+{
+    const Word::_FontPtr font = range_->GetFont();
+    takeCalls();
+    FontData nameless;
+    nameless.clear();
+    MirovelSectionProbe::writeFont(font, nameless);
+    EXPECT_EQ(takeCalls(), (Calls{R"(Font@2.Name = "")", "Font@2.Bold = 0", "Font@2.Italic = 0",
+                                  "Font@2.Underline = 0", "Font@2.StrikeThrough = 0"}));
+}
+
+TEST_F(MirovelSectionFontTest, ReadsEveryProperty)
+{
+    addStyle(u"All", {.name = u"Courier New",
+                      .size = 10.0F,
+                      .bold = true,
+                      .italic = true,
+                      .strikeThrough = true,
+                      .underline = 1});
+    EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "All"),
+              (FontLook{"Courier New", 10, true, true, true, true}.data()));
+}
+
+TEST_F(MirovelSectionFontTest, ReadsEachFlagFromItsOwnProperty)
+{
+    addStyle(u"B", {.bold = true});
+    addStyle(u"I", {.italic = true});
+    addStyle(u"U", {.underline = 1});
+    addStyle(u"S", {.strikeThrough = true});
+    const auto read = [&](const char* style) { return MirovelSectionProbe::findFont(writer(), style); };
+    EXPECT_EQ(read("B"), (FontLook{"Times New Roman", 12, true, false, false, false}.data()));
+    EXPECT_EQ(read("I"), (FontLook{"Times New Roman", 12, false, true, false, false}.data()));
+    EXPECT_EQ(read("U"), (FontLook{"Times New Roman", 12, false, false, true, false}.data()));
+    EXPECT_EQ(read("S"), (FontLook{"Times New Roman", 12, false, false, false, true}.data()));
+}
+
+TEST_F(MirovelSectionFontTest, ReadsHalfPointsDownAndAnyUnderlineAsOne)
+{
+    addStyle(u"Odd", {.name = u"Caf\u00e9 \u4e2d", .size = 10.5F, .underline = 3});
+    const FontData font = MirovelSectionProbe::findFont(writer(), "Odd");
+    EXPECT_STREQ(font.name.data(), "Caf\xe9 ?");
+    EXPECT_EQ(font.size, 10);
+    EXPECT_EQ(font.underline, 1);
+}
+
+TEST_F(MirovelSectionFontTest, InATableAFontIsAlwaysRecordedInTheCell)
+{
+    writer().insertText(L"body");
+    takeCalls();
+    const Word::RangePtr cell = headerRange();
+    openCell(cell);
+    writer().insertText(L"cell");
+    takeCalls();
+    data().tableRows = 3;
+    data().tableColumn = 2;
+    writer().setFont(normalFont.data()); // the one in force
+    writer().setFont(normalFont.data());
+    EXPECT_EQ(takeCalls(), (Calls{"Range@2.End -> 5", "Range@2.End -> 5"}));
+    ASSERT_EQ(data().fontRuns.size(), 3U);
+    const FontSave& run = data().fontRuns.back();
+    EXPECT_EQ(run.getStart(), 4) << "in front of the cell's mark";
+    EXPECT_EQ(run.getFont(), normalFont.data());
+    EXPECT_EQ(run.getRange().GetInterfacePtr(), cell.GetInterfacePtr());
+    EXPECT_EQ(run.getRow(), 3);
+    EXPECT_EQ(run.getCol(), 2);
+    closeCell();
+}
+
+TEST_F(MirovelSectionFontTest, InATableRowAndColumnCountFromOneAndPositionsFromZero)
+{
+    const Word::RangePtr cell = document_->Range(0L, 0L);
+    takeCalls();
+    openCell(cell);
+    writer().setFont(courier.data());
+    EXPECT_EQ(takeCalls(), Calls{"Range@2.End -> 0"});
+    const FontSave& run = data().fontRuns.back();
+    EXPECT_EQ(run.getStart(), 0);
+    EXPECT_EQ(run.getRow(), 1);
+    EXPECT_EQ(run.getCol(), 1);
+    closeCell();
+}
+
+TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)
+{
+    writer().insertText(L"x");
+    writer().setFont(courier.data());
+    session_.failCall(4, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), E_FAIL);
+    EXPECT_EQ(data().fontRuns.size(), 2U);
+    EXPECT_EQ(writer().getFont(), courier.data());
+}
+
+/// A writer that only listens to what the base class asks of it.
+class ListeningWriter : public MirovelSection
+{
+public:
+    using MirovelSection::MirovelSection;
+
+    void storeFont(const FontData&) override { ++stored; }
+    void applyFont() override { ++applied; }
+    void applyStyle() override { ++styled; }
+
+    int stored = 0;
+    int applied = 0;
+    int styled = 0;
+};
+
+TEST_F(MirovelSectionFontTest, ADerivedWriterMayTakeFontsAndStylesOver)
+{
+    ListeningWriter listening(application_, document_, range_);
+    MirovelSection& base = listening;
+    base.setFont(courier.data());
+    EXPECT_EQ(listening.stored, 1);
+    base.setStyle("Heading 1", false);
+    EXPECT_EQ(listening.styled, 1);
+    EXPECT_EQ(listening.stored, 2);
+    MirovelSectionProbe::data(base).styleName = "";
+    base.setFont(normalFont.data());
+    EXPECT_EQ(listening.applied, 1);
+    MirovelSectionProbe::data(base).styleName = "Normal";
+}
+
+} // namespace

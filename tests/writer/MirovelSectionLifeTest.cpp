@@ -1,0 +1,325 @@
+#include "WriterFixture.h"
+
+#include "registry/RegisterDynamic.h"
+#include "tracedll/Trace.h"
+
+#include <utility>
+
+namespace {
+
+/// Makes and destroys its writers itself.
+class MirovelSectionLifeTest : public DocumentTest
+{
+protected:
+    MirovelSection* newWriter()
+    {
+        auto* const writer = new MirovelSection(application_, document_, range_);
+        takeCalls();
+        return writer;
+    }
+
+    /// A writer with work of every kind that waits for its end.
+    MirovelSection* busyWriter()
+    {
+        MirovelSection* const writer = newWriter();
+        writer->deleteRange();
+        writer->setTextAlign(2);
+        writer->setStyle("Heading 1", false);
+        writer->insertText(L"Title");
+        takeCalls();
+        return writer;
+    }
+
+    const Calls busyWritersEnd_ =
+        join(rangeLaid(0, 5), Calls{"Range@1.Style = -2"}, rangeLaid(0, 5),
+             fontWritten("Range@1", 4, heading1Font), rangeLaid(0, 5),
+             Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1"},
+             Calls{"Document@1.UndoClear()"});
+};
+
+TEST_F(MirovelSectionLifeTest, TheConstructorAsksForStylesThenForThePage)
+{
+    auto* const writer = new MirovelSection(application_, document_, range_);
+    EXPECT_EQ(takeCalls(), join(Calls{"Document@1.Styles -> Styles@1"}, styleFontRead("-1", 1, 1, normalFont),
+                                Calls{"Document@1.PageSetup -> PageSetup@1", "PageSetup@1.PageWidth -> 612f",
+                                      "PageSetup@1.RightMargin -> 90f", "PageSetup@1.LeftMargin -> 90f"}));
+    delete writer;
+}
+
+TEST_F(MirovelSectionLifeTest, ANewWriterStandsAtTheStart)
+{
+    MirovelSection* const writer = newWriter();
+    const MirovelSectionData& data = MirovelSectionProbe::data(*writer);
+    EXPECT_EQ(data.document.GetInterfacePtr(), document_.GetInterfacePtr());
+    EXPECT_EQ(data.application.GetInterfacePtr(), application_.GetInterfacePtr());
+    EXPECT_EQ(data.range.GetInterfacePtr(), range_.GetInterfacePtr());
+    EXPECT_TRUE(data.styles);
+    EXPECT_STREQ(data.styleName.data(), "Normal");
+    EXPECT_EQ(data.stylePos, 0) << "the constructor's own setStyle opens a run";
+    ASSERT_EQ(data.fontRuns.size(), 1U);
+    EXPECT_EQ(data.fontRuns.front().getStart(), 0);
+    EXPECT_EQ(data.fontRuns.front().getFont(), normalFont.data());
+    EXPECT_EQ(data.pendingFont, normalFont.data());
+    EXPECT_TRUE(data.alignRuns.empty());
+    EXPECT_EQ(data.pos, 0);
+    EXPECT_EQ(data.lastEndlPos, 0);
+    EXPECT_EQ(data.lastPageBreakPos, 0);
+    EXPECT_FALSE(data.trace.isTrace(1));
+    EXPECT_EQ(data.tocPos, 0);
+    EXPECT_EQ(data.tocStartPos, 0);
+    EXPECT_EQ(data.tocLevel, 0);
+    EXPECT_FALSE(data.collectingTocEntry);
+    EXPECT_TRUE(data.tocText.isEmpty());
+    EXPECT_EQ(data.sectionCount, 1);
+    EXPECT_EQ(data.alignment, 0);
+    EXPECT_FALSE(data.cellRange);
+    EXPECT_FALSE(data.table);
+    EXPECT_FALSE(data.tableRow);
+    EXPECT_FALSE(data.rowCells);
+    EXPECT_EQ(data.tableRows, 0);
+    EXPECT_EQ(data.tableColumn, 0);
+    EXPECT_EQ(data.tableColumns, 0);
+    EXPECT_EQ(data.rowHeight, 0);
+    EXPECT_EQ(data.tableIndex, -1);
+    EXPECT_FALSE(writer->isTableOpen());
+    EXPECT_EQ(data.textWidth, 430.0F);
+    EXPECT_TRUE(data.links.empty());
+    EXPECT_FALSE(data.lastTagBookmark);
+    EXPECT_EQ(data.endlCount, 0);
+    EXPECT_EQ(writer->getSectionCount(), 1);
+    delete writer;
+}
+
+TEST_F(MirovelSectionLifeTest, TheTextWidthComesFromThePage)
+{
+    standin::model::PageSetup& page = model().section(1)->pageSetup;
+    page.pageWidth = 595.25F;
+    page.leftMargin = 70.5F;
+    page.rightMargin = 40.0F;
+    MirovelSection* const writer = newWriter();
+    EXPECT_EQ(MirovelSectionProbe::data(*writer).textWidth, 595.25F - (40.0F + 70.5F + 2.0F));
+    delete writer;
+}
+
+/// A value of ours in the user's registry; what stood there before is put back.
+class InstallDirSetting
+{
+public:
+    explicit InstallDirSetting(const char* value) : before_(read())
+    {
+        RegisterDynamic::write("Settings", "InstallDir", RegEntry(QdxString(value)));
+    }
+    ~InstallDirSetting() { RegisterDynamic::write("Settings", "InstallDir", RegEntry(before_)); }
+    InstallDirSetting(const InstallDirSetting&) = delete;
+    InstallDirSetting& operator=(const InstallDirSetting&) = delete;
+
+private:
+    static QdxString read() { return RegisterDynamic::read("Settings", "InstallDir", RegEntry(QdxString())); }
+
+    QdxString before_;
+};
+
+TEST_F(MirovelSectionLifeTest, TheInstallationDirectoryComesFromTheRegistryAsItStands)
+{
+    for (const char* const directory : {"C:\\one", "C:\\two"}) {
+        const InstallDirSetting setting(directory);
+        MirovelSection* const writer = newWriter();
+        EXPECT_STREQ(MirovelSectionProbe::data(*writer).installDir.data(), directory);
+        delete writer;
+    }
+}
+
+TEST_F(MirovelSectionLifeTest, AnUnusedWriterAppliesItsStyleAndItsFont)
+{
+    MirovelSection* const writer = newWriter();
+    delete writer;
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 0), Calls{"Range@1.Style = -1"}, rangeLaid(0, 0),
+                                fontWritten("Range@1", 2, normalFont), Calls{"Document@1.UndoClear()"}));
+}
+
+TEST_F(MirovelSectionLifeTest, TheEndDoesWhatWaitsInItsOrder)
+{
+    delete busyWriter();
+    EXPECT_EQ(takeCalls(), busyWritersEnd_);
+    EXPECT_EQ(text(), u"Title");
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(alignmentAt(0), standin::model::Alignment::center);
+    EXPECT_EQ(fontAt(4).name, u"Arial");
+}
+
+TEST_F(MirovelSectionLifeTest, TheEndAppliesFontsThatNoStyleRunWaitsFor)
+{
+    MirovelSection* const writer = newWriter();
+    writer->insertText(L"ab");
+    writer->applyStyle();
+    writer->setFont(heading9Font.data());
+    writer->insertText(L"cd");
+    takeCalls();
+    delete writer;
+    EXPECT_EQ(takeCalls(), join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font),
+                                Calls{"Document@1.UndoClear()"}));
+}
+
+TEST_F(MirovelSectionLifeTest, EveryFailureAtTheEndStopsTheRestAndLeaves)
+{
+    for (std::size_t call = 1; call <= busyWritersEnd_.size(); ++call) {
+        MirovelSection::clearCache();
+        standin::Session session;
+        Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+        auto* writer = new MirovelSection(session.application(), document, document->Range());
+        writer->deleteRange();
+        writer->setTextAlign(2);
+        writer->setStyle("Heading 1", false);
+        writer->insertText(L"Title");
+        session.clearTranscript();
+
+        session.failCall(static_cast<long>(call), static_cast<HRESULT>(0x800A16C1));
+        EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }),
+                  static_cast<HRESULT>(0x800A16C1));
+
+        Calls expected(busyWritersEnd_.begin(), busyWritersEnd_.begin() + static_cast<std::ptrdiff_t>(call));
+        std::string& last = expected.back();
+        last = last.substr(0, last.find(" -> ")) + " !! 0x800a16c1";
+        EXPECT_EQ(session.transcript(), expected);
+
+        document = nullptr;
+        EXPECT_EQ(session.liveObjects(), 0) << "call " << call;
+    }
+}
+
+TEST_F(MirovelSectionLifeTest, AFailureWhileTheStackUnwindsStaysInside)
+{
+    struct EndsTheWriter
+    {
+        MirovelSection* writer;
+        ~EndsTheWriter() { delete writer; }
+    };
+    int caught = 0;
+    try {
+        const EndsTheWriter owner{busyWriter()};
+        session_.failCall(2, E_FAIL);
+        throw 42;
+    } catch (int number) {
+        caught = number;
+    }
+    EXPECT_EQ(caught, 42);
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.Start = 0", "Range@1.End = 5 !! 0x80004005"}))
+        << "it is tried, and the first failure stops the rest";
+}
+
+TEST_F(MirovelSectionLifeTest, AWordThatHasGoneIsReportedByTheEnd)
+{
+    MirovelSection* writer = busyWriter();
+    application_->Quit();
+    EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }), RPC_E_DISCONNECTED);
+}
+
+TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
+{
+    MirovelSection* writer = busyWriter();
+    document_->Close();
+    takeCalls();
+    EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }), static_cast<HRESULT>(0x800A16C1));
+    EXPECT_EQ(takeCalls(), Calls{"Range@1.Start = 0 !! 0x800a16c1"});
+}
+
+TEST_F(MirovelSectionLifeTest, AFailedConstructionHoldsNothing)
+{
+    const long held = session_.liveObjects();
+    session_.failCall(1, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { newWriter(); }), E_FAIL);
+    session_.failCall(2, E_FAIL);
+    EXPECT_EQ(reasonOf([&] { newWriter(); }), "ERR Unknown style: Normal");
+    for (int pageCall = 10; pageCall <= 13; ++pageCall) {
+        MirovelSection::clearCache();
+        takeCalls();
+        session_.failCall(pageCall, E_FAIL);
+        EXPECT_EQ(comErrorOf([&] { newWriter(); }), E_FAIL) << "call " << pageCall;
+        EXPECT_EQ(takeCalls().size(), static_cast<std::size_t>(pageCall)) << "nothing is applied";
+    }
+    EXPECT_EQ(session_.liveObjects(), held);
+}
+
+TEST_F(MirovelSectionLifeTest, WithoutADocumentThereIsNoWriter)
+{
+    EXPECT_EQ(comErrorOf([&] { new MirovelSection(application_, Word::_DocumentPtr(), range_); }), E_POINTER);
+    EXPECT_EQ(takeCalls(), Calls{});
+}
+
+TEST_F(MirovelSectionLifeTest, ACopySharesTheStateAndLeavesTheWorkToItsOriginal)
+{
+    MirovelSection* const writer = busyWriter();
+    {
+        MirovelSection copy(*writer);
+        MirovelSection copyOfCopy(copy);
+        EXPECT_EQ(&MirovelSectionProbe::data(copy), &MirovelSectionProbe::data(*writer));
+        EXPECT_EQ(&MirovelSectionProbe::data(copyOfCopy), &MirovelSectionProbe::data(*writer));
+        copyOfCopy.insertText(L"s");
+        takeCalls();
+    }
+    EXPECT_EQ(takeCalls(), Calls{}) << "copies go without work";
+    EXPECT_EQ(MirovelSectionProbe::data(*writer).pos, 6);
+    delete writer;
+    EXPECT_EQ(takeCalls().at(1), "Range@1.End = 6");
+    EXPECT_EQ(text(), u"Titles");
+}
+
+TEST_F(MirovelSectionLifeTest, AssignmentCompletesOnesOwnWorkFirst)
+{
+    MirovelSection* const writer = busyWriter();
+    const Word::RangePtr header = headerRange();
+    auto* const other = new MirovelSection(application_, document_, header);
+    other->insertText(L"head");
+    takeCalls();
+
+    *writer = *other;
+    EXPECT_EQ(takeCalls(), busyWritersEnd_);
+    EXPECT_EQ(&MirovelSectionProbe::data(*writer), &MirovelSectionProbe::data(*other));
+    writer->insertText(L"er");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("er"))"});
+    delete writer;
+    EXPECT_EQ(takeCalls(), Calls{}) << "it has become a copy";
+    EXPECT_EQ(MirovelSectionProbe::data(*other).pos, 6);
+    delete other;
+    EXPECT_EQ(takeCalls().at(1), "Range@2.End = 6");
+}
+
+TEST_F(MirovelSectionLifeTest, AssignmentToItselfChangesNothing)
+{
+    MirovelSection* const writer = busyWriter();
+    const MirovelSection& same = *writer;
+    *writer = same;
+    MirovelSection copy(*writer);
+    *writer = copy;
+    EXPECT_EQ(takeCalls(), Calls{});
+    delete writer;
+    EXPECT_EQ(takeCalls(), busyWritersEnd_);
+}
+
+TEST_F(MirovelSectionLifeTest, AFailureOfOnesOwnWorkLeavesTheAssignment)
+{
+    MirovelSection* const writer = busyWriter();
+    auto* const other = new MirovelSection(application_, document_, headerRange());
+    takeCalls();
+    session_.failCall(3, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { *writer = *other; }), E_FAIL);
+    EXPECT_EQ(takeCalls().size(), 3U);
+    delete writer;
+    EXPECT_EQ(takeCalls(), Calls{});
+    delete other;
+}
+
+TEST_F(MirovelSectionLifeTest, TakesACopyOfATrace)
+{
+    MirovelSection* const writer = newWriter();
+    Trace trace;
+    trace.open("writer-tests.log");
+    trace.setLevel(10);
+    writer->setTrace(trace);
+    trace.setLevel(0);
+    EXPECT_TRUE(MirovelSectionProbe::data(*writer).trace.isTrace(10));
+    EXPECT_EQ(takeCalls(), Calls{});
+    delete writer;
+}
+
+} // namespace

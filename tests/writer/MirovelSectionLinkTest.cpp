@@ -1,0 +1,117 @@
+#include "WriterFixture.h"
+
+#include "TextConversion.h"
+
+#include <string>
+
+namespace {
+
+using MirovelSectionLinkTest = ClientWriterTest;
+
+TEST_F(MirovelSectionLinkTest, WritesTheTextAndRecordsTheLink)
+{
+    writer().insertText(L"see ");
+    takeCalls();
+    writer().insertHyperLink("item", "b7", false);
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 4", R"(Range@1.InsertAfter("item"))", "Range@1.End -> 8"}));
+    EXPECT_EQ(data().pos, 8);
+    EXPECT_EQ(text(), u"see item");
+    ASSERT_EQ(data().links.size(), 1U);
+    const HyperLink& link = data().links.front();
+    EXPECT_STREQ(link.subAddress.data(), "b7");
+    EXPECT_TRUE(link.address.isEmpty());
+    EXPECT_EQ(link.start, 4);
+    EXPECT_EQ(link.end, 8);
+    EXPECT_FALSE(link.resolved);
+    EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
+}
+
+TEST_F(MirovelSectionLinkTest, WithoutATargetOnlyWritesTheText)
+{
+    writer().insertHyperLink("item", "", true);
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("item"))", "Range@1.End -> 4"}));
+    EXPECT_TRUE(data().links.empty());
+    EXPECT_EQ(data().pos, 4);
+}
+
+TEST_F(MirovelSectionLinkTest, LiesWhereWordSaysAndCountsTheTextsFullLength)
+{
+    writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
+    takeCalls();
+    writer().insertHyperLink("c\r\nd", "b1", true);
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Range@1.End -> 4", R"(Range@1.InsertAfter("c\r\nd"))", "Range@1.End -> 7"}));
+    EXPECT_EQ(data().links.front().start, 4);
+    EXPECT_EQ(data().links.front().end, 7);
+    EXPECT_EQ(data().pos, 7) << "line feeds are not subtracted here";
+}
+
+TEST_F(MirovelSectionLinkTest, WebAddressesAndFilesAreAddresses)
+{
+    wchar_t program[MAX_PATH] = {};
+    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
+    const QdxString file = toNarrow(program);
+    for (const QdxString& target : {QdxString("http://example.org/a"), QdxString("www.example.org"), file}) {
+        writer().insertHyperLink("x", target, true);
+        EXPECT_STREQ(data().links.back().address.data(), target.data());
+        EXPECT_TRUE(data().links.back().subAddress.isEmpty());
+    }
+    QdxString missing = file;
+    missing.append(".not there");
+    writer().insertHyperLink("x", missing, true);
+    EXPECT_STREQ(data().links.back().subAddress.data(), missing.data());
+    EXPECT_TRUE(data().links.back().address.isEmpty());
+}
+
+TEST_F(MirovelSectionLinkTest, ResolveFindsEveryLinkToABookmark)
+{
+    writer().insertHyperLink("1", "b1", false);
+    writer().insertHyperLink("2", "b2", false);
+    writer().insertHyperLink("3", "b1", false);
+    writer().insertHyperLink("4", "B1", false);
+    writer().insertHyperLink("5", "b11", false);
+    takeCalls();
+    writer().resolve("b1");
+    EXPECT_EQ(takeCalls(), Calls{});
+    std::string resolved;
+    for (const HyperLink& link : data().links)
+        resolved += link.resolved ? '1' : '0';
+    EXPECT_EQ(resolved, "10100");
+}
+
+TEST_F(MirovelSectionLinkTest, LinksThatAreNeverResolvedStayPlainText)
+{
+    writer().insertText(L"see ");
+    writer().insertHyperLink("item", "b1", false);
+    const Calls calls = finish();
+    EXPECT_EQ(calls, join(rangeLaid(0, 8), Calls{"Range@1.Style = -1"}, rangeLaid(0, 8),
+                          fontWritten("Range@1", 2, normalFont), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(text(), u"see item");
+}
+
+TEST_F(MirovelSectionLinkTest, TheTableOfContentsMovesForALinkInFrontOfItAlone)
+{
+    struct Case
+    {
+        std::int32_t tocStartPos;
+        std::int32_t expectedPos;
+    };
+    for (const Case& c : {Case{5, 42 + 3}, Case{4, 3}, Case{3, 3}}) {
+        data().links.clear();
+        data().pos = 0;
+        writer().deleteRange();
+        writer().insertHyperLink("item", "b1", true);
+        data().tocStartPos = c.tocStartPos;
+        data().tocPos = 3;
+        takeCalls();
+        session_.failCall(4, E_FAIL);
+        EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }), E_FAIL);
+        EXPECT_EQ(takeCalls(), (Calls{"Document@1.UndoClear()", "Range@1.Start = 0", "Range@1.End = 4",
+                                      "Document@1.Hyperlinks !! 0x80004005"}));
+        EXPECT_EQ(data().tocPos, c.expectedPos) << "for a table of contents at " << c.tocStartPos;
+        EXPECT_EQ(data().links.size(), 1U) << "what could not be drawn stays";
+    }
+    data().tocPos = 0;
+}
+
+} // namespace

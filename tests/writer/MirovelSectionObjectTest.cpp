@@ -1,0 +1,118 @@
+// Spreadsheets and presentations are inserted as objects.
+#include "FileWriterTest.h"
+
+#include "InlineShape.h"
+
+namespace {
+
+namespace model = standin::model;
+
+class MirovelSectionObjectTest : public FileWriterTest
+{
+protected:
+    const QdxString sheet_ = write("report.xls", "sheet");
+    const QdxString slides_ = write("show.ppt", "slides");
+};
+
+std::string objectAdded(int shapes, const std::string& classType, const QdxString& file, const char* link,
+                        const char* icon, const char* label)
+{
+    return "InlineShapes@" + std::to_string(shapes) + ".AddOLEObject(" + classType + ", " + quoted(file) +
+           ", " + link + ", true, \"" + icon + "\", 1s, \"" + label + "\", missing) -> InlineShape@" +
+           std::to_string(shapes);
+}
+
+TEST_F(MirovelSectionObjectTest, ASpreadsheetIsEmbeddedAsAnIcon)
+{
+    writer().insertText(L"a ");
+    takeCalls();
+    writer().insertFile(sheet_, 0);
+    // An embedded object stands in a field: the code ` EMBED Excel.Sheet `, the object and three characters.
+    EXPECT_EQ(
+        takeCalls(),
+        (Calls{R"(Range@1.InsertAfter("X"))", "Range@1.Start = 2", "Range@1.InlineShapes -> InlineShapes@1",
+               objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls"),
+               "Range@1.End -> 26", "Range@1.Start = 25", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 25);
+    EXPECT_EQ(text(), u"a \x13 EMBED Excel.Sheet \x14\x01\x15");
+    writer().insertText(L" b");
+    EXPECT_EQ(text(), u"a \x13 EMBED Excel.Sheet \x14\x01\x15 b");
+}
+
+TEST_F(MirovelSectionObjectTest, APresentationIsEmbeddedAsAnIcon)
+{
+    writer().insertFile(slides_, 1);
+    EXPECT_EQ(takeCalls()[3],
+              objectAdded(1, "\"PowerPoint.Show\"", slides_, "false", "PowerPnt.exe", "show.ppt"));
+}
+
+TEST_F(MirovelSectionObjectTest, AsALinkItHasNoClass)
+{
+    writer().insertFile(sheet_, 2);
+    EXPECT_EQ(takeCalls()[3], objectAdded(1, "empty", sheet_, "true", "excel.exe", "report.xls"));
+    writer().insertFile(slides_, 2);
+    EXPECT_EQ(takeCalls()[3], objectAdded(2, "empty", slides_, "true", "PowerPnt.exe", "show.ppt"));
+    EXPECT_TRUE(text().find(u" LINK ") != std::u16string::npos);
+    EXPECT_TRUE(data().links.empty());
+}
+
+TEST_F(MirovelSectionObjectTest, AsAHyperlinkOrAnythingElseItIsEmbeddedAllTheSame)
+{
+    int number = 0;
+    for (const std::int16_t kind : std::initializer_list<std::int16_t>{4, 3, -1, 32767}) {
+        writer().insertFile(sheet_, kind);
+        EXPECT_EQ(takeCalls()[3],
+                  objectAdded(++number, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls"));
+    }
+    EXPECT_TRUE(data().links.empty());
+}
+
+TEST_F(MirovelSectionObjectTest, InACellUsesNoPlaceholder)
+{
+    openTable();
+    const std::int32_t pos = data().pos;
+    writer().insertFile(sheet_, 0);
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Range@3.End -> 3", "Range@3.Start = 2", "Range@3.InlineShapes -> InlineShapes@1",
+                     objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls")}));
+    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(cellTexts(), u"in\x13 EMBED Excel.Sheet \x14\x01\x15");
+}
+
+TEST_F(MirovelSectionObjectTest, ExtensionsAreComparedWithTheirCase)
+{
+    openTrace(1);
+    writer().insertFile("no such.XLS", 0);
+    EXPECT_EQ(log(), "ERR File not found: no such.XLS\r\n");
+    writer().insertFile("no such.PPT", 4);
+    EXPECT_EQ(data().links.size(), 1U) << "any file, so a link";
+}
+
+TEST_F(MirovelSectionObjectTest, AMissingOneAsAHyperlinkIsAskedOfWord)
+{
+    openTrace(1);
+    EXPECT_TRUE(comErrorOf([&] { writer().insertFile("c:\\no such.xls", 4); }).has_value());
+    EXPECT_EQ(log(), "ERR File not found: c:\\no such.xls\r\n");
+    EXPECT_EQ(text(), u"X") << "the placeholder stays";
+    EXPECT_EQ(data().pos, 1);
+}
+
+TEST_F(MirovelSectionObjectTest, AFailureAtEachCallLeavesWhatWasDone)
+{
+    const std::array<std::int32_t, 7> positions = {0, 1, 1, 1, 1, 23, 23};
+    for (std::size_t call = 1; call <= positions.size(); ++call) {
+        SCOPED_TRACE(call);
+        data().pos = 0;
+        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().insertFile(sheet_, 0); }), E_ACCESSDENIED);
+        session_.clearFaults();
+        EXPECT_EQ(data().pos, positions.at(call - 1));
+        EXPECT_EQ(text().ends_with(u"X"), call > 1);
+        range_->PutStart(0);
+        if (!text().empty())
+            range_->Delete();
+    }
+    data().pos = 0;
+}
+
+} // namespace

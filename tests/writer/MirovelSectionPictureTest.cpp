@@ -1,0 +1,212 @@
+#include "FileWriterTest.h"
+
+#include "InlineShape.h"
+#include "SamplePictures.h"
+
+#include <array>
+
+namespace {
+
+namespace model = standin::model;
+
+class MirovelSectionPictureTest : public FileWriterTest
+{
+protected:
+    std::vector<model::PlacedShape> shapes() const
+    {
+        const std::shared_ptr<model::Story> story = model().mainStory();
+        std::vector<model::PlacedShape> shapes;
+        for (const model::Position place : model::shapesIn(model::LiveRange(story, 0, story->length())))
+            shapes.emplace_back(story, place);
+        return shapes;
+    }
+
+    const QdxString picture_ = write("a.emf", sample::emf());
+};
+
+Calls pictureAdded(const std::string& range, int shapes, const QdxString& file)
+{
+    const std::string collection = "InlineShapes@" + std::to_string(shapes);
+    return {range + ".InlineShapes -> " + collection, collection + ".AddPicture(" + quoted(file) +
+                                                          ", false, true, missing) -> InlineShape@" +
+                                                          std::to_string(shapes)};
+}
+
+TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
+{
+    writer().insertText(L"a ");
+    takeCalls();
+    writer().insertImage(picture_, "", 0, 0, true);
+    EXPECT_EQ(takeCalls(), join(Calls{R"(Range@1.InsertAfter("X"))", "Range@1.Start = 2"},
+                                pictureAdded("Range@1", 1, picture_),
+                                Calls{"Range@1.Start = 3", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"a \x01");
+    ASSERT_EQ(shapes().size(), 1U);
+    EXPECT_EQ(shapes().front().shape().width, 72);
+    EXPECT_EQ(shapes().front().shape().height, 36);
+    EXPECT_EQ(shapes().front().shape().type, model::InlineShapeType::picture);
+    writer().insertText(L" b");
+    EXPECT_EQ(text(), u"a \x01 b");
+    EXPECT_EQ(data().pos, 5);
+}
+
+TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
+{
+    writer().insertImage(picture_, "", 30, 0, true);
+    EXPECT_EQ(takeCalls()[4], "InlineShape@1.Width = 30f");
+    writer().insertImage(picture_, "", 0, 40, true);
+    EXPECT_EQ(takeCalls()[4], "InlineShape@2.Height = 40f");
+    writer().insertImage(picture_, "", 50, 60, true);
+    const Calls calls = takeCalls();
+    EXPECT_EQ(calls[4], "InlineShape@3.Width = 50f");
+    EXPECT_EQ(calls[5], "InlineShape@3.Height = 60f");
+    EXPECT_EQ(shapes()[0].shape().width, 30);
+    EXPECT_EQ(shapes()[1].shape().height, 40);
+    EXPECT_EQ(shapes()[2].shape().width, 50);
+    EXPECT_EQ(shapes()[2].shape().height, 60);
+    EXPECT_EQ(data().pos, 3);
+}
+
+TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholder)
+{
+    EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, "", -1, 0, true); }),
+              static_cast<HRESULT>(0x800A1200));
+    EXPECT_EQ(text(), u"\x01X");
+    EXPECT_EQ(data().pos, 2);
+}
+
+TEST_F(MirovelSectionPictureTest, LeadsToItsLink)
+{
+    writer().insertText(L"a");
+    writer().insertImage(picture_, "b1", 0, 0, false);
+    ASSERT_EQ(data().links.size(), 1U);
+    const HyperLink& link = data().links.front();
+    EXPECT_EQ(link.start, 1);
+    EXPECT_EQ(link.end, 2);
+    EXPECT_STREQ(link.subAddress.data(), "b1");
+    EXPECT_FALSE(link.resolved);
+    EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
+    writer().resolve("b1");
+    finish();
+    EXPECT_EQ(text(), u"a\x13 HYPERLINK  \\l \"b1\" \x14\x01\x15");
+}
+
+TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
+{
+    openTable();
+    const std::int32_t pos = data().pos;
+    writer().insertImage(picture_, "http://example.org", 10, 0, true);
+    EXPECT_EQ(takeCalls(), join(Calls{"Range@3.End -> 3", "Range@3.Start = 2"},
+                                pictureAdded("Range@3", 1, picture_), Calls{"InlineShape@1.Width = 10f"}));
+    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(cellTexts(), u"in\x01");
+    ASSERT_EQ(data().links.size(), 1U);
+    EXPECT_EQ(data().links.front().start, 2);
+    EXPECT_EQ(data().links.front().end, 3);
+    EXPECT_STREQ(data().links.front().address.data(), "http://example.org");
+    writer().insertText(L"!");
+    writer().endTable();
+    EXPECT_EQ(cellTexts(), u"in\x01!");
+    finish();
+    EXPECT_EQ(cellTexts(), u"in\x13 HYPERLINK \"http://example.org\" \x14\x01\x15!");
+}
+
+TEST_F(MirovelSectionPictureTest, OfABareNameIsLookedForInTheInstallation)
+{
+    const QdxString installed = write("installed\\pix\\no such logo.gif", sample::gif());
+    writer().insertImage("no such logo.gif", "", 0, 0, true);
+    EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, installed)[1]);
+    EXPECT_EQ(text(), u"\x01");
+}
+
+TEST_F(MirovelSectionPictureTest, OfANameWithADirectoryIsNotLookedForElsewhere)
+{
+    write("installed\\pix\\logo.gif", sample::gif());
+    openTrace(1);
+    writer().insertImage("no such folder\\logo.gif", "", 0, 0, true);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), "ERR File not found: no such folder\\logo.gif\r\n");
+}
+
+TEST_F(MirovelSectionPictureTest, OfAnotherExtensionIsNotLookedForElsewhere)
+{
+    write("installed\\pix\\logo.GIF", sample::gif());
+    openTrace(1);
+    writer().insertImage("logo.GIF", "", 0, 0, true);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), "ERR File not found: logo.GIF\r\n");
+}
+
+TEST_F(MirovelSectionPictureTest, ThatIsMissingIsTracedByTheNameGiven)
+{
+    openTrace(1);
+    writer().insertText(L"text");
+    takeCalls();
+    writer().insertImage("logo.gif", "b1", 0, 0, true);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), "ERR File not found: logo.gif\r\n");
+    EXPECT_TRUE(data().links.empty());
+    EXPECT_EQ(text(), u"text");
+}
+
+TEST_F(MirovelSectionPictureTest, WithoutANameIsNotTraced)
+{
+    openTrace(10);
+    writer().insertImage("", "b1", 0, 0, true);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(MirovelSectionPictureTest, IsNotTracedAtLevelZero)
+{
+    openTrace(0);
+    writer().insertImage("no such logo.gif", "", 0, 0, true);
+    EXPECT_EQ(log(), "");
+}
+
+// insertImage asks Word whatever the extension is.
+TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
+{
+    for (const char* name : {"empty.gif", "text.gif", "text.txt"}) {
+        const QdxString file = write(name, name[0] == 'e' ? "" : "no picture");
+        takeCalls();
+        EXPECT_TRUE(comErrorOf([&] { writer().insertImage(file, "b1", 0, 0, true); }).has_value()) << name;
+        EXPECT_EQ(takeCalls().size(), 4U);
+    }
+    EXPECT_EQ(text(), u"XXX");
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_TRUE(data().links.empty());
+}
+
+TEST_F(MirovelSectionPictureTest, MayHaveSpacesInItsName)
+{
+    const QdxString file = write("a folder\\my logo 1.bmp", sample::bmp());
+    writer().insertImage(file, "", 0, 0, true);
+    EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, file)[1]);
+    EXPECT_EQ(text(), u"\x01");
+}
+
+TEST_F(MirovelSectionPictureTest, AFailureAtEachCallLeavesWhatWasDone)
+{
+    const std::array<std::u16string, 8> texts = {u"",      u"X",     u"X",     u"X",
+                                                 u"\x01X", u"\x01X", u"\x01X", u"\x01X"};
+    const std::array<std::int32_t, 8> positions = {0, 1, 1, 1, 2, 2, 1, 1};
+    for (std::size_t call = 1; call <= texts.size(); ++call) {
+        SCOPED_TRACE(call);
+        data().pos = 0;
+        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, "b1", 10, 20, false); }), E_ACCESSDENIED);
+        session_.clearFaults();
+        EXPECT_EQ(text(), texts.at(call - 1));
+        EXPECT_EQ(data().pos, positions.at(call - 1));
+        EXPECT_EQ(data().links.size(), call > 6 ? 1U : 0U);
+        range_->PutStart(0);
+        if (!text().empty())
+            range_->Delete();
+        data().links.clear();
+    }
+    data().pos = 0;
+}
+
+} // namespace

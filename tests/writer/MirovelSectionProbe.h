@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MirovelSectionData.h"
+#include "mirovelsection.h"
+
+/// A writer's friend: reads its counters, and reaches what only the writer itself calls.
+class MirovelSectionProbe
+{
+public:
+    static MirovelSectionData& data(MirovelSection& writer) { return *writer.data_; }
+
+    static void setRange(MirovelSection& writer, const Word::RangePtr& range) { writer.setRange(range); }
+    static void checkForEndl(MirovelSection& writer) { writer.checkForEndl(); }
+    static void deleteLastChar(MirovelSection& writer) { writer.deleteLastChar(); }
+    static void drawHyperLinks(MirovelSection& writer) { writer.drawHyperLinks(); }
+    static void applyAlign(MirovelSection& writer) { writer.applyAlign(); }
+
+    static QdxString realStyle(const char* name) { return MirovelSection::getRealStyle(name); }
+    static int level(const char* prefix, const char* name) { return MirovelSection::getLevel(prefix, name); }
+    static FontData findFont(MirovelSection& writer, const char* style) { return writer.findFont(style); }
+    static void readFont(FontData& font, const Word::_FontPtr& source)
+    {
+        MirovelSection::fromFontPtr(font, source);
+    }
+    static void writeFont(const Word::_FontPtr& target, const FontData& font)
+    {
+        MirovelSection::toFontPtr(target, font);
+    }
+};

@@ -1,0 +1,383 @@
+#include "WriterFixture.h"
+
+#include <array>
+
+namespace {
+
+using MirovelSectionStyleTest = WriterTest;
+
+/// What changing from an empty run in "Normal" costs when the new style's font is known already.
+Calls emptyNormalRunApplied(int fontNumber)
+{
+    return join(rangeLaid(0, 0), Calls{"Range@1.Style = -1"}, rangeLaid(0, 0),
+                fontWritten("Range@1", fontNumber, normalFont));
+}
+
+TEST_F(MirovelSectionStyleTest, StartsARunAndAppliesTheOneBefore)
+{
+    writer().insertText(L"body");
+    writer().insertEndl();
+    takeCalls();
+    writer().setStyle("Heading 1", false);
+    EXPECT_EQ(takeCalls(),
+              join(styleFontRead("-2", 2, 2, heading1Font), rangeLaid(0, 5), Calls{"Range@1.Style = -1"},
+                   rangeLaid(0, 5), fontWritten("Range@1", 3, normalFont)));
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    EXPECT_EQ(data().stylePos, 5);
+    EXPECT_EQ(data().pos, 5);
+    EXPECT_EQ(data().lastEndlPos, 5);
+    EXPECT_EQ(writer().getFont(), heading1Font.data());
+    ASSERT_EQ(data().fontRuns.size(), 1U);
+    const FontSave& run = data().fontRuns.front();
+    EXPECT_EQ(run.getStart(), 5);
+    EXPECT_EQ(run.getFont(), heading1Font.data());
+    EXPECT_EQ(run.getRange().GetInterfacePtr(), range_.GetInterfacePtr());
+    EXPECT_FALSE(run.getTable());
+}
+
+TEST_F(MirovelSectionStyleTest, StylesReachTheirOwnParagraphs)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"Title");
+    writer().insertEndl();
+    writer().setStyle("Normal", false);
+    writer().insertText(L"body");
+    writer().insertEndl();
+    writer().setStyle("Heading 2", false);
+    writer().insertText(L"Part");
+    writer().insertEndl();
+    finish();
+    EXPECT_EQ(text(), u"Title\rbody\rPart\r");
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(styleAt(6), u"Normal");
+    EXPECT_EQ(styleAt(11), u"Heading 2");
+    EXPECT_EQ(fontAt(0).name, u"Arial");
+    EXPECT_EQ(fontAt(0).size, 16.0F);
+    EXPECT_EQ(fontAt(0).bold, true);
+    EXPECT_EQ(fontAt(0).italic, false);
+    EXPECT_EQ(fontAt(6).name, u"Times New Roman");
+    EXPECT_EQ(fontAt(6).bold, false);
+    EXPECT_EQ(fontAt(11).size, 14.0F);
+    EXPECT_EQ(fontAt(11).italic, true);
+}
+
+TEST_F(MirovelSectionStyleTest, TheStyleInForceIsNotStartedAgain)
+{
+    writer().insertText(L"open paragraph");
+    data().stylePos = 4; // a paragraph end would be written here
+    data().lastEndlPos = 2;
+    takeCalls();
+    writer().setStyle("Normal", false);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(data().stylePos, 4);
+    EXPECT_EQ(data().pos, 14);
+    EXPECT_EQ(data().fontRuns.size(), 1U);
+    EXPECT_EQ(text(), u"open paragraph");
+    data().stylePos = 0;
+}
+
+TEST_F(MirovelSectionStyleTest, ForceStartsTheStyleInForceAgain)
+{
+    writer().insertText(L"body");
+    takeCalls();
+    writer().setStyle("Normal", true);
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 4), Calls{"Range@1.Style = -1"}, rangeLaid(0, 4),
+                                fontWritten("Range@1", 2, normalFont)));
+    EXPECT_EQ(data().stylePos, 4);
+    EXPECT_EQ(data().pos, 4);
+    ASSERT_EQ(data().fontRuns.size(), 1U)
+        << "the style's font is recorded anew, since its name was forgotten";
+    EXPECT_EQ(data().fontRuns.front().getStart(), 4);
+    EXPECT_EQ(writer().getFont(), normalFont.data());
+}
+
+TEST_F(MirovelSectionStyleTest, NamesOfStylesAreComparedByteForByte)
+{
+    writer().setStyle("normal", false);
+    EXPECT_EQ(takeCalls(), join(styleFontRead(R"("normal")", 2, 2, normalFont), emptyNormalRunApplied(3)));
+    EXPECT_STREQ(data().styleName.data(), "normal");
+}
+
+TEST_F(MirovelSectionStyleTest, EndsAnOpenParagraphFirst)
+{
+    writer().insertText(L"x");
+    writer().setStyle("Heading 1", false); // begins inside the paragraph
+    writer().insertText(L"T");
+    takeCalls();
+    writer().setStyle("Heading 2", false);
+    EXPECT_EQ(takeCalls(),
+              join(Calls{R"(Range@1.InsertAfter("\n"))"}, styleFontRead("-3", 3, 4, heading2Font),
+                   rangeLaid(1, 3), Calls{"Range@1.Style = -2"}, rangeLaid(1, 3),
+                   fontWritten("Range@1", 5, heading1Font)));
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(data().lastEndlPos, 3);
+    EXPECT_EQ(data().stylePos, 3);
+    EXPECT_EQ(text(), u"xT\r");
+}
+
+TEST_F(MirovelSectionStyleTest, LeavesAParagraphOpenWhoseStyleBeganBehindAParagraphEnd)
+{
+    writer().insertText(L"x");
+    writer().insertEndl();
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T");
+    takeCalls();
+    writer().setStyle("Normal", false);
+    EXPECT_EQ(takeCalls(), join(rangeLaid(2, 3), Calls{"Range@1.Style = -2"}, rangeLaid(2, 3),
+                                fontWritten("Range@1", 4, heading1Font)));
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"x\rT");
+}
+
+TEST_F(MirovelSectionStyleTest, BuiltInStylesGoByTheirNumber)
+{
+    struct Style
+    {
+        const char* name;
+        const char* argument;
+    };
+    constexpr std::array styles = {
+        Style{"Heading 1", "-2"}, Style{"Heading 2", "-3"}, Style{"Heading 3", "-4"},
+        Style{"Heading 4", "-5"}, Style{"Heading 5", "-6"}, Style{"Heading 6", "-7"},
+        Style{"Heading 7", "-8"}, Style{"Heading 8", "-9"}, Style{"Heading 9", "-10"},
+        Style{"Header", "-32"},   Style{"Footer", "-33"},   Style{"Normal", "-1"}};
+    int number = 1;
+    MirovelSection::clearCache();
+    for (const Style& style : styles) {
+        MirovelSectionProbe::findFont(writer(), style.name);
+        const Calls calls = takeCalls();
+        ++number;
+        ASSERT_FALSE(calls.empty());
+        EXPECT_EQ(calls.front(),
+                  std::string("Styles@1.Item(") + style.argument + ") -> Style@" + std::to_string(number));
+        writer().setStyle(style.name, true);
+        takeCalls();
+        writer().applyStyle();
+        EXPECT_EQ(takeCalls().at(2), std::string("Range@1.Style = ") + style.argument);
+    }
+}
+
+TEST_F(MirovelSectionStyleTest, OtherStylesGoByName)
+{
+    addStyle(u"Custom", {.name = u"Courier New", .size = 9.0F});
+    const FontLook customFont{"Courier New", 9};
+    writer().setStyle("Custom", false);
+    EXPECT_EQ(takeCalls(), join(styleFontRead(R"("Custom")", 2, 2, customFont), emptyNormalRunApplied(3)));
+    writer().insertText(L"text");
+    EXPECT_EQ(finish(), join(rangeLaid(0, 4), Calls{R"(Range@1.Style = "Custom")"}, rangeLaid(0, 4),
+                             fontWritten("Range@1", 4, customFont), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(styleAt(0), u"Custom");
+    EXPECT_EQ(fontAt(0).name, u"Courier New");
+    EXPECT_EQ(fontAt(0).size, 9.0F);
+}
+
+TEST_F(MirovelSectionStyleTest, ANameOutsideAsciiReachesWordAsUnicode)
+{
+    addStyle(u"Gr\u00fc\u00dfe");
+    writer().setStyle("Gr\xfc\xdf"
+                      "e",
+                      false);
+    EXPECT_EQ(takeCalls().front(), R"(Styles@1.Item("Gr\u00fc\u00dfe") -> Style@2)");
+}
+
+TEST_F(MirovelSectionStyleTest, DeepHeadingsAreWrittenAsHeading9)
+{
+    writer().setStyle("Heading 10", false);
+    EXPECT_EQ(takeCalls(), join(styleFontRead("-10", 2, 2, heading9Font), emptyNormalRunApplied(3)));
+    EXPECT_STREQ(data().styleName.data(), "Heading 10");
+    writer().insertText(L"deep");
+    takeCalls();
+    writer().setStyle("Heading 9", false);
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 4), Calls{"Range@1.Style = -10"}, rangeLaid(0, 4),
+                                fontWritten("Range@1", 4, heading9Font)))
+        << "another name, so another run, but the same font";
+    EXPECT_EQ(styleAt(0), u"Heading 9");
+}
+
+TEST_F(MirovelSectionStyleTest, ResolvesWhateverEndsInANumberAboveNine)
+{
+    const auto real = [](const char* name) {
+        return std::string(MirovelSectionProbe::realStyle(name).data());
+    };
+    EXPECT_EQ(real("Normal"), "Normal");
+    EXPECT_EQ(real("Heading 1"), "Heading 1");
+    EXPECT_EQ(real("Heading 9"), "Heading 9");
+    EXPECT_EQ(real("Heading 10"), "Heading 9");
+    EXPECT_EQ(real("Heading 012"), "Heading 9");
+    EXPECT_EQ(real("My style12"), "Heading 9");
+    EXPECT_EQ(real("My style 9"), "My style 9");
+    EXPECT_EQ(real("Heading -20"), "Heading -20");
+    EXPECT_EQ(real("Style 12"), "Style 12") << "nothing behind the first eight characters";
+    EXPECT_EQ(real(""), "");
+}
+
+TEST_F(MirovelSectionStyleTest, ANameWithoutANumberIsOfLevelOne)
+{
+    EXPECT_EQ(MirovelSectionProbe::level("Heading ", "Heading 3"), 3);
+    EXPECT_EQ(MirovelSectionProbe::level("Heading ", "Normal"), 1);
+    EXPECT_EQ(MirovelSectionProbe::level("Heading ", "Heading 0"), 1);
+    EXPECT_EQ(MirovelSectionProbe::level("Heading ", "Anything12"), 12);
+    EXPECT_EQ(MirovelSectionProbe::level("", "7"), 7);
+}
+
+TEST_F(MirovelSectionStyleTest, AnUnknownStyleIsNamedAndTheOldOneStays)
+{
+    writer().insertText(L"body");
+    takeCalls();
+    EXPECT_EQ(reasonOf([&] { writer().setStyle("Nope", false); }), "ERR Unknown style: Nope");
+    EXPECT_EQ(takeCalls(), Calls{R"(Styles@1.Item("Nope") !! 0x800a1735)"});
+    EXPECT_STREQ(data().styleName.data(), "Normal");
+    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(data().fontRuns.size(), 1U);
+    EXPECT_EQ(writer().getFont(), normalFont.data());
+}
+
+TEST_F(MirovelSectionStyleTest, AnUnknownStyleIsAskedForEachTime)
+{
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(reasonOf([&] { writer().setStyle("", false); }), "ERR Unknown style: ");
+        EXPECT_EQ(takeCalls(), Calls{R"(Styles@1.Item("") !! 0x800a1735)"});
+    }
+}
+
+TEST_F(MirovelSectionStyleTest, AnUnknownStyleEndsAnOpenParagraphAllTheSame)
+{
+    writer().insertText(L"x");
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T");
+    takeCalls();
+    EXPECT_EQ(reasonOf([&] { writer().setStyle("Nope", false); }), "ERR Unknown style: Nope");
+    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", R"(Styles@1.Item("Nope") !! 0x800a1735)"}));
+    EXPECT_EQ(data().lastEndlPos, 3);
+    EXPECT_EQ(data().stylePos, 1);
+}
+
+TEST_F(MirovelSectionStyleTest, AnyFailureOfWordIsBlamedOnTheNewStyleAsGiven)
+{
+    writer().setStyle("Heading 2", false);
+    const auto expectBlamed = [&](int call) {
+        session_.failCall(call, E_ACCESSDENIED);
+        EXPECT_EQ(reasonOf([&] { writer().setStyle("Heading 12", false); }), "ERR Unknown style: Heading 12")
+            << "call " << call;
+        session_.clearFaults();
+        EXPECT_STREQ(data().styleName.data(), "Heading 2");
+    };
+    for (int lookUp = 1; lookUp <= 8; ++lookUp)
+        expectBlamed(lookUp);
+    MirovelSectionProbe::findFont(writer(), "Heading 9");
+    for (int application = 1; application <= 12; ++application)
+        expectBlamed(application);
+    writer().setStyle("Heading 12", false);
+    EXPECT_STREQ(data().styleName.data(), "Heading 12");
+}
+
+TEST_F(MirovelSectionStyleTest, AFailureToApplyKeepsTheRunOpen)
+{
+    writer().insertText(L"body");
+    writer().insertEndl();
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"Title");
+    takeCalls();
+    session_.failCall(3, static_cast<HRESULT>(0x800A11FD));
+    EXPECT_EQ(reasonOf([&] { writer().setStyle("Normal", false); }), "ERR Unknown style: Normal");
+    EXPECT_EQ(takeCalls(), join(rangeLaid(5, 10), Calls{"Range@1.Style = -2 !! 0x800a11fd"}));
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    EXPECT_EQ(data().stylePos, 5);
+    EXPECT_EQ(data().fontRuns.size(), 1U);
+}
+
+TEST_F(MirovelSectionStyleTest, InATableAppliesNothing)
+{
+    writer().insertText(L"x");
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T"); // an open paragraph
+    takeCalls();
+    openCell(headerRange());
+    writer().setStyle("Normal", false);
+    EXPECT_EQ(takeCalls(), Calls{"Range@2.End -> 1"});
+    EXPECT_STREQ(data().styleName.data(), "Normal");
+    EXPECT_EQ(data().stylePos, 2);
+    EXPECT_EQ(data().fontRuns.size(), 2U);
+    EXPECT_EQ(text(), u"xT");
+    closeCell();
+}
+
+TEST_F(MirovelSectionStyleTest, ApplyStyleClosesTheRun)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"Title");
+    takeCalls();
+    writer().applyStyle();
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 5), Calls{"Range@1.Style = -2"}, rangeLaid(0, 5),
+                                fontWritten("Range@1", 4, heading1Font)));
+    EXPECT_EQ(data().stylePos, -1);
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    EXPECT_TRUE(data().fontRuns.empty());
+    EXPECT_STREQ(writer().getFont().name.data(), "");
+
+    writer().applyStyle();
+    EXPECT_EQ(takeCalls(), Calls{}) << "no run is open";
+}
+
+TEST_F(MirovelSectionStyleTest, ApplyStyleEndsAnOpenParagraph)
+{
+    writer().insertText(L"x");
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T");
+    takeCalls();
+    writer().applyStyle();
+    EXPECT_EQ(takeCalls(),
+              join(Calls{R"(Range@1.InsertAfter("\n"))"}, rangeLaid(1, 3), Calls{"Range@1.Style = -2"},
+                   rangeLaid(1, 3), fontWritten("Range@1", 4, heading1Font)));
+    EXPECT_EQ(data().pos, 3);
+}
+
+TEST_F(MirovelSectionStyleTest, TextGoesOnBehindWhatWasApplied)
+{
+    writer().insertText(L"one");
+    writer().applyStyle();
+    EXPECT_EQ(range_->GetEnd(), 3);
+    writer().insertText(L"two");
+    EXPECT_EQ(text(), u"onetwo");
+}
+
+TEST_F(MirovelSectionStyleTest, AStylesFontIsAskedForOnce)
+{
+    EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());
+    EXPECT_EQ(takeCalls(), styleFontRead("-2", 2, 2, heading1Font));
+    EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());
+    EXPECT_EQ(takeCalls(), Calls{});
+    MirovelSection::clearCache();
+    EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());
+    EXPECT_EQ(takeCalls(), styleFontRead("-2", 3, 3, heading1Font));
+}
+
+TEST_F(MirovelSectionStyleTest, WritersShareTheFontsOfStyles)
+{
+    MirovelSectionProbe::findFont(writer(), "Heading 1");
+    takeCalls();
+    auto* const other = new MirovelSection(application_, document_, headerRange());
+    takeCalls();
+    EXPECT_EQ(MirovelSectionProbe::findFont(*other, "Heading 1"), heading1Font.data());
+    EXPECT_EQ(takeCalls(), Calls{});
+    delete other;
+}
+
+TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)
+{
+    session_.failCall(5, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::findFont(writer(), "Heading 1"); }), E_FAIL);
+    session_.clearFaults();
+    takeCalls();
+    EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());
+    EXPECT_FALSE(takeCalls().empty());
+}
+
+TEST_F(MirovelSectionStyleTest, WithoutStylesRaisesUnknownStyle)
+{
+    data().styles = nullptr;
+    EXPECT_EQ(reasonOf([&] { writer().setStyle("Heading 1", false); }), "ERR Unknown style: Heading 1");
+    EXPECT_EQ(takeCalls(), Calls{});
+}
+
+} // namespace

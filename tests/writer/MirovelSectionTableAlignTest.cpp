@@ -1,0 +1,124 @@
+// Alignments that were set while a table was open.
+#include "WriterFixture.h"
+
+namespace {
+
+using standin::model::Alignment;
+
+class MirovelSectionTableAlignTest : public ClientWriterTest
+{
+protected:
+    void SetUp() override
+    {
+        ClientWriterTest::SetUp();
+        writer().startTable();
+        writer().addRow();
+        takeCalls();
+    }
+
+    void addCell(std::int16_t align, const wchar_t* text)
+    {
+        writer().addCell();
+        writer().setTextAlign(align);
+        writer().insertText(text);
+    }
+
+    /// The cells' alignments: "lcr/j".
+    std::string alignments() const
+    {
+        std::string letters;
+        for (const standin::model::TableRow& row : tables().front().rows()) {
+            letters += letters.empty() ? "" : "/";
+            for (const standin::model::TableCell& cell : row.cells())
+                letters += "lcrj"[static_cast<std::size_t>(alignmentAt(cell.range().start()))];
+        }
+        return letters;
+    }
+};
+
+Calls alignmentWritten(const std::string& range, int number, int alignment)
+{
+    const std::string format = "ParagraphFormat@" + std::to_string(number);
+    return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
+}
+
+TEST_F(MirovelSectionTableAlignTest, BeginsBehindTheCellAndIsAppliedWhenTheTableEnds)
+{
+    writer().addCell();
+    writer().setTextAlign(2);
+    EXPECT_EQ(takeCalls(), Calls{"Range@3.End -> 1"});
+    EXPECT_EQ(data().alignRuns.front().start, 1);
+    EXPECT_EQ(data().alignRuns.front().range.GetInterfacePtr(), data().cellRange.GetInterfacePtr());
+    writer().insertText(L"abc");
+    takeCalls();
+    writer().endTable();
+    EXPECT_EQ(takeCalls(),
+              join(Calls{"Range@3.End -> 4", "Range@3.Start = 1", "Range@3.End = 4"},
+                   alignmentWritten("Range@3", 1, 1),
+                   Calls{"Cells@1.Item(1) -> Cell@2", "Cell@2.SetWidth(430f, 3)", "Range@1.End -> 6"}));
+    EXPECT_TRUE(data().alignRuns.empty());
+    EXPECT_EQ(data().alignment, 0);
+    EXPECT_EQ(alignments(), "c");
+    EXPECT_EQ(alignmentAt(5), Alignment::left) << "the space behind the table";
+}
+
+TEST_F(MirovelSectionTableAlignTest, EachCellHasItsOwn)
+{
+    addCell(2, L"one");
+    addCell(3, L"two");
+    writer().addRow();
+    addCell(4, L"three");
+    addCell(2, L"four");
+    EXPECT_EQ(data().alignRuns.size(), 4U);
+    writer().endTable();
+    EXPECT_EQ(alignments(), "cr/jc");
+    EXPECT_EQ(data().alignment, 0);
+}
+
+TEST_F(MirovelSectionTableAlignTest, BehindTheCellsTextReachesWhatFollowsTheCell)
+{
+    writer().addCell();
+    writer().insertText(L"one");
+    writer().setTextAlign(2); // from 4 to 4, which is the row's mark
+    takeCalls();
+    writer().endTable();
+    EXPECT_EQ(alignments(), "l");
+}
+
+// An alignment is recorded when it changes, and the last one ends with its cell.
+TEST_F(MirovelSectionTableAlignTest, OneThatHoldsForSeveralCellsReachesOnlyTheFirst)
+{
+    addCell(2, L"one");
+    addCell(2, L"two");
+    writer().addRow();
+    addCell(2, L"three");
+    EXPECT_EQ(data().alignRuns.size(), 1U);
+    writer().endTable();
+    EXPECT_EQ(alignments(), "cl/ll");
+}
+
+TEST_F(MirovelSectionTableAlignTest, OneIsAskedForAgainBehindTheTable)
+{
+    addCell(2, L"one");
+    writer().endTable();
+    takeCalls();
+    writer().setTextAlign(2);
+    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Range@1.End -> 7"}));
+    EXPECT_EQ(data().alignment, 2);
+}
+
+TEST_F(MirovelSectionTableAlignTest, AFailureWhenTheTableEndsKeepsItOpen)
+{
+    addCell(2, L"one");
+    for (long call = 1; call <= 5; ++call) {
+        session_.failCall(call, E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), E_ACCESSDENIED) << "call " << call;
+        EXPECT_TRUE(writer().isTableOpen());
+        EXPECT_EQ(data().alignRuns.size(), 1U);
+        EXPECT_EQ(data().alignment, 2);
+    }
+    writer().endTable();
+    EXPECT_EQ(alignments(), "c");
+}
+
+} // namespace

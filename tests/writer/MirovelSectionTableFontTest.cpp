@@ -1,0 +1,347 @@
+// Fonts that were set while a table was open.
+#include "WriterFixture.h"
+
+namespace {
+
+namespace model = standin::model;
+
+constexpr FontLook courier{"Courier New", 9};
+constexpr FontLook bold{"Courier New", 9, true};
+
+/// A table of two rows, two columns and one letter in each cell: at 0 "a", at 2 "b", at 5 "c", at 7 "d".
+class MirovelSectionTableFontTest : public ClientWriterTest
+{
+protected:
+    void openTable()
+    {
+        writer().startTable();
+        writer().addRow();
+    }
+
+    void addCell(const wchar_t* text)
+    {
+        writer().addCell();
+        writer().insertText(text);
+    }
+
+    /// Sets the font in front of what the next cell holds.
+    void addCell(const FontLook& font, const wchar_t* text)
+    {
+        writer().addCell();
+        writer().setFont(font.data());
+        writer().insertText(text);
+    }
+
+    /// Which cells have `face`, as "+-/++".
+    std::string cellsIn(const char16_t* face) const
+    {
+        std::string marks;
+        for (const model::TableRow& row : tables().front().rows()) {
+            marks += marks.empty() ? "" : "/";
+            for (const model::TableCell& cell : row.cells())
+                marks += fontAt(cell.range().start()).name == face ? '+' : '-';
+        }
+        return marks;
+    }
+
+    std::string runsRecorded()
+    {
+        std::string runs;
+        for (const FontSave& run : data().fontRuns)
+            runs += (run.getTable() ? "cell " : "text ") + std::to_string(run.getRow()) + ',' +
+                    std::to_string(run.getCol()) + " from " + std::to_string(run.getStart()) + "; ";
+        return runs;
+    }
+};
+
+/// A font is written into a cell of Table@1; `found` is the cell's start when Word was asked for it.
+Calls cellWritten(int row, int column, int cell, int range, int font, std::int32_t start, std::int32_t end,
+                  bool asked, const FontLook& look)
+{
+    const std::string cellName = "Cell@" + std::to_string(cell);
+    const std::string rangeName = "Range@" + std::to_string(range);
+    Calls calls = {"Table@1.Cell(" + std::to_string(row) + ", " + std::to_string(column) + ") -> " + cellName,
+                   cellName + ".Range -> " + rangeName};
+    if (asked)
+        calls.push_back(rangeName + ".Start -> " + std::to_string(start));
+    return join(calls,
+                Calls{rangeName + ".End -> " + std::to_string(end),
+                      rangeName + ".Start = " + std::to_string(start),
+                      rangeName + ".End = " + std::to_string(end)},
+                fontWritten(rangeName, font, look));
+}
+
+TEST_F(MirovelSectionTableFontTest, IsRecordedWithItsCell)
+{
+    openTable();
+    addCell(L"a");
+    takeCalls();
+    writer().setFont(courier.data());
+    EXPECT_EQ(takeCalls(), Calls{"Range@3.End -> 2"});
+    ASSERT_EQ(data().fontRuns.size(), 1U);
+    const FontSave& run = data().fontRuns.front();
+    EXPECT_EQ(run.getStart(), 1);
+    EXPECT_EQ(run.getRow(), 1);
+    EXPECT_EQ(run.getCol(), 1);
+    EXPECT_EQ(run.getTable().GetInterfacePtr(), data().table.GetInterfacePtr());
+    EXPECT_EQ(run.getRange().GetInterfacePtr(), data().cellRange.GetInterfacePtr());
+    writer().setFont(courier.data());
+    EXPECT_EQ(data().fontRuns.size(), 2U) << "in a table even the font in force is recorded";
+}
+
+TEST_F(MirovelSectionTableFontTest, BeforeAnyRowOrCellCountsAsTheFirst)
+{
+    writer().startTable();
+    writer().setFont(courier.data());
+    writer().addRow();
+    writer().setFont(courier.data());
+    EXPECT_EQ(runsRecorded(), "cell 1,1 from 0; cell 1,1 from 0; ");
+    addCell(L"a");
+    writer().endTable();
+    finish();
+    EXPECT_EQ(cellsIn(u"Courier New"), "+");
+}
+
+TEST_F(MirovelSectionTableFontTest, TheLastOneReachesToTheEndOfTheTable)
+{
+    openTable();
+    addCell(L"a");
+    addCell(courier, L"b");
+    writer().addRow();
+    addCell(L"c");
+    addCell(L"d");
+    writer().endTable();
+    EXPECT_EQ(runsRecorded(), "cell 1,2 from 2; ");
+    EXPECT_EQ(finish(),
+              join(Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
+                         "Columns@1.Count -> 2"},
+                   cellWritten(1, 2, 11, 8, 3, 2, 4, false, courier),
+                   cellWritten(2, 1, 12, 9, 4, 5, 7, true, courier),
+                   cellWritten(2, 2, 13, 10, 5, 7, 9, true, courier), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(cellsIn(u"Courier New"), "-+/++");
+    EXPECT_EQ(text(), u"a\ab\a\ac\ad\a\a ");
+}
+
+TEST_F(MirovelSectionTableFontTest, BeginsInTheMiddleOfACell)
+{
+    openTable();
+    addCell(L"plain ");
+    writer().setFont(courier.data());
+    writer().insertText(L"typed");
+    writer().endTable();
+    finish();
+    EXPECT_EQ(fontAt(5).name, u"Times New Roman");
+    EXPECT_EQ(fontAt(6).name, u"Courier New");
+    EXPECT_EQ(fontAt(10).name, u"Courier New");
+}
+
+TEST_F(MirovelSectionTableFontTest, ReachesIntoTheCellOfTheNextWhichThenTakesOver)
+{
+    openTable();
+    addCell(courier, L"a");
+    addCell(bold, L"b");
+    writer().endTable();
+    takeCalls();
+    EXPECT_EQ(finish(),
+              join(cellWritten(1, 1, 8, 5, 3, 0, 2, false, courier),
+                   cellWritten(1, 2, 9, 6, 4, 2, 4, true, courier),
+                   Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
+                         "Columns@1.Count -> 2"},
+                   cellWritten(1, 2, 10, 7, 5, 2, 4, false, bold), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(fontAt(0).bold, false);
+    EXPECT_EQ(fontAt(2).bold, true);
+}
+
+// The column of the run behind bounds every row.
+TEST_F(MirovelSectionTableFontTest, ReachesNoFurtherRightThanTheNextOneStands)
+{
+    openTable();
+    addCell(L"a");
+    addCell(courier, L"b");
+    writer().addRow();
+    addCell(FontLook{"Arial", 8}, L"c");
+    addCell(L"d");
+    writer().endTable();
+    EXPECT_EQ(runsRecorded(), "cell 1,2 from 2; cell 2,1 from 5; ");
+    finish();
+    EXPECT_EQ(cellsIn(u"Courier New"), "--/--") << "columns 2 to 1 of row 1 are none";
+    EXPECT_EQ(cellsIn(u"Arial"), "--/++");
+}
+
+TEST_F(MirovelSectionTableFontTest, IsLostWhenTheNextOneIsSetBehindTheTable)
+{
+    openTable();
+    addCell(courier, L"a");
+    addCell(L"b");
+    writer().endTable();
+    writer().setFont(bold.data());
+    writer().insertText(L"behind");
+    EXPECT_EQ(runsRecorded(), "cell 1,1 from 0; text 0,0 from 6; ");
+    EXPECT_EQ(finish(),
+              join(rangeLaid(6, 12), fontWritten("Range@1", 3, bold), Calls{"Document@1.UndoClear()"}));
+    EXPECT_EQ(cellsIn(u"Courier New"), "--");
+    EXPECT_EQ(fontAt(6).bold, true);
+}
+
+TEST_F(MirovelSectionTableFontTest, IsLostWhenAStyleIsSetBehindTheTable)
+{
+    openTable();
+    addCell(courier, L"a");
+    writer().endTable();
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"Title");
+    finish();
+    EXPECT_EQ(cellsIn(u"Courier New"), "-");
+}
+
+TEST_F(MirovelSectionTableFontTest, IsKeptWhenAnotherTableFollows)
+{
+    openTable();
+    addCell(courier, L"a");
+    writer().endTable();
+    writer().startTable();
+    EXPECT_EQ(fontAt(0).name, u"Courier New");
+    EXPECT_TRUE(data().fontRuns.empty());
+}
+
+TEST_F(MirovelSectionTableFontTest, OfATextInFrontEndsWhereTheCellsOneBegins)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T");
+    writer().insertEndl();
+    openTable();
+    addCell(L"a");
+    addCell(courier, L"b");
+    writer().endTable();
+    EXPECT_EQ(runsRecorded(), "text 0,0 from 2; cell 1,2 from 4; ");
+    takeCalls();
+    EXPECT_EQ(finish(),
+              join(rangeLaid(2, 8), Calls{"Range@1.Style = -1"}, rangeLaid(2, 4),
+                   fontWritten("Range@1", 5, normalFont),
+                   Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
+                         "Columns@1.Count -> 2"},
+                   cellWritten(1, 2, 8, 5, 6, 4, 6, false, courier), Calls{"Document@1.UndoClear()"}));
+}
+
+// After the font of the last cell the output range is not laid anywhere else.
+TEST_F(MirovelSectionTableFontTest, LeavesTheOutputRangeInTheTableAndWhatIsWrittenNextGoesThere)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"T");
+    writer().insertEndl();
+    openTable();
+    addCell(L"a");
+    addCell(courier, L"b");
+    writer().endTable();
+    writer().insertText(L"behind");
+    writer().insertEndl();
+    EXPECT_EQ(text(), u"T\ra\ab\a\a behind\r");
+    takeCalls();
+    writer().setStyle("Heading 2", false);
+    EXPECT_EQ(range_->GetEnd(), 4) << "where the font of the second cell begins";
+    writer().insertText(L"Part");
+    EXPECT_EQ(text(), u"T\raPart\ab\a\a behind\r") << "in front of the mark that the range ends with";
+    EXPECT_EQ(data().pos, 19) << "the count goes on as if the text stood at the end";
+}
+
+TEST_F(MirovelSectionTableFontTest, InACellOfARowWithoutCellsFailsAtTheEnd)
+{
+    openTable();
+    writer().setFont(courier.data());
+    writer().insertText(L"only");
+    writer().endTable();
+    takeCalls();
+    EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), static_cast<HRESULT>(0x800A1735));
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
+                     "Columns@1.Count -> 1", "Table@1.Cell(1, 0) !! 0x800a1735"}));
+    EXPECT_EQ(data().fontRuns.size(), 1U);
+    data().fontRuns.clear();
+}
+
+TEST_F(MirovelSectionTableFontTest, BeyondTheLastColumnCountsForTheLastOne)
+{
+    openTable();
+    addCell(L"a");
+    addCell(L"b");
+    writer().addRow();
+    addCell(L"c");
+    addCell(L"d");
+    addCell(courier, L"e"); // a third one, in the second
+    EXPECT_EQ(runsRecorded(), "cell 2,3 from 8; ");
+    writer().endTable();
+    EXPECT_EQ(cellTexts(), u"a|b/c|de");
+    EXPECT_EQ(finish(), (Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
+                               "Columns@1.Count -> 2", "Document@1.UndoClear()"}))
+        << "columns 3 to 2 are none";
+}
+
+TEST_F(MirovelSectionTableFontTest, BetweenTwoBeyondTheLastColumnGoesToTheLastOne)
+{
+    openTable();
+    addCell(L"a");
+    writer().addRow();
+    addCell(L"c");
+    addCell(courier, L"d");
+    addCell(bold, L"e");
+    writer().endTable();
+    EXPECT_EQ(runsRecorded(), "cell 2,2 from 4; cell 2,3 from 5; ");
+    takeCalls();
+    EXPECT_EQ(finish(),
+              join(cellWritten(2, 1, 7, 8, 3, 4, 7, false, courier),
+                   cellWritten(2, 1, 8, 9, 4, 3, 7, true, courier),
+                   Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
+                         "Columns@1.Count -> 1", "Document@1.UndoClear()"}));
+    EXPECT_EQ(cellTexts(), u"a/cde");
+    EXPECT_EQ(cellsIn(u"Courier New"), "-/+") << "the whole cell, since it stands for two";
+    EXPECT_EQ(fontAt(5).bold, false);
+}
+
+TEST_F(MirovelSectionTableFontTest, OfAStyleIsRecordedInTheCellAndTheStyleIsNotApplied)
+{
+    openTable();
+    addCell(L"a");
+    takeCalls();
+    writer().setStyle("Heading 1", false);
+    EXPECT_EQ(takeCalls(), join(styleFontRead("-2", 2, 3, heading1Font), Calls{"Range@3.End -> 2"}));
+    EXPECT_EQ(data().stylePos, 3);
+    writer().insertText(L"T");
+    writer().endTable();
+    EXPECT_EQ(finish(),
+              join(Calls{R"(Range@1.InsertAfter("\n"))", "Range@1.Start = 3", "Range@1.End = 6",
+                         "Range@1.Style = -1", "Table@1.Rows -> Rows@2", "Rows@2.Count -> 1",
+                         "Table@1.Columns -> Columns@1", "Columns@1.Count -> 1"},
+                   cellWritten(1, 1, 3, 4, 4, 1, 3, false, heading1Font), Calls{"Document@1.UndoClear()"}))
+        << "the run of the style goes on behind the table, as one in \"Normal\"";
+    EXPECT_EQ(text(), u"aT\a\a \r");
+    EXPECT_EQ(styleAt(0), u"Normal");
+    EXPECT_EQ(fontAt(0).name, u"Times New Roman");
+    EXPECT_EQ(fontAt(1).name, u"Arial");
+    EXPECT_EQ(fontAt(1).bold, true);
+}
+
+TEST_F(MirovelSectionTableFontTest, AFailureAmongTheCellsKeepsTheRuns)
+{
+    openTable();
+    addCell(courier, L"a");
+    addCell(L"b");
+    writer().endTable();
+    writer().applyFont();
+    const std::size_t calls = 4 + cellWritten(1, 1, 1, 1, 1, 0, 2, false, courier).size() +
+                              cellWritten(1, 2, 1, 1, 1, 2, 4, true, courier).size();
+    data().tableIndex = 0; // as if the table were open, so that the font is recorded in the cell
+    writer().setFont(courier.data());
+    data().tableIndex = -1;
+    data().fontRuns.front().setCell(1, 1);
+    for (std::size_t call = 1; call <= calls; ++call) {
+        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), E_ACCESSDENIED) << "call " << call;
+        EXPECT_EQ(data().fontRuns.size(), 1U);
+        session_.clearFaults();
+    }
+    takeCalls();
+    writer().applyFont();
+    EXPECT_EQ(takeCalls().size(), calls);
+}
+
+} // namespace

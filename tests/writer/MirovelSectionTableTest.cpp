@@ -1,0 +1,608 @@
+#include "WriterFixture.h"
+
+#include <string>
+
+namespace {
+
+namespace model = standin::model;
+
+constexpr auto memberMissing = static_cast<HRESULT>(0x800A1735);
+constexpr auto outOfRange = static_cast<HRESULT>(0x800A1200);
+
+class MirovelSectionTableTest : public ClientWriterTest
+{
+protected:
+    /// Opens a table and begins its first row; of the calls nothing is left.
+    void openRow()
+    {
+        writer().startTable();
+        writer().addRow();
+        takeCalls();
+    }
+
+    void addCells(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            writer().addCell();
+    }
+
+    void addCell(const wchar_t* text)
+    {
+        writer().addCell();
+        writer().insertText(text);
+    }
+
+    std::vector<float> widths(std::int32_t row) const
+    {
+        std::vector<float> widths;
+        for (const model::CellFormat& cell : tables().front().row(row).format().cells)
+            widths.push_back(cell.width);
+        return widths;
+    }
+
+    model::RowFormat rowFormat(std::int32_t row) const { return tables().front().row(row).format(); }
+
+    struct Counters
+    {
+        int rows;
+        int column;
+        int columns;
+        std::int32_t index;
+        bool operator==(const Counters&) const = default;
+        friend std::ostream& operator<<(std::ostream& out, const Counters& c)
+        {
+            return out << c.rows << " rows, column " << c.column << " of " << c.columns << ", at " << c.index;
+        }
+    };
+    Counters counters()
+    {
+        return {data().tableRows, data().tableColumn, data().tableColumns, data().tableIndex};
+    }
+};
+
+/// What opening the first table takes behind what waited for it: Word's answer to where it ends is `end`.
+Calls tableOpened(std::int32_t at, std::int32_t end)
+{
+    const std::string place = std::to_string(at);
+    return {R"(Range@1.InsertAfter(" "))", "Range@1.Duplicate -> Range@2",
+            "Range@2.End = " + place,      "Range@2.Start = " + place,
+            "Range@2.Tables -> Tables@1",  "Tables@1.Add(Range@2, 1, 1, missing, missing) -> Table@1",
+            "Table@1.Rows -> Rows@1",      "Rows@1.Item(1) -> Row@1",
+            "Row@1.Cells -> Cells@1",      "Cells@1.Item(1) -> Cell@1",
+            "Cell@1.Range -> Range@3",     "Range@1.End -> " + std::to_string(end)};
+}
+
+TEST_F(MirovelSectionTableTest, StartsAtTheInsertionPositionWithOneCell)
+{
+    EXPECT_FALSE(writer().isTableOpen());
+    writer().startTable();
+    EXPECT_EQ(takeCalls(), join(styleRunApplied(0, 0, "-1", 2, normalFont), tableOpened(0, 3)));
+    EXPECT_TRUE(writer().isTableOpen());
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, 0}));
+    EXPECT_EQ(data().rowHeight, 0);
+    EXPECT_EQ(data().pos, 3) << "behind the table and the space";
+    EXPECT_EQ(data().stylePos, -1);
+    EXPECT_TRUE(data().table);
+    EXPECT_TRUE(data().tableRow);
+    EXPECT_TRUE(data().rowCells);
+    EXPECT_EQ(data().cellRange->GetStart(), 0);
+    EXPECT_EQ(data().cellRange->GetEnd(), 1);
+    EXPECT_EQ(text(), u"\a\a ");
+    EXPECT_EQ(cellTexts(), u"");
+}
+
+TEST_F(MirovelSectionTableTest, AppliesWhatWaitsForTheTextInFront)
+{
+    writer().setStyle("Heading 1", false);
+    writer().setTextAlign(2);
+    writer().insertText(L"Title");
+    writer().setFont(FontLook{"Courier New", 9}.data());
+    writer().insertText(L"!");
+    writer().insertEndl();
+    takeCalls();
+    writer().startTable();
+    EXPECT_EQ(takeCalls(),
+              join(rangeLaid(0, 7), Calls{"Range@1.Style = -2"}, rangeLaid(0, 5),
+                   fontWritten("Range@1", 4, heading1Font), rangeLaid(5, 7),
+                   fontWritten("Range@1", 5, FontLook{"Courier New", 9}), rangeLaid(0, 7),
+                   Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1"},
+                   tableOpened(7, 10)));
+    EXPECT_TRUE(data().alignRuns.empty());
+    EXPECT_EQ(data().alignment, 0);
+    EXPECT_EQ(data().pos, 10);
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, 7}));
+    EXPECT_EQ(text(), u"Title!\r\a\a ");
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(alignmentAt(0), model::Alignment::center);
+}
+
+TEST_F(MirovelSectionTableTest, IsWrittenInNormal)
+{
+    writer().setStyle("Heading 1", false);
+    takeCalls();
+    writer().startTable();
+    EXPECT_EQ(takeCalls(), join(styleRunApplied(0, 0, "-2", 4, heading1Font), tableOpened(0, 3)));
+    EXPECT_STREQ(data().styleName.data(), "Normal");
+    EXPECT_EQ(data().stylePos, 0);
+    ASSERT_EQ(data().fontRuns.size(), 1U) << "the style's font, from in front of the table";
+    EXPECT_EQ(data().fontRuns.front().getStart(), 0);
+    EXPECT_EQ(data().fontRuns.front().getRange().GetInterfacePtr(), range_.GetInterfacePtr());
+}
+
+TEST_F(MirovelSectionTableTest, SplitsAParagraphThatIsOpen)
+{
+    writer().insertText(L"intro");
+    takeCalls();
+    writer().startTable();
+    EXPECT_EQ(takeCalls(), join(styleRunApplied(0, 5, "-1", 2, normalFont), tableOpened(5, 9)));
+    EXPECT_EQ(counters().index, 5);
+    EXPECT_EQ(data().pos, 9);
+    EXPECT_EQ(text(), u"intro\r\a\a ");
+}
+
+TEST_F(MirovelSectionTableTest, DoesNotNest)
+{
+    openRow();
+    addCell(L"one");
+    takeCalls();
+    const Counters before = counters();
+    writer().startTable();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(counters(), before);
+    writer().insertText(L"!");
+    EXPECT_EQ(cellTexts(), u"one!");
+}
+
+TEST_F(MirovelSectionTableTest, WithoutATableNothingIsHeard)
+{
+    writer().addRow();
+    writer().addCell();
+    writer().endTable();
+    writer().setTableRowHeight(20);
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, -1}));
+    EXPECT_EQ(data().rowHeight, 0);
+    EXPECT_STREQ(data().styleName.data(), "Normal");
+    EXPECT_EQ(text(), u"");
+}
+
+TEST_F(MirovelSectionTableTest, ACellWithoutARowIsNotHeard)
+{
+    writer().startTable();
+    takeCalls();
+    writer().addCell();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, 0}));
+}
+
+TEST_F(MirovelSectionTableTest, TheFirstRowIsTheOneThatTheTableBeganWith)
+{
+    writer().startTable();
+    takeCalls();
+    writer().addRow();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(counters(), (Counters{1, 0, 0, 0}));
+    writer().addRow();
+    EXPECT_EQ(takeCalls(), Calls{}) << "the first row has no cell yet";
+    EXPECT_EQ(counters(), (Counters{1, 0, 0, 0}));
+    EXPECT_EQ(tables().front().rowCount(), 1);
+}
+
+TEST_F(MirovelSectionTableTest, TheFirstCellIsTheOneThatTheTableBeganWith)
+{
+    openRow();
+    writer().addCell();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(counters(), (Counters{1, 1, 1, 0}));
+    writer().insertText(L"one");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@3.InsertAfter("one"))"});
+    EXPECT_EQ(data().pos, 3) << "text in cells is not counted";
+    EXPECT_EQ(cellTexts(), u"one");
+}
+
+TEST_F(MirovelSectionTableTest, EachFurtherCellOfTheFirstRowMakesAllEquallyWide)
+{
+    openRow();
+    writer().addCell();
+    takeCalls();
+    writer().addCell();
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Cells@1.Add(missing) -> Cell@2", "Cells@1.Item(1) -> Cell@3",
+                     "Cell@3.SetWidth(215f, 3)", "Cells@1.Item(2) -> Cell@4", "Cell@4.SetWidth(215f, 3)",
+                     "Cells@1.Item(2) -> Cell@5", "Cell@5.Range -> Range@4"}));
+    EXPECT_EQ(counters(), (Counters{1, 2, 2, 0}));
+    EXPECT_EQ(widths(1), (std::vector<float>{215, 215}));
+
+    writer().addCell();
+    EXPECT_EQ(takeCalls(), (Calls{"Cells@1.Add(missing) -> Cell@6", "Cells@1.Item(1) -> Cell@7",
+                                  "Cell@7.SetWidth(143.33333f, 3)", "Cells@1.Item(2) -> Cell@8",
+                                  "Cell@8.SetWidth(143.33333f, 3)", "Cells@1.Item(3) -> Cell@9",
+                                  "Cell@9.SetWidth(143.33333f, 3)", "Cells@1.Item(3) -> Cell@10",
+                                  "Cell@10.Range -> Range@5"}));
+    EXPECT_EQ(counters(), (Counters{1, 3, 3, 0}));
+    const float third = 430.0F / 3.0F;
+    EXPECT_EQ(widths(1), (std::vector<float>{third, third, third}));
+}
+
+TEST_F(MirovelSectionTableTest, AFurtherRowIsMadeByWordLikeTheOneAbove)
+{
+    openRow();
+    addCell(L"one");
+    addCell(L"two");
+    takeCalls();
+    writer().addRow();
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Cells@1.Item(1) -> Cell@6", "Cell@6.SetWidth(215f, 3)", "Cells@1.Item(2) -> Cell@7",
+                     "Cell@7.SetWidth(215f, 3)", "Table@1.Rows -> Rows@2", "Rows@2.Add(missing) -> Row@2",
+                     "Row@2.Cells -> Cells@2", "Cells@2.Item(1) -> Cell@8", "Cell@8.Range -> Range@5"}));
+    EXPECT_EQ(counters(), (Counters{2, 0, 2, 0}));
+    EXPECT_EQ(widths(2), (std::vector<float>{215, 215}));
+
+    writer().insertText(L"before any cell ");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@5.InsertAfter("before any cell "))"});
+    writer().addCell();
+    EXPECT_EQ(takeCalls(), (Calls{"Cells@2.Item(1) -> Cell@9", "Cell@9.Range -> Range@6"}));
+    writer().insertText(L"three");
+    writer().addCell();
+    writer().insertText(L"four");
+    EXPECT_EQ(counters(), (Counters{2, 2, 2, 0}));
+    EXPECT_EQ(cellTexts(), u"one|two/before any cell three|four");
+}
+
+TEST_F(MirovelSectionTableTest, RowsBehindTheSecondAreAddedWithoutTouchingWidths)
+{
+    openRow();
+    addCells(2);
+    writer().addRow();
+    takeCalls();
+    writer().addRow();
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Table@1.Rows -> Rows@3", "Rows@3.Add(missing) -> Row@3", "Row@3.Cells -> Cells@3",
+                     "Cells@3.Item(1) -> Cell@9", "Cell@9.Range -> Range@6"}));
+    EXPECT_EQ(counters(), (Counters{3, 0, 2, 0}));
+    EXPECT_EQ(cellTexts(), u"|/|/|");
+}
+
+TEST_F(MirovelSectionTableTest, CellsBeyondTheFirstRowsCountWriteIntoTheLastOne)
+{
+    openRow();
+    addCells(3);
+    writer().addRow();
+    addCell(L"a");
+    addCell(L"b");
+    addCell(L"c");
+    takeCalls();
+    writer().addCell();
+    EXPECT_EQ(takeCalls(), (Calls{"Cells@2.Item(3) -> Cell@18", "Cell@18.Range -> Range@10"}));
+    writer().insertText(L"d");
+    addCell(L"e");
+    EXPECT_EQ(counters(), (Counters{2, 5, 3, 0}));
+    EXPECT_EQ(cellTexts(), u"||/a|b|cde");
+}
+
+TEST_F(MirovelSectionTableTest, EndsBehindItsSpace)
+{
+    openRow();
+    addCell(L"one");
+    addCell(L"two");
+    takeCalls();
+    writer().endTable();
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Cells@1.Item(1) -> Cell@6", "Cell@6.SetWidth(215f, 3)", "Cells@1.Item(2) -> Cell@7",
+                     "Cell@7.SetWidth(215f, 3)", "Range@1.End -> 10"}));
+    EXPECT_FALSE(writer().isTableOpen());
+    EXPECT_EQ(counters(), (Counters{0, 2, 2, -1})) << "column and columns stay as they were";
+    EXPECT_TRUE(data().table);
+    EXPECT_TRUE(data().tableRow);
+    EXPECT_TRUE(data().rowCells);
+    EXPECT_TRUE(data().cellRange);
+    EXPECT_EQ(data().pos, 10);
+
+    writer().insertText(L"behind");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("behind"))"});
+    EXPECT_EQ(data().pos, 16);
+    EXPECT_EQ(text(), u"one\atwo\a\a behind");
+}
+
+TEST_F(MirovelSectionTableTest, ASecondEndIsNotHeard)
+{
+    openRow();
+    addCell(L"one");
+    writer().endTable();
+    writer().setStyle("Heading 1", false);
+    takeCalls();
+    const std::int32_t pos = data().pos;
+    writer().endTable();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    EXPECT_EQ(data().pos, pos);
+}
+
+TEST_F(MirovelSectionTableTest, EndsWithoutAnyRow)
+{
+    writer().startTable();
+    takeCalls();
+    writer().endTable();
+    EXPECT_EQ(takeCalls(), Calls{"Range@1.End -> 3"});
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, -1}));
+    EXPECT_EQ(text(), u"\a\a ");
+}
+
+TEST_F(MirovelSectionTableTest, ARowWithoutCellsKeepsItsOne)
+{
+    openRow();
+    writer().insertText(L"only");
+    writer().addRow();
+    writer().endTable();
+    EXPECT_EQ(cellTexts(), u"only");
+    EXPECT_EQ(tables().front().rowCount(), 1);
+}
+
+TEST_F(MirovelSectionTableTest, ALaterRowWithoutCellsStaysEmpty)
+{
+    openRow();
+    addCell(L"one");
+    writer().addRow();
+    writer().addRow();
+    addCell(L"three");
+    EXPECT_EQ(cellTexts(), u"one//three");
+}
+
+TEST_F(MirovelSectionTableTest, NormalIsInForceBehindIt)
+{
+    openRow();
+    writer().addCell();
+    writer().setStyle("Heading 1", false);
+    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    takeCalls();
+    writer().endTable();
+    EXPECT_STREQ(data().styleName.data(), "Normal");
+    takeCalls();
+    writer().setStyle("Normal", false);
+    EXPECT_EQ(takeCalls(), Calls{}) << "it is in force already";
+}
+
+TEST_F(MirovelSectionTableTest, AnotherTableBeginsAfresh)
+{
+    openRow();
+    addCells(3);
+    writer().addRow();
+    writer().setTableRowHeight(20);
+    writer().endTable();
+    writer().insertEndl();
+    takeCalls();
+    writer().startTable();
+    EXPECT_EQ(counters(), (Counters{0, 0, 0, 10}));
+    EXPECT_EQ(data().rowHeight, 0);
+    writer().addRow();
+    addCell(L"a");
+    addCell(L"b");
+    writer().addRow();
+    writer().addCell();
+    writer().endTable();
+    ASSERT_EQ(tables().size(), 2U);
+    EXPECT_EQ(tables().back().columnCount(), 2);
+    EXPECT_EQ(tables().back().row(2).format().heightRule, model::RowHeightRule::automatic);
+    EXPECT_EQ(text(), u"\a\a\a\a\a\a\a\a \ra\ab\a\a\a\a\a ");
+}
+
+TEST_F(MirovelSectionTableTest, ARightBehindAnotherIsATableOfItsOwn)
+{
+    openRow();
+    addCell(L"a");
+    writer().endTable();
+    writer().startTable();
+    writer().addRow();
+    addCell(L"b");
+    writer().endTable();
+    EXPECT_EQ(text(), u"a\a\a \rb\a\a ");
+    EXPECT_EQ(tables().size(), 2U);
+}
+
+TEST_F(MirovelSectionTableTest, ParagraphEndsAndPageBreaksStayInTheCell)
+{
+    openRow();
+    addCell(L"one");
+    takeCalls();
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@3.InsertAfter("\n"))"});
+    writer().insertPageBreak();
+    EXPECT_EQ(takeCalls(), Calls{});
+    writer().insertText(L"two");
+    EXPECT_EQ(cellTexts(), u"one\rtwo");
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(data().lastEndlPos, 0);
+    EXPECT_EQ(data().lastPageBreakPos, 0);
+}
+
+TEST_F(MirovelSectionTableTest, ARowHeightHoldsForTheRowAndThoseBehindIt)
+{
+    openRow();
+    writer().addCell();
+    takeCalls();
+    writer().setTableRowHeight(20);
+    EXPECT_EQ(takeCalls(), Calls{"Row@1.SetHeight(20f, 2)"});
+    EXPECT_EQ(data().rowHeight, 20);
+    writer().addRow();
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Cells@1.Item(1) -> Cell@2", "Cell@2.SetWidth(430f, 3)", "Table@1.Rows -> Rows@2",
+                     "Rows@2.Add(missing) -> Row@2", "Row@2.Cells -> Cells@2", "Cells@2.Item(1) -> Cell@3",
+                     "Cell@3.Range -> Range@4", "Row@2.SetHeight(20f, 2)"}));
+    for (const std::int32_t row : {1, 2}) {
+        EXPECT_EQ(rowFormat(row).height, 20) << "row " << row;
+        EXPECT_EQ(rowFormat(row).heightRule, model::RowHeightRule::exactly) << "row " << row;
+    }
+}
+
+TEST_F(MirovelSectionTableTest, AHeightOfZeroIsSetForTheRowButNotForLaterOnes)
+{
+    writer().startTable();
+    takeCalls();
+    writer().setTableRowHeight(0);
+    EXPECT_EQ(takeCalls(), Calls{"Row@1.SetHeight(0f, 2)"});
+    EXPECT_EQ(rowFormat(1).heightRule, model::RowHeightRule::exactly);
+    EXPECT_EQ(rowFormat(1).height, 0);
+    writer().addRow();
+    writer().addCell();
+    takeCalls();
+    writer().addRow();
+    for (const std::string& call : takeCalls())
+        EXPECT_EQ(call.find("SetHeight"), std::string::npos) << call;
+}
+
+TEST_F(MirovelSectionTableTest, AHeightReachesTheLastRowOfATableThatIsClosed)
+{
+    openRow();
+    writer().addCell();
+    writer().addRow();
+    writer().endTable();
+    takeCalls();
+    writer().setTableRowHeight(33);
+    EXPECT_EQ(takeCalls(), Calls{"Row@2.SetHeight(33f, 2)"});
+    EXPECT_EQ(data().rowHeight, 33);
+    EXPECT_EQ(rowFormat(1).heightRule, model::RowHeightRule::automatic);
+    EXPECT_EQ(rowFormat(2).height, 33);
+}
+
+TEST_F(MirovelSectionTableTest, AHeightThatWordRefusesIsKeptAndRefusedForEveryRow)
+{
+    openRow();
+    writer().addCell();
+    for (const std::int32_t height : {-1, 1585, 2147483647}) {
+        EXPECT_EQ(comErrorOf([&] { writer().setTableRowHeight(height); }), outOfRange);
+        EXPECT_EQ(data().rowHeight, height);
+        EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), outOfRange);
+    }
+    EXPECT_EQ(counters(), (Counters{4, 1, 1, 0})) << "the rows are there, the column was not reset";
+    writer().setTableRowHeight(20);
+    writer().addRow();
+    EXPECT_EQ(counters(), (Counters{5, 0, 1, 0}));
+    writer().endTable();
+    EXPECT_EQ(tables().front().rowCount(), 5);
+}
+
+TEST_F(MirovelSectionTableTest, AColumnTooManyIsRefusedUntilTheWriterEnds)
+{
+    constexpr int most = static_cast<int>(model::RowFormat::mostCells);
+    openRow();
+    addCells(most);
+    for (int column = most + 1; column <= 300; ++column) {
+        takeCalls();
+        EXPECT_EQ(comErrorOf([&] { writer().addCell(); }), outOfRange);
+        EXPECT_EQ(takeCalls().back(), "Cells@1.Add(missing) !! 0x800a1200");
+    }
+    EXPECT_EQ(counters(), (Counters{1, 300, most, 0}));
+    writer().insertText(L"last");
+    EXPECT_TRUE(cellTexts().ends_with(u"|last"));
+
+    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), memberMissing);
+    EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), memberMissing);
+    EXPECT_TRUE(writer().isTableOpen());
+    EXPECT_EQ(counters(), (Counters{1, 300, most, 0}));
+    EXPECT_EQ(finish(), Calls{"Document@1.UndoClear()"});
+}
+
+TEST_F(MirovelSectionTableTest, TakesTenThousandCells)
+{
+    constexpr int rows = 1000;
+    writer().startTable();
+    for (int row = 0; row < rows; ++row) {
+        writer().addRow();
+        for (int column = 0; column < 10; ++column)
+            addCell(L"x");
+    }
+    writer().endTable();
+    EXPECT_EQ(data().pos, rows * 21 + 1);
+    EXPECT_EQ(tables().front().rowCount(), rows);
+    EXPECT_EQ(tables().front().row(rows).range().text(),
+              u"x\r\ax\r\ax\r\ax\r\ax\r\ax\r\ax\r\ax\r\ax\r\ax\r\a\r\a");
+}
+
+TEST_F(MirovelSectionTableTest, AFailureToStartKeepsWhatStoodBeforeTheStep)
+{
+    const std::size_t flush = styleRunApplied(0, 0, "-1", 2, normalFont).size();
+    const std::size_t all = flush + tableOpened(0, 3).size();
+    for (std::size_t call = 1; call <= all; ++call) {
+        SCOPED_TRACE(call);
+        standin::Session session;
+        MirovelSection::clearCache();
+        Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+        auto* writer = new MirovelSection(session.application(), document, document->Range());
+        const MirovelSectionData& data = MirovelSectionProbe::data(*writer);
+        writer->deleteRange();
+        session.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer->startTable(); }), E_ACCESSDENIED);
+        EXPECT_EQ(writer->isTableOpen(), call > flush);
+        EXPECT_EQ(data.pos, call <= flush + 1 ? 0 : 1);
+        EXPECT_EQ(static_cast<bool>(data.table), call > flush + 6);
+        EXPECT_EQ(static_cast<bool>(data.tableRow), call > flush + 8);
+        EXPECT_EQ(static_cast<bool>(data.cellRange), call > flush + 11);
+        if (writer->isTableOpen() && !data.cellRange) {
+            EXPECT_EQ(comErrorOf([&] { writer->insertText(L"lost"); }), E_POINTER);
+        }
+        writer->endTable();
+        writer->insertText(L"goes on");
+        delete writer;
+        const std::wstring text(document->Range()->GetText());
+        EXPECT_NE(text.find(L"goes on"), std::wstring::npos);
+        document = nullptr;
+    }
+}
+
+TEST_F(MirovelSectionTableTest, AFailedCellCountsInItsRowOnly)
+{
+    openRow();
+    writer().addCell();
+    for (long call = 1; call <= 7; ++call) {
+        session_.failCall(call, E_ACCESSDENIED);
+        const int column = data().tableColumn;
+        EXPECT_EQ(comErrorOf([&] { writer().addCell(); }), E_ACCESSDENIED) << "call " << call;
+        session_.clearFaults();
+        EXPECT_EQ(data().tableColumn, column + 1);
+        EXPECT_EQ(data().tableColumns, 1);
+        data().tableColumn = 1;
+    }
+}
+
+TEST_F(MirovelSectionTableTest, AFailedRowLeavesTheRowBeforeCurrent)
+{
+    openRow();
+    addCell(L"one");
+    takeCalls();
+    session_.failCall(2, E_ACCESSDENIED); // the width
+    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), E_ACCESSDENIED);
+    EXPECT_EQ(counters(), (Counters{1, 1, 1, 0})) << "not begun yet";
+    session_.failCall(4, E_ACCESSDENIED); // Rows.Add
+    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), E_ACCESSDENIED);
+    EXPECT_EQ(counters(), (Counters{2, 1, 1, 0}));
+    writer().insertText(L"!");
+    EXPECT_EQ(cellTexts(), u"one!");
+    writer().addRow();
+    addCell(L"two");
+    writer().endTable();
+    EXPECT_EQ(cellTexts(), u"one!/two");
+}
+
+TEST_F(MirovelSectionTableTest, AFailedEndLeavesTheTableOpen)
+{
+    openRow();
+    addCell(L"one");
+    for (long call = 1; call <= 3; ++call) {
+        session_.failCall(call, E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), E_ACCESSDENIED);
+        EXPECT_TRUE(writer().isTableOpen());
+        EXPECT_EQ(counters(), (Counters{1, 1, 1, 0}));
+    }
+    writer().endTable();
+    EXPECT_FALSE(writer().isTableOpen());
+}
+
+TEST_F(MirovelSectionTableTest, ATableThatIsNeverEndedIsKept)
+{
+    openRow();
+    addCell(L"one");
+    EXPECT_EQ(finish(), Calls{"Document@1.UndoClear()"});
+    EXPECT_EQ(cellTexts(), u"one");
+}
+
+} // namespace

@@ -1,0 +1,163 @@
+#include "WriterFixture.h"
+
+#include "Bookmarks.h"
+
+namespace {
+
+namespace model = standin::model;
+
+class MirovelSectionTagTest : public ClientWriterTest
+{
+protected:
+    /// Where the bookmark stands, as "4-9".
+    std::string place(const char16_t* name) const
+    {
+        const model::BookmarkPtr bookmark = model().bookmarks().find(name);
+        if (!bookmark)
+            return "(none)";
+        return std::to_string(bookmark->range().start()) + "-" + std::to_string(bookmark->range().end());
+    }
+};
+
+TEST_F(MirovelSectionTagTest, PlacesABookmarkAtTheInsertionPosition)
+{
+    writer().insertText(L"intro ");
+    takeCalls();
+    EXPECT_TRUE(writer().insertTag("b1"));
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Document@1.Bookmarks -> Bookmarks@1", R"(Bookmarks@1.Add("b1", missing) -> Bookmark@1)",
+                     "Bookmark@1.Start = 6"}));
+    EXPECT_TRUE(data().lastTagBookmark);
+    EXPECT_EQ(data().pos, 6);
+    EXPECT_EQ(place(u"b1"), "6-6");
+}
+
+TEST_F(MirovelSectionTagTest, TheNextOneEndsTheOneBefore)
+{
+    writer().insertText(L"intro ");
+    writer().insertTag("b1");
+    writer().insertText(L"first ");
+    takeCalls();
+    writer().insertTag("b2");
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Document@1.Bookmarks -> Bookmarks@2", R"(Bookmarks@2.Add("b2", missing) -> Bookmark@2)",
+                     "Bookmark@2.Start = 12", "Bookmark@1.End = 11"}));
+    EXPECT_EQ(place(u"b1"), "6-11") << "one short of the text up to the next tag";
+    EXPECT_EQ(place(u"b2"), "12-12");
+}
+
+TEST_F(MirovelSectionTagTest, TheLastOneEndsWithTheWriter)
+{
+    writer().insertTag("b1");
+    writer().insertText(L"all of it");
+    EXPECT_EQ(finish(), join(styleRunApplied(0, 9, "-1", 2, normalFont),
+                             Calls{"Bookmark@1.End = 8", "Document@1.UndoClear()"}));
+    EXPECT_EQ(place(u"b1"), "0-8");
+}
+
+TEST_F(MirovelSectionTagTest, NamesHaveAtMostNineCharacters)
+{
+    EXPECT_TRUE(writer().insertTag("b23456789"));
+    takeCalls();
+    EXPECT_FALSE(writer().insertTag("b234567890"));
+    EXPECT_EQ(takeCalls(), Calls{"Document@1.Bookmarks -> Bookmarks@2"});
+    EXPECT_EQ(place(u"b23456789"), "0-0");
+    EXPECT_EQ(place(u"b234567890"), "(none)");
+    writer().insertText(L"x");
+}
+
+TEST_F(MirovelSectionTagTest, AnEmptyOrBadNameIsRefusedByWord)
+{
+    for (const char* name : {"", "1b", "a b", "b-1"}) {
+        EXPECT_EQ(comErrorOf([&] { writer().insertTag(name); }), static_cast<HRESULT>(0x800A16C4)) << name;
+        EXPECT_FALSE(data().lastTagBookmark);
+    }
+}
+
+TEST_F(MirovelSectionTagTest, TheSameNameMovesTheBookmark)
+{
+    writer().insertText(L"abc");
+    writer().insertTag("b1");
+    writer().insertText(L"defgh");
+    takeCalls();
+    writer().insertTag("b1");
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Document@1.Bookmarks -> Bookmarks@2", R"(Bookmarks@2.Add("b1", missing) -> Bookmark@2)",
+                     "Bookmark@2.Start = 8", "Bookmark@1.End = 7"}))
+        << "both are one in Word, whose start follows its end";
+    EXPECT_EQ(place(u"b1"), "7-7");
+}
+
+// The tag before ends one short of the position, which is in front of the text.
+TEST_F(MirovelSectionTagTest, ASecondOneAtTheVeryStartFails)
+{
+    writer().insertTag("b1");
+    takeCalls();
+    EXPECT_EQ(comErrorOf([&] { writer().insertTag("b2"); }), static_cast<HRESULT>(0x800A1200));
+    EXPECT_EQ(takeCalls().back(), "Bookmark@1.End = -1 !! 0x800a1200");
+    EXPECT_EQ(place(u"b2"), "0-0") << "it is there, but not the last one";
+    writer().insertText(L"text");
+    finish();
+    EXPECT_EQ(place(u"b1"), "0-3");
+    EXPECT_EQ(place(u"b2"), "0-0");
+}
+
+TEST_F(MirovelSectionTagTest, OneAtTheVeryStartWithoutTextFailsTheEnd)
+{
+    writer().insertTag("b1");
+    EXPECT_EQ(comErrorOf([&] { finish(); }), static_cast<HRESULT>(0x800A1200));
+    EXPECT_EQ(takeCalls(),
+              join(styleRunApplied(0, 0, "-1", 2, normalFont), Calls{"Bookmark@1.End = -1 !! 0x800a1200"}))
+        << "nothing behind it is done";
+}
+
+TEST_F(MirovelSectionTagTest, TwoInTheSamePlaceCross)
+{
+    writer().insertText(L"abc");
+    writer().insertTag("b1");
+    writer().insertTag("b2");
+    EXPECT_EQ(place(u"b1"), "2-2") << "the start follows the end";
+    EXPECT_EQ(place(u"b2"), "3-3");
+}
+
+TEST_F(MirovelSectionTagTest, InATableStandsBehindTheTable)
+{
+    writer().startTable();
+    writer().addRow();
+    writer().addCell();
+    writer().insertText(L"cell");
+    takeCalls();
+    EXPECT_TRUE(writer().insertTag("b1"));
+    EXPECT_EQ(takeCalls().back(), "Bookmark@1.Start = 3")
+        << "the count where the table began, with the table";
+    writer().endTable();
+    EXPECT_EQ(place(u"b1"), "3-3");
+    EXPECT_EQ(text(), u"cell\a\a ");
+}
+
+TEST_F(MirovelSectionTagTest, WithoutADocumentNoneIsPlaced)
+{
+    data().document = nullptr;
+    EXPECT_FALSE(writer().insertTag("b1"));
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_FALSE(data().lastTagBookmark);
+    data().document = document_;
+}
+
+TEST_F(MirovelSectionTagTest, AFailureAtEachCallKeepsTheLastOne)
+{
+    writer().insertText(L"abc");
+    writer().insertTag("b1");
+    writer().insertText(L"def");
+    const Word::BookmarkPtr last = data().lastTagBookmark;
+    for (long call = 1; call <= 4; ++call) {
+        session_.failCall(call, E_FAIL);
+        EXPECT_EQ(comErrorOf([&] { writer().insertTag("b2"); }), E_FAIL) << "call " << call;
+        EXPECT_EQ(data().lastTagBookmark.GetInterfacePtr(), last.GetInterfacePtr());
+        session_.clearFaults();
+    }
+    EXPECT_TRUE(writer().insertTag("b2"));
+    EXPECT_EQ(place(u"b1"), "3-5");
+}
+
+} // namespace

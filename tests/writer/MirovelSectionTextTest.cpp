@@ -1,0 +1,392 @@
+#include "WriterFixture.h"
+
+namespace {
+
+using MirovelSectionTextTest = WriterTest;
+
+TEST_F(MirovelSectionTextTest, WritesTextWithOneCallAndCountsIt)
+{
+    writer().insertText(L"plain text");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("plain text"))"});
+    EXPECT_EQ(data().pos, 10);
+    EXPECT_EQ(data().lastEndlPos, 0);
+    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(text(), u"plain text");
+
+    writer().insertText(L", more");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter(", more"))"});
+    EXPECT_EQ(data().pos, 16);
+    EXPECT_EQ(text(), u"plain text, more");
+}
+
+TEST_F(MirovelSectionTextTest, WritesMarkupAsItStands)
+{
+    writer().insertText(L"<a href=\"x\">y</a>");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("<a href=\"x\">y</a>"))"});
+    EXPECT_EQ(text(), u"<a href=\"x\">y</a>");
+}
+
+TEST_F(MirovelSectionTextTest, CountsCarriageReturnAndLineFeedAsOne)
+{
+    writer().insertText(L"ab\r\ncd");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("ab\r\ncd"))"});
+    EXPECT_EQ(data().pos, 5);
+    EXPECT_EQ(data().lastEndlPos, 0) << "only insertEndl notes a paragraph end";
+    EXPECT_EQ(text(), u"ab\rcd");
+}
+
+TEST_F(MirovelSectionTextTest, CountsALineFeedAtTheStartInFull)
+{
+    writer().insertText(L"\n\nx");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n\nx"))"});
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"\r\rx");
+}
+
+TEST_F(MirovelSectionTextTest, StopsSubtractingAtASecondLineFeedInARow)
+{
+    writer().insertText(L"a\n\nb");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("a\n\nb"))"});
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"a\r\rb");
+}
+
+TEST_F(MirovelSectionTextTest, CountsUtf16UnitsWhateverTheCodePage)
+{
+    writer().insertText(L"\u00e4\u4e2d\U0001F600");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\u00e4\u4e2d\ud83d\ude00"))"});
+    EXPECT_EQ(data().pos, 4);
+    EXPECT_EQ(text(), u"\u00e4\u4e2d\U0001F600");
+}
+
+TEST_F(MirovelSectionTextTest, KeepsUnpairedSurrogates)
+{
+    const wchar_t unpaired[] = {L'a', 0xD83D, L'b', 0};
+    writer().insertText(unpaired);
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("a\ud83db"))"});
+    EXPECT_EQ(data().pos, 3);
+}
+
+TEST_F(MirovelSectionTextTest, AnEmptyTextMovesNothing)
+{
+    writer().insertText(L"");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter(""))"});
+    EXPECT_EQ(data().pos, 0);
+    EXPECT_EQ(text(), u"");
+}
+
+TEST_F(MirovelSectionTextTest, EndsATextAtItsFirstNul)
+{
+    writer().insertText(L"ab\0cd\n");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("ab"))"});
+    EXPECT_EQ(data().pos, 2);
+}
+
+TEST_F(MirovelSectionTextTest, WritesAMegabyteWithOneCall)
+{
+    const std::wstring line = L"0123456789abcde\r\n";
+    std::wstring all;
+    for (int i = 0; i < 65'536; ++i)
+        all += line;
+    const long before = session_.callCount();
+    writer().insertText(all.c_str());
+    EXPECT_EQ(session_.callCount(), before + 1);
+    EXPECT_EQ(data().pos, 65'536 * 16);
+    EXPECT_EQ(static_cast<std::int32_t>(text().size()), data().pos);
+}
+
+TEST_F(MirovelSectionTextTest, WritesIntoTheCellOfAnOpenTable)
+{
+    writer().insertText(L"body");
+    takeCalls();
+    openCell(headerRange());
+    writer().insertText(L"ab\r\ncd");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("ab\r\ncd"))"});
+    EXPECT_EQ(data().pos, 4);
+    EXPECT_EQ(text(), u"body");
+    closeCell();
+}
+
+TEST_F(MirovelSectionTextTest, CollectsTheTextOfATocEntry)
+{
+    data().tocPos = 1;
+    data().tocText = "left over";
+    writer().startTOCEntry();
+    writer().insertText(L"one ");
+    writer().insertEndl();
+    writer().insertText(L"\u4e2d\u00e4");
+    EXPECT_STREQ(data().tocText.data(), "one \n?\xe4");
+    data().collectingTocEntry = false;
+    writer().insertText(L"not this");
+    EXPECT_STREQ(data().tocText.data(), "one \n?\xe4");
+    EXPECT_EQ(text(), u"one \r\u4e2d\u00e4not this");
+    data().tocPos = 0;
+}
+
+TEST_F(MirovelSectionTextTest, CollectsTheTextOfATocEntryInATableToo)
+{
+    data().tocPos = 1;
+    writer().startTOCEntry();
+    openCell(headerRange());
+    writer().insertText(L"cell");
+    EXPECT_STREQ(data().tocText.data(), "cell");
+    closeCell();
+    data().tocPos = 0;
+}
+
+TEST_F(MirovelSectionTextTest, EndsAParagraph)
+{
+    writer().insertText(L"ab");
+    takeCalls();
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(data().lastEndlPos, 3);
+    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(data().endlCount, 1);
+    EXPECT_EQ(text(), u"ab\r");
+}
+
+TEST_F(MirovelSectionTextTest, AnEmptyParagraphInNormalLeavesTheStyleWhereItBegan)
+{
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_EQ(data().pos, 1);
+    EXPECT_EQ(data().lastEndlPos, 1);
+    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(text(), u"\r");
+}
+
+TEST_F(MirovelSectionTextTest, AParagraphEndRightBehindAStyleStaysOutsideItsRun)
+{
+    writer().setStyle("Heading 1", false);
+    takeCalls();
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_EQ(data().pos, 1);
+    EXPECT_EQ(data().stylePos, 1);
+    EXPECT_EQ(data().lastEndlPos, 1);
+
+    writer().insertText(L"Title");
+    EXPECT_EQ(data().stylePos, 1);
+    writer().insertEndl();
+    EXPECT_EQ(data().stylePos, 1) << "text stands between the style and this paragraph end";
+    finish();
+    EXPECT_EQ(text(), u"\rTitle\r");
+    EXPECT_EQ(styleAt(0), u"Normal");
+    EXPECT_EQ(styleAt(1), u"Heading 1");
+}
+
+TEST_F(MirovelSectionTextTest, OnlyTheExactNameOfNormalKeepsTheStyleInPlace)
+{
+    writer().setStyle("normal", false);
+    EXPECT_EQ(data().stylePos, 0);
+    writer().insertEndl();
+    EXPECT_EQ(data().stylePos, 1);
+}
+
+TEST_F(MirovelSectionTextTest, AParagraphEndInATableGoesIntoTheCell)
+{
+    writer().setStyle("Heading 1", false);
+    takeCalls();
+    openCell(headerRange());
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("\n"))"});
+    EXPECT_EQ(data().pos, 0);
+    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(data().lastEndlPos, 0);
+    EXPECT_EQ(data().endlCount, 1);
+    EXPECT_EQ(text(), u"");
+    closeCell();
+}
+
+TEST_F(MirovelSectionTextTest, ClearsTheUndoListEvery101ParagraphEnds)
+{
+    const Calls endl = {R"(Range@1.InsertAfter("\n"))"};
+    const Calls lastEndl = join(endl, Calls{"Document@1.UndoClear()"});
+    for (int i = 1; i <= 303; ++i) {
+        writer().insertEndl();
+        ASSERT_EQ(takeCalls(), i % 101 == 0 ? lastEndl : endl) << "paragraph end number " << i;
+        ASSERT_EQ(data().endlCount, i % 101);
+    }
+    EXPECT_EQ(data().pos, 303);
+    EXPECT_EQ(data().lastEndlPos, 303);
+}
+
+TEST_F(MirovelSectionTextTest, CountsParagraphEndsInTablesForTheUndoListToo)
+{
+    data().endlCount = 100;
+    openCell(headerRange());
+    writer().insertEndl();
+    EXPECT_EQ(takeCalls(), (Calls{R"(Range@2.InsertAfter("\n"))", "Document@1.UndoClear()"}));
+    EXPECT_EQ(data().endlCount, 0);
+    closeCell();
+}
+
+class CheckForEndlTest : public WriterTest
+{
+protected:
+    Calls checked(std::int32_t pos, std::int32_t lastEndlPos, std::int32_t stylePos)
+    {
+        data().pos = pos;
+        data().lastEndlPos = lastEndlPos;
+        data().stylePos = stylePos;
+        MirovelSectionProbe::checkForEndl(writer());
+        return takeCalls();
+    }
+
+    void SetUp() override
+    {
+        WriterTest::SetUp();
+        writer().insertText(L"0123456789");
+        takeCalls();
+    }
+};
+
+TEST_F(CheckForEndlTest, EndsAnOpenParagraph)
+{
+    EXPECT_EQ(checked(10, 2, 4), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_EQ(data().pos, 11);
+    EXPECT_EQ(data().lastEndlPos, 11);
+    EXPECT_EQ(data().stylePos, 4);
+    EXPECT_EQ(data().endlCount, 1);
+    EXPECT_EQ(checked(data().pos, data().lastEndlPos, data().stylePos), Calls{});
+}
+
+TEST_F(CheckForEndlTest, LeavesAParagraphThatIsEnded)
+{
+    EXPECT_EQ(checked(10, 10, 4), Calls{});
+    EXPECT_EQ(data().pos, 10);
+}
+
+TEST_F(CheckForEndlTest, LeavesAStyleWithoutText)
+{
+    EXPECT_EQ(checked(10, 2, 10), Calls{});
+    EXPECT_EQ(data().pos, 10);
+}
+
+TEST_F(CheckForEndlTest, LeavesTextOfAStyleThatBeganBehindAParagraphEnd)
+{
+    EXPECT_EQ(checked(10, 4, 4), Calls{});
+    EXPECT_EQ(data().pos, 10);
+}
+
+TEST_F(CheckForEndlTest, EndsAParagraphAlthoughNoStyleRunIsOpen)
+{
+    EXPECT_EQ(checked(10, 0, -1), Calls{R"(Range@1.InsertAfter("\n"))"});
+}
+
+TEST_F(CheckForEndlTest, LeavesTablesAlone)
+{
+    openCell(headerRange());
+    EXPECT_EQ(checked(10, 2, 4), Calls{});
+    EXPECT_EQ(data().pos, 10);
+    closeCell();
+}
+
+using DeleteLastCharTest = WriterTest;
+
+TEST_F(DeleteLastCharTest, RemovesTheLastCharacterWritten)
+{
+    writer().insertText(L"abcd");
+    takeCalls();
+    MirovelSectionProbe::deleteLastChar(writer());
+    EXPECT_EQ(takeCalls(), (Calls{"Range@1.Start = 3", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"abc");
+    writer().insertText(L"x");
+    EXPECT_EQ(text(), u"abcx");
+}
+
+TEST_F(DeleteLastCharTest, InATableRemovesWhatFollowsTheCell)
+{
+    writer().insertText(L"abcd");
+    const Word::RangePtr cell = document_->Range(0L, 2L);
+    takeCalls();
+    openCell(cell);
+    MirovelSectionProbe::deleteLastChar(writer());
+    EXPECT_EQ(takeCalls(), (Calls{"Range@2.End -> 2", "Range@2.Start = 2", "Range@2.Delete(1, 1) -> 1"}));
+    EXPECT_EQ(data().pos, 4);
+    EXPECT_EQ(text(), u"abd");
+    closeCell();
+    data().pos = 3;
+}
+
+TEST_F(DeleteLastCharTest, AFailureLeavesThePositionMoved)
+{
+    writer().insertText(L"abcd");
+    session_.failCall(1, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::deleteLastChar(writer()); }), E_FAIL);
+    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(text(), u"abcd");
+}
+
+TEST_F(MirovelSectionTextTest, DeletesTheContentOfTheOutputRange)
+{
+    writer().insertText(L"what the template held\nin two lines");
+    takeCalls();
+    writer().deleteRange();
+    EXPECT_EQ(takeCalls(), Calls{"Range@1.Delete(missing, missing) -> 1"});
+    EXPECT_EQ(text(), u"");
+    data().pos = 0;
+}
+
+TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
+{
+    writer().insertText(L"body");
+    takeCalls();
+    const Word::RangePtr header = headerRange();
+    MirovelSectionProbe::setRange(writer(), header);
+    MirovelSectionProbe::setRange(writer(), header);
+    EXPECT_EQ(data().range.GetInterfacePtr(), header.GetInterfacePtr());
+    writer().insertText(L"head");
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("head"))"});
+    EXPECT_EQ(text(), u"body");
+    MirovelSectionProbe::setRange(writer(), range_);
+    data().pos = 4;
+}
+
+TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
+{
+    session_.failCall(1, static_cast<HRESULT>(0x800706BA));
+    EXPECT_EQ(comErrorOf([&] { writer().insertText(L"lost"); }), static_cast<HRESULT>(0x800706BA));
+    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("lost") !! 0x800706ba)"});
+    EXPECT_EQ(data().pos, 0);
+    writer().insertText(L"kept");
+    EXPECT_EQ(data().pos, 4);
+    EXPECT_EQ(text(), u"kept");
+}
+
+TEST_F(MirovelSectionTextTest, AFailedParagraphEndIsNoneButTheStyleHasMoved)
+{
+    writer().setStyle("Heading 1", false);
+    session_.failCall(1, E_OUTOFMEMORY);
+    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_OUTOFMEMORY);
+    EXPECT_EQ(data().pos, 0);
+    EXPECT_EQ(data().lastEndlPos, 0);
+    EXPECT_EQ(data().endlCount, 0);
+    EXPECT_EQ(data().stylePos, 1);
+    data().stylePos = 0;
+}
+
+TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
+{
+    data().endlCount = 100;
+    session_.failCall(2, E_FAIL);
+    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_FAIL);
+    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Document@1.UndoClear() !! 0x80004005"}));
+    EXPECT_EQ(data().pos, 1);
+    EXPECT_EQ(data().lastEndlPos, 1);
+}
+
+TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)
+{
+    data().range = nullptr;
+    EXPECT_EQ(comErrorOf([&] { writer().insertText(L"x"); }), E_POINTER);
+    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_POINTER);
+    EXPECT_EQ(comErrorOf([&] { writer().deleteRange(); }), E_POINTER);
+    EXPECT_EQ(takeCalls(), Calls{});
+    data().range = range_;
+}
+
+} // namespace

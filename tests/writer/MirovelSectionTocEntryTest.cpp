@@ -1,0 +1,159 @@
+// Entries that a client marks itself, as hidden fields in the text.
+#include "WriterFixture.h"
+
+#include <array>
+#include <string>
+
+namespace {
+
+class MirovelSectionTocEntryTest : public ClientWriterTest
+{
+protected:
+    void SetUp() override
+    {
+        ClientWriterTest::SetUp();
+        writer().insertTOC(3);
+        takeCalls();
+    }
+};
+
+constexpr std::size_t headingLength = 20; // "Table of Contents" and three paragraph ends
+
+TEST_F(MirovelSectionTocEntryTest, StandsBehindItsText)
+{
+    writer().startTOCEntry();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_TRUE(data().collectingTocEntry);
+    writer().insertText(L"Over");
+    writer().insertText(L"view");
+    takeCalls();
+    writer().endTOCEntry();
+    // The code: ` TC "Overview" \fC \l "0" `, between two field characters.
+    EXPECT_EQ(takeCalls(),
+              (Calls{"Document@1.TablesOfContents -> TablesOfContents@1", "Range@1.Collapse(0)",
+                     R"(Range@1.InsertAfter("X"))", "Range@1.Duplicate -> Range@2", "Range@2.End = 29",
+                     "Range@1.Fields -> Fields@1",
+                     R"(Fields@1.Add(Range@2, 9, "\"Overview\" \\fC \\l \"0\"", missing) -> Field@1)",
+                     "Range@1.End -> 57", "Range@1.Start = 56", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_FALSE(data().collectingTocEntry);
+    EXPECT_EQ(data().pos, 56);
+    EXPECT_EQ(text().substr(headingLength), u"Overview\x13 TC \"Overview\" \\fC \\l \"0\" \x15");
+    EXPECT_EQ(fontAt(30).hidden, true);
+    writer().insertText(L" goes on");
+    EXPECT_TRUE(text().ends_with(u"\x15 goes on"));
+}
+
+TEST_F(MirovelSectionTocEntryTest, HasTheNumberOfTheStyleForItsLevel)
+{
+    struct Case
+    {
+        const char* style;
+        const char* level;
+    };
+    addStyle(u"My style12");
+    addStyle(u"Short");
+    for (const Case& c : std::array{Case{"Heading 2", "2"}, Case{"Heading 3", "3"}, Case{"Heading 10", "10"},
+                                    Case{"My style12", "12"}, Case{"Short", "0"}, Case{"Normal", "0"}}) {
+        writer().setStyle(c.style, false);
+        writer().startTOCEntry();
+        writer().insertText(L"E");
+        takeCalls();
+        writer().endTOCEntry();
+        EXPECT_NE(
+            takeCalls()[6].find(std::string(R"(, 9, "\"E\" \\fC \\l \")") + c.level + R"(\"", missing))"),
+            std::string::npos)
+            << c.style;
+    }
+}
+
+TEST_F(MirovelSectionTocEntryTest, WithoutTextLeavesNothing)
+{
+    const std::u16string before = text();
+    writer().startTOCEntry();
+    writer().endTOCEntry();
+    EXPECT_EQ(takeCalls(), Calls{"Document@1.TablesOfContents -> TablesOfContents@1"});
+    EXPECT_EQ(text(), before);
+    EXPECT_EQ(data().pos, static_cast<std::int32_t>(headingLength));
+}
+
+TEST_F(MirovelSectionTocEntryTest, EndedTwiceIsMarkedTwice)
+{
+    writer().startTOCEntry();
+    writer().insertText(L"E");
+    writer().endTOCEntry();
+    const std::u16string once = text();
+    writer().endTOCEntry();
+    EXPECT_EQ(text(), once + once.substr(headingLength + 1)) << "the text is kept until the next start";
+}
+
+TEST_F(MirovelSectionTocEntryTest, StartedTwiceHoldsTheTextBehindTheSecondStart)
+{
+    writer().startTOCEntry();
+    writer().insertText(L"one ");
+    writer().startTOCEntry();
+    writer().insertText(L"two");
+    writer().endTOCEntry();
+    EXPECT_NE(text().find(u"\"two\""), std::u16string::npos);
+    EXPECT_EQ(text().find(u"\"one "), std::u16string::npos);
+}
+
+TEST_F(MirovelSectionTocEntryTest, LabelsOfLinksAreNoPartOfIt)
+{
+    writer().startTOCEntry();
+    writer().insertText(L"see ");
+    writer().insertHyperLink("item", "b1", false);
+    writer().endTOCEntry();
+    EXPECT_NE(text().find(u"\"see \""), std::u16string::npos);
+}
+
+// The placeholder goes behind the table, the field where the count stands, which knows nothing of text in
+// cells, and what is then removed is looked for behind the cell.
+TEST_F(MirovelSectionTocEntryTest, EndedInATableLeavesItsPlaceholderBehindTheTable)
+{
+    writer().startTable();
+    writer().addRow();
+    writer().addCell();
+    writer().startTOCEntry();
+    writer().insertText(L"cell");
+    takeCalls();
+    EXPECT_EQ(data().pos, 23);
+    writer().endTOCEntry();
+    EXPECT_EQ(
+        takeCalls(),
+        (Calls{"Document@1.TablesOfContents -> TablesOfContents@1", "Range@1.Collapse(0)",
+               R"(Range@1.InsertAfter("X"))", "Range@1.Duplicate -> Range@4", "Range@4.End = 24",
+               "Range@1.Fields -> Fields@1",
+               R"(Fields@1.Add(Range@4, 9, "\"cell\" \\fC \\l \"0\"", missing) -> Field@1)",
+               "Range@1.End -> 52", "Range@3.End -> 49", "Range@3.Start = 49", "Range@3.Delete(1, 1) -> 0"}));
+    EXPECT_EQ(data().pos, 52);
+    EXPECT_EQ(cellTexts(), u"cell\x13 TC \"cell\" \\fC \\l \"0\" \x15");
+    EXPECT_TRUE(text().ends_with(u"\a\a X"));
+}
+
+TEST_F(MirovelSectionTocEntryTest, ALongOneIsCutToWhatAFieldHolds)
+{
+    writer().startTOCEntry();
+    writer().insertText(std::wstring(5000, L'x').c_str());
+    takeCalls();
+    writer().endTOCEntry();
+    const std::string call = takeCalls()[6];
+    EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(call, 'x')),
+              1007 - std::string(R"("" \fC \l "0")").size());
+}
+
+TEST_F(MirovelSectionTocEntryTest, AFailureLeavesThePlaceholder)
+{
+    writer().startTOCEntry();
+    writer().insertText(L"E");
+    takeCalls();
+    session_.failCall(7, E_ACCESSDENIED);
+    EXPECT_EQ(comErrorOf([&] { writer().endTOCEntry(); }), E_ACCESSDENIED);
+    EXPECT_TRUE(text().ends_with(u"EX"));
+    EXPECT_EQ(data().pos, static_cast<std::int32_t>(headingLength) + 2);
+    EXPECT_FALSE(data().collectingTocEntry);
+    session_.clearFaults();
+    writer().insertText(L"!");
+    EXPECT_TRUE(text().ends_with(u"EX!"));
+}
+
+} // namespace

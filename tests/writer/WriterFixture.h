@@ -1,0 +1,155 @@
+#pragma once
+
+#include "InProcess.h"
+#include "MirovelSectionProbe.h"
+#include "general/QdxException.h"
+
+#include "Document.h"
+#include "Table.h"
+#include "Word.h"
+
+#include <gtest/gtest.h>
+
+#include <concepts>
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+/// Calls that Word received, as its transcript tells them.
+using Calls = std::vector<std::string>;
+
+/// The given calls one behind the other.
+template <std::same_as<Calls>... Parts>
+Calls join(const Parts&... parts)
+{
+    Calls all;
+    (all.insert(all.end(), parts.begin(), parts.end()), ...);
+    return all;
+}
+
+struct FontLook
+{
+    const char* name;
+    int size;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeThrough = false;
+
+    FontData data() const;
+};
+
+/// The fonts of styles in a new document.
+inline constexpr FontLook normalFont{"Times New Roman", 12};
+inline constexpr FontLook heading1Font{"Arial", 16, true};
+inline constexpr FontLook heading2Font{"Arial", 14, true, true};
+inline constexpr FontLook heading9Font{"Arial", 11};
+
+/// A style is looked up under `argument` and its font is read.
+Calls styleFontRead(const std::string& argument, int styleNumber, int fontNumber, const FontLook& font);
+/// The font of `range` is taken and everything in it is set.
+Calls fontWritten(const std::string& range, int fontNumber, const FontLook& font);
+/// The output range is laid over [start, end).
+Calls rangeLaid(std::int32_t start, std::int32_t end);
+/// A style run over [start, end) is applied, and on top of it the one font run that it has.
+Calls styleRunApplied(std::int32_t start, std::int32_t end, const std::string& style, int fontNumber,
+                      const FontLook& font);
+
+bool operator==(const FontData& a, const FontData& b);
+std::ostream& operator<<(std::ostream& out, const FontData& font);
+
+class Apartment
+{
+public:
+    Apartment();
+    ~Apartment();
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
+/// A Word with one new document. In the transcript it is Document@1, and its whole range Range@1.
+class DocumentTest : public testing::Test
+{
+protected:
+    DocumentTest();
+    /// Expects that nothing of Word is held any more.
+    void TearDown() override;
+
+    /// The calls since the last question.
+    Calls takeCalls();
+    standin::model::Document& model() const;
+    /// All text of the document but its last paragraph mark.
+    std::u16string text() const;
+    std::u16string styleAt(std::int32_t position) const;
+    standin::model::FontProperties fontAt(std::int32_t position) const;
+    standin::model::Alignment alignmentAt(std::int32_t position) const;
+    void addStyle(const char16_t* name, const standin::model::FontProperties& font = {});
+    std::vector<standin::model::Table> tables() const;
+    /// What the cells of the only table hold: "one|two/three|four".
+    std::u16string cellTexts() const;
+    /// The primary header, which plays a table's cell where only text and ranges count: a story of its own,
+    /// ended by a mark. The calls for it are not left in the transcript; it is Range@2 when it is the second.
+    Word::RangePtr headerRange();
+
+    Apartment apartment_;
+    standin::Session session_;
+    Word::_ApplicationPtr application_;
+    Word::_DocumentPtr document_;
+    Word::RangePtr range_;
+};
+
+/// Besides, a writer over the whole document, whose first calls are not left in the transcript.
+class WriterTest : public DocumentTest
+{
+protected:
+    void SetUp() override;
+    /// Ends the writer if the test has not; expects no failure.
+    void TearDown() override;
+
+    MirovelSection& writer() { return *writer_; }
+    MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
+    /// Destroys the writer and gives the calls that this took.
+    Calls finish();
+
+    /// What follows goes into `cell`, as in an open table.
+    void openCell(const Word::RangePtr& cell);
+    /// Closes it again and forgets the font runs, which only a real table could apply.
+    void closeCell();
+
+private:
+    MirovelSection* writer_ = nullptr; // deleted where a failure can pass
+};
+
+/// Besides, the document has been emptied, as it is for a client: the output range ends where the writer has
+/// written last.
+class ClientWriterTest : public WriterTest
+{
+protected:
+    void SetUp() override;
+};
+
+/// The HRESULT of the `_com_error` that `act` raises; nothing when it does not.
+template <class Act>
+std::optional<HRESULT> comErrorOf(Act&& act)
+{
+    try {
+        act();
+        return std::nullopt;
+    } catch (const _com_error& error) {
+        return error.Error();
+    }
+}
+
+/// The text of the QdxException that `act` raises; nothing when it does not.
+template <class Act>
+std::optional<std::string> reasonOf(Act&& act)
+{
+    try {
+        act();
+        return std::nullopt;
+    } catch (const QdxException& exception) {
+        return exception.reasonText();
+    }
+}

@@ -1,0 +1,21 @@
+#include "SaveAlign.h"
+
+bool SaveAlign::operator==(const SaveAlign&) const
+{
+    return true;
+}
+
+bool SaveAlign::operator!=(const SaveAlign&) const
+{
+    return true;
+}
+
+bool SaveAlign::operator<(const SaveAlign&) const
+{
+    return true;
+}
+
+bool SaveAlign::operator>(const SaveAlign&) const
+{
+    return true;
+}

@@ -1,0 +1,189 @@
+#pragma once
+
+#include "FontData.h"
+#include "QdxObject.h"
+#include "QdxString.h"
+
+#include "Word.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+
+class FontSave;
+class HyperLink;
+class Trace;
+struct MirovelSectionData;
+
+/// Writes a stream of content into one range of a Word document: the body, a header or a footer.
+///
+/// The writer keeps its own count of the characters it has written (the insertion position) and asks Word for
+/// positions only where Word alone can know them, so that writing text costs one Word call. Styles, fonts and
+/// alignments are recorded as runs against that count and applied to whole ranges later; links and the table
+/// of contents are drawn last, when the writer is destroyed.
+///
+/// While a table is open, text, fields, pictures, files and links go into the current cell.
+///
+/// Errors: a failed Word call raises `_com_error` with Word's HRESULT, a null Word pointer one with
+/// E_POINTER; nothing that was done before it is undone. Exceptions to that are named at the method.
+///
+/// Threading: one writer is used by one thread at a time. The cache of style fonts is shared by all writers
+/// of the process and not locked.
+class MirovelSection : public QdxObject
+{
+public:
+    /// Starts writing behind `range`, in the style "Normal". All three must be non-null; the writer keeps
+    /// references.
+    MirovelSection(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document,
+                   const Word::RangePtr& range);
+
+    /// A copy shares the state of the writer it was copied from and leaves the pending work to it; it must
+    /// not outlive it.
+    MirovelSection(const MirovelSection& other);
+
+    /// Completes this writer's own pending work first, then shares the state of `other` as a copy does.
+    MirovelSection& operator=(const MirovelSection& other);
+
+    /// Does the pending work in this order: style run, font runs, alignment runs, the end of the last tag,
+    /// links, table of contents. The first failure stops the rest and leaves the destructor, unless the stack
+    /// is already unwinding; all references are released in any case. Destroy the writer before the document
+    /// is saved.
+    ~MirovelSection() noexcept(false) override;
+
+    /// Records that `font` begins at the insertion position.
+    virtual void storeFont(const FontData& font);
+    /// Applies all recorded font runs and forgets them.
+    virtual void applyFont();
+    /// Closes the open style run and applies it, with the font runs on top.
+    virtual void applyStyle();
+
+    /// Gives the writer a copy of a trace, for what it has to report itself.
+    void setTrace(const Trace& trace);
+    /// Number of sections in the document, as far as this writer has made them; 1 at first.
+    std::int32_t getSectionCount() const;
+    /// Empties the cache of style fonts, for all writers: the next document may define its styles
+    /// differently.
+    static void clearCache();
+    /// Deletes what the output range holds.
+    void deleteRange();
+
+    /// @name Text
+    /// @{
+    /// Writes `text` (UTF-16, ended by NUL) as it stands; no markup is looked for.
+    void insertText(const wchar_t* text);
+    /// Ends the paragraph. Every 101 paragraph ends Word's undo list is cleared.
+    void insertEndl();
+    /// Writes a page break; inside a table only closes and reopens a style run.
+    void insertPageBreak();
+    /// Turns the page break written last into a section break to a new page; without one, does nothing.
+    void changeLastPageBreak();
+    /// @}
+
+    /// @name Styles and fonts
+    /// @{
+    /// Starts a run of the paragraph style `name`. The style already in force is started again only with
+    /// `force`. Raises `QdxException` "ERR Unknown style: " + name when Word refuses the style.
+    void setStyle(const QdxString& name, bool force);
+    /// Makes `font` the font in force from here on.
+    void setFont(const FontData& font);
+    /// The font in force. After runs have been applied its name is empty.
+    FontData getFont() const;
+    /// @}
+
+    /// @name Alignment and fields
+    /// @{
+    /// Starts an alignment run: 2 centred, 3 right, 4 justified, any other number left.
+    void setTextAlign(std::int16_t align);
+    /// Writes a field: 1 date, 2 time, 3 file name, 4 page number; Word chooses for any other number.
+    void insertField(std::int16_t kind);
+    /// @}
+
+    /// @name Tables
+    /// Calls out of order (a cell without a row, a row without a table) are ignored.
+    /// @{
+    bool isTableOpen() const;
+    void startTable();
+    void addRow();
+    void addCell();
+    void endTable();
+    /// Sets the exact height, in points, of the current row and of the rows that follow in this table.
+    void setTableRowHeight(std::int32_t points);
+    /// @}
+
+    /// @name Table of contents
+    /// @{
+    /// Writes the heading "Table of Contents" and remembers the place. `level`: lowest heading level to list.
+    void insertTOC(std::int16_t level);
+    void startTOCEntry();
+    void endTOCEntry();
+    /// @}
+
+    /// @name Files and pictures
+    /// @{
+    /// Puts a file into the document in the way that suits it. `insertAsType`: 2 link, 4 hyperlink, else
+    /// embed.
+    void insertFile(const QdxString& fileName, std::int16_t insertAsType);
+    /// Inserts a picture, `width` and `height` in points (0: as Word finds it), leading to `link` unless that
+    /// is empty.
+    void insertImage(const QdxString& fileName, const QdxString& link, std::int16_t width,
+                     std::int16_t height, bool resolved);
+    /// @}
+
+    /// @name Links and tags
+    /// @{
+    /// Writes `text` and, when `target` is not empty, notes that it is to lead there.
+    void insertHyperLink(const QdxString& text, const QdxString& target, bool resolved);
+    /// Places a bookmark at the insertion position and ends the one before it. False, and nothing placed,
+    /// when the name has 10 or more characters or the document has no bookmarks.
+    bool insertTag(const QdxString& name);
+    /// Notes that the bookmark `name` exists: the links to it will be drawn.
+    void resolve(const QdxString& name);
+    /// @}
+
+private:
+    friend class MirovelSectionProbe; // lets tests read the counters
+
+    void finish();
+    void setRange(const Word::RangePtr& range);
+    void loInsertText(const wchar_t* text);
+    void checkForEndl();
+    void deleteLastChar();
+    void clearUndoAfterEndl();
+
+    static QdxString getRealStyle(const QdxString& name);
+    static int getLevel(const QdxString& prefix, const QdxString& name);
+    static _variant_t styleArgument(const QdxString& name);
+    void passStyles(const Word::StylesPtr& styles);
+    Word::StylePtr findStyle(const QdxString& name);
+    FontData findFont(const QdxString& style);
+    static void toFontPtr(const Word::_FontPtr& target, const FontData& font);
+    static void fromFontPtr(FontData& font, const Word::_FontPtr& source);
+    void startStyle(const QdxString& name);
+    void reopenStyle();
+
+    void applyAlign();
+
+    Word::RangePtr cellRange(std::int16_t row, std::int16_t col);
+    void enterRow(const Word::RowPtr& row);
+    void resizeTableColumns();
+    void applyFontToTable(const FontSave& run, const FontSave* next);
+
+    void drawTOC();
+
+    void wordInsertFile(const QdxString& fileName, bool link);
+    void insertOleObject(const QdxString& fileName, const QdxString& classType, const QdxString& iconProgram,
+                         bool link);
+    bool foundFile(QdxString& fileName);
+    static bool itsAPicture(const QdxString& fileName);
+
+    void insertLink(const QdxString& target, std::int32_t start, std::int32_t end,
+                    const Word::RangePtr& range, bool resolved);
+    void drawHyperLinks();
+    void drawAHyperLink(const HyperLink& link);
+
+    /// Style name to the font the style gives, for all writers; Word is asked once for each style.
+    static std::map<QdxString, FontData> s_smap;
+
+    std::unique_ptr<MirovelSectionData> owned_; // empty in a copy
+    MirovelSectionData* data_;
+};

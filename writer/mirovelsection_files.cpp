@@ -1,0 +1,141 @@
+#include "mirovelsection.h"
+
+#include "MirovelSectionData.h"
+#include "TextConversion.h"
+#include "sysSupport/SysFile.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+
+namespace {
+
+constexpr std::int16_t asLink = 2;
+constexpr std::int16_t asHyperLink = 4;
+constexpr std::int16_t defaultIcon = 1;
+
+} // namespace
+
+void MirovelSection::insertFile(const QdxString& name, std::int16_t insertAsType)
+{
+    if (name.isEmpty())
+        return;
+    if (SysFile::isHyperLink(name)) {
+        insertHyperLink(name, name, true);
+        return;
+    }
+    QdxString fileName = name;
+    if (!foundFile(fileName) && insertAsType != asHyperLink)
+        return;
+
+    const bool link = insertAsType == asLink;
+    const QdxString extension = SysFile::getExtension(fileName);
+    if (extension == ".ppt") {
+        insertOleObject(fileName, "PowerPoint.Show", "PowerPnt.exe", link);
+    } else if (extension == ".xls") {
+        insertOleObject(fileName, "Excel.Sheet", "excel.exe", link);
+    } else if (insertAsType == asLink || insertAsType == asHyperLink) {
+        if (insertAsType == asHyperLink)
+            fileName.replaceStr("\\", "\\\\");
+        insertHyperLink(SysFile::stripDir(fileName), fileName, true);
+    } else if (itsAPicture(fileName)) {
+        insertImage(fileName, "", 0, 0, true);
+    } else {
+        wordInsertFile(fileName, false);
+    }
+}
+
+void MirovelSection::insertImage(const QdxString& name, const QdxString& link, std::int16_t width,
+                                 std::int16_t height, bool resolved)
+{
+    QdxString fileName = name;
+    if (!foundFile(fileName))
+        return;
+
+    const bool inTable = isTableOpen();
+    const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
+    if (!inTable)
+        insertText(L"X");
+    const std::int32_t start = (inTable ? target->GetEnd() : data_->pos) - 1;
+    target->PutStart(start);
+
+    const Word::InlineShapePtr picture = target->GetInlineShapes()->AddPicture(toWide(fileName), false, true);
+    if (!inTable)
+        ++data_->pos;
+    if (width != 0)
+        picture->PutWidth(width);
+    if (height != 0)
+        picture->PutHeight(height);
+    if (!link.isEmpty())
+        insertLink(link, start, start + 1, target, resolved);
+    if (!inTable)
+        deleteLastChar();
+}
+
+void MirovelSection::insertOleObject(const QdxString& fileName, const QdxString& classType,
+                                     const QdxString& iconProgram, bool link)
+{
+    const bool inTable = isTableOpen();
+    const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
+    if (!inTable)
+        insertText(L"X");
+    target->PutStart((inTable ? target->GetEnd() : data_->pos) - 1);
+
+    const _variant_t objectClass = link ? _variant_t() : _variant_t(toWide(classType));
+    const bool displayAsIcon = true;
+    target->GetInlineShapes()->AddOLEObject(objectClass, toWide(fileName), link, displayAsIcon,
+                                            toWide(iconProgram), defaultIcon,
+                                            toWide(SysFile::stripDir(fileName)));
+    if (inTable)
+        return;
+    data_->pos = target->GetEnd();
+    deleteLastChar();
+}
+
+void MirovelSection::wordInsertFile(const QdxString& fileName, bool link)
+{
+    const bool inTable = isTableOpen();
+    if (!inTable) {
+        applyStyle();
+        applyFont();
+        applyAlign();
+        insertText(L"X");
+    }
+    const long place = (inTable ? data_->cellRange->GetEnd() : data_->pos) - 1;
+    const bool confirmConversions = false;
+    const bool asAttachment = false;
+    data_->document->Range(place, place)
+        ->InsertFile(toWide(fileName), L"", confirmConversions, link, asAttachment);
+    if (inTable)
+        return;
+    data_->pos = data_->range->GetEnd();
+    deleteLastChar();
+}
+
+// Only pictures are looked for in the installation, and only under a bare name.
+bool MirovelSection::foundFile(QdxString& fileName)
+{
+    if (fileName.isEmpty())
+        return false;
+    if (SysFile::exists(fileName))
+        return true;
+    if (itsAPicture(fileName) && SysFile::getDir(fileName).isEmpty()) {
+        QdxString installed = "pix\\";
+        installed.append(fileName);
+        installed = SysFile::appendToDir(data_->installDir, installed);
+        if (SysFile::exists(installed)) {
+            fileName = installed;
+            return true;
+        }
+    }
+    if (data_->trace.isTrace(1))
+        data_->trace << "ERR File not found: " << fileName << std::endl;
+    return false;
+}
+
+bool MirovelSection::itsAPicture(const QdxString& fileName)
+{
+    static constexpr std::array pictureExtensions = {".bmp", ".jpg", ".jpeg", ".gif", ".emf"};
+    const QdxString extension = SysFile::getExtension(fileName);
+    return std::ranges::any_of(pictureExtensions, [&](const char* picture) { return extension == picture; });
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "QdxString.h"
+#include "general/QdxException.h"
+
+#include <comdef.h>
+
+struct DocSession;
+
+/// The text for a failed Word call: the activity, the code and what the system says about it, on a line each.
+QdxString comErrorText(const char* activity, const _com_error& error);
+
+/// Throws a `QdxException` with that text; while the session's errors are quiet, writes it to the trace at
+/// level 1 instead and returns.
+void reportComError(DocSession& session, const char* activity, const _com_error& error);
+
+/// Throws `exception`, after a line in the exception log when its category "Throw" is on.
+[[noreturn]] void throwLogged(const QdxException& exception);

@@ -1,0 +1,93 @@
+#include "Mirovel.h"
+
+#include "MirovelCall.h"
+
+#include "mirovelsection.h"
+
+namespace {
+
+constexpr wchar_t propertyPageClass[] = L"{5C2E7A11-3B41-4D8E-9F62-A1B3C4D5E6F7}";
+constexpr wchar_t documentType[] = L"Word";
+
+void returnText(BSTR* out, const wchar_t* text)
+{
+    if (!out)
+        _com_issue_error(E_POINTER);
+    *out = SysAllocString(text);
+    if (!*out)
+        _com_issue_error(E_OUTOFMEMORY);
+}
+
+} // namespace
+
+Mirovel::Mirovel() : IDispatchImpl(L"Mirovel.Mirovel"), session_(std::make_unique<DocSession>()) {}
+
+Mirovel::~Mirovel()
+{
+    DocSession& session = *session_;
+    session.quietErrors = true;
+    if (session.wordStarted) {
+        bool visible = false;
+        framed("Looking for Word's window",
+               [&] { visible = session.application->GetVisible() != VARIANT_FALSE; });
+        if (!visible) {
+            framed("Closing the document", [&] { close(); });
+            framed("Stopping Word", [&] { stop(); });
+        }
+    }
+    // A writer that fails leaves the others to be destroyed.
+    while (session.headerSection || session.footerSection || session.mainSection)
+        framed("Completing the document", [&] { session.releaseSections(); });
+}
+
+STDMETHODIMP Mirovel::getPropPages(BSTR* bstrCLSID)
+{
+    returnText(bstrCLSID, propertyPageClass);
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::getDocType(BSTR* docType)
+{
+    returnText(docType, documentType);
+    return S_OK;
+}
+
+// Kept for clients that were written against them.
+
+STDMETHODIMP Mirovel::insertDiagram(long /*ptr*/, short /*width*/, short /*height*/)
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    runInDiagramFrame(*session_, "Inserting diagram", [] {});
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setOption(BSTR /*option*/, BSTR /*value*/)
+{
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertMark(long /*ptr*/, VARIANT_BOOL /*isPrimary*/)
+{
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::startFile(BSTR /*fileName*/)
+{
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertLocate()
+{
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::pushDirectory(BSTR /*directoryName*/)
+{
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::popDirectory()
+{
+    return S_OK;
+}

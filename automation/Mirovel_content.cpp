@@ -1,0 +1,274 @@
+#include "Mirovel.h"
+
+#include "AnchorMarkup.h"
+#include "MirovelCall.h"
+
+#include "mirovelsection.h"
+
+#include <cwchar>
+
+namespace {
+
+/// `setStyle` calls after which the document is saved, so that a long generation does not lose everything.
+constexpr std::int32_t styleChangesPerSave = 100;
+
+constexpr wchar_t wideAnchorOpening[] = L"<a href=";
+
+const wchar_t* textOf(BSTR text)
+{
+    return text ? text : L"";
+}
+
+_bstr_t wide(std::string_view text)
+{
+    return toWide(QdxString(text.data(), text.size()));
+}
+
+} // namespace
+
+STDMETHODIMP Mirovel::insertText(BSTR text)
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("insertText", text);
+    framed("insertText", [&] { writeText(text); });
+    return S_OK;
+}
+
+void Mirovel::writeText(BSTR text)
+{
+    if (std::wcsstr(textOf(text), wideAnchorOpening) == nullptr) {
+        session_->writer().insertText(textOf(text));
+        return;
+    }
+    const QdxString narrow = toNarrow(text);
+    const std::string_view view(narrow.data(), narrow.length());
+    std::string_view tail;
+    if (splitAnchorMarkup(view, view.find(AnchorMarkup::opening), tail))
+        writeTail(tail);
+    else
+        session_->writer().insertText(textOf(text));
+}
+
+// What stands in front of a malformed anchor is written here and once more with the whole text: so it has
+// always been.
+bool Mirovel::splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail)
+{
+    insertText(wide(text.substr(0, anchorPos)));
+    const std::optional<AnchorMarkup> anchor = parseAnchor(text, anchorPos);
+    if (!anchor)
+        return false;
+    QdxString target(anchor->target.data(), anchor->target.size());
+    if (target.startsWith("#GUID "))
+        target.replaceStr("#GUID ", "GUID ");
+    insertXref(wide(anchor->label), toWide(target));
+    tail = anchor->tail;
+    return true;
+}
+
+// Each tail counts as a call of insertText of its own, with echo, guard and frame. The loop takes the place
+// of that recursion, whose depth the client's text would decide.
+void Mirovel::writeTail(std::string_view text)
+{
+    framed("insertText", [&] {
+        for (std::string_view rest = text; session_->documentOpen;) {
+            if (echoes())
+                echo("insertText", Quoted{QdxString(rest.data(), rest.size())});
+            const std::size_t anchorPos = rest.find(AnchorMarkup::opening);
+            if (anchorPos != rest.npos && splitAnchorMarkup(rest, anchorPos, rest))
+                continue;
+            session_->writer().insertText(wide(rest));
+            return;
+        }
+    });
+}
+
+STDMETHODIMP Mirovel::insertEndl()
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("insertEndl");
+    framed("insertEndl", [&] { session_->writer().insertEndl(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertPageBreak()
+{
+    DocSession& session = *session_;
+    if (!session.documentOpen)
+        return S_OK;
+    if (echoes()) {
+        echo("insertPageBreak");
+        session.trace << std::endl;
+        ++session.pageNumber;
+        session.trace << "// Page " << static_cast<long>(session.pageNumber) << std::endl;
+    }
+    framed("insertPageBreak", [&] {
+        session.writer().insertPageBreak();
+        session.document->UndoClear();
+    });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertField(short field)
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("insertField", field);
+    framed("insertField", [&] { session_->writer().insertField(field); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setStyle(BSTR style)
+{
+    DocSession& session = *session_;
+    if (!session.documentOpen)
+        return S_OK;
+    echo("setStyle", style);
+    if (++session.styleChangeCount > styleChangesPerSave) {
+        framed("Saving document because of style changes", [&] {
+            saveDocument();
+            session.styleChangeCount = 0;
+        });
+    }
+    if (session.currentSection == session.mainSection)
+        framed("setStyle", [&] { session.writer().setStyle(toNarrow(style), false); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setFontName(BSTR name)
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("setFontName", name);
+    framed("setFontName", [&] {
+        FontData font;
+        font.name = toNarrow(name);
+        session_->writer().setFont(font);
+    });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setFontSize(short size)
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    framed("setFontSize", [&] {
+        FontData font = session_->writer().getFont();
+        font.size = size;
+        echo("setFontSize", size);
+        session_->writer().setFont(font);
+    });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
+{
+    DocSession& session = *session_;
+    if (!session.documentOpen)
+        return S_OK;
+    const bool on = value != VARIANT_FALSE;
+    framed("setFontAttribute", [&] {
+        EchoLine<Trace> line(session.trace);
+        if (echoes())
+            line.begin("setFontAttribute");
+        FontData font = session.writer().getFont();
+        const char* attribute = "";
+        switch (att) {
+        case 1:
+            attribute = "DocBold,";
+            font.bold = on;
+            break;
+        case 2:
+            attribute = "DocItalic,";
+            font.italic = on;
+            break;
+        case 4:
+            attribute = "DocUnderline,";
+            font.underline = on;
+            break;
+        case 8:
+            attribute = "DocStrike,";
+            font.strikeThrough = on;
+            break;
+        default:
+            break;
+        }
+        if (echoes()) {
+            session.trace << attribute << (on ? "true" : "false");
+            line.end();
+        }
+        session.writer().setFont(font);
+    });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setTextAlign(short textAlign)
+{
+    echo("setTextAlign", textAlign);
+    withWriter([&](MirovelSection& writer) { writer.setTextAlign(textAlign); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertFile(BSTR fileName, short insertAsType)
+{
+    echo("insertFile", fileName, insertAsType);
+    withWriter([&](MirovelSection& writer) { writer.insertFile(toNarrow(fileName), insertAsType); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertTOC()
+{
+    echo("insertTOC");
+    withWriter([&](MirovelSection& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::startTOCEntry()
+{
+    echo("startTOCEntry");
+    withWriter([](MirovelSection& writer) { writer.startTOCEntry(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::endTOCEntry()
+{
+    echo("endTOCEntry");
+    withWriter([](MirovelSection& writer) { writer.endTOCEntry(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::startTable()
+{
+    echo("startTable");
+    withWriter([](MirovelSection& writer) { writer.startTable(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::endTable()
+{
+    echo("endTable");
+    withWriter([](MirovelSection& writer) { writer.endTable(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::addCell()
+{
+    echo("addCell");
+    withWriter([](MirovelSection& writer) { writer.addCell(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::addRow()
+{
+    echo("addRow");
+    withWriter([](MirovelSection& writer) { writer.addRow(); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::setTableRowHeight(long points)
+{
+    echo("setTableRowHeight");
+    withWriter([&](MirovelSection& writer) { writer.setTableRowHeight(points); });
+    return S_OK;
+}

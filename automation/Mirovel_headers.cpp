@@ -1,0 +1,86 @@
+#include "Mirovel.h"
+
+#include "MirovelCall.h"
+
+#include "WordConstants.h"
+#include "mirovelsection.h"
+
+namespace {
+
+constexpr short landscape = 1;
+constexpr float leftMargin = 130.0F; // points, in either orientation
+
+} // namespace
+
+STDMETHODIMP Mirovel::startHeader()
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("startHeader");
+    framed("startHeader",
+           [&] { startHeaderFooter(session_->headerSection, "Header", &Word::Section::GetHeaders); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::endHeader()
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("endHeader");
+    endHeaderFooter(session_->headerSection);
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::startFooter()
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("startFooter");
+    framed("startFooter",
+           [&] { startHeaderFooter(session_->footerSection, "Footer", &Word::Section::GetFooters); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::endFooter()
+{
+    if (!session_->documentOpen)
+        return S_OK;
+    echo("endFooter");
+    endHeaderFooter(session_->footerSection);
+    return S_OK;
+}
+
+void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters)
+{
+    DocSession& session = *session_;
+    session.writer().changeLastPageBreak();
+    const long lastSection = session.writer().getSectionCount();
+
+    const Word::SectionPtr section = session.document->GetSections()->Item(lastSection);
+    const Word::HeaderFooterPtr primary =
+        (section.GetInterfacePtr()->*headersFooters)()->Item(Word::wdHeaderFooterPrimary);
+    primary->PutLinkToPrevious(VARIANT_FALSE);
+    const Word::RangePtr range = primary->GetRange();
+    range->Delete();
+
+    endHeaderFooter(slot);
+    slot = new MirovelSection(session.application, session.document, range);
+    slot->setTrace(session.trace);
+    slot->setStyle(style, false);
+    session.currentSection = slot;
+}
+
+// The body is current again before anything can fail.
+void Mirovel::endHeaderFooter(MirovelSection*& slot)
+{
+    session_->currentSection = session_->mainSection;
+    destroySection(slot);
+}
+
+STDMETHODIMP Mirovel::setOrientation(short docorient)
+{
+    const Word::PageSetupPtr page = session_->document->GetPageSetup();
+    page->PutOrientation(docorient == landscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
+    page->PutLeftMargin(leftMargin);
+    return S_OK;
+}

@@ -1,0 +1,73 @@
+#include "Mirovel.h"
+
+#include "MirovelCall.h"
+
+#include "mirovelsection.h"
+#include "sysSupport/SysFile.h"
+
+namespace {
+
+bool isEmptyText(BSTR text)
+{
+    return !text || *text == L'\0';
+}
+
+} // namespace
+
+// True when the target exists: an address, a file, or a tag that has been placed. A new tag is entered.
+bool Mirovel::resolveLinkTarget(const QdxString& name, QdxString& target)
+{
+    if (name.isEmpty())
+        return true;
+    if (SysFile::isHyperLink(name) || SysFile::exists(name)) {
+        target = name;
+        return true;
+    }
+    bool defined = false;
+    if (!session_->bookmarks.lookup(name, target, defined))
+        target = session_->bookmarks.add(name);
+    return defined;
+}
+
+STDMETHODIMP Mirovel::insertImage(BSTR imageFileName, BSTR fileOrUrl)
+{
+    echo("insertImage", Bare{imageFileName}, fileOrUrl);
+    QdxString target;
+    const bool resolved = resolveLinkTarget(toNarrow(fileOrUrl), target);
+    withWriter(
+        [&](MirovelSection& writer) { writer.insertImage(toNarrow(imageFileName), target, 0, 0, resolved); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
+{
+    echo("insertXref", text, tagName);
+    if (isEmptyText(text))
+        return S_OK;
+    if (isEmptyText(tagName)) {
+        withWriter([&](MirovelSection& writer) { writer.insertText(text); });
+        return S_OK;
+    }
+    QdxString target;
+    const bool resolved = resolveLinkTarget(toNarrow(tagName), target);
+    withWriter([&](MirovelSection& writer) { writer.insertHyperLink(toNarrow(text), target, resolved); });
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::insertTag(BSTR tagName)
+{
+    echo("insertTag", tagName);
+    if (isEmptyText(tagName))
+        return S_OK;
+    const QdxString tag = toNarrow(tagName);
+    QdxString bookmark;
+    bool defined = false;
+    if (!session_->bookmarks.lookup(tag, bookmark, defined))
+        bookmark = session_->bookmarks.add(tag);
+    withWriter([&](MirovelSection& writer) {
+        writer.insertTag(bookmark);
+        writer.resolve(bookmark);
+        session_->bookmarks.markDefined(tag);
+    });
+    return S_OK;
+}

@@ -1,0 +1,219 @@
+#include "Mirovel.h"
+
+#include "MirovelCall.h"
+#include "ShellOpen.h"
+#include "TemplateChoice.h"
+
+#include "WordConstants.h"
+#include "mirovelsection.h"
+#include "sysSupport/SysCOMSupport.h"
+#include "sysSupport/SysFile.h"
+
+namespace {
+
+constexpr char wordClass[] = "{000209FF-0000-0000-C000-000000000046}";
+
+/// How long Word may take to let go of the files it had open, in milliseconds.
+constexpr DWORD wordExitTime = 1000;
+
+/// Word is registered nowhere.
+constexpr HRESULT wordNotInstalled = CO_E_CLASSSTRING;
+
+bool isWordDocument(const QdxString& fileName)
+{
+    return fileName.find(".doc") != QdxString::npos;
+}
+
+} // namespace
+
+STDMETHODIMP Mirovel::start()
+{
+    if (session_->wordStarted)
+        return S_OK;
+    echo("start");
+    runInFrame([&] { connectToWord(); },
+               [&](const _com_error& error) {
+                   if (error.Error() == wordNotInstalled)
+                       throwLogged(QdxException("Cannot open Word\nPlease install Word.\n"));
+                   reportComError(*session_, "Cannot open Word", error);
+               });
+    return S_OK;
+}
+
+void Mirovel::connectToWord()
+{
+    DocSession& session = *session_;
+    if (const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass)) {
+        session.application = running;
+    } else {
+        const HRESULT created = session.application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+        if (FAILED(created) && created != E_NOINTERFACE)
+            _com_issue_error(created);
+    }
+    session.documents = session.application->GetDocuments();
+    session.wordStarted = true;
+}
+
+STDMETHODIMP Mirovel::create(BSTR fileName)
+{
+    DocSession& session = *session_;
+    if (!session.wordStarted)
+        return E_FAIL;
+    switchProofingOff();
+
+    session.fileName = toNarrow(fileName);
+    session.fileName.toLower();
+    session.pageNumber = 1;
+    if (echoes()) {
+        echo("create", Quoted{session.fileName});
+        session.trace << "// Page 1" << std::endl;
+    }
+    if (SysFile::getExtension(session.fileName).isEmpty())
+        session.fileName.append(".doc");
+
+    closeRunningCopy();
+    addDocument();
+    framed("Saving document", [&] { saveDocument(); });
+    session.tocLevel = session.registry.read("Word", "TOCLevel", 50);
+    session.saveEmf = session.registry.read("Diagram", "SaveEmf", "");
+    startMainSection();
+    session.documentOpen = true;
+    session.bookmarks.clear();
+    return S_OK;
+}
+
+void Mirovel::switchProofingOff()
+{
+    DocSession& session = *session_;
+    session.options = session.application->GetOptions();
+    if (!session.options)
+        return;
+    session.savedGrammarCheck = session.options->GetCheckGrammarAsYouType();
+    session.options->PutCheckGrammarAsYouType(VARIANT_FALSE);
+    session.savedSpellingCheck = session.options->GetCheckSpellingAsYouType();
+    session.options->PutCheckSpellingAsYouType(VARIANT_FALSE);
+}
+
+void Mirovel::restoreProofing()
+{
+    const DocSession& session = *session_;
+    if (!session.options)
+        return;
+    session.options->PutCheckGrammarAsYouType(session.savedGrammarCheck);
+    session.options->PutCheckSpellingAsYouType(session.savedSpellingCheck);
+}
+
+// Word cannot save over a document that is open under the same name.
+void Mirovel::closeRunningCopy()
+{
+    const DocSession& session = *session_;
+    if (!SysCOMSupport::isFileRunning(session.fileName))
+        return;
+    const long count = session.documents->GetCount();
+    for (long index = 1; index <= count; ++index) {
+        const Word::_DocumentPtr candidate = session.documents->Item(Word::integer(index));
+        if (!candidate)
+            return;
+        QdxString name = toNarrow(candidate->GetFullName());
+        name.toLower();
+        if (name == session.fileName) {
+            candidate->Close();
+            return;
+        }
+    }
+}
+
+void Mirovel::addDocument()
+{
+    DocSession& session = *session_;
+    const QdxString templateName = chooseTemplate(session.registry);
+    if (!templateName.isEmpty()) {
+        if (SysFile::exists(templateName)) {
+            try {
+                session.document = session.documents->Add(Word::text(toWide(templateName)));
+                return;
+            } catch (const _com_error&) {
+                askAfterRefusedTemplate(templateName);
+            }
+        } else {
+            askAfterMissingTemplate(templateName);
+        }
+    }
+    framed("Adding document", [&] { session.document = session.documents->Add(); });
+}
+
+void Mirovel::saveDocument()
+{
+    session_->document->SaveAs(Word::text(toWide(session_->fileName)));
+}
+
+void Mirovel::startMainSection()
+{
+    DocSession& session = *session_;
+    session.releaseSections();
+    session.mainSection =
+        new MirovelSection(session.application, session.document, session.document->Range());
+    MirovelSection::clearCache();
+    session.currentSection = session.mainSection;
+    // What the template put into the new document goes.
+    session.currentSection->deleteRange();
+}
+
+STDMETHODIMP Mirovel::close()
+{
+    DocSession& session = *session_;
+    if (!session.documentOpen)
+        return S_OK;
+    echo("close");
+    framed("Saving document", [&] {
+        session.releaseSections();
+        restoreProofing();
+        saveDocument();
+        session.document->Close();
+        session.documentOpen = false;
+    });
+    deleteTemporaryFiles();
+    return S_OK;
+}
+
+// Word holds on to the files it has inserted until it ends.
+void Mirovel::deleteTemporaryFiles()
+{
+    std::list<QdxString>& files = session_->temporaryFiles;
+    if (files.empty())
+        return;
+    stop();
+    Sleep(wordExitTime);
+    for (const QdxString& file : files)
+        SysFile::deleteFile(file);
+    files.clear();
+}
+
+STDMETHODIMP Mirovel::stop()
+{
+    if (!session_->wordStarted)
+        return S_OK;
+    echo("stop");
+    framed("Cannot close all Word Documents", [&] { closeAllDocuments(); });
+    session_->application->Quit();
+    session_->wordStarted = false;
+    return S_OK;
+}
+
+void Mirovel::closeAllDocuments()
+{
+    if (session_->documents->GetCount() > 0)
+        session_->documents->Close(Word::integer(Word::wdSaveChanges));
+}
+
+STDMETHODIMP Mirovel::showLast()
+{
+    const DocSession& session = *session_;
+    const bool wordDocument = isWordDocument(session.fileName);
+    if (wordDocument && !session.wordStarted)
+        start();
+    shellOpen(session.fileName);
+    if (wordDocument && session.wordStarted)
+        session.application->PutVisible(VARIANT_TRUE);
+    return S_OK;
+}

@@ -1,0 +1,43 @@
+#include "Mirovel.h"
+
+#include "MirovelCall.h"
+
+#include "RegEntry.h"
+#include "mirovelsection.h"
+
+STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
+{
+    echo("overrideRegistry", group, name, value, valueType);
+    RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
+    switch (valueType) {
+    case 1:
+        entry.setKind(RegEntry::textKind);
+        break;
+    case 2:
+        entry.setKind(RegEntry::integerKind);
+        break;
+    case 3:
+        entry.setKind(RegEntry::booleanKind);
+        break;
+    default:
+        break;
+    }
+    session_->registry.override(entry);
+    return S_OK;
+}
+
+STDMETHODIMP Mirovel::trace(short level)
+{
+    Trace& trace = session_->trace;
+    const QdxString logName = session_->registry.read("Log", "LogName", "");
+    Trace::purgeBefore(logName);
+    if (level == 0)
+        trace.close();
+    else if (level > 0)
+        trace.open(logName);
+    if (level >= 0)
+        trace.setLevel(level);
+    if (session_->mainSection)
+        session_->mainSection->setTrace(trace);
+    return S_OK;
+}

@@ -1,0 +1,54 @@
+#include "ComErrorReport.h"
+
+#include "DocSession.h"
+#include "FrontEndTest.h"
+
+namespace {
+
+std::string textFor(unsigned code)
+{
+    return comErrorText("activity", _com_error(static_cast<HRESULT>(code))).data();
+}
+
+TEST(ComErrorReportTest, NamesActivityCodeAndTheSystemsMessage)
+{
+    EXPECT_EQ(textFor(0x80004003), "activity\nCOMERROR 0x80004003\n" + systemMessage(E_POINTER));
+    EXPECT_EQ(textFor(0x80070005), "activity\nCOMERROR 0x80070005\n" + systemMessage(E_ACCESSDENIED));
+}
+
+TEST(ComErrorReportTest, SaysThatWordIsGone)
+{
+    EXPECT_EQ(textFor(0x800706BA), "activity\nCOMERROR 0x800706ba\nWord is unavailable.");
+}
+
+TEST(ComErrorReportTest, NumbersDispatchErrors)
+{
+    EXPECT_EQ(textFor(0x80040201), "activity\nCOMERROR 0x80040201\nIDispatch error #1");
+    EXPECT_EQ(textFor(0x8004FFFF), "activity\nCOMERROR 0x8004ffff\nIDispatch error #65023");
+}
+
+TEST(ComErrorReportTest, ShowsOtherCodesInHexadecimal)
+{
+    EXPECT_EQ(textFor(0x800A1735), "activity\nCOMERROR 0x800a1735\nUnknown error 0x800A1735");
+}
+
+TEST(ComErrorReportTest, WritesTheCodeWithoutLeadingZeros)
+{
+    EXPECT_EQ(textFor(0x1), "activity\nCOMERROR 0x1\n" + systemMessage(S_FALSE));
+}
+
+TEST(ComErrorReportTest, OnlyTracesWhileErrorsAreQuiet)
+{
+    const ScratchFolder folder;
+    const std::string name = folder.file("quiet.log");
+    DocSession session;
+    session.quietErrors = true;
+    session.trace.open(name.c_str());
+    EXPECT_NO_THROW(reportComError(session, "level 0", _com_error(E_POINTER)));
+    session.trace.setLevel(1);
+    EXPECT_NO_THROW(reportComError(session, "level 1", _com_error(E_POINTER)));
+    session.trace.close();
+    EXPECT_EQ(contentOf(name), "level 1\r\nCOMERROR 0x80004003\r\n" + systemMessage(E_POINTER) + "\r\n");
+}
+
+} // namespace

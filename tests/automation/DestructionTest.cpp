@@ -1,0 +1,127 @@
+// What the last Release does: Word that nobody sees ends, Word that the user sees stays.
+#include "FrontEndTest.h"
+
+namespace {
+
+constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
+
+class DestructionTest : public FrontEndTest
+{
+protected:
+    void release() { EXPECT_EQ(client.Detach()->Release(), 0U); }
+};
+
+TEST_F(DestructionTest, LeavesWordAloneThatWasNeverStarted)
+{
+    release();
+    EXPECT_EQ(word.callCount(), 0);
+}
+
+TEST_F(DestructionTest, ClosesTheDocumentAndStopsWordThatNobodySees)
+{
+    openDocument();
+    client->insertText(L"abc"_b);
+    trace(10);
+    word.clearTranscript();
+    release();
+    const Lines calls = takeTranscript();
+    EXPECT_EQ(calls.front(), "Application@1.Visible -> false");
+    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1"));
+    EXPECT_THAT(calls, testing::Contains("Document@1.Close(missing, missing, missing)"));
+    EXPECT_EQ(calls.back(), "Application@1.Quit(missing, missing, missing)");
+    EXPECT_EQ(log(), logLines({"mirovel->close();", "mirovel->stop();"}));
+    EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("abc"));
+    EXPECT_TRUE(word.hasQuit());
+}
+
+TEST_F(DestructionTest, LeavesWordThatTheUserSeesWithItsDocument)
+{
+    openDocument();
+    client->insertText(L"abc"_b);
+    word.application()->PutVisible(VARIANT_TRUE);
+    word.clearTranscript();
+    release();
+    const Lines calls = takeTranscript();
+    EXPECT_EQ(calls.front(), "Application@1.Visible -> true");
+    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1")); // the writer completes its work all the same
+    EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".Close("))));
+    EXPECT_FALSE(word.hasQuit());
+    EXPECT_EQ(word.model().documentCount(), 1);
+}
+
+TEST_F(DestructionTest, LeavesWordThatShowLastHasShown)
+{
+    openDocument();
+    client->showLast();
+    release();
+    EXPECT_FALSE(word.hasQuit());
+}
+
+TEST_F(DestructionTest, AsksNothingOfWordThatHasBeenStopped)
+{
+    start();
+    client->stop();
+    word.clearTranscript();
+    release();
+    EXPECT_EQ(takeTranscript(), Lines());
+}
+
+TEST_F(DestructionTest, TracesErrorsAtLevelOne)
+{
+    start();
+    trace(1);
+    word.failFromCall(2, refused); // all but the question whether Word is visible
+    RecordedExceptionLog exceptions;
+    release();
+    EXPECT_EQ(log(), logLines({
+                         "Cannot close all Word Documents",
+                         "COMERROR 0x800a1234",
+                         "Unknown error 0x800A1234",
+                         "Stopping Word",
+                         "COMERROR 0x800a1234",
+                         "Unknown error 0x800A1234",
+                     }));
+    EXPECT_EQ(exceptions.lines, Lines());
+}
+
+TEST_F(DestructionTest, KeepsErrorsToItselfAtLevelZero)
+{
+    openDocument();
+    trace(1);
+    trace(0);
+    word.failFromCall(2, refused);
+    release();
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(DestructionTest, ReleasesEverythingWhateverFails)
+{
+    for (long failing = 1; failing <= 25; ++failing) {
+        standin::Session session;
+        installed.reset();
+        installed = std::make_unique<standin::ClassRegistration>(session);
+        client = newClient();
+        setting("Word", "WordTemplateName", "");
+        ASSERT_EQ(client->start(), S_OK);
+        ASSERT_EQ(client->create(bstr(documentName())), S_OK);
+        client->insertText(L"abc"_b);
+        client->startHeader();
+        client->insertText(L"head"_b);
+        client->startFooter();
+        client->insertText(L"foot"_b);
+        session.failFromCall(failing, refused);
+        release();
+        EXPECT_EQ(session.liveObjects(), 0) << failing;
+    }
+}
+
+TEST_F(DestructionTest, SurvivesWordThatHasGone)
+{
+    openDocument();
+    trace(1);
+    word.application()->Quit(Word::integer(0));
+    release();
+    EXPECT_THAT(log(), testing::HasSubstr("COMERROR 0x80010108\r\n"));
+}
+
+} // namespace

@@ -1,0 +1,357 @@
+// Content in headers and footers, and back in the body.
+#include "FrontEndTest.h"
+
+#include "WordConstants.h"
+#include "mirovelsection.h"
+
+#include "Document.h"
+#include "Section.h"
+#include "Story.h"
+
+namespace {
+
+namespace model = standin::model;
+
+constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
+
+Lines join(Lines first, const Lines& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+/// A style's font is read: Times New Roman, 12 points.
+Lines fontRead(const std::string& styles, const std::string& number, const std::string& style,
+               const std::string& font)
+{
+    return {styles + ".Item(" + number + ") -> " + style,
+            style + ".Font -> " + font,
+            font + ".Name -> \"Times New Roman\"",
+            font + ".Size -> 12f",
+            font + ".Bold -> 0",
+            font + ".Italic -> 0",
+            font + ".Underline -> 0",
+            font + ".StrikeThrough -> 0"};
+}
+
+/// A style run over [start, end) of `range` and the one font run that it has.
+Lines runApplied(const std::string& range, int start, int end, const std::string& style,
+                 const std::string& font)
+{
+    const std::string from = range + ".Start = " + std::to_string(start);
+    const std::string to = range + ".End = " + std::to_string(end);
+    return {from,
+            to,
+            range + ".Style = " + style,
+            from,
+            to,
+            range + ".Font -> " + font,
+            font + ".Name = \"Times New Roman\"",
+            font + ".Size = 12f",
+            font + ".Bold = 0",
+            font + ".Italic = 0",
+            font + ".Underline = 0",
+            font + ".StrikeThrough = 0"};
+}
+
+class HeaderFooterTest : public FrontEndTest
+{
+protected:
+    HeaderFooterTest() { openDocument(); }
+
+    model::Document& document() { return *word.model().documents().front(); }
+
+    std::string partText(int section, bool header)
+    {
+        const Word::SectionPtr part = word.application()->GetActiveDocument()->GetSections()->Item(section);
+        const Word::HeadersFootersPtr all = header ? part->GetHeaders() : part->GetFooters();
+        const Word::RangePtr range = all->Item(Word::wdHeaderFooterPrimary)->GetRange();
+        std::string text = static_cast<const char*>(range->GetText());
+        text.pop_back();
+        return text;
+    }
+    std::string headerText(int section = 1) { return partText(section, true); }
+    std::string footerText(int section = 1) { return partText(section, false); }
+};
+
+TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedHeader)
+{
+    trace(10);
+    EXPECT_EQ(client->startHeader(), S_OK);
+    EXPECT_EQ(
+        takeTranscript(),
+        join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
+                        "Section@1.Headers -> HeadersFooters@1", "HeadersFooters@1.Item(1) -> HeaderFooter@1",
+                        "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
+                        "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
+                       fontRead("Styles@2", "-1", "Style@2", "Font@2")),
+                  {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
+                   "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
+             join(fontRead("Styles@2", "-32", "Style@3", "Font@3"),
+                  runApplied("Range@2", 0, 0, "-1", "Font@4"))));
+    EXPECT_EQ(client->insertText(L"head"_b), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines{"Range@2.InsertAfter(\"head\")"});
+    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_EQ(takeTranscript(),
+              join(runApplied("Range@2", 0, 4, "-32", "Font@5"), {"Document@1.UndoClear()"}));
+    EXPECT_EQ(client->insertText(L"body"_b), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"body\")"});
+    EXPECT_EQ(log(), logLines({"mirovel->startHeader();", "mirovel->insertText(\"head\");",
+                               "mirovel->endHeader();", "mirovel->insertText(\"body\");"}));
+    EXPECT_EQ(headerText(), "head");
+    EXPECT_EQ(documentText(), "body");
+}
+
+TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedFooter)
+{
+    trace(10);
+    EXPECT_EQ(client->startFooter(), S_OK);
+    EXPECT_EQ(
+        takeTranscript(),
+        join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
+                        "Section@1.Footers -> HeadersFooters@1", "HeadersFooters@1.Item(1) -> HeaderFooter@1",
+                        "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
+                        "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
+                       fontRead("Styles@2", "-1", "Style@2", "Font@2")),
+                  {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
+                   "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
+             join(fontRead("Styles@2", "-33", "Style@3", "Font@3"),
+                  runApplied("Range@2", 0, 0, "-1", "Font@4"))));
+    EXPECT_EQ(client->insertText(L"foot"_b), S_OK);
+    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_EQ(takeTranscript(),
+              join(join({"Range@2.InsertAfter(\"foot\")"}, runApplied("Range@2", 0, 4, "-33", "Font@5")),
+                   {"Document@1.UndoClear()"}));
+    EXPECT_EQ(log(), logLines({"mirovel->startFooter();", "mirovel->insertText(\"foot\");",
+                               "mirovel->endFooter();"}));
+    EXPECT_EQ(footerText(), "foot");
+    EXPECT_EQ(headerText(), "");
+    EXPECT_EQ(documentText(), "");
+}
+
+TEST_F(HeaderFooterTest, WritesInTheStylesOfTheirOwn)
+{
+    client->startHeader();
+    client->insertText(L"head"_b);
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    client->close();
+    const std::string file = contentOf(documentName());
+    EXPECT_THAT(file, testing::ContainsRegex("\\\\header.*head"));
+    EXPECT_THAT(file, testing::ContainsRegex("\\\\footer.*foot"));
+}
+
+TEST_F(HeaderFooterTest, ReplacesAHeaderThatIsStillEmpty)
+{
+    client->startHeader();
+    word.clearTranscript();
+    EXPECT_EQ(client->startHeader(), S_OK);
+    const Lines calls = takeTranscript();
+    ASSERT_GT(calls.size(), 7U);
+    EXPECT_EQ(calls[6], "Range@3.Delete(missing, missing) -> 1") << "the header is emptied first";
+    EXPECT_EQ(calls[7], "Range@2.Start = 0") << "then the earlier writer ends";
+    client->insertText(L"second"_b);
+    client->endHeader();
+    EXPECT_EQ(client->insertText(L"body"_b), S_OK);
+    EXPECT_EQ(documentText(), "body");
+    EXPECT_EQ(headerText(), "second");
+}
+
+// A header's writer knows of one section: begun again from inside, it is the first section's header.
+TEST_F(HeaderFooterTest, ReplacesTheWriterAndKeepsTheTextInTheEarlierHeader)
+{
+    client->insertText(L"one"_b);
+    client->insertPageBreak();
+    client->startHeader();
+    client->insertText(L"of the second"_b);
+    EXPECT_EQ(client->startHeader(), S_OK);
+    client->insertText(L"of the first"_b);
+    client->endHeader();
+    EXPECT_EQ(headerText(1), "of the first");
+    EXPECT_EQ(headerText(2), "of the second");
+}
+
+// The header has been emptied when the earlier writer is to format what it had written there.
+TEST_F(HeaderFooterTest, FailsToBeginAgainInAHeaderWithText)
+{
+    client->startHeader();
+    client->insertText(L"first"_b);
+    word.clearTranscript();
+    EXPECT_EQ(outcome([&] { return client->startHeader(); }),
+              "QdxException: startHeader\nCOMERROR 0x800a1200\nUnknown error 0x800A1200");
+    const Lines calls = takeTranscript();
+    ASSERT_EQ(calls.size(), 9U);
+    EXPECT_EQ(Lines(calls.begin() + 6, calls.end()),
+              (Lines{"Range@3.Delete(missing, missing) -> 1", "Range@2.Start = 0",
+                     "Range@2.End = 5 !! 0x800a1200"}));
+    EXPECT_EQ(headerText(), "");
+    client->insertText(L"body"_b);
+    EXPECT_EQ(documentText(), "body") << "content goes to the body again";
+
+    EXPECT_EQ(client->startHeader(), S_OK);
+    client->insertText(L"second"_b);
+    client->endHeader();
+    EXPECT_EQ(headerText(), "second");
+}
+
+TEST_F(HeaderFooterTest, EndHeaderLeavesAFooterThatIsBeingBuiltUnfinished)
+{
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    word.clearTranscript();
+    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines());
+    client->insertText(L"body"_b);
+    EXPECT_EQ(documentText(), "body");
+    EXPECT_EQ(footerText(), "foot");
+    word.clearTranscript();
+    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_EQ(takeTranscript(),
+              join(runApplied("Range@2", 0, 4, "-33", "Font@5"), {"Document@1.UndoClear()"}));
+}
+
+TEST_F(HeaderFooterTest, EndWithoutStartTouchesNothing)
+{
+    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines());
+    client->insertText(L"body"_b);
+    EXPECT_EQ(documentText(), "body");
+}
+
+TEST_F(HeaderFooterTest, BeginsASectionWhereThePageBrokeLast)
+{
+    client->insertText(L"one"_b);
+    client->insertPageBreak();
+    client->insertText(L"two"_b);
+    client->startHeader();
+    client->insertText(L"second"_b);
+    client->endHeader();
+    EXPECT_EQ(document().sectionCount(), 2);
+    EXPECT_EQ(headerText(1), "");
+    EXPECT_EQ(headerText(2), "second");
+    EXPECT_EQ(documentText(), "one\ftwo");
+
+    client->startFooter(); // no page break since
+    client->insertText(L"foot"_b);
+    client->endFooter();
+    EXPECT_EQ(document().sectionCount(), 2);
+    EXPECT_EQ(footerText(1), "");
+    EXPECT_EQ(footerText(2), "foot");
+
+    client->insertText(L" three"_b);
+    EXPECT_EQ(documentText(), "one\ftwo three");
+}
+
+// The writer that content goes to is asked, and a header's writer knows of one section.
+TEST_F(HeaderFooterTest, AFooterBegunInsideAHeaderGoesToTheFirstSection)
+{
+    client->insertText(L"one"_b);
+    client->insertPageBreak();
+    client->startHeader();
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    client->endFooter();
+    client->endHeader();
+    EXPECT_EQ(document().sectionCount(), 2);
+    EXPECT_EQ(footerText(1), "foot");
+    EXPECT_EQ(footerText(2), "foot") << "linked to the one before";
+}
+
+TEST_F(HeaderFooterTest, KeepsTheHeaderOfAnEarlierSection)
+{
+    client->startHeader();
+    client->insertText(L"first"_b);
+    client->endHeader();
+    client->insertText(L"one"_b);
+    client->insertPageBreak();
+    client->insertText(L"two"_b);
+    client->startHeader();
+    client->insertText(L"second"_b);
+    client->endHeader();
+    EXPECT_EQ(headerText(1), "first");
+    EXPECT_EQ(headerText(2), "second");
+}
+
+TEST_F(HeaderFooterTest, TakesTablesFontsAndAlignments)
+{
+    client->startHeader();
+    client->startTable();
+    client->addRow();
+    client->addCell();
+    client->insertText(L"left"_b);
+    client->addCell();
+    client->setFontName(L"Courier New"_b);
+    client->insertText(L"right"_b);
+    client->endTable();
+    client->endHeader();
+    EXPECT_EQ(headerText(), "left\r\aright\r\a\r\a ");
+    client->startTable();
+    client->addRow();
+    client->addCell();
+    client->insertText(L"body"_b);
+    client->endTable();
+    EXPECT_EQ(documentText(), "body\r\a\r\a ");
+    EXPECT_EQ(client->close(), S_OK);
+}
+
+TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInTheBody)
+{
+    client->startHeader();
+    const long calls = static_cast<long>(word.transcript().size());
+    client->endHeader();
+    for (const bool header : {true, false}) {
+        for (long call = 1; call <= calls; ++call) {
+            SCOPED_TRACE((header ? "header, call " : "footer, call ") + std::to_string(call));
+            MirovelSection::clearCache();
+            word.failCall(call, refused);
+            const std::string got =
+                outcome([&] { return header ? client->startHeader() : client->startFooter(); });
+            // Failures of the writer's own setStyle are QdxExceptions, which the frame swallows.
+            const bool inSetStyle = (call >= 9 && call <= 16) || call > 20;
+            EXPECT_EQ(got, inSetStyle
+                               ? "0x00000000"
+                               : std::string("QdxException: ") + (header ? "startHeader" : "startFooter") +
+                                     "\nCOMERROR 0x800a1234\nUnknown error 0x800A1234");
+            word.clearFaults();
+            word.clearTranscript();
+            EXPECT_EQ(client->insertText(L"x"_b), S_OK);
+            EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"x\")"});
+            EXPECT_EQ(header ? client->endHeader() : client->endFooter(), S_OK);
+        }
+    }
+    EXPECT_EQ(documentText(), std::string(static_cast<std::size_t>(2 * calls), 'x'));
+    EXPECT_EQ(client->close(), S_OK);
+}
+
+TEST_F(HeaderFooterTest, AFailureToEndReturnsContentToTheBody)
+{
+    client->startHeader();
+    client->insertText(L"head"_b);
+    word.failCall(2, refused);
+    EXPECT_EQ(outcome([&] { return client->endHeader(); }), "_com_error 0x800a1234");
+    EXPECT_EQ(client->endHeader(), S_OK);
+    client->insertText(L"body"_b);
+    EXPECT_EQ(documentText(), "body");
+    EXPECT_EQ(headerText(), "head");
+}
+
+TEST_F(HeaderFooterTest, CloseCompletesWhatIsStillBeingBuilt)
+{
+    client->startHeader();
+    client->insertText(L"head"_b);
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    word.clearTranscript();
+    EXPECT_EQ(client->close(), S_OK);
+    const Lines calls = takeTranscript();
+    const Lines header = join(runApplied("Range@2", 0, 4, "-32", "Font@9"), {"Document@1.UndoClear()"});
+    ASSERT_GT(calls.size(), header.size());
+    EXPECT_EQ(calls[2], "Range@2.Style = -32");
+    EXPECT_EQ(calls[header.size() + 2], "Range@3.Style = -33");
+    EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("head"));
+    EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("foot"));
+}
+
+} // namespace

@@ -1,0 +1,216 @@
+// insertXref, insertTag and insertImage: which tags, addresses and files links lead to.
+#include "FrontEndTest.h"
+
+#include "SamplePictures.h"
+
+namespace {
+
+class LinkTargetTest : public FrontEndTest
+{
+protected:
+    LinkTargetTest() { openDocument(); }
+
+    /// Closes the document and gives the targets of the links that this draws, as `address|sub-address`.
+    Lines linksAtClose()
+    {
+        word.clearTranscript();
+        EXPECT_EQ(client->close(), S_OK);
+        Lines links;
+        for (const std::string& call : takeTranscript()) {
+            if (call.find(".Add(Range@") == std::string::npos || call.rfind("Hyperlinks@", 0) != 0)
+                continue;
+            const std::size_t from = call.find(", \"") + 3;
+            const std::size_t to = call.find("\", missing");
+            std::string targets = call.substr(from, to - from);
+            targets.replace(targets.find("\", \""), 4, "|");
+            links.push_back(targets);
+        }
+        return links;
+    }
+
+    /// The names of the bookmarks that are placed.
+    Lines bookmarksPlaced()
+    {
+        Lines names;
+        for (const std::string& call : takeTranscript()) {
+            const std::size_t from = call.find(".Add(\"b");
+            if (call.rfind("Bookmarks@", 0) == 0 && from != std::string::npos)
+                names.push_back(call.substr(from + 6, call.find('"', from + 6) - from - 6));
+        }
+        return names;
+    }
+};
+
+TEST_F(LinkTargetTest, ATextWithoutTagIsPlainText)
+{
+    EXPECT_EQ(client->insertXref(L"label"_b, L""_b), S_OK);
+    EXPECT_EQ(client->insertXref(L"!"_b, nullptr), S_OK);
+    EXPECT_EQ(takeTranscript(), (Lines{"Range@1.InsertAfter(\"label\")", "Range@1.InsertAfter(\"!\")"}));
+    EXPECT_EQ(linksAtClose(), Lines());
+}
+
+TEST_F(LinkTargetTest, WithoutTextNothingIsInsertedAndNoTagEntered)
+{
+    EXPECT_EQ(client->insertXref(L""_b, L"tag"_b), S_OK);
+    EXPECT_EQ(client->insertXref(L""_b, L""_b), S_OK);
+    EXPECT_EQ(client->insertXref(nullptr, L"http://example.org"_b), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines());
+    client->insertText(L"x"_b);
+    client->insertTag(L"first"_b);
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b1"});
+}
+
+TEST_F(LinkTargetTest, ATagWithoutNameIsNone)
+{
+    EXPECT_EQ(client->insertTag(L""_b), S_OK);
+    EXPECT_EQ(client->insertTag(nullptr), S_OK);
+    EXPECT_EQ(takeTranscript(), Lines());
+}
+
+TEST_F(LinkTargetTest, TagsAreNumberedInTheOrderOfTheirFirstUse)
+{
+    client->insertXref(L"1"_b, L"one"_b);
+    client->insertTag(L"two"_b);
+    client->insertXref(L"3"_b, L"three"_b);
+    client->insertTag(L"three"_b);
+    client->insertTag(L"one"_b);
+    EXPECT_EQ(bookmarksPlaced(), (Lines{"b2", "b3", "b1"}));
+    EXPECT_EQ(linksAtClose(), (Lines{"|b1", "|b3"}));
+}
+
+TEST_F(LinkTargetTest, AReferenceWrittenBeforeTheTagIsResolvedByIt)
+{
+    client->insertXref(L"label"_b, L"tag"_b);
+    client->insertText(L" "_b);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
+TEST_F(LinkTargetTest, AReferenceWrittenBehindTheTagIsResolved)
+{
+    client->insertText(L"x"_b);
+    client->insertTag(L"tag"_b);
+    client->insertXref(L"label"_b, L"tag"_b);
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
+TEST_F(LinkTargetTest, AReferenceToATagThatIsNeverPlacedStaysPlain)
+{
+    client->insertXref(L"label"_b, L"tag"_b);
+    EXPECT_EQ(documentText(), "label");
+    EXPECT_EQ(linksAtClose(), Lines());
+}
+
+TEST_F(LinkTargetTest, TagsDifferInCase)
+{
+    client->insertXref(L"x"_b, L"Tag"_b);
+    client->insertXref(L"y"_b, L"tag"_b);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b2"});
+    EXPECT_EQ(linksAtClose(), Lines{"|b2"});
+}
+
+TEST_F(LinkTargetTest, AnchorsReferToTags)
+{
+    client->insertText(L"see <a href=\"#GUID 7\">item</a> here"_b);
+    client->insertTag(L"GUID 7"_b);
+    EXPECT_EQ(documentText(), "see item here");
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
+TEST_F(LinkTargetTest, AddressesAndFilesArePassedThrough)
+{
+    const std::string file = folder.write("a b.txt", "text");
+    client->insertXref(L"1"_b, L"http://example.org/"_b);
+    client->insertXref(L"2"_b, L"WWW.example.org"_b);
+    client->insertXref(L"3"_b, L"mailto:someone@example.org"_b);
+    client->insertXref(L"4"_b, bstr(file));
+    std::string escaped;
+    for (const char c : file)
+        escaped += c == '\\' ? "\\\\" : std::string(1, c);
+    EXPECT_EQ(linksAtClose(), (Lines{"http://example.org/|", "WWW.example.org|",
+                                     "mailto:someone@example.org|", escaped + "|"}));
+}
+
+TEST_F(LinkTargetTest, AMissingFileIsATag)
+{
+    client->insertXref(L"x"_b, L"c:\\no such.txt"_b);
+    client->insertTag(L"c:\\no such.txt"_b);
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b1"});
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
+TEST_F(LinkTargetTest, AnyTextIsATag)
+{
+    const std::wstring huge(100'000, L't');
+    for (const wchar_t* tag : {L" ", L"a b", L"\u4e2d", L"?", L"\"", huge.c_str()})
+        EXPECT_EQ(client->insertXref(L"x"_b, _bstr_t(tag)), S_OK);
+    client->insertTag(L"?"_b); // what becomes of a character outside the code page
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b3"});
+    client->insertTag(_bstr_t(huge.c_str()));
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b5"});
+    EXPECT_EQ(linksAtClose(), (Lines{"|b3", "|b3", "|b5"}));
+}
+
+TEST_F(LinkTargetTest, TheTagsOfADocumentAreForgottenByTheNext)
+{
+    client->insertTag(L"one"_b);
+    client->insertText(L"xx"_b);
+    client->close();
+    client->create(bstr(folder.file("second.doc")));
+    word.clearTranscript();
+    client->insertText(L"x"_b);
+    client->insertXref(L"label"_b, L"one"_b);
+    client->insertTag(L"two"_b);
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b2"});
+    EXPECT_EQ(linksAtClose(), Lines());
+}
+
+TEST_F(LinkTargetTest, ATagThatFailsIsEnteredAndNotPlaced)
+{
+    client->insertXref(L"label"_b, L"tag"_b);
+    word.failCall(1, E_ACCESSDENIED);
+    EXPECT_EQ(outcome([&] { return client->insertTag(L"tag"_b); }), "_com_error 0x80070005");
+    EXPECT_EQ(client->insertTag(L"tag"_b), S_OK);
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
+// The bookmark before ends one in front of the position.
+TEST_F(LinkTargetTest, TwoTagsInFrontOfAllTextFail)
+{
+    EXPECT_EQ(client->insertTag(L"one"_b), S_OK);
+    EXPECT_EQ(outcome([&] { return client->insertTag(L"two"_b); }), "_com_error 0x800a1200");
+    client->insertXref(L"label"_b, L"two"_b);
+    EXPECT_EQ(linksAtClose(), Lines()) << "the tag was not placed";
+}
+
+TEST_F(LinkTargetTest, ATagInAnEmptyDocumentFailsTheFirstClose)
+{
+    EXPECT_EQ(client->insertTag(L"one"_b), S_OK);
+    EXPECT_EQ(outcome([&] { return client->close(); }),
+              "QdxException: Saving document\nCOMERROR 0x800a1200\nUnknown error 0x800A1200");
+    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(contentOf(documentName()), testing::StartsWith("{\\rtf"));
+}
+
+TEST_F(LinkTargetTest, AnImageLeadsToAnAddressAFileOrATag)
+{
+    const _bstr_t picture = bstr(folder.write("a.bmp", sample::bmp()));
+    EXPECT_EQ(client->insertImage(picture, L"http://example.org/"_b), S_OK);
+    EXPECT_EQ(client->insertImage(picture, L"tag"_b), S_OK);
+    EXPECT_EQ(client->insertImage(picture, L"other"_b), S_OK);
+    EXPECT_EQ(client->insertImage(picture, L""_b), S_OK);
+    EXPECT_EQ(client->insertImage(picture, nullptr), S_OK);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(linksAtClose(), (Lines{"http://example.org/|", "|b1"}));
+}
+
+TEST_F(LinkTargetTest, AMissingImageEntersItsTagAllTheSame)
+{
+    client->insertImage(L"c:\\no such.bmp"_b, L"tag"_b);
+    client->insertText(L"x"_b);
+    client->insertTag(L"other"_b);
+    EXPECT_EQ(bookmarksPlaced(), Lines{"b2"});
+}
+
+} // namespace

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CComCoClass.h"
+#include "CComObjectRootEx.h"
+#include "CComSingleThreadModel.h"
+#include "IPropertyPageImpl.h"
+#include "InterfaceList.h"
+#include "MachineEnvironment.h"
+#include "PageWindow.h"
+#include "WordSettings.h"
+
+#include <IDocument.h>
+
+/// The property page for the component's settings. It reads and writes the registry and has no use for the
+/// objects that it is given.
+///
+/// The fields are filled when the page is shown for the first time after `Activate`; from then on the user's
+/// edits make it dirty, until they are applied or the fields are filled anew.
+///
+/// Threading: single-threaded apartment.
+class MirovelComPage : public CComObjectRootEx<CComSingleThreadModel>,
+                       public CComCoClass<MirovelComPage, &CLSID_MirovelComPage>,
+                       public IPropertyPageImpl
+{
+public:
+    using Interfaces = InterfaceList<IPropertyPage>;
+
+    MirovelComPage();
+
+    // IPropertyPage
+    /// E_POINTER without a place, E_INVALIDARG without a parent, E_UNEXPECTED while the page is active.
+    STDMETHODIMP Activate(HWND parent, LPCRECT place, BOOL modal) noexcept override;
+    /// E_UNEXPECTED, as from all that follow, while the page is not active.
+    STDMETHODIMP Deactivate() noexcept override;
+    /// Active or not. The caller frees the texts with CoTaskMemFree.
+    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
+    STDMETHODIMP Show(UINT showCommand) noexcept override;
+    STDMETHODIMP Move(LPCRECT place) noexcept override;
+    /// E_UNEXPECTED too when a field was refused, once the user has confirmed the message about it.
+    STDMETHODIMP Apply() noexcept override;
+    STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
+
+private:
+    void fill();
+    void edited() noexcept;
+    void browse();
+
+    MachineEnvironment machine_;
+    WordSettings settings_{machine_};
+    PageWindow window_;
+    bool needsFilling_ = true;
+};

@@ -1,0 +1,29 @@
+#include "Client.h"
+
+#include "Mirovel.h"
+
+#include "CComObject.h"
+
+namespace {
+
+constexpr CLSID wordClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+constexpr short textValue = 1;
+
+} // namespace
+
+RunningWord::RunningWord(Word::_Application& application)
+{
+    _com_util::CheckError(RegisterActiveObject(&application, wordClass, ACTIVEOBJECT_STRONG, &registration_));
+}
+
+RunningWord::~RunningWord()
+{
+    RevokeActiveObject(registration_, nullptr);
+}
+
+IDocumentPtr makeGenerator()
+{
+    const IDocumentPtr generator(CComObject<Mirovel>::create(), false);
+    generator->overrideRegistry(_bstr_t(L"Word"), _bstr_t(L"WordTemplateName"), _bstr_t(L""), textValue);
+    return generator;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Word.h"
+#include <IDocument.h>
+
+#include <string>
+
+_COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
+
+/// Makes an object the running Word for as long as it lives.
+class RunningWord
+{
+public:
+    explicit RunningWord(Word::_Application& application);
+    ~RunningWord();
+    RunningWord(const RunningWord&) = delete;
+    RunningWord& operator=(const RunningWord&) = delete;
+
+private:
+    DWORD registration_ = 0;
+};
+
+/// A document generator in this process that uses Word's default template. Its `start` attaches it to the
+/// running Word.
+IDocumentPtr makeGenerator();

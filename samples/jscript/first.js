@@ -1,0 +1,39 @@
+// Writes a document of two pages, from a script host:
+//   scripts/run-client samples/jscript/first.js --log /tmp/first.log -- 'Z:\tmp\first.doc'
+function writeDocument(fileName) {
+    var mirovel = new ActiveXObject("Mirovel.Mirovel");
+    mirovel.trace(10);
+    mirovel.start();
+    mirovel.create(fileName);
+
+    mirovel.setStyle("Heading 1");
+    mirovel.insertText("A first document");
+    mirovel.insertEndl();
+    mirovel.setStyle("Normal");
+    mirovel.insertText("Word wrote this page. The client said what, one call after the other: ");
+    mirovel.insertText("a heading, some text, the end of a paragraph.");
+    mirovel.insertEndl();
+    mirovel.insertPageBreak();
+
+    mirovel.setStyle("Heading 1");
+    mirovel.insertText("The second page");
+    mirovel.insertEndl();
+    mirovel.setStyle("Normal");
+    mirovel.insertText("It begins where the client asked for a page break.");
+    mirovel.insertEndl();
+
+    mirovel.close();
+    mirovel.stop();
+}
+
+if (WScript.Arguments.Count() !== 1) {
+    WScript.Echo("usage: first.js DOCUMENT");
+    WScript.Quit(2);
+}
+
+try {
+    writeDocument(WScript.Arguments.Item(0));
+} catch (e) {
+    WScript.Echo("The document could not be written: " + e.description);
+    WScript.Quit(1);
+}

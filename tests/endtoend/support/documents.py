@@ -1,0 +1,73 @@
+"""What a word processor makes of a document."""
+
+import re
+import subprocess
+import pathlib
+import xml.etree.ElementTree
+
+from support.endtoend import ROOT
+
+DRAW = "urn:oasis:names:tc:opendocument:xmlns:drawing:1.0"
+TEXT = "urn:oasis:names:tc:opendocument:xmlns:text:1.0"
+XLINK = "http://www.w3.org/1999/xlink"
+
+
+def text_of(document):
+    """The document's text as LibreOffice reads it: one line per paragraph."""
+    return _converted(document, "txt").read_text("utf-8-sig").removesuffix("\n")
+
+
+def page_count(document):
+    report = subprocess.run(["pdfinfo", pdf_of(document)], capture_output=True, text=True, check=True).stdout
+    return int(re.search(r"^Pages:\s+(\d+)$", report, re.MULTILINE)[1])
+
+
+def page_texts(document):
+    """The words on each page, without regard to how lines are broken."""
+    return [" ".join(page.split()) for page in pages_of(pdf_of(document))]
+
+
+def pdf_of(document):
+    """The document as LibreOffice prints it."""
+    return _converted(document, "pdf")
+
+
+def pages_of(pdf, *options):
+    """The text of each page; options as for pdftotext."""
+    text = subprocess.run(["pdftotext", *options, pdf, "-"], capture_output=True, text=True, check=True).stdout
+    return text.split("\f")[:-1]
+
+
+def page_sizes(pdf):
+    """(width, height) of each page, points."""
+    report = subprocess.run(["pdfinfo", "-l", "-1", pdf], capture_output=True, text=True, check=True).stdout
+    return [(float(m[1]), float(m[2])) for m in re.finditer(r"^Page +\d+ size: +([\d.]+) x ([\d.]+)", report, re.MULTILINE)]
+
+
+def pictures(pdf):
+    """(page number, width, height) of each bitmap, in points and in order."""
+    report = subprocess.run(["pdfimages", "-list", pdf], capture_output=True, text=True, check=True).stdout
+    found = []
+    for line in report.splitlines()[2:]:
+        words = line.split()
+        if words[2] == "image":
+            page, pixels, densities = int(words[0]), words[3:5], words[12:14]
+            found.append((page, *[round(int(p) / int(d) * 72) for p, d in zip(pixels, densities)]))
+    return found
+
+
+def linked_pictures(document):
+    """The addresses to which pictures lead, in order; LibreOffice does not tell of them in a PDF."""
+    return [link.get(f"{{{XLINK}}}href") for link in open_document(document).iter(f"{{{TEXT}}}a")
+            if link.find(f"{{{DRAW}}}frame") is not None]
+
+
+def open_document(document):
+    """The document's content as an element tree in OpenDocument format."""
+    return xml.etree.ElementTree.parse(_converted(document, "fodt"))
+
+
+def _converted(document, extension):
+    folder = pathlib.Path(document.parent / "converted")
+    subprocess.run([ROOT / "scripts" / "office-convert", extension, document, folder], check=True, timeout=240)
+    return folder / f"{document.stem}.{extension}"

@@ -1,0 +1,111 @@
+"""What the end-to-end tests stand on: a folder and a Wine prefix per module, and clients run in it."""
+
+import dataclasses
+import os
+import pathlib
+import shutil
+import subprocess
+import unittest
+
+from support import clients
+
+ROOT = pathlib.Path(__file__).resolve().parents[3]
+BUILD = pathlib.Path(os.environ["MIROVEL_BUILD"])
+DRIVER = pathlib.Path(os.environ["MIROVEL_DRIVER"])
+STANDIN = BUILD / "standin" / "com" / "wordstandin.exe"
+PATIENCE = 240  # seconds; a guard against hanging, not a measure
+
+
+def windows(path):
+    """The name by which a Windows program reaches a file of this machine."""
+    return "Z:" + str(path).replace("/", "\\")
+
+
+@dataclasses.dataclass
+class Outcome:
+    """What a client left behind."""
+
+    status: int
+    output: list  # lines
+    errors: str
+    transcript: list  # lines
+    log: bytes  # None when there is no log
+
+    @property
+    def log_lines(self):
+        return self.log.decode("cp1252").split("\r\n")[:-1]
+
+
+class EndToEndTest(unittest.TestCase):
+    """Each module has a folder of its own, fresh in every run, and in it a prefix that its clients share."""
+
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = BUILD / "endtoend" / cls.__module__
+        shutil.rmtree(cls.folder, ignore_errors=True)
+        cls.folder.mkdir(parents=True)
+
+    def run_client(self, client, *arguments, **options):
+        """Runs a client of any kind.
+
+        options: settings and env (dictionaries), display, prefix (default: the module's), status (the one expected,
+        0 unless given; None for any).
+        """
+        transcript = self.folder / "transcript.txt"
+        log = options.get("log", self.folder / "trace.log")
+        command = [ROOT / "scripts" / "run-client", client,
+                   "--prefix", options.get("prefix", self.folder / "prefix"), "--transcript", transcript, "--log", log]
+        for name, value in options.get("settings", {}).items():
+            command += ["--setting", f"{name}={value}"]
+        for name, value in options.get("env", {}).items():
+            command += ["--env", f"{name}={value}"]
+        if options.get("display"):
+            command.append("--display")
+        result = subprocess.run([*command, "--", *arguments], stdin=subprocess.DEVNULL, capture_output=True,
+                                timeout=PATIENCE, check=False)
+        outcome = Outcome(
+            status=result.returncode,
+            output=result.stdout.decode("utf-8", "replace").splitlines(),
+            errors=result.stderr.decode("utf-8", "replace"),
+            transcript=_lines(transcript),
+            log=log.read_bytes() if log.is_file() else None)
+        expected = options.get("status", 0)
+        if expected is not None:
+            self.assertEqual(expected, outcome.status, f"{outcome.output}\n{outcome.errors}")
+        return outcome
+
+    def run_vbscript(self, source, *arguments, **options):
+        return self.run_client(self._write("client.vbs", source, "cp1252"), *arguments, **options)
+
+    def run_jscript(self, source, *arguments, **options):
+        return self.run_client(self._write("client.js", source, "cp1252"), *arguments, **options)
+
+    def drive(self, calls, **options):
+        """Runs the calls by virtual table, in the C++ driver; \"new\" and \"release\" are among the calls."""
+        steps = self._write("steps.txt", clients.driver_steps(calls), "utf-8")
+        return self.run_client(DRIVER, windows(steps), **options)
+
+    def _write(self, name, text, encoding):
+        path = self.folder / name
+        path.write_bytes(text.encode(encoding))
+        return path
+
+    def new_document(self, name="result.doc"):
+        """A document's name that no file bears yet."""
+        path = self.folder / name
+        path.unlink(missing_ok=True)
+        return path
+
+    def assertAllOk(self, outcome):
+        self.assertEqual([], [line for line in outcome.output if not line.endswith(" -> ok")])
+
+    def assertNoPartialFiles(self, document):
+        """Saving leaves no temporary files beside the document."""
+        self.assertEqual([], [p.name for p in document.parent.iterdir()
+                              if p.name.startswith(document.stem) and p != document])
+
+
+def _lines(path):
+    return path.read_text("utf-8").splitlines() if path.is_file() else []

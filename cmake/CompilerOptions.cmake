@@ -29,6 +29,17 @@ if(MINGW)
   target_link_options(mirovel_options INTERFACE -static -Wl,--no-insert-timestamp)
 endif()
 
+# What ships is compiled with this as well; see MIROVEL_SHIPPED in Targets.cmake.
+add_library(mirovel_hardening INTERFACE)
+if(MINGW)
+  target_compile_options(mirovel_hardening INTERFACE -fstack-protector-strong)
+  # The linker's defaults today. They are stated so that no other linker's defaults ship.
+  target_link_options(mirovel_hardening INTERFACE -Wl,--high-entropy-va,--dynamicbase,--nxcompat)
+elseif(MSVC)
+  target_compile_options(mirovel_hardening INTERFACE /GS)
+  target_link_options(mirovel_hardening INTERFACE /HIGHENTROPYVA /DYNAMICBASE /NXCOMPAT)
+endif()
+
 if(MIROVEL_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

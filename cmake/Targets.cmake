@@ -1,6 +1,8 @@
 # The house has one target per folder. A target's public include directory is its own folder and nothing above it, so
 # code that includes a header from a folder it does not depend on does not compile.
 #
+# The folders below MIROVEL_SHIPPED make what is shipped and are compiled with the options of mirovel_hardening.
+#
 # Portable targets also build natively, where they run under sanitizers; Windows targets vanish from a native build.
 
 function(mirovel_portable_library name)
@@ -8,6 +10,9 @@ function(mirovel_portable_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_DEPENDS} PRIVATE mirovel_options)
+  if(MIROVEL_SHIPPED)
+    target_link_libraries(${name} PRIVATE mirovel_hardening)
+  endif()
 endfunction()
 
 function(mirovel_windows_library name)

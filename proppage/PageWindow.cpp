@@ -5,7 +5,6 @@
 #include "TextConversion.h"
 
 #include <comdef.h>
-#include <commctrl.h>
 
 #include <cwchar>
 #include <cwctype>
@@ -15,8 +14,6 @@ namespace {
 
 HWND createDialog(HWND parent, DLGPROC procedure, PageWindow* owner)
 {
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS};
-    InitCommonControlsEx(&classes);
     const HWND window = CreateDialogParamW(comModule().instance(), MAKEINTRESOURCEW(pageDialog), parent,
                                            procedure, reinterpret_cast<LPARAM>(owner));
     if (window == nullptr)
@@ -45,8 +42,15 @@ wint_t mnemonicOf(HWND control) noexcept
 
 } // namespace
 
+PageWindow::CommonControls::CommonControls() : library_(L"comctl32.dll")
+{
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS};
+    library_.function<decltype(InitCommonControlsEx)>("InitCommonControlsEx")(&classes);
+}
+
 SIZE PageWindow::naturalSize()
 {
+    const CommonControls controls;
     // A dialog of the child style needs a parent, even to be measured.
     const HWND window = createDialog(GetDesktopWindow(), procedure, nullptr);
     RECT place{};
@@ -57,6 +61,8 @@ SIZE PageWindow::naturalSize()
 
 void PageWindow::create(HWND parent, const RECT& place)
 {
+    if (!controls_)
+        controls_.emplace();
     createDialog(parent, procedure, this);
     // The container's own Tab order goes through the page.
     SetWindowLongPtrW(window_, GWL_EXSTYLE, GetWindowLongPtrW(window_, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "QdxString.h"
+#include "WinUtils/SystemLibrary.h"
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <utility>
 
 /// The page's dialog with its controls; it knows their numbers and nothing of what they mean. Used on one
@@ -55,6 +59,16 @@ public:
     [[nodiscard]] bool translateKey(MSG& message) const noexcept;
 
 private:
+    /// The window class of the up-down control; must outlive the windows.
+    class CommonControls
+    {
+    public:
+        CommonControls();
+
+    private:
+        SystemLibrary library_;
+    };
+
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     [[nodiscard]] QdxString text(int field, std::size_t limit) const;
@@ -62,5 +76,6 @@ private:
     [[nodiscard]] bool tabLeaves(HWND focus) const noexcept;
 
     Handlers handlers_;
+    std::optional<CommonControls> controls_;
     HWND window_ = nullptr;
 };

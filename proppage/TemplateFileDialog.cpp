@@ -18,7 +18,8 @@ std::optional<std::wstring> chooseTemplateFile(HWND owner, const wchar_t* initia
     request.lpstrFile = name.data();
     request.nMaxFile = static_cast<DWORD>(name.size() - 1);
     request.lpstrTitle = L"Select Word Template File";
-    request.Flags = OFN_HIDEREADONLY;
+    // The current directory belongs to the host.
+    request.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
 
     BOOL chosen = GetOpenFileNameW(&request);
     if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {

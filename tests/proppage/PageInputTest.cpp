@@ -12,6 +12,13 @@ using testing::IsEmpty;
 
 using Record = std::vector<std::string>;
 
+std::wstring currentDirectory()
+{
+    std::wstring path(MAX_PATH, L'\0');
+    path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+    return path;
+}
+
 class PageInputTest : public PageFixture
 {
 protected:
@@ -241,6 +248,7 @@ TEST_F(PageInputTest, BrowsesFromTheStoredTemplate)
     const std::wstring file = newFile(L"stored.dot");
     const std::wstring other = newFile(L"other.dot");
     store(L"Word", L"WordTemplateName", file);
+    const std::wstring directory = currentDirectory();
     userDoes([&] {
         clearsAndTypes(templateName, L"typed");
         user.clicks(control(browse));
@@ -263,6 +271,7 @@ TEST_F(PageInputTest, BrowsesFromTheStoredTemplate)
     });
     EXPECT_EQ(page->IsPageDirty(), S_OK);
     EXPECT_EQ(storedTemplate(), file);
+    EXPECT_EQ(currentDirectory(), directory);
 }
 
 TEST_F(PageInputTest, BrowsesWhateverIsStored)

@@ -1,0 +1,32 @@
+#include "WinUtils/SystemLibrary.h"
+
+#include <comdef.h>
+
+namespace {
+
+[[noreturn]] void throwLastError()
+{
+    throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
+}
+
+} // namespace
+
+SystemLibrary::SystemLibrary(const wchar_t* name)
+    : module_(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32))
+{
+    if (module_ == nullptr)
+        throwLastError();
+}
+
+SystemLibrary::~SystemLibrary()
+{
+    FreeLibrary(module_);
+}
+
+void* SystemLibrary::address(const char* name) const
+{
+    void* const found = reinterpret_cast<void*>(GetProcAddress(module_, name));
+    if (found == nullptr)
+        throwLastError();
+    return found;
+}

@@ -1,19 +1,20 @@
 # The front door. Everything a run makes lies in build/ and out/; packages are installed when one is missing.
 .DEFAULT_GOAL := build
-.PHONY: help bootstrap configure build native demo test bench lint tidy clean
+.PHONY: help bootstrap configure build native demo settings test bench lint tidy clean
 
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
 jobs := $(shell nproc)
 
 help:
-	@echo 'make        install what is missing, build for Windows (build/mingw-release)'
-	@echo 'make demo   build, write a report through COM and show it: results in out/demo/'
-	@echo 'make test   build and run all tests: natively under sanitizers, then under Wine'
-	@echo 'make bench  measure; the results are described in docs/performance.md'
-	@echo 'make lint   formatting, line endings, headers that compile alone, a second compiler'
-	@echo 'make tidy   clang-tidy over the portable code'
-	@echo 'make clean  remove build/ and out/'
+	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
+	@echo 'make demo      build, write a report through COM and show it: results in out/demo/'
+	@echo 'make settings  show the settings program; needs a display'
+	@echo 'make test      build and run all tests: natively under sanitizers, then under Wine'
+	@echo 'make bench     measure; the results are described in docs/performance.md'
+	@echo 'make lint      formatting, line endings, headers that compile alone, a second compiler'
+	@echo 'make tidy      clang-tidy over the portable code'
+	@echo 'make clean     remove build/ and out/'
 
 bootstrap:
 	@scripts/bootstrap
@@ -32,6 +33,9 @@ native: bootstrap
 
 demo: build
 	@scripts/demo
+
+settings: build
+	@scripts/settings
 
 test: native build
 	@ctest --preset native-asan -j$(jobs)

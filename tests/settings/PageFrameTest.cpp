@@ -1,0 +1,186 @@
+// The frame around the page of the built DLL, under a user's hands.
+#include "PageFrame.h"
+
+#include "PageFixture.h"
+#include "resource.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+class PageFrameTest : public PageFixture
+{
+protected:
+    /// Opens the frame, which `script` is to leave closed.
+    void userDoes(const std::function<void()>& script)
+    {
+        const IPropertyPagePtr page = newPage();
+        frame = std::make_unique<PageFrame>(*page);
+        user.uses([this] { frame->run(); },
+                  [&] {
+                      window = user.dialog(L"Mirovelcom Settings");
+                      script();
+                      user.waitUntilGone(window);
+                  });
+        EXPECT_EQ(frame->window(), nullptr);
+        frame.reset();
+    }
+
+    HWND pageWindow() const { return FindWindowExW(window, nullptr, L"#32770", nullptr); }
+    HWND control(int id) const { return GetDlgItem(pageWindow(), id); }
+    HWND button(int id) const { return GetDlgItem(window, id); }
+    bool canApply() const { return IsWindowEnabled(button(applyButton)) != FALSE; }
+
+    void clearsAndTypes(int id, const std::wstring& text) const
+    {
+        user.clicks(control(id));
+        user.press(VK_HOME);
+        user.press(VK_END, VK_SHIFT);
+        user.press(VK_DELETE);
+        user.types(text);
+    }
+    void confirms() const
+    {
+        const HWND box = user.dialog(L"Invalid Value");
+        user.press(VK_RETURN);
+        user.waitUntilGone(box);
+        user.dialog(L"Mirovelcom Settings");
+    }
+
+    User user;
+    std::unique_ptr<PageFrame> frame;
+    HWND window = nullptr;
+};
+
+TEST_F(PageFrameTest, ShowsThePageAndItsButtons)
+{
+    store(L"Word", L"TOCLevel", 9);
+    userDoes([&] {
+        EXPECT_EQ(textOf(control(templateName)), L"templates\\KXR1.dot");
+        EXPECT_EQ(textOf(control(tocLevel)), L"9");
+        EXPECT_EQ(user.focus(), control(templateName));
+        EXPECT_FALSE(canApply());
+        RECT inside{};
+        GetClientRect(window, &inside);
+        MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&inside), 2);
+        RECT ofPage{};
+        GetWindowRect(pageWindow(), &ofPage);
+        for (const HWND each : {pageWindow(), button(IDOK), button(IDCANCEL), button(applyButton)}) {
+            RECT place{};
+            RECT common{};
+            GetWindowRect(each, &place);
+            EXPECT_TRUE(IntersectRect(&common, &place, &inside) && EqualRect(&common, &place));
+            EXPECT_TRUE(each == pageWindow() || !IntersectRect(&common, &place, &ofPage));
+            EXPECT_TRUE(IsWindowVisible(each));
+        }
+        user.press(VK_ESCAPE);
+    });
+}
+
+TEST_F(PageFrameTest, AppliesWithTheButtonAndStaysOpen)
+{
+    userDoes([&] {
+        clearsAndTypes(templateName, L"");
+        clearsAndTypes(tocLevel, L"12");
+        EXPECT_TRUE(canApply());
+        user.clicks(button(applyButton));
+        EXPECT_EQ(storedLevel(), L"number 12");
+        EXPECT_FALSE(canApply());
+        EXPECT_EQ(user.focus(), button(IDOK)) << "not in a button that cannot be pressed";
+        clearsAndTypes(tocLevel, L"13");
+        EXPECT_TRUE(canApply());
+        user.press('A', VK_MENU);
+        EXPECT_EQ(storedLevel(), L"number 13");
+        EXPECT_FALSE(canApply());
+        clearsAndTypes(tocLevel, L"14");
+        user.press(VK_ESCAPE);
+    });
+    EXPECT_EQ(storedLevel(), L"number 13");
+}
+
+TEST_F(PageFrameTest, AppliesAndClosesWithEnter)
+{
+    const std::wstring file = newFile(L"chosen.dot");
+    userDoes([&] {
+        clearsAndTypes(templateName, file);
+        user.press(VK_RETURN);
+    });
+    EXPECT_EQ(storedTemplate(), file);
+    EXPECT_EQ(storedLevel(), L"number 50");
+}
+
+TEST_F(PageFrameTest, StoresNothingThatWasNotEdited)
+{
+    userDoes([&] { user.clicks(button(IDOK)); });
+    EXPECT_EQ(storedTemplate(), L"(none)");
+    EXPECT_EQ(storedLevel(), L"(none)");
+}
+
+TEST_F(PageFrameTest, ForgetsEditsWhenItIsCancelled)
+{
+    userDoes([&] {
+        clearsAndTypes(tocLevel, L"12");
+        user.clicks(button(IDCANCEL));
+    });
+    userDoes([&] {
+        clearsAndTypes(tocLevel, L"12");
+        user.press(VK_F4, VK_MENU);
+    });
+    EXPECT_EQ(storedLevel(), L"(none)");
+}
+
+TEST_F(PageFrameTest, StaysOpenWhenThePageRefuses)
+{
+    userDoes([&] {
+        clearsAndTypes(templateName, L"nowhere.dot");
+        user.press(VK_RETURN);
+        confirms();
+        EXPECT_TRUE(IsWindowVisible(window));
+        EXPECT_TRUE(canApply());
+        clearsAndTypes(templateName, L"");
+        clearsAndTypes(tocLevel, L"51");
+        user.clicks(button(applyButton));
+        confirms();
+        EXPECT_TRUE(canApply());
+        clearsAndTypes(tocLevel, L"50");
+        user.press(VK_RETURN);
+    });
+    EXPECT_EQ(storedTemplate(), L"(none)");
+    EXPECT_EQ(storedLevel(), L"number 50");
+}
+
+TEST_F(PageFrameTest, IsWalkedThroughWithTabAndLetters)
+{
+    userDoes([&] {
+        clearsAndTypes(tocLevel, L"3");
+        user.press('W', VK_MENU);
+        const std::vector<HWND> order = {control(templateName), control(browse),  control(tocLevel),
+                                         button(IDOK),          button(IDCANCEL), button(applyButton)};
+        for (const HWND each : order) {
+            EXPECT_EQ(user.focus(), each);
+            user.press(VK_TAB);
+        }
+        EXPECT_EQ(user.focus(), control(templateName)) << "round";
+        for (auto each = order.rbegin(); each != order.rend(); ++each) {
+            user.press(VK_TAB, VK_SHIFT);
+            EXPECT_EQ(user.focus(), *each);
+        }
+        user.press(VK_ESCAPE);
+    });
+}
+
+TEST_F(PageFrameTest, LetsGoOfThePage)
+{
+    const IPropertyPagePtr page = newPage();
+    {
+        const PageFrame unused(*page);
+        EXPECT_EQ(page->Deactivate(), S_OK) << "it was active";
+    }
+    EXPECT_EQ(page->SetPageSite(nullptr), S_OK);
+    RECT place{0, 0, 10, 10};
+    EXPECT_EQ(page->Activate(GetDesktopWindow(), &place, FALSE), S_OK) << "it can be shown again";
+    EXPECT_EQ(page->Deactivate(), S_OK);
+}
+
+} // namespace

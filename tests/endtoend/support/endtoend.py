@@ -50,8 +50,8 @@ class EndToEndTest(unittest.TestCase):
     def run_client(self, client, *arguments, **options):
         """Runs a client of any kind.
 
-        options: settings and env (dictionaries), display, prefix (default: the module's), status (the one expected,
-        0 unless given; None for any).
+        options: settings and env (dictionaries), display, registration (False: the DLL is not registered), prefix
+        (default: the module's), status (the one expected, 0 unless given; None for any).
         """
         transcript = self.folder / "transcript.txt"
         log = options.get("log", self.folder / "trace.log")
@@ -63,6 +63,8 @@ class EndToEndTest(unittest.TestCase):
             command += ["--env", f"{name}={value}"]
         if options.get("display"):
             command.append("--display")
+        if not options.get("registration", True):
+            command.append("--no-registration")
         result = subprocess.run([*command, "--", *arguments], stdin=subprocess.DEVNULL, capture_output=True,
                                 timeout=PATIENCE, check=False)
         outcome = Outcome(

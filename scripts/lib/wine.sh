@@ -6,6 +6,14 @@
 wineFolder=$build/wine
 wineTemplate=$wineFolder/template
 
+# Wine needs one page at a fixed address (0x7ffe0000). The kernel puts each process's heap at a random place in a gigabyte
+# around it, so about one process in two thousand would not start. Children inherit what is asked for here.
+fixedAddresses=$(setarch -R true 2>/dev/null && echo 'setarch -R') || true
+
+wine() {
+    command $fixedAddresses wine "$@"
+}
+
 # The environment of every Wine process. WINEDEBUG may be set by the caller to see more.
 useWinePrefix() {
     keepHomeInside
@@ -40,7 +48,7 @@ makeWineTemplate() {
     (
         useWinePrefix "$wineTemplate"
         mkdir -p "$TMPDIR"
-        WINEDEBUG=-all wineboot --init >"$wineFolder/template.log" 2>&1 || die "wineboot failed; see $wineFolder/template.log"
+        WINEDEBUG=-all wine wineboot.exe --init >"$wineFolder/template.log" 2>&1 || die "wineboot failed; see $wineFolder/template.log"
         wineserver -w
         # Our displays have no window manager; Wine would wait two seconds for one whenever a window closes.
         printf '\n[Software\\\\Wine\\\\X11 Driver]\n"Managed"="N"\n' >>"$wineTemplate/user.reg"

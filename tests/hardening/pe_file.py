@@ -27,7 +27,8 @@ class PeFile:
         header = self._u32(0x3C)
         if self.data[:2] != b"MZ" or self.data[header:header + 4] != b"PE\0\0":
             raise ValueError(f"{path} is no Windows program")
-        self.machine, count, _, _, _, optional_size, self.characteristics = struct.unpack_from("<HHIIIHH", self.data, header + 4)
+        self.machine, count = struct.unpack_from("<HH", self.data, header + 4)
+        optional_size, self.characteristics = struct.unpack_from("<HH", self.data, header + 20)
         optional = header + 24
         if self._u16(optional) != 0x20B:
             raise ValueError(f"{path} is not a 64-bit program")
@@ -103,7 +104,8 @@ class PeFile:
 
     def code(self):
         """(address, bytes) of every section that can be executed."""
-        return [(s.address, self.data[s.offset:s.offset + min(s.size, s.stored)]) for s in self.sections if s.flags & EXECUTE]
+        return [(s.address, self.data[s.offset:s.offset + min(s.size, s.stored)])
+                for s in self.sections if s.flags & EXECUTE]
 
 
 def _read_version(data):

@@ -11,6 +11,7 @@ import unittest
 import xml.etree.ElementTree
 
 from support.endtoend import BUILD, PATIENCE, ROOT, EndToEndTest, windows
+from support.installation import install
 
 import pe_file
 
@@ -62,13 +63,6 @@ def compilations():
             yield source.relative_to(ROOT).parts[0], source, entry["command"].split()
 
 
-def stage(folder):
-    """An installation of everything that is shipped."""
-    subprocess.run([os.environ["MIROVEL_CMAKE"], "--install", BUILD, "--prefix", folder], check=True,
-                   stdout=subprocess.DEVNULL, timeout=PATIENCE)
-    return folder
-
-
 NAMESPACE = {"a": "urn:schemas-microsoft-com:asm.v1"}
 
 
@@ -80,8 +74,7 @@ class Files(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = BUILD / "hardening" / "stage"
-        shutil.rmtree(cls.folder, ignore_errors=True)
-        stage(cls.folder)
+        install(cls.folder)
         cls.files = {path.name: pe_file.PeFile(path) for path in sorted(cls.folder.rglob("*"))
                      if path.suffix.lower() in (".dll", ".exe")}
 
@@ -122,7 +115,8 @@ class Files(unittest.TestCase):
     def test_the_stack_is_protected(self):
         for name, file in self.files.items():
             with self.subTest(name):
-                self.assertGreater(_calls_to_fast_fail(file), 20)
+                # The DLL has over a thousand functions with a checked stack.
+                self.assertGreater(_calls_to_fast_fail(file), 500 if name == "mirovelcom.dll" else 0)
 
     def test_the_version_is_the_projects(self):
         for name, file in self.files.items():

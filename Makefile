@@ -1,6 +1,6 @@
 # The front door. Everything a run makes lies in build/ and out/; packages are installed when one is missing.
 .DEFAULT_GOAL := build
-.PHONY: help bootstrap configure build native demo settings test bench lint tidy clean
+.PHONY: help bootstrap configure build native demo settings package test bench lint tidy clean
 
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
@@ -10,6 +10,7 @@ help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
 	@echo 'make demo      build, write a report through COM and show it: results in out/demo/'
 	@echo 'make settings  show the settings program; needs a display'
+	@echo 'make package   make the installer and the archive: results in out/package/'
 	@echo 'make test      build and run all tests: natively under sanitizers, then under Wine'
 	@echo 'make bench     measure; the results are described in docs/performance.md'
 	@echo 'make lint      formatting, line endings, headers that compile alone, a second compiler'
@@ -36,6 +37,9 @@ demo: build
 
 settings: build
 	@scripts/settings
+
+package: build
+	@scripts/package
 
 test: native build
 	@ctest --preset native-asan -j$(jobs)

@@ -1,0 +1,196 @@
+"""The installer's source for wixl, and what has to be said to the finished package because wixl cannot say it."""
+
+import re
+import uuid
+import xml.etree.ElementTree as xml
+
+import registry_rows
+
+PRODUCT = "Mirovelcom"
+MAKER = "Lumarkscribe"
+SETTINGS_KEY = "Software\\Lumarkscribe\\Mirovelcom\\Settings"
+LANGUAGE = 1033
+# Installers of all versions know each other by it: it never changes.
+UPGRADE_CODE = "C8A7A2E1-5B0C-4F0B-9B57-2D5E3F1A6C04"
+# Of everything that is numbered by what it is.
+IDENTITIES = uuid.UUID("0d3c6f0e-6a4b-4df6-8f0d-6f5b0f2f9a11")
+
+MODULE = "bin/mirovelcom.dll"
+PROGRAM = "bin/mirovel-settings.exe"
+EXECUTABLES = (".dll", ".exe")
+
+
+def identity(what):
+    """The same for the same thing, in every version and on every machine."""
+    return str(uuid.uuid5(IDENTITIES, what)).upper()
+
+
+def identifier(path):
+    return re.sub(r"[^A-Za-z0-9_.]", "_", path.replace("/", "."))
+
+
+def short_names(names):
+    """Names by which a file system without long names knows these, which lie in one folder."""
+    short = {}
+    for name in sorted(names):
+        stem, dot, extension = name.rpartition(".") if "." in name else (name, "", "")
+        fits = re.fullmatch(r"[A-Za-z0-9_-]{1,8}(\.[A-Za-z0-9_-]{1,3})?", name)
+        number = 1
+        while not fits:
+            candidate = re.sub(r"[^A-Z0-9_]", "", stem.upper())[:6] + f"~{number}" + dot + extension.upper()[:3]
+            number += 1
+            if candidate not in short.values():
+                short[name] = f"{candidate}|{name}"
+                break
+        short.setdefault(name, name)
+    return {name: found if "|" in found else name for name, found in short.items()}
+
+
+class InstallerSource:
+    """An installer of the files (paths below the installation folder, with "/") under a version."""
+
+    def __init__(self, files, version, scripts):
+        self.files = sorted(files)
+        self.version = version
+        self.scripts = scripts  # texts of the registration scripts
+        self.queries = []  # in SQL, for the finished package
+        self.components = []
+        self.directories = {}
+
+    def text(self, product_code):
+        self.queries, self.components, self.directories = [], [], {}
+        wix = xml.Element("Wix", xmlns="http://schemas.microsoft.com/wix/2006/wi")
+        product = xml.SubElement(
+            wix, "Product", Id=product_code, Name=PRODUCT, Version=self.version, Manufacturer=MAKER,
+            Language=str(LANGUAGE), UpgradeCode=UPGRADE_CODE)
+        xml.SubElement(product, "Package", InstallerVersion="500", Compressed="yes", InstallScope="perMachine",
+                       Manufacturer=MAKER, Description=f"{PRODUCT} {self.version}",
+                       Comments="Writes Word documents for other programs")
+        xml.SubElement(product, "Media", Id="1", Cabinet="files.cab", EmbedCab="yes")
+        self.add_conditions(product)
+        self.add_upgrade(product)
+        self.add_properties(product)
+        self.add_tree(product)
+        feature = xml.SubElement(product, "Feature", Id="Complete", Title=PRODUCT, Level="1")
+        for component in self.components:
+            xml.SubElement(feature, "ComponentRef", Id=component)
+        xml.indent(wix)
+        return xml.tostring(wix, encoding="unicode") + "\n"
+
+    @staticmethod
+    def add_conditions(product):
+        condition = xml.SubElement(product, "Condition", Message="Mirovelcom needs 64-bit Windows 7 or later.")
+        condition.text = "Installed OR (VersionNT64 >= 601)"
+        condition = xml.SubElement(product, "Condition", Message="A later version of Mirovelcom is installed already.")
+        condition.text = "Installed OR NOT LATERVERSION"
+
+    def add_upgrade(self, product):
+        """Another build of the same version is replaced, too."""
+        upgrade = xml.SubElement(product, "Upgrade", Id=UPGRADE_CODE)
+        # wixl drops IncludeMaximum. 256 and 512 include the lowest and the highest version.
+        self.queries += [
+            "DELETE FROM `Upgrade` WHERE `ActionProperty` = 'EARLIERVERSION'",
+            "INSERT INTO `Upgrade` (`UpgradeCode`, `VersionMin`, `VersionMax`, `Attributes`, `ActionProperty`) VALUES "
+            f"('{{{UPGRADE_CODE}}}', '0.0.0', '{self.version}', {256 + 512}, 'EARLIERVERSION')"]
+        xml.SubElement(upgrade, "UpgradeVersion", Minimum="0.0.0", Maximum=self.version,
+                       Property="EARLIERVERSION")
+        xml.SubElement(upgrade, "UpgradeVersion", Minimum=self.version, IncludeMinimum="no", OnlyDetect="yes",
+                       Property="LATERVERSION")
+        sequence = xml.SubElement(product, "InstallExecuteSequence")
+        xml.SubElement(sequence, "RemoveExistingProducts", After="InstallValidate")
+
+    def add_properties(self, product):
+        xml.SubElement(product, "Property", Id="ARPNOMODIFY", Value="1")
+        # An upgrade goes where the version before is, unless it is told otherwise. The search would override what the
+        # command line says, so it has a property of its own.
+        previous = xml.SubElement(product, "Property", Id="PREVIOUSINSTALLDIR")
+        xml.SubElement(previous, "RegistrySearch", Id="PreviousInstallDir", Root="HKLM", Key=SETTINGS_KEY,
+                       Name="InstallDir", Type="raw", Win64="yes")
+        condition = "PREVIOUSINSTALLDIR AND NOT INSTALLDIR"
+        self.queries.append("INSERT INTO `CustomAction` (`Action`, `Type`, `Source`, `Target`) VALUES "
+                            "('KeepInstallDir', 51, 'INSTALLDIR', '[PREVIOUSINSTALLDIR]')")
+        for table in ("InstallExecuteSequence", "InstallUISequence"):
+            self.queries.append(f"INSERT INTO `{table}` (`Action`, `Condition`, `Sequence`) VALUES "
+                                f"('KeepInstallDir', '{condition}', 60)")
+
+    def add_tree(self, product):
+        root = xml.SubElement(product, "Directory", Id="TARGETDIR", Name="SourceDir")
+        xml.SubElement(root, "Directory", Id="ProgramMenuFolder")
+        programs = xml.SubElement(root, "Directory", Id="ProgramFiles64Folder")
+        self.directories[""] = xml.SubElement(programs, "Directory", Id="INSTALLDIR", Name=f"MIROVE~1|{PRODUCT}")
+        children = {}
+        for path in self.files:
+            while path:
+                folder, _, name = path.rpartition("/")
+                children.setdefault(folder, set()).add(name)
+                path = folder
+        names = {folder: short_names(found) for folder, found in children.items()}
+        for path in self.files:
+            folder, _, name = path.rpartition("/")
+            self.add_file(self.directory(folder, names), path, names[folder][name])
+        self.add_library(self.directory("bin", names))
+        self.add_place()
+
+    def directory(self, path, names):
+        if path not in self.directories:
+            folder, _, name = path.rpartition("/")
+            self.directories[path] = xml.SubElement(self.directory(folder, names), "Directory", Id=identifier(path),
+                                                    Name=names[folder][name])
+        return self.directories[path]
+
+    def component(self, parent, name, win64=True):
+        self.components.append(identifier(name))
+        return xml.SubElement(parent, "Component", Id=identifier(name), Guid=identity("component " + name),
+                              Win64="yes" if win64 else "no")
+
+    def add_file(self, directory, path, name):
+        component = self.component(directory, path)
+        xml.SubElement(component, "File", Id=identifier(path), Name=name, Source=path, KeyPath="yes")
+        if path.endswith(EXECUTABLES):
+            self.queries.append(f"UPDATE `File` SET `Version` = '{self.version}.0', `Language` = '{LANGUAGE}' "
+                                f"WHERE `File` = '{identifier(path)}'")
+        if path == MODULE:
+            self.add_classes(component)
+        if path == PROGRAM:
+            xml.SubElement(component, "Shortcut", Id="SettingsShortcut", Directory="ProgramMenuFolder",
+                           Name="MIROVE~1|Mirovelcom Settings", WorkingDirectory="bin",
+                           Target=f"[#{identifier(path)}]", Description="Template and table of contents of documents")
+
+    def add_classes(self, component):
+        for script in self.scripts:
+            self.add_rows(component, registry_rows.class_rows(script, f"[#{identifier(MODULE)}]"))
+
+    def add_place(self):
+        """Where the product is, and the end of that folder, which no file of the product lies in."""
+        component = self.component(self.directories[""], "place")
+        self.add_rows(component, [registry_rows.Row("HKLM", SETTINGS_KEY, "InstallDir", "[INSTALLDIR]")], key_path=True)
+        xml.SubElement(component, "RemoveFolder", Id="RemoveInstallDir", On="uninstall")
+
+    def add_library(self, directory):
+        """What stays when the product is removed, as when the DLL is unregistered."""
+        rows = registry_rows.library_rows(f"[#{identifier(MODULE)}]", "[INSTALLDIR]bin")
+        for name, win64, own in (("library", True, rows + registry_rows.interface_rows()),
+                                 ("library32", False, registry_rows.interface_rows())):
+            component = self.component(directory, name, win64)
+            self.add_rows(component, own, key_path=True)
+            # 4: its key path is a registry value; 16: never removed; 256: 64-bit.
+            self.queries.append(f"UPDATE `Component` SET `Attributes` = {4 + 16 + (256 if win64 else 0)} "
+                                f"WHERE `Component` = '{name}'")
+
+    def add_rows(self, component, rows, key_path=False):
+        for row in rows:
+            if row.name == "*":
+                self.add_key(component.get("Id"), row)
+                continue
+            value = xml.SubElement(component, "RegistryValue", Root=row.root, Key=row.key, Type="string", Value=row.value)
+            if row.name:
+                value.set("Name", row.name)
+            if key_path:
+                value.set("KeyPath", "yes")
+                key_path = False
+
+    def add_key(self, component, row):
+        root = {"HKCR": 0, "HKLM": 2}[row.root]
+        name = "key" + identity("key " + row.key).replace("-", "")
+        self.queries.append("INSERT INTO `Registry` (`Registry`, `Root`, `Key`, `Name`, `Component_`) VALUES "
+                            f"('{name}', {root}, '{row.key}', '*', '{component}')")

@@ -9,8 +9,10 @@
 
 #include <cstdint>
 #include <list>
+#include <string_view>
 
 class MirovelSection;
+class Placement;
 
 /// Everything a `Mirovel` object knows. The record owns its writers and holds counted references to the Word
 /// objects.
@@ -30,6 +32,20 @@ struct DocSession
     MirovelSection* footerSection = nullptr; ///< Owned; the footer being built.
     MirovelSection* currentSection =
         nullptr; ///< One of the three: where content goes. Null without a document.
+
+    /// A writer that the client has ended and whose links wait for tags that are not placed yet; and the
+    /// header or footer it wrote.
+    struct WaitingSection
+    {
+        MirovelSection* writer; ///< Owned.
+        bool isHeader;
+        std::int32_t sectionNumber;
+    };
+    std::list<WaitingSection> waitingSections;
+    std::int32_t headerSectionNumber =
+        0; ///< The section of the document that `headerSection` is the header of.
+    std::int32_t footerSectionNumber = 0;
+    const Placement* placement; ///< The mode in which the document is written.
 
     QdxString fileName;                  ///< Lower-cased, with an extension.
     QdxString startDirectory;            ///< The process's directory when the object was made.
@@ -51,12 +67,39 @@ struct DocSession
     Word::OptionsPtr options;
     BookmarkMgr bookmarks;
 
-    /// Destroys the header, footer and main writers, in that order, which completes their pending work. The
-    /// first failure leaves the ones after it alive; called again, it goes on with those.
+    /// Destroys the header, footer, main and waiting writers, in that order, which completes their pending
+    /// work. The first failure leaves the ones after it alive; called again, it goes on with those.
     void releaseSections();
+    bool hasSections() const;
 
     /// The writer that content goes to; raises `_com_error` with E_POINTER when there is none.
     MirovelSection& writer() const;
+    /// The writer whose page breaks divide the document into sections: the current one, or, tracked, the
+    /// body's.
+    MirovelSection& dividingWriter() const;
+
+    /// `section` is `headerSection` or `footerSection`.
+    /// @{
+    /// Whether content for that header or footer of section `number` goes to the writer that is there.
+    bool isWriting(const MirovelSection* const& section, std::int32_t number) const;
+    void beginSection(MirovelSection*& section, std::int32_t number, const Word::RangePtr& range);
+    /// Ends its writer, or lets it wait.
+    void endSection(MirovelSection*& section);
+    /// @}
+
+    /// A bookmark exists now: its links will be drawn. Those of the current writer, or, tracked, of all.
+    void resolve(const QdxString& bookmark);
+
+    /// Text in the form in which the mode of writing takes it apart and keeps it, and back.
+    /// @{
+    QdxString held(const wchar_t* text) const;
+    _bstr_t said(std::string_view text) const;
+    /// @}
+
+private:
+    bool isHeader(const MirovelSection* const& section) const { return &section == &headerSection; }
+    std::int32_t& numberOf(const MirovelSection* const& section);
+    void forgetWaiting(bool isHeader, std::int32_t number);
 };
 
 /// Destroys a writer, of which `section` forgets first: its pending work may fail.

@@ -36,7 +36,7 @@ Mirovel::~Mirovel()
         }
     }
     // A writer that fails leaves the others to be destroyed.
-    while (session.headerSection || session.footerSection || session.mainSection)
+    while (session.hasSections())
         framed("Completing the document", [&] { session.releaseSections(); });
 }
 

@@ -117,7 +117,7 @@ private:
     void startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters);
     void endHeaderFooter(MirovelSection*& slot);
 
-    bool resolveLinkTarget(const QdxString& name, QdxString& target);
+    bool resolveLinkTarget(BSTR text, QdxString& target);
 
     std::unique_ptr<DocSession> session_;
 };

@@ -19,11 +19,6 @@ const wchar_t* textOf(BSTR text)
     return text ? text : L"";
 }
 
-_bstr_t wide(std::string_view text)
-{
-    return toWide(QdxString(text.data(), text.size()));
-}
-
 } // namespace
 
 STDMETHODIMP Mirovel::insertText(BSTR text)
@@ -41,7 +36,7 @@ void Mirovel::writeText(BSTR text)
         session_->writer().insertText(textOf(text));
         return;
     }
-    const QdxString narrow = toNarrow(text);
+    const QdxString narrow = session_->held(text);
     const std::string_view view(narrow.data(), narrow.length());
     std::string_view tail;
     if (splitAnchorMarkup(view, view.find(AnchorMarkup::opening), tail))
@@ -54,14 +49,14 @@ void Mirovel::writeText(BSTR text)
 // always been.
 bool Mirovel::splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail)
 {
-    insertText(wide(text.substr(0, anchorPos)));
+    insertText(session_->said(text.substr(0, anchorPos)));
     const std::optional<AnchorMarkup> anchor = parseAnchor(text, anchorPos);
     if (!anchor)
         return false;
     QdxString target(anchor->target.data(), anchor->target.size());
     if (target.startsWith("#GUID "))
         target.replaceStr("#GUID ", "GUID ");
-    insertXref(wide(anchor->label), toWide(target));
+    insertXref(session_->said(anchor->label), session_->said({target.data(), target.length()}));
     tail = anchor->tail;
     return true;
 }
@@ -73,11 +68,11 @@ void Mirovel::writeTail(std::string_view text)
     framed("insertText", [&] {
         for (std::string_view rest = text; session_->documentOpen;) {
             if (echoes())
-                echo("insertText", Quoted{QdxString(rest.data(), rest.size())});
+                echo("insertText", _bstr_t(session_->said(rest)).GetBSTR());
             const std::size_t anchorPos = rest.find(AnchorMarkup::opening);
             if (anchorPos != rest.npos && splitAnchorMarkup(rest, anchorPos, rest))
                 continue;
-            session_->writer().insertText(wide(rest));
+            session_->writer().insertText(session_->said(rest));
             return;
         }
     });

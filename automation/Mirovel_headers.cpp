@@ -53,8 +53,13 @@ STDMETHODIMP Mirovel::endFooter()
 void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters)
 {
     DocSession& session = *session_;
-    session.writer().changeLastPageBreak();
-    const long lastSection = session.writer().getSectionCount();
+    MirovelSection& dividing = session.dividingWriter();
+    dividing.changeLastPageBreak();
+    const long lastSection = dividing.getSectionCount();
+    if (session.isWriting(slot, lastSection)) {
+        session.currentSection = slot;
+        return;
+    }
 
     const Word::SectionPtr section = session.document->GetSections()->Item(lastSection);
     const Word::HeaderFooterPtr primary =
@@ -64,7 +69,7 @@ void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, Header
     range->Delete();
 
     endHeaderFooter(slot);
-    slot = new MirovelSection(session.application, session.document, range);
+    session.beginSection(slot, lastSection, range);
     slot->setTrace(session.trace);
     slot->setStyle(style, false);
     session.currentSection = slot;
@@ -74,7 +79,7 @@ void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, Header
 void Mirovel::endHeaderFooter(MirovelSection*& slot)
 {
     session_->currentSection = session_->mainSection;
-    destroySection(slot);
+    session_->endSection(slot);
 }
 
 STDMETHODIMP Mirovel::setOrientation(short docorient)

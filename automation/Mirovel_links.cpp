@@ -15,8 +15,9 @@ bool isEmptyText(BSTR text)
 } // namespace
 
 // True when the target exists: an address, a file, or a tag that has been placed. A new tag is entered.
-bool Mirovel::resolveLinkTarget(const QdxString& name, QdxString& target)
+bool Mirovel::resolveLinkTarget(BSTR text, QdxString& target)
 {
+    const QdxString name = toNarrow(text);
     if (name.isEmpty())
         return true;
     if (SysFile::isHyperLink(name) || SysFile::exists(name)) {
@@ -24,8 +25,9 @@ bool Mirovel::resolveLinkTarget(const QdxString& name, QdxString& target)
         return true;
     }
     bool defined = false;
-    if (!session_->bookmarks.lookup(name, target, defined))
-        target = session_->bookmarks.add(name);
+    const QdxString tag = session_->held(text);
+    if (!session_->bookmarks.lookup(tag, target, defined))
+        target = session_->bookmarks.add(tag);
     return defined;
 }
 
@@ -33,7 +35,7 @@ STDMETHODIMP Mirovel::insertImage(BSTR imageFileName, BSTR fileOrUrl)
 {
     echo("insertImage", Bare{imageFileName}, fileOrUrl);
     QdxString target;
-    const bool resolved = resolveLinkTarget(toNarrow(fileOrUrl), target);
+    const bool resolved = resolveLinkTarget(fileOrUrl, target);
     withWriter(
         [&](MirovelSection& writer) { writer.insertImage(toNarrow(imageFileName), target, 0, 0, resolved); });
     return S_OK;
@@ -49,8 +51,9 @@ STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
         return S_OK;
     }
     QdxString target;
-    const bool resolved = resolveLinkTarget(toNarrow(tagName), target);
-    withWriter([&](MirovelSection& writer) { writer.insertHyperLink(toNarrow(text), target, resolved); });
+    const bool resolved = resolveLinkTarget(tagName, target);
+    withWriter(
+        [&](MirovelSection& writer) { writer.insertHyperLink(session_->held(text), target, resolved); });
     return S_OK;
 }
 
@@ -59,14 +62,14 @@ STDMETHODIMP Mirovel::insertTag(BSTR tagName)
     echo("insertTag", tagName);
     if (isEmptyText(tagName))
         return S_OK;
-    const QdxString tag = toNarrow(tagName);
+    const QdxString tag = session_->held(tagName);
     QdxString bookmark;
     bool defined = false;
     if (!session_->bookmarks.lookup(tag, bookmark, defined))
         bookmark = session_->bookmarks.add(tag);
     withWriter([&](MirovelSection& writer) {
         writer.insertTag(bookmark);
-        writer.resolve(bookmark);
+        session_->resolve(bookmark);
         session_->bookmarks.markDefined(tag);
     });
     return S_OK;

@@ -4,6 +4,7 @@
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
 
+#include "Placement.h"
 #include "WordConstants.h"
 #include "mirovelsection.h"
 #include "sysSupport/SysCOMSupport.h"
@@ -76,6 +77,8 @@ STDMETHODIMP Mirovel::create(BSTR fileName)
     framed("Saving document", [&] { saveDocument(); });
     session.tocLevel = session.registry.read("Word", "TOCLevel", 50);
     session.saveEmf = session.registry.read("Diagram", "SaveEmf", "");
+    const bool trackPositions = session.registry.read("Word", "TrackPositions", "");
+    session.placement = trackPositions ? &Placement::tracked() : &Placement::counted();
     startMainSection();
     session.documentOpen = true;
     session.bookmarks.clear();
@@ -151,9 +154,13 @@ void Mirovel::startMainSection()
 {
     DocSession& session = *session_;
     session.releaseSections();
-    session.mainSection =
-        new MirovelSection(session.application, session.document, session.document->Range());
-    MirovelSection::clearCache();
+    const bool clearFirst = session.placement->readsFontsOfThisDocument();
+    if (clearFirst)
+        MirovelSection::clearCache();
+    session.mainSection = new MirovelSection(session.application, session.document, session.document->Range(),
+                                             *session.placement);
+    if (!clearFirst)
+        MirovelSection::clearCache();
     session.currentSection = session.mainSection;
     // What the template put into the new document goes.
     session.currentSection->deleteRange();

@@ -23,13 +23,18 @@ int checkedLength(std::size_t length)
     return static_cast<int>(length);
 }
 
-int narrowInto(const wchar_t* text, int length, char* buffer, int size)
+UINT codePage(NarrowForm form)
 {
-    // A process may have chosen UTF-8 as its ANSI code page; that one holds everything and takes no
+    return form == NarrowForm::utf8 ? CP_UTF8 : GetACP();
+}
+
+int narrowInto(UINT page, const wchar_t* text, int length, char* buffer, int size)
+{
+    // UTF-8, which a process may have chosen as its ANSI code page too, holds everything and takes no
     // substitute.
-    const bool utf8 = GetACP() == CP_UTF8;
-    const int written = WideCharToMultiByte(CP_ACP, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, text, length, buffer,
-                                            size, utf8 ? nullptr : "?", nullptr);
+    const bool utf8 = page == CP_UTF8;
+    const int written = WideCharToMultiByte(page, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, text, length, buffer, size,
+                                            utf8 ? nullptr : "?", nullptr);
     if (written == 0)
         throwLastError();
     return written;
@@ -37,34 +42,36 @@ int narrowInto(const wchar_t* text, int length, char* buffer, int size)
 
 } // namespace
 
-QdxString toNarrow(const wchar_t* text)
+QdxString toNarrow(const wchar_t* text, NarrowForm form)
 {
     if (!text || !*text)
         return {};
     const int length = checkedLength(std::wcslen(text));
+    const UINT page = codePage(form);
     // No code page needs more than four bytes for one UTF-16 unit.
     const int size = 4 * length;
     std::array<char, 2048> shortText;
     if (size <= static_cast<int>(shortText.size())) {
-        const int written = narrowInto(text, length, shortText.data(), size);
+        const int written = narrowInto(page, text, length, shortText.data(), size);
         return {shortText.data(), static_cast<std::size_t>(written)};
     }
-    const int needed = narrowInto(text, length, nullptr, 0);
+    const int needed = narrowInto(page, text, length, nullptr, 0);
     const auto longText = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(needed));
-    narrowInto(text, length, longText.get(), needed);
+    narrowInto(page, text, length, longText.get(), needed);
     return {longText.get(), static_cast<std::size_t>(needed)};
 }
 
-_bstr_t toWide(const QdxString& text)
+_bstr_t toWide(const QdxString& text, NarrowForm form)
 {
+    const UINT page = codePage(form);
     const int length = checkedLength(std::strlen(text.data()));
-    const int needed = length == 0 ? 0 : MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+    const int needed = length == 0 ? 0 : MultiByteToWideChar(page, 0, text.data(), length, nullptr, 0);
     if (length != 0 && needed == 0)
         throwLastError();
     const BSTR wide = SysAllocStringLen(nullptr, static_cast<UINT>(needed));
     if (!wide)
         throw _com_error(E_OUTOFMEMORY);
     if (needed != 0)
-        MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide, needed);
+        MultiByteToWideChar(page, 0, text.data(), length, wide, needed);
     return {wide, false};
 }

@@ -49,7 +49,7 @@ void MirovelSection::setTextAlign(std::int16_t align)
 
     SaveAlign run;
     run.range = isTableOpen() ? data_->cellRange : data_->range;
-    run.start = run.range->GetEnd();
+    run.start = data_->placement->alignmentStart(*data_);
     run.align = align;
     data_->alignRuns.push_back(run);
     data_->alignment = align;
@@ -65,7 +65,9 @@ void MirovelSection::applyAlign()
         else if (run->range == data_->range)
             end = data_->pos;
         else
-            end = run->range->GetEnd();
+            end = data_->placement->lastAlignmentEnd(*data_);
+        if (run->start == end && !data_->placement->appliesEmptyAlignment())
+            continue;
         run->range->PutStart(run->start);
         run->range->PutEnd(end);
         run->range->GetParagraphFormat()->PutAlignment(wordAlignment(run->align));
@@ -74,21 +76,23 @@ void MirovelSection::applyAlign()
     data_->alignment = 0;
 }
 
-// The placeholder stays in a cell and goes outside; documents in use depend on both.
 void MirovelSection::insertField(std::int16_t kind)
 {
-    const bool inTable = isTableOpen();
-    const Word::RangePtr& range = inTable ? data_->cellRange : data_->range;
-    if (inTable)
-        range->PutStart(range->GetEnd() - 1);
+    if (isTableOpen())
+        data_->placement->insertFieldInCell(*this, fieldType(kind));
     else
-        range->Collapse(Word::wdCollapseEnd);
-    insertText(L"X");
-    const Word::RangePtr place = range->GetDuplicate();
-    place->PutEnd((inTable ? place->GetEnd() : data_->pos) - 1);
-    range->GetFields()->Add(place, fieldType(kind));
-    if (inTable)
-        return;
-    data_->pos = range->GetEnd();
+        addFieldBehind(fieldType(kind), Word::missing);
+}
+
+void MirovelSection::addFieldBehind(const _variant_t& type, const _variant_t& text)
+{
+    const Word::RangePtr& range = data_->range;
+    range->Collapse(Word::wdCollapseEnd);
+    onPlaceholder([&] {
+        const Word::RangePtr place = range->GetDuplicate();
+        place->PutEnd(data_->pos - 1);
+        range->GetFields()->Add(place, type, text);
+        data_->pos = range->GetEnd();
+    });
     deleteLastChar();
 }

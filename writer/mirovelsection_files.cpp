@@ -54,22 +54,27 @@ void MirovelSection::insertImage(const QdxString& name, const QdxString& link, s
 
     const bool inTable = isTableOpen();
     const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
-    if (!inTable)
-        insertText(L"X");
-    const std::int32_t start = (inTable ? target->GetEnd() : data_->pos) - 1;
-    target->PutStart(start);
+    const auto insert = [&] {
+        const std::int32_t start = (inTable ? target->GetEnd() : data_->pos) - 1;
+        target->PutStart(start);
 
-    const Word::InlineShapePtr picture = target->GetInlineShapes()->AddPicture(toWide(fileName), false, true);
-    if (!inTable)
-        ++data_->pos;
-    if (width != 0)
-        picture->PutWidth(width);
-    if (height != 0)
-        picture->PutHeight(height);
-    if (!link.isEmpty())
-        insertLink(link, start, start + 1, target, resolved);
-    if (!inTable)
-        deleteLastChar();
+        const Word::InlineShapePtr picture =
+            target->GetInlineShapes()->AddPicture(toWide(fileName), false, true);
+        if (!inTable)
+            ++data_->pos;
+        if (width != 0)
+            picture->PutWidth(width);
+        if (height != 0)
+            picture->PutHeight(height);
+        if (!link.isEmpty())
+            insertLink(link, start, start + 1, target, resolved);
+    };
+    if (inTable) {
+        insert();
+        return;
+    }
+    onPlaceholder(insert);
+    deleteLastChar();
 }
 
 void MirovelSection::insertOleObject(const QdxString& fileName, const QdxString& classType,
@@ -77,39 +82,47 @@ void MirovelSection::insertOleObject(const QdxString& fileName, const QdxString&
 {
     const bool inTable = isTableOpen();
     const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
-    if (!inTable)
-        insertText(L"X");
-    target->PutStart((inTable ? target->GetEnd() : data_->pos) - 1);
+    const auto insert = [&] {
+        target->PutStart((inTable ? target->GetEnd() : data_->pos) - 1);
 
-    const _variant_t objectClass = link ? _variant_t() : _variant_t(toWide(classType));
-    const bool displayAsIcon = true;
-    target->GetInlineShapes()->AddOLEObject(objectClass, toWide(fileName), link, displayAsIcon,
-                                            toWide(iconProgram), defaultIcon,
-                                            toWide(SysFile::stripDir(fileName)));
-    if (inTable)
+        const _variant_t objectClass = link ? _variant_t() : _variant_t(toWide(classType));
+        const bool displayAsIcon = true;
+        target->GetInlineShapes()->AddOLEObject(objectClass, toWide(fileName), link, displayAsIcon,
+                                                toWide(iconProgram), defaultIcon,
+                                                toWide(SysFile::stripDir(fileName)));
+    };
+    if (inTable) {
+        insert();
         return;
-    data_->pos = target->GetEnd();
+    }
+    onPlaceholder([&] {
+        insert();
+        data_->pos = target->GetEnd();
+    });
     deleteLastChar();
 }
 
 void MirovelSection::wordInsertFile(const QdxString& fileName, bool link)
 {
-    const bool inTable = isTableOpen();
-    if (!inTable) {
-        applyStyle();
-        applyFont();
-        applyAlign();
-        insertText(L"X");
-    }
-    const long place = (inTable ? data_->cellRange->GetEnd() : data_->pos) - 1;
-    const bool confirmConversions = false;
-    const bool asAttachment = false;
-    data_->document->Range(place, place)
-        ->InsertFile(toWide(fileName), L"", confirmConversions, link, asAttachment);
-    if (inTable)
+    const Placement& placement = *data_->placement;
+    const auto insert = [&](std::int32_t place) {
+        const bool confirmConversions = false;
+        const bool asAttachment = false;
+        placement.filePlace(*data_, place)
+            ->InsertFile(toWide(fileName), L"", confirmConversions, link, asAttachment);
+    };
+    if (isTableOpen()) {
+        insert(data_->cellRange->GetEnd() - 1);
         return;
-    data_->pos = data_->range->GetEnd();
+    }
+    const std::int32_t alignment = data_->alignment;
+    placement.finishBeforeFile(*this);
+    onPlaceholder([&] {
+        insert(data_->pos - 1);
+        data_->pos = data_->range->GetEnd();
+    });
     deleteLastChar();
+    placement.fileInserted(*this, alignment);
 }
 
 // Only pictures are looked for in the installation, and only under a bare name.

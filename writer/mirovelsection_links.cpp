@@ -3,10 +3,9 @@
 #include "MirovelSectionData.h"
 #include "TextConversion.h"
 
-namespace {
+#include <algorithm>
 
-/// By how many characters one drawn link is taken to lengthen the text in front of the table of contents.
-constexpr std::int32_t linkGrowth = 42;
+namespace {
 
 constexpr std::size_t longestBookmarkName = 9;
 constexpr int linksPerUndoClear = 101;
@@ -17,13 +16,15 @@ void MirovelSection::insertHyperLink(const QdxString& text, const QdxString& tar
 {
     const bool inTable = isTableOpen();
     const Word::RangePtr& range = inTable ? data_->cellRange : data_->range;
-    const _bstr_t wide = toWide(text);
+    const Placement& placement = *data_->placement;
+    const _bstr_t wide = toWide(text, placement.narrowForm());
     if (!inTable)
-        data_->pos += static_cast<std::int32_t>(wide.length());
+        placement.writingLinkText(*data_, {wide, wide.length()});
     const std::int32_t endMark = inTable ? 1 : 0;
     const std::int32_t start = range->GetEnd() - endMark;
     range->InsertAfter(wide);
     const std::int32_t end = range->GetEnd() - endMark;
+    placement.linkTextWritten(*data_, wide, end);
     if (!target.isEmpty())
         insertLink(target, start, end, range, resolved);
 }
@@ -42,11 +43,7 @@ bool MirovelSection::insertTag(const QdxString& name)
     const Word::BookmarksPtr bookmarks = d.document->GetBookmarks();
     if (!bookmarks || name.length() > longestBookmarkName)
         return false;
-    const Word::BookmarkPtr bookmark = bookmarks->Add(toWide(name));
-    bookmark->PutStart(d.pos);
-    if (d.lastTagBookmark)
-        d.lastTagBookmark->PutEnd(d.pos - 1);
-    d.lastTagBookmark = bookmark;
+    d.placement->placeTag(*this, bookmarks, name);
     return true;
 }
 
@@ -55,22 +52,9 @@ void MirovelSection::resolve(const QdxString& name)
     data_->links.resolve(name);
 }
 
-void MirovelSection::drawHyperLinks()
+bool MirovelSection::awaitsTags() const
 {
-    data_->document->UndoClear();
-    int drawn = 0;
-    for (auto link = data_->links.begin(); link != data_->links.end();) {
-        if (!link->resolved) {
-            ++link;
-            continue;
-        }
-        drawAHyperLink(*link);
-        link = data_->links.erase(link);
-        if (++drawn < linksPerUndoClear)
-            continue;
-        data_->document->UndoClear();
-        drawn = 0;
-    }
+    return std::ranges::any_of(data_->links, [](const HyperLink& link) { return !link.resolved; });
 }
 
 void MirovelSection::drawAHyperLink(const HyperLink& link)
@@ -79,7 +63,14 @@ void MirovelSection::drawAHyperLink(const HyperLink& link)
     const _variant_t subAddress = toWide(link.subAddress);
     link.range->PutStart(link.start);
     link.range->PutEnd(link.end);
-    if (link.end < data_->tocStartPos)
-        data_->tocPos += linkGrowth;
     data_->document->GetHyperlinks()->Add(link.range, address, subAddress);
+}
+
+// Word keeps what every drawn link replaced.
+void MirovelSection::clearUndoAfterLink(int& drawn)
+{
+    if (++drawn < linksPerUndoClear)
+        return;
+    data_->document->UndoClear();
+    drawn = 0;
 }

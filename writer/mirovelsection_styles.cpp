@@ -86,6 +86,11 @@ void MirovelSection::toFontPtr(const Word::_FontPtr& target, const FontData& fon
     target->PutStrikeThrough(font.strikeThrough);
 }
 
+QdxString MirovelSection::styleInDocument(const QdxString& name) const
+{
+    return data_->placement->isHeading(name) ? getRealStyle(name) : name;
+}
+
 void MirovelSection::setStyle(const QdxString& name, bool force)
 {
     if (name == data_->styleName && !force)
@@ -102,11 +107,12 @@ void MirovelSection::setStyle(const QdxString& name, bool force)
 void MirovelSection::startStyle(const QdxString& name)
 {
     checkForEndl();
-    const FontData font = findFont(getRealStyle(name));
+    const FontData font = findFont(styleInDocument(name));
     if (!isTableOpen())
         applyStyle();
     data_->styleName = name;
-    data_->stylePos = data_->pos;
+    if (!isTableOpen() || data_->placement->tablesHoldStyleRuns())
+        data_->stylePos = data_->pos;
     setFont(font);
 }
 
@@ -124,18 +130,22 @@ void MirovelSection::applyStyle()
 {
     if (data_->stylePos == -1)
         return;
-    checkForEndl();
-    const Word::RangePtr& range = data_->range;
-    range->PutStart(data_->stylePos);
-    range->PutEnd(data_->pos);
-    range->PutStyle(styleArgument(getRealStyle(data_->styleName)));
+    const Placement& placement = *data_->placement;
+    if (placement.styleRunEndsParagraph())
+        checkForEndl();
+    if (data_->stylePos != data_->pos || placement.appliesEmptyStyleRun(*data_)) {
+        const Word::RangePtr& range = data_->range;
+        range->PutStart(data_->stylePos);
+        range->PutEnd(data_->pos);
+        range->PutStyle(styleArgument(styleInDocument(data_->styleName)));
+    }
     applyFont();
     data_->stylePos = -1;
 }
 
 void MirovelSection::setFont(const FontData& font)
 {
-    if (!(font != data_->pendingFont) && !isTableOpen())
+    if (!isTableOpen() && data_->placement->isFontInForce(*data_, font))
         return;
     storeFont(font);
     if (data_->styleName.isEmpty())
@@ -176,9 +186,9 @@ void MirovelSection::applyFont()
             range->PutEnd(isLast ? data_->pos : next->getStart());
             toFontPtr(range->GetFont(), run->getFont());
         } else {
-            applyFontToTable(*run, isLast ? nullptr : &*next);
+            data_->placement->applyFontToTable(*this, *run, isLast ? nullptr : &*next);
         }
     }
     data_->fontRuns.clear();
-    data_->pendingFont.name = "";
+    data_->placement->fontRunsApplied(*data_);
 }

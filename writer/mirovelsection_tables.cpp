@@ -14,26 +14,29 @@ void MirovelSection::startTable()
 {
     if (isTableOpen())
         return;
-    applyStyle();
-    applyFont();
-    applyAlign();
-    setStyle("Normal", false);
-
     MirovelSectionData& d = *data_;
+    d.placement->finishBeforeTable(*this);
     d.tableRows = d.tableColumn = d.tableColumns = 0;
     d.tableIndex = d.pos;
     d.rowHeight = 0;
+    try {
+        d.placement->makeRoomForTable(d);
+        makeTable();
+        d.placement->tableMade(d);
+    } catch (const _com_error&) {
+        d.placement->tableFailed(d);
+        throw;
+    }
+}
 
-    // A character behind the table, so that writing can go on there.
-    d.range->InsertAfter(L" ");
-    ++d.pos;
-
+void MirovelSection::makeTable()
+{
+    MirovelSectionData& d = *data_;
     const Word::RangePtr place = d.range->GetDuplicate();
     place->PutEnd(d.tableIndex);
     place->PutStart(d.tableIndex);
     d.table = place->GetTables()->Add(place, 1, 1);
     enterRow(d.table->GetRows()->Item(1));
-    d.pos = d.range->GetEnd();
 }
 
 void MirovelSection::enterRow(const Word::RowPtr& row)
@@ -92,7 +95,7 @@ void MirovelSection::endTable()
         return;
     applyAlign();
     resizeTableColumns();
-    data_->pos = data_->range->GetEnd();
+    data_->placement->leaveTable(*data_);
     data_->styleName = "Normal";
     data_->tableRows = 0;
     data_->tableIndex = -1;
@@ -113,25 +116,19 @@ Word::RangePtr MirovelSection::cellRange(std::int16_t row, std::int16_t col)
     return data_->table->Cell(wordRow, wordCol)->GetRange();
 }
 
-void MirovelSection::applyFontToTable(const FontSave& run, const FontSave* next)
+Word::RangePtr MirovelSection::placeInCell() const
 {
-    const FontData font = run.getFont();
-    const Word::TablePtr& table = run.getTable();
-    const long lastRow = next ? next->getRow() : table->GetRows()->GetCount();
-    const long lastCol = next ? next->getCol() : table->GetColumns()->GetCount();
+    const Word::RangePtr place = data_->cellRange->GetDuplicate();
+    const std::int32_t mark = place->GetEnd() - 1;
+    place->PutStart(mark);
+    place->PutEnd(mark);
+    return place;
+}
 
-    // Wider than the numbers they count, so that the largest of those is not the last one for ever.
-    for (long row = run.getRow(); row <= lastRow; ++row) {
-        const bool firstRow = row == run.getRow();
-        for (long col = firstRow ? run.getCol() : 1; col <= lastCol; ++col) {
-            const bool firstCell = firstRow && col == run.getCol();
-            const Word::RangePtr range =
-                cellRange(static_cast<std::int16_t>(row), static_cast<std::int16_t>(col));
-            const long start = firstCell ? run.getStart() : range->GetStart();
-            const long end = range->GetEnd();
-            range->PutStart(start);
-            range->PutEnd(end);
-            toFontPtr(range->GetFont(), font);
-        }
-    }
+void MirovelSection::putFont(const Word::RangePtr& range, std::int32_t start, std::int32_t end,
+                             const FontData& font)
+{
+    range->PutStart(start);
+    range->PutEnd(end);
+    toFontPtr(range->GetFont(), font);
 }

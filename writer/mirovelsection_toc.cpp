@@ -1,12 +1,8 @@
 #include "mirovelsection.h"
 
 #include "MirovelSectionData.h"
-#include "StyleNumber.h"
 #include "TextConversion.h"
-#include "TocFieldText.h"
 #include "WordConstants.h"
-
-#include <windows.h>
 
 #include <algorithm>
 
@@ -15,18 +11,15 @@ namespace {
 constexpr std::int16_t centred = 2;
 constexpr std::int16_t deepestLevel = 9;
 
-bool isLeadByte(unsigned char byte)
-{
-    return IsDBCSLeadByte(byte) != 0;
-}
-
 } // namespace
 
 void MirovelSection::insertTOC(std::int16_t level)
 {
     if (isTableOpen())
         return;
+    data_->placement->placingToc(*data_);
     const QdxString style = data_->styleName;
+    const FontData font = data_->pendingFont;
     setStyle("Normal", true);
     const auto align = static_cast<std::int16_t>(data_->alignment);
     setTextAlign(centred);
@@ -39,6 +32,7 @@ void MirovelSection::insertTOC(std::int16_t level)
     data_->tocLevel = level;
     insertEndl();
     setStyle(style, true);
+    data_->placement->fontInForceAgain(*this, font);
 }
 
 void MirovelSection::startTOCEntry()
@@ -51,22 +45,12 @@ void MirovelSection::startTOCEntry()
 
 void MirovelSection::endTOCEntry()
 {
-    if (data_->tocPos == 0)
+    if (data_->tocPos == 0 || !data_->placement->marksEntry(*data_))
         return;
     data_->collectingTocEntry = false;
     if (!data_->document->GetTablesOfContents() || data_->tocText.isEmpty())
         return;
-    const Word::RangePtr& range = data_->range;
-    range->Collapse(Word::wdCollapseEnd);
-    range->InsertAfter(L"X");
-    ++data_->pos;
-    const QdxString text =
-        tocFieldText(data_->tocText, styleNumber("Heading ", data_->styleName), isLeadByte);
-    const Word::RangePtr place = range->GetDuplicate();
-    place->PutEnd(data_->pos);
-    range->GetFields()->Add(place, Word::wdFieldTOCEntry, toWide(text));
-    data_->pos = range->GetEnd();
-    deleteLastChar();
+    data_->placement->writeEntry(*this);
 }
 
 void MirovelSection::drawTOC()

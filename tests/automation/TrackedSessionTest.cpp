@@ -1,0 +1,190 @@
+// The setting "Word"/"TrackPositions": what the writers of one document know of each other, and text in all
+// characters.
+#include "FrontEndTest.h"
+
+#include "Bookmarks.h"
+#include "Document.h"
+#include "Hyperlink.h"
+#include "Section.h"
+#include "Story.h"
+
+namespace {
+
+namespace model = standin::model;
+
+using StoryPtr = std::shared_ptr<model::Story>;
+
+class TrackedSessionTest : public FrontEndTest
+{
+protected:
+    TrackedSessionTest()
+    {
+        setting("Word", "TrackPositions", "1", 3);
+        openDocument();
+        document_ = word.model().documents().front();
+    }
+    void TearDown() override
+    {
+        document_.reset();
+        FrontEndTest::TearDown();
+    }
+
+    /// Completes the writers' pending work. The document stays open in Word, to be looked at.
+    void complete() const { client->create(bstr(folder.file("next.doc"))); }
+
+    StoryPtr body() const { return document_->mainStory(); }
+    StoryPtr header(int section = 1) const { return story(model::Section::Part::header, section); }
+    StoryPtr footer(int section = 1) const { return story(model::Section::Part::footer, section); }
+
+    /// What stands in the story, each link as `[text>target]`.
+    static std::u16string shown(const StoryPtr& story)
+    {
+        std::u16string text(story->text(0, story->length() - 1));
+        const auto links = model::hyperlinksIn(model::LiveRange(story, 0, story->length()));
+        for (auto link = links.rbegin(); link != links.rend(); ++link) {
+            const model::LiveRange range = link->range();
+            text.replace(static_cast<std::size_t>(range.start()),
+                         static_cast<std::size_t>(range.end() - range.start()),
+                         u'[' + link->textToDisplay() + u'>' + link->target().address +
+                             link->target().subAddress + u']');
+        }
+        return text;
+    }
+
+    std::shared_ptr<model::Document> document_;
+
+private:
+    StoryPtr story(model::Section::Part part, int section) const
+    {
+        return document_->section(section)->story(part, model::HeaderFooterIndex::primary);
+    }
+};
+
+TEST_F(TrackedSessionTest, DrawsLinksToTagsOfAllWriters)
+{
+    client->insertXref(L"to header"_b, L"in header"_b);
+    client->startHeader();
+    client->insertTag(L"in header"_b);
+    client->insertText(L"head "_b);
+    client->insertXref(L"to body"_b, L"in body"_b);
+    client->endHeader();
+    client->startFooter();
+    client->insertXref(L"to header"_b, L"in header"_b);
+    client->insertText(L" "_b);
+    client->insertXref(L"to body"_b, L"in body"_b);
+    client->endFooter();
+    client->insertText(L" and "_b);
+    client->insertTag(L"in body"_b);
+    client->insertText(L"more"_b);
+    complete();
+    EXPECT_EQ(shown(body()), u"[to header>b1] and more");
+    EXPECT_EQ(shown(header()), u"head [to body>b2]");
+    EXPECT_EQ(shown(footer()), u"[to header>b1] [to body>b2]");
+    EXPECT_EQ(document_->bookmarks().find(u"b1")->range().storyPtr(), header());
+    EXPECT_EQ(document_->bookmarks().find(u"b2")->range().storyPtr(), body());
+}
+
+TEST_F(TrackedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
+{
+    client->startHeader();
+    client->insertXref(L"nowhere"_b, L"never"_b);
+    client->endHeader();
+    complete();
+    EXPECT_EQ(shown(header()), u"nowhere");
+}
+
+TEST_F(TrackedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
+{
+    client->startHeader();
+    client->insertText(L"one "_b);
+    client->setFontAttribute(1, VARIANT_TRUE);
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    client->startHeader();
+    client->insertText(L"two"_b);
+    client->endHeader();
+    client->insertText(L"body"_b);
+    complete();
+    EXPECT_EQ(shown(header()), u"one two");
+    EXPECT_EQ(shown(footer()), u"foot");
+    EXPECT_EQ(shown(body()), u"body");
+}
+
+TEST_F(TrackedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
+{
+    client->startHeader();
+    client->insertXref(L"a long label of a link"_b, L"tag"_b);
+    client->endHeader();
+    client->startHeader();
+    client->insertText(L"x"_b);
+    client->endHeader();
+    client->insertTag(L"tag"_b);
+    complete();
+    EXPECT_EQ(shown(header()), u"x");
+}
+
+TEST_F(TrackedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
+{
+    client->insertText(L"one"_b);
+    client->insertPageBreak();
+    client->startHeader();
+    client->insertText(L"head"_b);
+    client->startFooter();
+    client->insertText(L"foot"_b);
+    client->endFooter();
+    client->endHeader();
+    client->insertText(L"two"_b);
+    complete();
+    ASSERT_EQ(document_->sectionCount(), 2);
+    EXPECT_EQ(shown(header(2)), u"head");
+    EXPECT_EQ(shown(footer(2)), u"foot");
+    EXPECT_EQ(shown(footer(1)), u"");
+    EXPECT_EQ(shown(body()), u"one\ftwo");
+}
+
+TEST_F(TrackedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
+{
+    client->insertText(L"\x3b1<a href=\"\x3b2\">\x3b3</a>\x3b4<a href=\"\x3b5\">\x3b6</a>\x3b7"_b);
+    client->insertTag(L"\x3b2"_b);
+    client->insertEndl();
+    client->insertTag(L"\x3b5"_b);
+    complete();
+    EXPECT_EQ(shown(body()), u"\x3b1[\x3b3>b1]\x3b4[\x3b6>b2]\x3b7\r");
+}
+
+TEST_F(TrackedSessionTest, EchoesAnchorsInTheCodePage)
+{
+    trace(10);
+    client->insertText(L"<a href=\"http://a.example/\">\xe4\x3b1</a>\xe4\x3b2"_b);
+    EXPECT_THAT(log(), testing::HasSubstr("mirovel->insertXref(\"\xe4?\",\"http://a.example/\");\r\n"
+                                          "mirovel->insertText(\"\xe4?\");\r\n"));
+}
+
+TEST_F(TrackedSessionTest, ReadsTheSettingAtCreate)
+{
+    client->close();
+    setting("Word", "TrackPositions", "0", 3);
+    openDocument();
+    client->insertText(L"text"_b);
+    client->insertTag(L"tag"_b);
+    EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b1\", missing)")));
+    setting("Word", "TrackPositions", "yes");
+    client->insertTag(L"other"_b);
+    EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b2\", missing)")));
+}
+
+/// Normal's font may have been another one in an earlier document of this process.
+TEST_F(TrackedSessionTest, AsksEachDocumentForNormalsFont)
+{
+    client->close();
+    document_.reset();
+    word.clearTranscript();
+    openDocument();
+    document_ = word.model().documents().front();
+    client->setStyle(L"Heading 1"_b);
+    client->setStyle(L"Normal"_b);
+    for (const std::string& call : takeTranscript())
+        EXPECT_EQ(call.find(".Item(-1)"), std::string::npos) << call;
+}
+
+} // namespace

@@ -1,0 +1,323 @@
+#include "TrackedPlacement.h"
+
+#include "HyperLink.h"
+#include "MirovelSectionData.h"
+#include "StyleNumber.h"
+#include "TocFieldText.h"
+#include "WordConstants.h"
+#include "mirovelsection.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::string_view headingPrefix = "Heading ";
+constexpr int deepestLevel = 9;
+constexpr std::int32_t leftAligned = 0;
+
+constexpr bool endsParagraph(wchar_t unit)
+{
+    return unit == L'\r' || unit == L'\n';
+}
+
+/// What Word takes as one character each, besides printable text.
+constexpr bool isPlain(wchar_t unit)
+{
+    return unit >= L' ' || unit == L'\t' || unit == L'\v' || endsParagraph(unit);
+}
+
+/// Word makes one paragraph mark of CR, of LF and of CR LF.
+constexpr std::size_t paragraphEndAt(std::wstring_view text)
+{
+    return text.starts_with(L"\r\n") ? 2 : 1;
+}
+
+std::int32_t growth(std::wstring_view text)
+{
+    std::int32_t count = 0;
+    for (; !text.empty(); ++count)
+        text.remove_prefix(paragraphEndAt(text));
+    return count;
+}
+
+std::int32_t leadingParagraphEnds(std::wstring_view text)
+{
+    std::int32_t count = 0;
+    for (; !text.empty() && endsParagraph(text.front()); ++count)
+        text.remove_prefix(paragraphEndAt(text));
+    return count;
+}
+
+bool isTableOpen(const MirovelSectionData& d)
+{
+    return d.tableIndex != -1;
+}
+
+} // namespace
+
+// Of control characters other than line ends Word alone knows what becomes of them.
+void TrackedPlacement::textWritten(MirovelSectionData& d, std::wstring_view text) const
+{
+    if (text.empty())
+        return;
+    // As in `insertEndl`: paragraph ends right where a style begins stay outside it.
+    if (d.pos == d.stylePos && d.styleName != "Normal")
+        d.stylePos += leadingParagraphEnds(text);
+    if (std::ranges::all_of(text, isPlain))
+        d.pos += growth(text);
+    else
+        d.pos = d.range->GetEnd();
+    if (endsParagraph(text.back()))
+        d.lastEndlPos = d.pos;
+}
+
+void TrackedPlacement::linkTextWritten(MirovelSectionData& d, const wchar_t* text, std::int32_t end) const
+{
+    if (d.collectingTocEntry)
+        d.tocText.append(toNarrow(text, narrowForm()));
+    if (isTableOpen(d))
+        return;
+    d.pos = end;
+    const std::wstring_view label = text;
+    if (!label.empty() && endsParagraph(label.back()))
+        d.lastEndlPos = end;
+}
+
+void TrackedPlacement::placeholderLeft(MirovelSection& writer) const
+{
+    try {
+        writer.deleteLastChar();
+    } catch (const _com_error&) { // the first failure is the one to report
+    }
+}
+
+// The section break comes first, so that a tag behind the page break stays behind it.
+void TrackedPlacement::breakSection(MirovelSectionData& d, std::int32_t breakPos) const
+{
+    const Word::RangePtr& range = d.range;
+    range->PutStart(breakPos);
+    range->PutEnd(breakPos);
+    range->InsertBreak(Word::wdSectionBreakNextPage);
+    range->PutStart(breakPos + 1);
+    range->PutEnd(breakPos + 2);
+    range->Delete(Word::wdCharacter, 1L);
+    if (d.pos == breakPos + 1)
+        d.lastEndlPos = d.pos;
+}
+
+// A paragraph has one style, so what was written in it is not given another one.
+bool TrackedPlacement::needsEndl(const MirovelSectionData& d) const
+{
+    return d.pos != d.lastEndlPos;
+}
+
+// An empty run lies in the document's last paragraph, from which tables and the text behind them start: that
+// one stays Normal.
+bool TrackedPlacement::appliesEmptyStyleRun(const MirovelSectionData& d) const
+{
+    return d.styleName == "Normal";
+}
+
+bool TrackedPlacement::isHeading(const QdxString& style) const
+{
+    return style.startsWith(headingPrefix.data()) && styleNumber(headingPrefix.data(), style) > 0;
+}
+
+bool TrackedPlacement::isFontInForce(const MirovelSectionData& d, const FontData& font) const
+{
+    return !d.fontRuns.empty() && !(font != d.pendingFont);
+}
+
+// From the place in its cell where the run began to the place where the next one begins, over all cells
+// between. Cells are in Normal's font from the beginning.
+void TrackedPlacement::applyFontToTable(MirovelSection& writer, const FontSave& run,
+                                        const FontSave* next) const
+{
+    const MirovelSectionData& d = *writer.data_;
+    const FontData font = run.getFont();
+    if (!(font != d.plainFont))
+        return;
+    const Word::TablePtr& table = run.getTable();
+    if (next && next->getTable().GetInterfacePtr() != table.GetInterfacePtr())
+        next = nullptr;
+    const long columns = std::max<long>(d.tableColumns, 1);
+    const long firstCol = std::min<long>(run.getCol(), columns);
+    const long lastRow = next ? next->getRow() : table->GetRows()->GetCount();
+    const long nextCol = next ? std::min<long>(next->getCol(), columns) : 0;
+
+    for (long row = run.getRow(); row <= lastRow; ++row) {
+        const bool inFirstRow = row == run.getRow();
+        const bool inNextRow = next && row == lastRow;
+        const long lastCol = inNextRow ? nextCol : columns;
+        for (long col = inFirstRow ? firstCol : 1; col <= lastCol; ++col) {
+            const Word::RangePtr range = table->Cell(row, col)->GetRange();
+            const long start = inFirstRow && col == firstCol ? run.getStart() : range->GetStart();
+            const long end = inNextRow && col == nextCol ? next->getStart() : range->GetEnd();
+            if (start < end)
+                MirovelSection::putFont(range, start, end, font);
+        }
+    }
+}
+
+void TrackedPlacement::fontInForceAgain(MirovelSection& writer, const FontData& font) const
+{
+    writer.setFont(font);
+}
+
+// In a cell, in front of its mark: so the paragraph in hand is aligned too.
+std::int32_t TrackedPlacement::alignmentStart(MirovelSectionData& d) const
+{
+    return isTableOpen(d) ? d.cellRange->GetEnd() - 1 : d.range->GetEnd();
+}
+
+std::int32_t TrackedPlacement::lastAlignmentEnd(const MirovelSectionData& d) const
+{
+    return d.table->GetRange()->GetEnd() - 1;
+}
+
+// Word makes one table of two that touch.
+void TrackedPlacement::finishBeforeTable(MirovelSection& writer) const
+{
+    MirovelSectionData& d = *writer.data_;
+    if (d.tableEnd != 0 && d.pos == d.tableEnd)
+        writer.insertEndl();
+    finishBeforeFile(writer);
+    d.styleName = "Normal";
+    d.pendingFont = d.plainFont;
+}
+
+// What was meant for its cells is not lost: it goes into the text.
+void TrackedPlacement::tableFailed(MirovelSectionData& d) const
+{
+    d.tableIndex = -1;
+}
+
+// Writing goes on in the paragraph behind the table, which is as plain as the document's last paragraph
+// always is.
+void TrackedPlacement::leaveTable(MirovelSectionData& d) const
+{
+    d.pendingFont = d.plainFont;
+    d.pos = d.table->GetRange()->GetEnd();
+    d.range->PutStart(d.pos);
+    d.tableEnd = d.lastEndlPos = d.pos;
+}
+
+void TrackedPlacement::insertFieldInCell(MirovelSection& writer, const _variant_t& type) const
+{
+    writer.data_->cellRange->GetFields()->Add(writer.placeInCell(), type);
+}
+
+// A tag's bookmark that spans the table of contents is not found by every program that reads the document.
+void TrackedPlacement::placingToc(MirovelSectionData& d) const
+{
+    endLastTag(d);
+}
+
+bool TrackedPlacement::marksEntry(const MirovelSectionData& d) const
+{
+    return d.collectingTocEntry;
+}
+
+void TrackedPlacement::writeEntry(MirovelSection& writer) const
+{
+    MirovelSectionData& d = *writer.data_;
+    const int level =
+        isHeading(d.styleName) ? std::min(styleNumber(headingPrefix.data(), d.styleName), deepestLevel) : 1;
+    const std::wstring text =
+        wholeTocFieldText(static_cast<const wchar_t*>(toWide(d.tocText, narrowForm())), level);
+    if (isTableOpen(d)) {
+        d.cellRange->GetFields()->Add(writer.placeInCell(), Word::wdFieldTOCEntry, text.c_str());
+        return;
+    }
+    writer.addFieldBehind(Word::wdFieldTOCEntry, text.c_str());
+}
+
+// In the writer's own story, which may be a header's.
+Word::RangePtr TrackedPlacement::filePlace(const MirovelSectionData& d, std::int32_t place) const
+{
+    const Word::RangePtr range = (isTableOpen(d) ? d.cellRange : d.range)->GetDuplicate();
+    range->PutStart(place);
+    range->PutEnd(place);
+    return range;
+}
+
+void TrackedPlacement::finishBeforeFile(MirovelSection& writer) const
+{
+    writer.checkForEndl();
+    Placement::finishBeforeFile(writer);
+}
+
+// Style, font and alignment stay in force behind the file. Whether it ended its last paragraph is Word's to
+// say.
+void TrackedPlacement::fileInserted(MirovelSection& writer, std::int32_t alignment) const
+{
+    MirovelSectionData& d = *writer.data_;
+    if (d.pos != 0) {
+        const Word::RangePtr last = d.range->GetDuplicate();
+        last->PutStart(d.pos - 1);
+        last->PutEnd(d.pos);
+        const _bstr_t text = last->GetText();
+        const wchar_t* const ending = text;
+        if (!ending || !endsParagraph(*ending))
+            writer.insertEndl();
+    }
+    d.lastEndlPos = d.stylePos = d.pos;
+    writer.storeFont(d.pendingFont);
+    if (alignment != leftAligned)
+        writer.setTextAlign(static_cast<std::int16_t>(alignment));
+}
+
+// At the writer's own place, wherever the user's selection is: in a header or in a cell, too.
+void TrackedPlacement::placeTag(MirovelSection& writer, const Word::BookmarksPtr& bookmarks,
+                                const QdxString& name) const
+{
+    MirovelSectionData& d = *writer.data_;
+    const bool moved = name == d.lastTagName;
+    if (isTableOpen(d)) {
+        bookmarks->Add(toWide(name), Word::object(writer.placeInCell()));
+    } else {
+        d.range->PutStart(d.pos);
+        const Word::BookmarkPtr bookmark = bookmarks->Add(toWide(name), Word::object(d.range));
+        if (!moved)
+            endLastTag(d);
+        d.lastTagBookmark = bookmark;
+        d.lastTagName = name;
+        d.lastTagPos = d.pos;
+        return;
+    }
+    if (moved)
+        d.lastTagBookmark = nullptr;
+}
+
+// One character in front of the place, as always, but neither before the tag itself nor inside a table.
+void TrackedPlacement::endLastTag(MirovelSectionData& d) const
+{
+    const std::int32_t end = d.pos == d.tableEnd ? d.pos : d.pos - 1;
+    if (d.lastTagBookmark && end > d.lastTagPos)
+        d.lastTagBookmark->PutEnd(end);
+    d.lastTagBookmark = nullptr;
+}
+
+// From the back to the front: what is drawn moves nothing that is still to be drawn.
+void TrackedPlacement::draw(MirovelSection& writer) const
+{
+    MirovelSectionData& d = *writer.data_;
+    d.document->UndoClear();
+    int drawn = 0;
+    for (auto link = d.links.end(); link != d.links.begin();) {
+        --link;
+        if (link->start < d.tocPos)
+            writer.drawTOC();
+        if (!link->resolved)
+            continue;
+        writer.drawAHyperLink(*link);
+        link = d.links.erase(link);
+        writer.clearUndoAfterLink(drawn);
+    }
+    writer.drawTOC();
+}
+
+void TrackedPlacement::writingEnds(MirovelSection& writer) const
+{
+    writer.endTable();
+}

@@ -53,9 +53,10 @@ model::DocumentPtr readDocument(Server& server, const std::wstring& file)
     return server.model().addDocument([&bytes](model::Document& document) { rtf::readRtf(bytes, document); });
 }
 
-void write(const model::Document& document, const FileName& file)
+void write(const Server& server, const model::Document& document, const FileName& file)
 {
-    replaceFile(file.full(), rtf::writeRtf(document));
+    if (server.writesFiles)
+        replaceFile(file.full(), rtf::writeRtf(document));
 }
 } // namespace
 
@@ -88,17 +89,17 @@ void saveDocumentAs(Server& server, const model::DocumentPtr& document, std::u16
     if (open && open != document)
         throw WordError(fileOpenElsewhere,
                         "Word cannot save this file because it is already open elsewhere.");
-    write(*document, file);
+    write(server, *document, file);
     document->setFile(std::move(file.folder), std::move(file.name));
     document->setSaved(true);
     server.enterDocument(document);
 }
 
-void saveDocument(const model::DocumentPtr& document)
+void saveDocument(const Server& server, const model::DocumentPtr& document)
 {
     if (document->path().empty())
         throw WordError(WordErrorNumber::commandFailed);
-    write(*document, FileName{document->path(), document->name()});
+    write(server, *document, FileName{document->path(), document->name()});
     document->setSaved(true);
 }
 
@@ -107,7 +108,7 @@ void closeDocument(Server& server, const model::DocumentPtr& document, std::opti
     const long answer = saveChanges.value_or(Word::wdPromptToSaveChanges);
     if (!document->isSaved()) {
         if (answer == Word::wdSaveChanges)
-            saveDocument(document);
+            saveDocument(server, document);
         else if (answer != Word::wdDoNotSaveChanges && !document->switches().closeDropsChanges)
             throw WordError(WordErrorNumber::commandFailed);
     }

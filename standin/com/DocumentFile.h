@@ -21,7 +21,7 @@ void saveDocumentAs(Server& server, const model::DocumentPtr& document, std::u16
 
 /// Saves a document under the name that it has. Raises WordError 4198 when it has none, since nobody can be
 /// asked.
-void saveDocument(const model::DocumentPtr& document);
+void saveDocument(const Server& server, const model::DocumentPtr& document);
 
 /// Closes a document; `saveChanges` is a WdSaveOptions. When it is left open nobody can be asked what to do
 /// with changes: they are dropped, or the call fails with WordError 4198, as the model's switch says.

@@ -130,7 +130,7 @@ void DocumentObject::doSaveAs(const VARIANT& fileName, const VARIANT& fileFormat
 void DocumentObject::doSave()
 {
     open();
-    saveDocument(document_);
+    saveDocument(server(), document_);
 }
 
 void DocumentObject::doClose(const VARIANT& saveChanges, const VARIANT&, const VARIANT&)

@@ -62,6 +62,6 @@ void DocumentsObject::doSave(const VARIANT&, const VARIANT&)
 {
     for (const model::DocumentPtr& document : server().model().documents())
         if (!document->isSaved())
-            saveDocument(document);
+            saveDocument(server(), document);
 }
 } // namespace standin

@@ -16,6 +16,7 @@ Session::Session(const SessionOptions& options) : state_(std::make_unique<State>
     state_->server = Server::make(options.switches);
     state_->server->clock = options.clock;
     state_->server->documentsInRunningObjectTable = options.documentsInRunningObjectTable;
+    state_->server->writesFiles = options.writesFiles;
     state_->server->transcript = [lines = &state_->lines](const std::string& line) {
         lines->push_back(line);
     };

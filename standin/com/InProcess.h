@@ -16,6 +16,9 @@ struct SessionOptions
     /// Each document that has a file is entered in the running object table under it until it is closed, as
     /// Word does. Off by default: it costs a call to another process per document.
     bool documentsInRunningObjectTable = false;
+    /// Saving a document writes its file. Without it a document only gets its name: a file costs more than
+    /// all that a small document is made of.
+    bool writesFiles = true;
     /// What fields take the time from: always the same moment unless a test wants another, so that nothing
     /// depends on when it runs.
     ::standin::model::Clock clock = [] { return ::standin::model::LocalTime{2000, 1, 31, 13, 5, 9}; };

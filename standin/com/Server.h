@@ -58,6 +58,7 @@ public:
     void enterDocument(const model::DocumentPtr& document);
     void closeDocument(model::Document& document);
     bool documentsInRunningObjectTable = false;
+    bool writesFiles = true; ///< when a document is saved
     ITypeInfoPtr typeInfo(const IID& interfaceId);
 
     void objectBorn() { ++liveObjects_; }

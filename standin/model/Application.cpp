@@ -61,6 +61,9 @@ void Application::close(Document& document)
         throw WordError(WordErrorNumber::objectDeleted);
     }
     const DocumentPtr kept = *found;
+    if (whenClosing) {
+        whenClosing(*kept);
+    }
     documents_.erase(found);
     kept->close();
 }

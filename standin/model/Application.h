@@ -30,6 +30,12 @@ public:
 
     Options options;
 
+    /// Called with each document that is about to be closed, while it can still be read.
+    std::function<void(const Document&)> whenClosing;
+
+    /// How documents that are made from now on behave where it is not certain how Word does.
+    void setSwitches(const Switches& switches) { switches_ = switches; }
+
     /// A new document named "Document<n>", n counting from 1 for the life of the application. When `fill`
     /// raises, there is none.
     DocumentPtr addDocument(const std::function<void(Document&)>& fill = {});

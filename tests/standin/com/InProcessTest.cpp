@@ -337,6 +337,21 @@ TEST_F(InProcess, ASavedDocumentOpensAgain)
     EXPECT_EQ(fromTemplate->GetPath(), _bstr_t(L""));
 }
 
+TEST(InProcessSession, MaySaveWithoutFiles)
+{
+    const ScratchFolder folder;
+    standin::SessionOptions options;
+    options.writesFiles = false;
+    const standin::Session session(options);
+    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    document->SaveAs(Word::text(folder.file(L"report").c_str()));
+    EXPECT_EQ(document->GetFullName(), _bstr_t(folder.file(L"report.doc").c_str()));
+    document->Range()->InsertAfter(L"more");
+    document->Save();
+    EXPECT_EQ(document->GetSaved(), VARIANT_TRUE);
+    EXPECT_EQ(folder.fileCount(), 0);
+}
+
 TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
 {
     const ScratchFolder folder;

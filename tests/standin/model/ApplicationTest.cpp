@@ -54,6 +54,30 @@ TEST(ApplicationTest, ClosingTwiceFindsNoDocument)
     EXPECT_EQ(errorOf([&] { word.close(*document); }), 5825);
 }
 
+TEST(ApplicationTest, DocumentsCanStillBeReadWhenTheirClosingIsTold)
+{
+    Application word;
+    std::vector<std::u16string> closing;
+    word.whenClosing = [&closing](const Document& document) {
+        closing.push_back(document.name());
+        EXPECT_FALSE(document.isClosed());
+    };
+    word.addDocument();
+    word.close(*word.addDocument());
+    EXPECT_EQ(closing, std::vector<std::u16string>{u"Document2"});
+    word.closeAll();
+    EXPECT_EQ(closing.size(), 2u);
+}
+
+TEST(ApplicationTest, SwitchesAreThoseOfDocumentsMadeFromNowOn)
+{
+    Application word;
+    const DocumentPtr first = word.addDocument();
+    word.setSwitches({.deleteAnswersOne = false});
+    EXPECT_FALSE(word.addDocument()->switches().deleteAnswersOne);
+    EXPECT_TRUE(first->switches().deleteAnswersOne);
+}
+
 TEST(ApplicationTest, EndingTheApplicationClosesItsDocuments)
 {
     DocumentPtr document;

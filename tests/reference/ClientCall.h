@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace reference {
+
+/// The methods that decide what a document holds.
+enum class Method
+{
+    insertText,
+    insertEndl,
+    insertPageBreak,
+    insertField,
+    startHeader,
+    endHeader,
+    startFooter,
+    endFooter,
+    setStyle,
+    setFontName,
+    setFontSize,
+    setFontAttribute,
+    setTextAlign,
+    insertTOC,
+    startTOCEntry,
+    endTOCEntry,
+    startTable,
+    endTable,
+    addRow,
+    addCell,
+    setTableRowHeight,
+    insertTag,
+    insertXref,
+    insertImage
+};
+
+/// One call of a client. What the method has no use for is empty.
+struct ClientCall
+{
+    Method method = Method::insertText;
+    std::u16string text = {};   ///< the text, style, font, tag, label or picture
+    std::u16string target = {}; ///< of insertXref and insertImage
+    int number = 0;
+    bool isOn = false; ///< of setFontAttribute
+
+    bool operator==(const ClientCall&) const = default;
+};
+
+using Session = std::vector<ClientCall>;
+
+/// The calls as steps of the end-to-end tests' client, one a line, so that a session can be played again.
+std::string stepsOf(const Session& session);
+
+} // namespace reference

@@ -1,0 +1,189 @@
+#include "ReferenceDocument.h"
+
+#include <algorithm>
+
+namespace reference {
+
+namespace {
+
+constexpr std::u16string_view anchorOpening = u"<a href=\"";
+constexpr std::u16string_view anchorTargetEnd = u"\">";
+constexpr std::u16string_view anchorEnd = u"</a>";
+
+/// "#GUID 7" names the tag "GUID 7".
+std::u16string_view anchorTarget(std::u16string_view written)
+{
+    return written.starts_with(u"#GUID ") ? written.substr(1) : written;
+}
+
+} // namespace
+
+ReferenceDocument::ReferenceDocument(AddressTest isAddress)
+    : isAddress_(std::move(isAddress)), body_(u"Normal"), sections_(1)
+{
+}
+
+void ReferenceDocument::perform(const Session& session)
+{
+    for (const ClientCall& call : session)
+        perform(call);
+}
+
+void ReferenceDocument::perform(const ClientCall& call)
+{
+    ReferenceStory& story = current();
+    switch (call.method) {
+    case Method::insertText:
+        return insertText(call.text);
+    case Method::insertEndl:
+        return story.insertEndl();
+    case Method::insertPageBreak:
+        return story.insertPageBreak();
+    case Method::insertField:
+        return story.insertField(call.number);
+    case Method::startHeader:
+        return startPart(Part::header);
+    case Method::endHeader:
+        return endPart(Part::header);
+    case Method::startFooter:
+        return startPart(Part::footer);
+    case Method::endFooter:
+        return endPart(Part::footer);
+    case Method::setStyle:
+        if (!currentPart_)
+            story.setStyle(call.text);
+        return;
+    case Method::setFontName:
+        return story.setFontName(call.text);
+    case Method::setFontSize:
+        return story.setFontSize(call.number);
+    case Method::setFontAttribute:
+        return story.setFontAttribute(call.number, call.isOn);
+    case Method::setTextAlign:
+        return story.setTextAlign(call.number);
+    case Method::insertTOC:
+        return story.insertTOC();
+    case Method::startTOCEntry:
+        return story.startTOCEntry();
+    case Method::endTOCEntry:
+        return story.endTOCEntry();
+    case Method::startTable:
+        return story.startTable();
+    case Method::endTable:
+        return story.endTable();
+    case Method::addRow:
+        return story.addRow();
+    case Method::addCell:
+        return story.addCell();
+    case Method::setTableRowHeight:
+        return;
+    case Method::insertTag:
+        return insertTag(call.text);
+    case Method::insertXref:
+        return insertXref(call.text, call.target);
+    case Method::insertImage:
+        return story.insertImage(call.target);
+    }
+}
+
+ReferenceStory& ReferenceDocument::current()
+{
+    return currentPart_ ? sections_[open_.at(*currentPart_)].at(*currentPart_) : body_;
+}
+
+void ReferenceDocument::startPart(Part part)
+{
+    if (body_.breakSection())
+        sections_.emplace_back();
+    const std::size_t last = sections_.size() - 1;
+    const auto open = open_.find(part);
+    if (open == open_.end() || open->second != last) {
+        const ReferenceStory empty(part == Part::header ? u"Header" : u"Footer");
+        sections_[last].insert_or_assign(part, empty);
+        open_[part] = last;
+    }
+    currentPart_ = part;
+}
+
+void ReferenceDocument::endPart(Part part)
+{
+    open_.erase(part);
+    currentPart_.reset();
+}
+
+void ReferenceDocument::insertText(std::u16string_view text)
+{
+    for (std::size_t at = text.find(anchorOpening); at != text.npos; at = text.find(anchorOpening)) {
+        current().insertText(text.substr(0, at));
+        text.remove_prefix(at + anchorOpening.size());
+        const std::size_t targetEnd = text.find(anchorTargetEnd);
+        const std::size_t labelStart = targetEnd + anchorTargetEnd.size();
+        const std::size_t labelEnd = text.find(anchorEnd);
+        insertXref(text.substr(labelStart, labelEnd - labelStart), anchorTarget(text.substr(0, targetEnd)));
+        text.remove_prefix(labelEnd + anchorEnd.size());
+    }
+    current().insertText(text);
+}
+
+void ReferenceDocument::insertXref(std::u16string_view label, std::u16string_view target)
+{
+    current().insertText(label, std::u16string(target));
+}
+
+void ReferenceDocument::insertTag(const std::u16string& name)
+{
+    body_.removeTag(name);
+    for (Section& section : sections_)
+        for (auto& [part, story] : section)
+            story.removeTag(name);
+    current().insertTag(name);
+}
+
+DocumentContent ReferenceDocument::content() const
+{
+    std::vector<std::optional<ReferenceStory::Flattened>> flattened = {body_.flatten()};
+    for (const Section& section : sections_) {
+        for (const Part part : {Part::header, Part::footer}) {
+            const auto found = section.find(part);
+            flattened.emplace_back();
+            if (found != section.end())
+                flattened.back() = found->second.flatten();
+            else if (&section == &sections_.front())
+                flattened.back() = ReferenceStory(u"Normal").flatten();
+        }
+    }
+
+    std::map<std::u16string, Place> places;
+    for (std::size_t number = 0; number < flattened.size(); ++number)
+        if (flattened[number])
+            for (const auto& [name, position] : flattened[number]->tags)
+                places[name] = {number, position};
+
+    DocumentContent content;
+    for (const auto& story : flattened) {
+        content.stories.emplace_back();
+        if (!story)
+            continue;
+        StoryContent& resolved = content.stories.back().emplace(story->content);
+        for (std::size_t i = 0; i < story->links.size(); ++i) {
+            const std::optional<RequestedLink>& link = story->links[i];
+            if (!link)
+                continue;
+            const auto place = places.find(link->target);
+            if (isAddress_(link->target))
+                resolved.tokens[i].link = LinkTarget{link->target};
+            else if (place != places.end())
+                resolved.tokens[i].link = LinkTarget{{}, place->second};
+            resolved.tokens[i].beginsLink = resolved.tokens[i].link && link->begins;
+        }
+        std::vector<std::size_t> starts;
+        for (const auto& [name, position] : story->tags)
+            starts.push_back(position);
+        std::sort(starts.begin(), starts.end());
+        for (const std::size_t start : starts)
+            resolved.tags.push_back({start});
+    }
+    return content;
+}
+
+} // namespace reference

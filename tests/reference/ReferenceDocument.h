@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ClientCall.h"
+#include "DocumentContent.h"
+#include "ReferenceStory.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace reference {
+
+/// What a document must hold after a session of calls, each taken at its word.
+///
+/// For sessions whose calls are valid: fields of kinds 1 to 4, well-formed anchors, pictures that are there,
+/// no page break in a header or footer.
+class ReferenceDocument
+{
+public:
+    /// Tells an address or a file that is there from the name of a tag.
+    using AddressTest = std::function<bool(std::u16string_view)>;
+
+    explicit ReferenceDocument(AddressTest isAddress);
+
+    void perform(const ClientCall& call);
+    void perform(const Session& session);
+
+    [[nodiscard]] DocumentContent content() const;
+
+private:
+    enum class Part
+    {
+        header,
+        footer
+    };
+
+    /// Headers and footers of one section.
+    using Section = std::map<Part, ReferenceStory>;
+
+    void startPart(Part part);
+    void endPart(Part part);
+    ReferenceStory& current();
+    void insertText(std::u16string_view text);
+    void insertXref(std::u16string_view label, std::u16string_view target);
+    void insertTag(const std::u16string& name);
+
+    AddressTest isAddress_;
+    ReferenceStory body_;
+    std::vector<Section> sections_;
+    std::map<Part, std::size_t> open_; ///< the section whose header, or footer, is being written
+    std::optional<Part> currentPart_;  ///< nothing: the body
+};
+
+} // namespace reference

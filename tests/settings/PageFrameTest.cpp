@@ -1,6 +1,7 @@
 // The frame around the page of the built DLL, under a user's hands.
 #include "PageFrame.h"
 
+#include "IPropertyPageImpl.h"
 #include "PageFixture.h"
 #include "resource.h"
 
@@ -168,6 +169,72 @@ TEST_F(PageFrameTest, IsWalkedThroughWithTabAndLetters)
         }
         user.press(VK_ESCAPE);
     });
+}
+
+/// A page that is nothing but its answers.
+class FakePage final : public IPropertyPageImpl
+{
+public:
+    HRESULT pageInfo = S_OK;
+    HRESULT applied = S_OK;
+
+    // IUnknown
+    STDMETHODIMP QueryInterface(REFIID /*iid*/, void** /*out*/) noexcept override { return E_NOINTERFACE; }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return 2; }
+    STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
+
+    // IPropertyPage
+    STDMETHODIMP Activate(HWND /*parent*/, LPCRECT /*place*/, BOOL /*modal*/) noexcept override
+    {
+        return S_OK;
+    }
+    STDMETHODIMP Deactivate() noexcept override { return S_OK; }
+    STDMETHODIMP Show(UINT /*showCommand*/) noexcept override { return S_OK; }
+    STDMETHODIMP Apply() noexcept override { return applied; }
+    STDMETHODIMP TranslateAccelerator(MSG* /*message*/) noexcept override { return S_FALSE; }
+    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override
+    {
+        *info = {sizeof *info, nullptr, {300, 100}, nullptr, nullptr, 0};
+        return pageInfo;
+    }
+
+    using IPropertyPageImpl::setDirty;
+    bool hasSite() const { return site() != nullptr; }
+};
+
+TEST_F(PageFrameTest, TellsThatThePageCannotStore)
+{
+    FakePage page;
+    page.applied = HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED);
+    frame = std::make_unique<PageFrame>(page);
+    page.setDirty(true);
+    user.uses([this] { frame->run(); },
+              [&] {
+                  window = user.dialog(L"Mirovelcom Settings");
+                  user.clicks(button(IDOK));
+                  const HWND box = user.dialog(L"The settings could not be stored");
+                  user.press(VK_RETURN);
+                  user.waitUntilGone(box);
+                  EXPECT_TRUE(IsWindowVisible(window));
+                  page.applied = S_OK;
+                  user.clicks(button(IDOK));
+                  user.waitUntilGone(window);
+              });
+    EXPECT_FALSE(page.hasSite());
+}
+
+TEST_F(PageFrameTest, PassesOnThatThereIsNoPage)
+{
+    FakePage page;
+    page.pageInfo = E_OUTOFMEMORY;
+    try {
+        const PageFrame unfinished(page);
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const _com_error& error) {
+        EXPECT_EQ(error.Error(), E_OUTOFMEMORY);
+    }
+    EXPECT_FALSE(page.hasSite());
+    EXPECT_EQ(FindWindowW(L"#32770", L"Mirovelcom Settings"), nullptr);
 }
 
 TEST_F(PageFrameTest, LetsGoOfThePage)

@@ -87,9 +87,6 @@ void PageFrame::open()
     place.right = place.left + size.cx;
     place.bottom = place.top + size.cy;
     _com_util::CheckError(page_.Activate(window_, &place, FALSE));
-    // In front of the buttons, in the order of Tab too.
-    SetWindowPos(FindWindowExW(window_, nullptr, L"#32770", nullptr), HWND_TOP, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 /// The page above, the buttons in a row at the right below it.

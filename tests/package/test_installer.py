@@ -111,7 +111,7 @@ class Installer(EndToEndTest):
 
     def check_installed(self, machine, before):
         files = machine.files(PLACE)
-        self.assertEqual(block_below("Files"), files, "the manual's list")
+        self.assertEqual(block_below("Files"), files, "docs/installation.md lists what is installed")
         for name in files:
             self.assertEqual((self.contents / "Mirovelcom" / name).read_bytes(),
                              (machine.path(PLACE) / name).read_bytes(), name)
@@ -121,7 +121,8 @@ class Installer(EndToEndTest):
         added = machines.without(machines.added(before, machine.registry()), *RECORDS)
         keys = machines.without(added, "Wow6432Node")
         self.assertEqual(block_below("Registry"), as_shown({key: values for key, values in keys.items() if values or
-                                                            key.endswith("Programmable")}), "the manual's list")
+                                                            key.endswith("Programmable")}),
+                         "docs/installation.md lists what is written")
         return added
 
     def check_use(self, machine):

@@ -177,6 +177,7 @@ class FakePage final : public IPropertyPageImpl
 public:
     HRESULT pageInfo = S_OK;
     HRESULT applied = S_OK;
+    bool isActive = false;
 
     // IUnknown
     STDMETHODIMP QueryInterface(REFIID /*iid*/, void** /*out*/) noexcept override { return E_NOINTERFACE; }
@@ -186,9 +187,14 @@ public:
     // IPropertyPage
     STDMETHODIMP Activate(HWND /*parent*/, LPCRECT /*place*/, BOOL /*modal*/) noexcept override
     {
+        isActive = true;
         return S_OK;
     }
-    STDMETHODIMP Deactivate() noexcept override { return S_OK; }
+    STDMETHODIMP Deactivate() noexcept override
+    {
+        isActive = false;
+        return S_OK;
+    }
     STDMETHODIMP Show(UINT /*showCommand*/) noexcept override { return S_OK; }
     STDMETHODIMP Apply() noexcept override { return applied; }
     STDMETHODIMP TranslateAccelerator(MSG* /*message*/) noexcept override { return S_FALSE; }
@@ -237,7 +243,19 @@ TEST_F(PageFrameTest, PassesOnThatThereIsNoPage)
     EXPECT_EQ(FindWindowW(L"#32770", L"Mirovelcom Settings"), nullptr);
 }
 
-TEST_F(PageFrameTest, LetsGoOfThePage)
+TEST_F(PageFrameTest, DeactivatesThePage)
+{
+    FakePage page;
+    {
+        const PageFrame unused(page);
+        EXPECT_TRUE(page.isActive);
+        EXPECT_TRUE(page.hasSite());
+    }
+    EXPECT_FALSE(page.isActive);
+    EXPECT_FALSE(page.hasSite());
+}
+
+TEST_F(PageFrameTest, LetsGoOfAPageThatIsInactiveAlready)
 {
     const IPropertyPagePtr page = newPage();
     {

@@ -1,5 +1,6 @@
 """The installer's source for wixl, and what has to be said to the finished package because wixl cannot say it."""
 
+import pathlib
 import re
 import uuid
 import xml.etree.ElementTree as xml
@@ -30,63 +31,62 @@ def identifier(path):
 
 
 def short_names(names):
-    """Names by which a file system without long names knows these, which lie in one folder."""
-    short = {}
+    """What stands in a package for these names, which lie in one folder: "SHORT~1.TXT|shorter.txt" where a file system
+    without long names needs another one."""
+    shown = {}
+    taken = set()
     for name in sorted(names):
-        stem, dot, extension = name.rpartition(".") if "." in name else (name, "", "")
-        fits = re.fullmatch(r"[A-Za-z0-9_-]{1,8}(\.[A-Za-z0-9_-]{1,3})?", name)
-        number = 1
-        while not fits:
-            candidate = re.sub(r"[^A-Z0-9_]", "", stem.upper())[:6] + f"~{number}" + dot + extension.upper()[:3]
+        short, number = name, 0
+        while not re.fullmatch(r"[A-Za-z0-9_~-]{1,8}(\.[A-Za-z0-9_-]{1,3})?", short) or short.upper() in taken:
             number += 1
-            if candidate not in short.values():
-                short[name] = f"{candidate}|{name}"
-                break
-        short.setdefault(name, name)
-    return {name: found if "|" in found else name for name, found in short.items()}
+            path = pathlib.PurePath(name.upper())
+            short = re.sub("[^A-Z0-9_]", "", path.stem)[:6] + f"~{number}" + path.suffix[:4]
+        taken.add(short.upper())
+        shown[name] = name if short == name else f"{short}|{name}"
+    return shown
 
 
 class InstallerSource:
     """An installer of the files (paths below the installation folder, with "/") under a version."""
 
     def __init__(self, files, version, scripts):
+        """`scripts`: the texts of the registration scripts."""
         self.files = sorted(files)
         self.version = version
-        self.scripts = scripts  # texts of the registration scripts
         self.queries = []  # in SQL, for the finished package
         self.components = []
         self.directories = {}
-
-    def text(self, product_code):
-        self.queries, self.components, self.directories = [], [], {}
-        wix = xml.Element("Wix", xmlns="http://schemas.microsoft.com/wix/2006/wi")
-        product = xml.SubElement(
-            wix, "Product", Id=product_code, Name=PRODUCT, Version=self.version, Manufacturer=MAKER,
-            Language=str(LANGUAGE), UpgradeCode=UPGRADE_CODE)
-        xml.SubElement(product, "Package", InstallerVersion="500", Compressed="yes", InstallScope="perMachine",
+        self.module = None  # the DLL's component
+        self.wix = xml.Element("Wix", xmlns="http://schemas.microsoft.com/wix/2006/wi")
+        self.product = xml.SubElement(
+            self.wix, "Product", Name=PRODUCT, Version=self.version, Manufacturer=MAKER, Language=str(LANGUAGE),
+            UpgradeCode=UPGRADE_CODE)
+        xml.SubElement(self.product, "Package", InstallerVersion="500", Compressed="yes", InstallScope="perMachine",
                        Manufacturer=MAKER, Description=f"{PRODUCT} {self.version}",
                        Comments="Writes Word documents for other programs")
-        xml.SubElement(product, "Media", Id="1", Cabinet="files.cab", EmbedCab="yes")
-        self.add_conditions(product)
-        self.add_upgrade(product)
-        self.add_properties(product)
-        self.add_tree(product)
-        feature = xml.SubElement(product, "Feature", Id="Complete", Title=PRODUCT, Level="1")
+        xml.SubElement(self.product, "Media", Id="1", Cabinet="files.cab", EmbedCab="yes")
+        self.add_conditions()
+        self.add_upgrade()
+        self.add_properties()
+        self.add_tree(scripts)
+        feature = xml.SubElement(self.product, "Feature", Id="Complete", Title=PRODUCT, Level="1")
         for component in self.components:
             xml.SubElement(feature, "ComponentRef", Id=component)
-        xml.indent(wix)
-        return xml.tostring(wix, encoding="unicode") + "\n"
+        xml.indent(self.wix)
 
-    @staticmethod
-    def add_conditions(product):
-        condition = xml.SubElement(product, "Condition", Message="Mirovelcom needs 64-bit Windows 7 or later.")
+    def text(self, product_code):
+        self.product.set("Id", product_code)
+        return xml.tostring(self.wix, encoding="unicode") + "\n"
+
+    def add_conditions(self):
+        condition = xml.SubElement(self.product, "Condition", Message="Mirovelcom needs 64-bit Windows 7 or later.")
         condition.text = "Installed OR (VersionNT64 >= 601)"
-        condition = xml.SubElement(product, "Condition", Message="A later version of Mirovelcom is installed already.")
+        condition = xml.SubElement(self.product, "Condition", Message="A later version of Mirovelcom is installed already.")
         condition.text = "Installed OR NOT LATERVERSION"
 
-    def add_upgrade(self, product):
+    def add_upgrade(self):
         """Another build of the same version is replaced, too."""
-        upgrade = xml.SubElement(product, "Upgrade", Id=UPGRADE_CODE)
+        upgrade = xml.SubElement(self.product, "Upgrade", Id=UPGRADE_CODE)
         # wixl drops IncludeMaximum. 256 and 512 include the lowest and the highest version.
         self.queries += [
             "DELETE FROM `Upgrade` WHERE `ActionProperty` = 'EARLIERVERSION'",
@@ -96,14 +96,14 @@ class InstallerSource:
                        Property="EARLIERVERSION")
         xml.SubElement(upgrade, "UpgradeVersion", Minimum=self.version, IncludeMinimum="no", OnlyDetect="yes",
                        Property="LATERVERSION")
-        sequence = xml.SubElement(product, "InstallExecuteSequence")
+        sequence = xml.SubElement(self.product, "InstallExecuteSequence")
         xml.SubElement(sequence, "RemoveExistingProducts", After="InstallValidate")
 
-    def add_properties(self, product):
-        xml.SubElement(product, "Property", Id="ARPNOMODIFY", Value="1")
+    def add_properties(self):
+        xml.SubElement(self.product, "Property", Id="ARPNOMODIFY", Value="1")
         # An upgrade goes where the version before is, unless it is told otherwise. The search would override what the
         # command line says, so it has a property of its own.
-        previous = xml.SubElement(product, "Property", Id="PREVIOUSINSTALLDIR")
+        previous = xml.SubElement(self.product, "Property", Id="PREVIOUSINSTALLDIR")
         xml.SubElement(previous, "RegistrySearch", Id="PreviousInstallDir", Root="HKLM", Key=SETTINGS_KEY,
                        Name="InstallDir", Type="raw", Win64="yes")
         condition = "PREVIOUSINSTALLDIR AND NOT INSTALLDIR"
@@ -113,8 +113,8 @@ class InstallerSource:
             self.queries.append(f"INSERT INTO `{table}` (`Action`, `Condition`, `Sequence`) VALUES "
                                 f"('KeepInstallDir', '{condition}', 60)")
 
-    def add_tree(self, product):
-        root = xml.SubElement(product, "Directory", Id="TARGETDIR", Name="SourceDir")
+    def add_tree(self, scripts):
+        root = xml.SubElement(self.product, "Directory", Id="TARGETDIR", Name="SourceDir")
         xml.SubElement(root, "Directory", Id="ProgramMenuFolder")
         programs = xml.SubElement(root, "Directory", Id="ProgramFiles64Folder")
         self.directories[""] = xml.SubElement(programs, "Directory", Id="INSTALLDIR", Name=f"MIROVE~1|{PRODUCT}")
@@ -128,6 +128,7 @@ class InstallerSource:
         for path in self.files:
             folder, _, name = path.rpartition("/")
             self.add_file(self.directory(folder, names), path, names[folder][name])
+        self.add_classes(scripts)
         self.add_library(self.directory("bin", names))
         self.add_place()
 
@@ -150,15 +151,15 @@ class InstallerSource:
             self.queries.append(f"UPDATE `File` SET `Version` = '{self.version}.0', `Language` = '{LANGUAGE}' "
                                 f"WHERE `File` = '{identifier(path)}'")
         if path == MODULE:
-            self.add_classes(component)
+            self.module = component
         if path == PROGRAM:
             xml.SubElement(component, "Shortcut", Id="SettingsShortcut", Directory="ProgramMenuFolder",
                            Name="MIROVE~1|Mirovelcom Settings", WorkingDirectory="bin",
                            Target=f"[#{identifier(path)}]", Description="Template and table of contents of documents")
 
-    def add_classes(self, component):
-        for script in self.scripts:
-            self.add_rows(component, registry_rows.class_rows(script, f"[#{identifier(MODULE)}]"))
+    def add_classes(self, scripts):
+        for script in scripts:
+            self.add_rows(self.module, registry_rows.class_rows(script, f"[#{identifier(MODULE)}]"))
 
     def add_place(self):
         """Where the product is, and the end of that folder, which no file of the product lies in."""

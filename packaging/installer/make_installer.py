@@ -81,8 +81,7 @@ def main():
     time, folder, result = int(time), pathlib.Path(folder), pathlib.Path(result).resolve()
     files = sorted(str(path.relative_to(folder)) for path in folder.rglob("*") if path.is_file())
     source = InstallerSource(files, version, [pathlib.Path(script).read_text("utf-8") for script in scripts])
-    without_code = source.text("")
-    contents = digest(folder, files, without_code, *source.queries, str(time))
+    contents = digest(folder, files, source.text(""), *source.queries, str(time))
     text = source.text(identity("product " + contents))
     for path in files:
         os.utime(folder / path, (time, time))

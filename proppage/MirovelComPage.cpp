@@ -2,6 +2,7 @@
 
 #include "CComModule.h"
 #include "ExceptionTranslation.h"
+#include "LastError.h"
 #include "PageResources.h"
 #include "StandardComPointers.h"
 #include "TemplateFileDialog.h"
@@ -27,7 +28,7 @@ TaskString loadText(UINT number)
     // With a size of 0 Windows answers the length and where the text lies in the module.
     const int length = LoadStringW(comModule().instance(), number, reinterpret_cast<wchar_t*>(&text), 0);
     if (length == 0)
-        throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
+        throwLastError();
     const std::size_t size = static_cast<std::size_t>(length) * sizeof(wchar_t);
     TaskString copy(static_cast<wchar_t*>(CoTaskMemAlloc(size + sizeof(wchar_t))));
     if (!copy)

@@ -1,10 +1,9 @@
 #include "PageWindow.h"
 
 #include "CComModule.h"
+#include "LastError.h"
 #include "PageResources.h"
 #include "TextConversion.h"
-
-#include <comdef.h>
 
 #include <cwchar>
 #include <cwctype>
@@ -17,7 +16,7 @@ HWND createDialog(HWND parent, DLGPROC procedure, PageWindow* owner)
     const HWND window = CreateDialogParamW(comModule().instance(), MAKEINTRESOURCEW(pageDialog), parent,
                                            procedure, reinterpret_cast<LPARAM>(owner));
     if (window == nullptr)
-        throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
+        throwLastError();
     return window;
 }
 

@@ -3,20 +3,14 @@
 #include "Registrar.h"
 
 #include "CComModule.h"
+#include "LastError.h"
 
 #include <windows.h>
-
-#include <comdef.h>
 
 #include <string>
 #include <string_view>
 
 namespace {
-
-[[noreturn]] void throwLastError()
-{
-    throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
-}
 
 /// The scripts are plain ASCII.
 std::u16string loadScript(unsigned short resource)

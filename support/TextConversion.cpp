@@ -1,5 +1,7 @@
 #include "TextConversion.h"
 
+#include "LastError.h"
+
 #include <array>
 #include <climits>
 #include <comdef.h>
@@ -9,11 +11,6 @@
 #include <windows.h>
 
 namespace {
-
-[[noreturn]] void throwLastError()
-{
-    throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
-}
 
 /// The API counts in int.
 int checkedLength(std::size_t length)

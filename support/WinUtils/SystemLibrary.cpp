@@ -1,15 +1,6 @@
 #include "WinUtils/SystemLibrary.h"
 
-#include <comdef.h>
-
-namespace {
-
-[[noreturn]] void throwLastError()
-{
-    throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
-}
-
-} // namespace
+#include "LastError.h"
 
 SystemLibrary::SystemLibrary(const wchar_t* name)
     : module_(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32))

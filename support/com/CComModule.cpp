@@ -2,6 +2,7 @@
 
 #include "ComPointers.h"
 #include "ExceptionTranslation.h"
+#include "LastError.h"
 
 #include <comdef.h>
 
@@ -41,7 +42,7 @@ std::wstring CComModule::path() const
     for (;;) {
         const DWORD length = GetModuleFileNameW(instance_, path.data(), static_cast<DWORD>(path.size()));
         if (length == 0)
-            throw _com_error(HRESULT_FROM_WIN32(GetLastError()));
+            throwLastError();
         if (length < path.size()) {
             path.resize(length);
             return path;

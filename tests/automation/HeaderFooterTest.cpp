@@ -70,6 +70,21 @@ protected:
         text.pop_back();
         return text;
     }
+    /// What Word is asked for when the last section's "Headers" or "Footers" is taken and written in its
+    /// style.
+    static Lines partTaken(const std::string& parts, const std::string& style)
+    {
+        return join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
+                               "Section@1." + parts + " -> HeadersFooters@1",
+                               "HeadersFooters@1.Item(1) -> HeaderFooter@1",
+                               "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
+                               "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
+                              fontRead("Styles@2", "-1", "Style@2", "Font@2")),
+                         {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
+                          "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
+                    join(fontRead("Styles@2", style, "Style@3", "Font@3"),
+                         runApplied("Range@2", 0, 0, "-1", "Font@4")));
+    }
     std::string headerText(int section = 1) { return partText(section, true); }
     std::string footerText(int section = 1) { return partText(section, false); }
 };
@@ -78,17 +93,7 @@ TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedHeader)
 {
     trace(10);
     EXPECT_EQ(client->startHeader(), S_OK);
-    EXPECT_EQ(
-        takeTranscript(),
-        join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
-                        "Section@1.Headers -> HeadersFooters@1", "HeadersFooters@1.Item(1) -> HeaderFooter@1",
-                        "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
-                        "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
-                       fontRead("Styles@2", "-1", "Style@2", "Font@2")),
-                  {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
-                   "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
-             join(fontRead("Styles@2", "-32", "Style@3", "Font@3"),
-                  runApplied("Range@2", 0, 0, "-1", "Font@4"))));
+    EXPECT_EQ(takeTranscript(), partTaken("Headers", "-32"));
     EXPECT_EQ(client->insertText(L"head"_b), S_OK);
     EXPECT_EQ(takeTranscript(), Lines{"Range@2.InsertAfter(\"head\")"});
     EXPECT_EQ(client->endHeader(), S_OK);
@@ -106,17 +111,7 @@ TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedFooter)
 {
     trace(10);
     EXPECT_EQ(client->startFooter(), S_OK);
-    EXPECT_EQ(
-        takeTranscript(),
-        join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
-                        "Section@1.Footers -> HeadersFooters@1", "HeadersFooters@1.Item(1) -> HeaderFooter@1",
-                        "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
-                        "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
-                       fontRead("Styles@2", "-1", "Style@2", "Font@2")),
-                  {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
-                   "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
-             join(fontRead("Styles@2", "-33", "Style@3", "Font@3"),
-                  runApplied("Range@2", 0, 0, "-1", "Font@4"))));
+    EXPECT_EQ(takeTranscript(), partTaken("Footers", "-33"));
     EXPECT_EQ(client->insertText(L"foot"_b), S_OK);
     EXPECT_EQ(client->endFooter(), S_OK);
     EXPECT_EQ(takeTranscript(),

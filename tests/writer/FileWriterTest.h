@@ -5,6 +5,8 @@
 #include "ScratchFolder.h"
 #include "tracedll/Trace.h"
 
+#include <span>
+
 /// Besides, files to insert, and a trace whose log can be read.
 class FileWriterTest : public ClientWriterTest
 {
@@ -38,6 +40,25 @@ protected:
         writer().addCell();
         writer().insertText(L"in");
         takeCalls();
+    }
+
+    /// Inserts the file once for each position, with the first, second, ... Word call refused: there the
+    /// writer must stand afterwards.
+    void expectFailuresToLeave(const QdxString& file, std::span<const std::int32_t> positions)
+    {
+        for (std::size_t call = 1; call <= positions.size(); ++call) {
+            SCOPED_TRACE(call);
+            data().pos = 0;
+            session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+            EXPECT_EQ(comErrorOf([&] { writer().insertFile(file, 0); }), E_ACCESSDENIED);
+            session_.clearFaults();
+            EXPECT_EQ(data().pos, positions[call - 1]);
+            EXPECT_EQ(text().ends_with(u"X"), call > 1);
+            range_->PutStart(0);
+            if (!text().empty())
+                range_->Delete();
+        }
+        data().pos = 0;
     }
 
     ScratchFolder folder_;

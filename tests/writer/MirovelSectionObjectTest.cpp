@@ -100,19 +100,7 @@ TEST_F(MirovelSectionObjectTest, AMissingOneAsAHyperlinkIsAskedOfWord)
 TEST_F(MirovelSectionObjectTest, AFailureAtEachCallLeavesWhatWasDone)
 {
     const std::array<std::int32_t, 7> positions = {0, 1, 1, 1, 1, 23, 23};
-    for (std::size_t call = 1; call <= positions.size(); ++call) {
-        SCOPED_TRACE(call);
-        data().pos = 0;
-        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().insertFile(sheet_, 0); }), E_ACCESSDENIED);
-        session_.clearFaults();
-        EXPECT_EQ(data().pos, positions.at(call - 1));
-        EXPECT_EQ(text().ends_with(u"X"), call > 1);
-        range_->PutStart(0);
-        if (!text().empty())
-            range_->Delete();
-    }
-    data().pos = 0;
+    expectFailuresToLeave(sheet_, positions);
 }
 
 } // namespace

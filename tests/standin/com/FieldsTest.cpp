@@ -1,7 +1,4 @@
-#include <InProcess.h>
-
-#include "Invariants.h"
-#include "TestSupport.h"
+#include "DocumentFixture.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
@@ -11,24 +8,10 @@ using standin_test::failureOf;
 using standin_test::wordError;
 using testing::ElementsAre;
 
-class DocumentParts : public testing::Test
+class DocumentParts : public standin_test::DocumentFixture
 {
 protected:
-    Word::RangePtr range(long start, long end) const
-    {
-        return document->Range(Word::integer(start), Word::integer(end));
-    }
-    std::u16string text() const
-    {
-        const auto model = session.model(document);
-        EXPECT_EQ(checkInvariants(*model), "");
-        return model->mainStory()->text(0, model->mainStory()->length());
-    }
     void write(const wchar_t* what) const { document->Range()->InsertAfter(what); }
-
-    standin_test::Apartment apartment;
-    standin::Session session;
-    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
 };
 
 using Fields = DocumentParts;

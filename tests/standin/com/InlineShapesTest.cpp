@@ -1,8 +1,6 @@
-#include <InProcess.h>
+#include "DocumentFixture.h"
 
-#include "Invariants.h"
 #include "SamplePictures.h"
-#include "TestSupport.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
@@ -13,34 +11,8 @@ using standin_test::wordError;
 using testing::ElementsAre;
 using testing::MatchesRegex;
 
-class InlineShapes : public testing::Test
+class InlineShapes : public standin_test::FilesFixture
 {
-protected:
-    std::wstring write(const std::wstring& name, const std::string& bytes) const
-    {
-        const std::wstring file = folder.file(name);
-        const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-        EXPECT_NE(handle, INVALID_HANDLE_VALUE);
-        DWORD written = 0;
-        EXPECT_TRUE(WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
-        CloseHandle(handle);
-        return file;
-    }
-    Word::RangePtr range(long start, long end) const
-    {
-        return document->Range(Word::integer(start), Word::integer(end));
-    }
-    std::u16string text() const
-    {
-        const auto model = session.model(document);
-        EXPECT_EQ(checkInvariants(*model), "");
-        return model->mainStory()->text(0, model->mainStory()->length());
-    }
-
-    standin_test::Apartment apartment;
-    standin_test::ScratchFolder folder;
-    standin::Session session;
-    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
 };
 
 TEST_F(InlineShapes, PicturesOfEveryKindGoInFrontOfTheRange)

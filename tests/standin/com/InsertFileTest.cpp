@@ -1,7 +1,4 @@
-#include <InProcess.h>
-
-#include "Invariants.h"
-#include "TestSupport.h"
+#include "DocumentFixture.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
@@ -13,38 +10,13 @@ using testing::ElementsAre;
 using testing::MatchesRegex;
 
 /// Files that go into documents, and templates that documents are made from.
-class InsertFile : public testing::Test
+class InsertFile : public standin_test::FilesFixture
 {
 protected:
-    std::wstring write(const std::wstring& name, const std::string& bytes) const
-    {
-        const std::wstring file = folder.file(name);
-        const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-        EXPECT_NE(handle, INVALID_HANDLE_VALUE);
-        DWORD written = 0;
-        EXPECT_TRUE(WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
-        CloseHandle(handle);
-        return file;
-    }
-    Word::RangePtr range(long start, long end) const
-    {
-        return document->Range(Word::integer(start), Word::integer(end));
-    }
-    std::u16string text(const Word::_DocumentPtr& of) const
-    {
-        const auto model = session.model(of);
-        EXPECT_EQ(checkInvariants(*model), "");
-        return model->mainStory()->text(0, model->mainStory()->length());
-    }
     Word::_DocumentPtr addFrom(const std::wstring& file) const
     {
         return session.application()->GetDocuments()->Add(Word::text(file.c_str()));
     }
-
-    standin_test::Apartment apartment;
-    standin_test::ScratchFolder folder;
-    standin::Session session;
-    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
 };
 
 TEST_F(InsertFile, PutsTheContentInPlaceOfTheRange)

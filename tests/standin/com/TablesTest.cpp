@@ -1,7 +1,4 @@
-#include <InProcess.h>
-
-#include "Invariants.h"
-#include "TestSupport.h"
+#include "DocumentFixture.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
@@ -11,24 +8,14 @@ using standin_test::failureOf;
 using standin_test::wordError;
 using testing::ElementsAre;
 
-class Tables : public testing::Test
+class Tables : public standin_test::DocumentFixture
 {
 protected:
     Word::TablePtr add(long rows, long columns) const
     {
-        const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
-        return range->GetTables()->Add(range, rows, columns);
+        const Word::RangePtr start = range(0, 0);
+        return start->GetTables()->Add(start, rows, columns);
     }
-    std::u16string text() const
-    {
-        const auto model = session.model(document);
-        EXPECT_EQ(checkInvariants(*model), "");
-        return model->mainStory()->text(0, model->mainStory()->length());
-    }
-
-    standin_test::Apartment apartment;
-    standin::Session session;
-    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
 };
 
 TEST_F(Tables, AreAddedAndCounted)

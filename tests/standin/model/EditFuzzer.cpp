@@ -1,5 +1,7 @@
 // Throws sequences of edits at a document and at a plain text that follows the same rules, and compares
 // them.
+#include "Fuzzing.h"
+
 #include "Document.h"
 #include "Invariants.h"
 #include "LiveRange.h"
@@ -7,8 +9,6 @@
 #include "WordError.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -16,49 +16,7 @@ namespace {
 
 using namespace standin::model;
 
-[[noreturn]] void fail(const std::string& what)
-{
-    std::fprintf(stderr, "%s\n", what.c_str());
-    std::abort();
-}
-
-/// The fuzzer's bytes, and behind them others made from them: long sequences of edits find what short inputs
-/// cannot.
-class Input
-{
-public:
-    Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size)
-    {
-        for (std::size_t i = 0; i < size; ++i) {
-            state_ = (state_ ^ data[i]) * 0x01000193u;
-        }
-    }
-    bool isEmpty() const { return at_ >= size_ + made; }
-    std::uint8_t next()
-    {
-        if (at_ < size_) {
-            return data_[at_++];
-        }
-        ++at_;
-        state_ = state_ * 1664525u + 1013904223u;
-        return static_cast<std::uint8_t>(state_ >> 24);
-    }
-    Position below(Position limit) { return static_cast<Position>((next() << 8 | next()) % limit); }
-
-private:
-    static constexpr std::size_t made = 400;
-
-    const std::uint8_t* data_;
-    std::size_t size_;
-    std::size_t at_ = 0;
-    std::uint32_t state_ = 0x811c9dc5u;
-};
-
-struct NaiveRange
-{
-    Position start;
-    Position end;
-};
+constexpr std::size_t madeBytes = 400;
 
 /// One character and, when it ends a paragraph, what it is: P paragraph, S section, C cell, R row.
 struct NaiveCharacter
@@ -177,16 +135,6 @@ public:
         return endsCell ? range.end - 1 : std::min(range.end, last());
     }
 };
-
-std::u16string someText(Input& input)
-{
-    static constexpr char16_t alphabet[] = {u'a', u'b', u' ', u'\r', u'\v', u'\f', 0xD800, 0x263A};
-    std::u16string text;
-    for (int count = input.next() % 6; count > 0; --count) {
-        text += alphabet[input.next() % std::size(alphabet)];
-    }
-    return text;
-}
 
 /// Does `action`, which must raise the error, or none if that is 0.
 template <typename Action>
@@ -307,15 +255,15 @@ void growTable(LiveRange& range, NaiveStory& naive, NaiveRange& mine, int choice
     }
 }
 
-void edit(Input& input, LiveRange& range, NaiveStory& naive, std::size_t number)
+void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t number)
 {
     NaiveRange& mine = naive.ranges[number];
     switch (input.next() % 12) {
     case 0:
-        insertBehind(range, naive, mine, someText(input));
+        insertBehind(range, naive, mine, input.text());
         break;
     case 1:
-        insertInFront(range, naive, mine, someText(input));
+        insertInFront(range, naive, mine, input.text());
         break;
     case 2: {
         const Position start = input.below(naive.last() + 1);
@@ -333,7 +281,7 @@ void edit(Input& input, LiveRange& range, NaiveStory& naive, std::size_t number)
         break;
     }
     case 4:
-        replace(range, naive, mine, someText(input), false);
+        replace(range, naive, mine, input.text(), false);
         break;
     case 5:
         replace(range, naive, mine, u"", true);
@@ -380,7 +328,7 @@ bool isAlike(const Story& story, const NaiveStory& naive)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    Input input(data, size);
+    FuzzerInput input(data, size, madeBytes);
     const DocumentPtr document = Document::make(u"Document1");
     NaiveStory naive;
     std::vector<std::unique_ptr<LiveRange>> ranges;

@@ -1,5 +1,7 @@
 // Throws edits, fields, links and bookmarks at a document and at a plain string that follows the same rules,
 // and compares them.
+#include "Fuzzing.h"
+
 #include "Document.h"
 #include "Field.h"
 #include "Hyperlink.h"
@@ -9,8 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <memory>
 #include <vector>
@@ -18,32 +18,6 @@
 namespace {
 
 using namespace standin::model;
-
-[[noreturn]] void fail(const std::string& what)
-{
-    std::fprintf(stderr, "%s\n", what.c_str());
-    std::abort();
-}
-
-class Input
-{
-public:
-    Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
-    bool isEmpty() const { return at_ >= size_; }
-    std::uint8_t next() { return isEmpty() ? std::uint8_t(0) : data_[at_++]; }
-    Position below(Position limit) { return static_cast<Position>((next() << 8 | next()) % limit); }
-
-private:
-    const std::uint8_t* data_;
-    std::size_t size_;
-    std::size_t at_ = 0;
-};
-
-struct NaiveRange
-{
-    Position start;
-    Position end;
-};
 
 struct NaiveBookmark
 {
@@ -151,22 +125,12 @@ private:
     }
 };
 
-std::u16string someText(Input& input)
-{
-    static constexpr char16_t alphabet[] = {u'a', u'b', u' ', u'\r', u'\v', u'\f', 0xD800, 0x263A};
-    std::u16string text;
-    for (int count = input.next() % 6; count > 0; --count) {
-        text += alphabet[input.next() % std::size(alphabet)];
-    }
-    return text;
-}
-
-void edit(Input& input, LiveRange& range, NaiveStory& naive, std::size_t number)
+void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t number)
 {
     NaiveRange& mine = naive.ranges[number];
     switch (input.next() % 15) {
     case 0: {
-        const std::u16string text = someText(input);
+        const std::u16string text = input.text();
         const Position at = std::min(mine.end, naive.last());
         range.insertAfter(text);
         naive.insert(at, normalizeText(text));
@@ -174,7 +138,7 @@ void edit(Input& input, LiveRange& range, NaiveStory& naive, std::size_t number)
         break;
     }
     case 1: {
-        const std::u16string text = someText(input);
+        const std::u16string text = input.text();
         const Position at = mine.start;
         range.insertBefore(text);
         naive.insert(at, normalizeText(text));
@@ -198,7 +162,7 @@ void edit(Input& input, LiveRange& range, NaiveStory& naive, std::size_t number)
     }
     case 4: {
         const NaiveRange before = mine;
-        const std::u16string text = someText(input);
+        const std::u16string text = input.text();
         range.setText(text);
         const Position place =
             naive.erase(before.start, std::max(before.start, std::min(before.end, naive.last())));
@@ -291,7 +255,7 @@ void compareBookmarks(const Bookmarks& bookmarks, const NaiveStory& naive)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    Input input(data, size);
+    FuzzerInput input(data, size);
     const DocumentPtr document = Document::make(u"Document1");
     NaiveStory naive;
     std::vector<std::unique_ptr<LiveRange>> ranges;

@@ -3,6 +3,9 @@
 //   scripts/run-client build/mingw-release/samples/sample_report.exe --log /tmp/report.log --
 //       'Z:\tmp\report.doc' 'Z:\...\samples\report-files'
 //
+// It is written with positions tracked: links, tags and the table of contents stand where they were asked
+// for, and formatting reaches exactly as far as it was set.
+//
 // By virtual table a failure in Word arrives as a QdxException; what has no text for the user stays a
 // _com_error.
 #include "general/QdxException.h"
@@ -24,7 +27,7 @@ constexpr short alignLeft = 1, alignCentred = 2, alignRight = 3, alignJustified 
 constexpr short bold = 1, italic = 2, underline = 4, strike = 8;
 constexpr short fieldDate = 1, fieldTime = 2, fieldFileName = 3, fieldPage = 4;
 constexpr short embedded = 0, portrait = 0;
-constexpr short textSetting = 1, numberSetting = 2;
+constexpr short textSetting = 1, numberSetting = 2, booleanSetting = 3;
 constexpr wchar_t homePage[] = L"http://www.lindholm.example/";
 
 struct Apartment
@@ -50,12 +53,14 @@ public:
         startDocument(fileName);
         makeOldCalls();
         writeTitlePage();
+        writeHeaderAndFooter();
         writeContentsPage();
         writeYear();
         writeMonths();
         writeMethod();
+        writeFigures();
+        writeSigns();
         writeContact();
-        writeAppendix();
         mirovel_->close();
         mirovel_->showLast();
         mirovel_->stop();
@@ -78,6 +83,7 @@ private:
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"WordTemplateName"), bstr(files_ + L"\\report.dot"),
                                    textSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TOCLevel"), bstr(L"2"), numberSetting);
+        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TrackPositions"), bstr(L"1"), booleanSetting);
         mirovel_->trace(10);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));
@@ -105,14 +111,22 @@ private:
 
     void writeParagraph(const std::wstring& text) { writeLine(L"Body Text", text); }
 
-    // The table of contents lists the first part of the heading only.
-    void writeHeadingWithEntry(const std::wstring& text, const std::wstring& more)
+    void writePoint(const std::wstring& sign, const std::wstring& text)
     {
-        mirovel_->setStyle(bstr(L"Heading 3"));
-        mirovel_->startTOCEntry();
-        mirovel_->insertText(bstr(text));
-        mirovel_->endTOCEntry();
-        mirovel_->insertText(bstr(more));
+        writeLine(L"Point", sign + L"\t" + text);
+    }
+
+    static std::wstring link(const std::wstring& label, const std::wstring& target)
+    {
+        return L"<a href=\"" + target + L"\">" + label + L"</a>";
+    }
+
+    void startChapter(const std::wstring& tag, const std::wstring& title)
+    {
+        mirovel_->setStyle(bstr(L"Heading 1"));
+        mirovel_->insertPageBreak();
+        mirovel_->insertTag(bstr(tag));
+        mirovel_->insertText(bstr(title));
         mirovel_->insertEndl();
     }
 
@@ -123,25 +137,24 @@ private:
         mirovel_->setFontAttribute(attribute, VARIANT_FALSE);
     }
 
+    void startCell(short alignment)
+    {
+        mirovel_->addCell();
+        mirovel_->setTextAlign(alignment);
+    }
+
     void writeCell(const std::wstring& text)
     {
-        mirovel_->addCell();
-        mirovel_->setTextAlign(alignLeft);
+        startCell(alignLeft);
         mirovel_->insertText(bstr(text));
     }
 
-    // An alignment reaches to the next one, and a table's last no further than its cell. So every cell begins
-    // its own.
     void writeNumberCell(const std::wstring& text)
     {
-        mirovel_->addCell();
-        mirovel_->setTextAlign(alignLeft);
-        mirovel_->setTextAlign(alignRight);
+        startCell(alignRight);
         mirovel_->insertText(bstr(text));
     }
 
-    // A font reaches to the cell where the next one is set, and in each row no further than that cell's
-    // column. So a font for whole rows is set in a first column and ended in a last one.
     void setTableFont(bool isBold)
     {
         mirovel_->setFontName(bstr(L"Arial"));
@@ -149,34 +162,31 @@ private:
         mirovel_->setFontAttribute(bold, isBold ? VARIANT_TRUE : VARIANT_FALSE);
     }
 
-    // What is in force when a table begins must be Normal: the text behind the table would otherwise go
-    // astray.
     void startTable(const std::wstring& caption, long rowHeight)
     {
         writeLine(L"Caption", caption);
-        mirovel_->setStyle(bstr(L"Normal"));
         mirovel_->startTable();
         mirovel_->addRow();
         mirovel_->setTableRowHeight(rowHeight);
-        mirovel_->addCell();
         setTableFont(true);
     }
 
-    // A table leaves a space at the start of the paragraph behind it.
     void endTable(const std::wstring& note)
     {
         mirovel_->endTable();
-        mirovel_->insertEndl();
+        mirovel_->setTextAlign(alignJustified);
         writeLine(L"Table Note", note);
     }
 
     void writeTitlePage()
     {
+        mirovel_->insertTag(bstr(L"start"));
+        mirovel_->insertTag(bstr(L"cover"));
         mirovel_->setTextAlign(alignCentred);
         for (int i = 0; i < 6; ++i) {
             mirovel_->insertEndl();
         }
-        mirovel_->insertImage(bstr(files_ + L"\\logo.gif"), bstr(L""));
+        mirovel_->insertImage(bstr(files_ + L"\\logo.gif"), bstr(L"contents"));
         mirovel_->insertEndl();
         writeLine(L"Title", L"The Weather of 2025");
         writeLine(L"Subtitle", L"Yearly report of the Lindholm Observatory");
@@ -195,41 +205,68 @@ private:
         mirovel_->insertPageBreak();
     }
 
-    // The footer comes before the tag: it turns the page break into a new section, and what stands at the
-    // break would get in front of it. The header comes behind the tag, because it leads there.
-    //
-    // A tag reaches to the next one. Not all readers find one that has a table of contents in it, so another
-    // one ends it before that.
-    void writeContentsPage()
+    void writeHeaderAndFooter()
     {
+        mirovel_->startHeader();
+        mirovel_->insertTag(bstr(L"head"));
+        mirovel_->insertText(bstr(L"Lindholm Observatory\t"));
+        writeEmphasized(italic, L"The Weather of 2025");
+        mirovel_->insertText(bstr(L"\t"));
+        mirovel_->insertXref(bstr(L"Start"), bstr(L"start"));
+        mirovel_->insertText(bstr(dot_));
+        mirovel_->insertXref(bstr(L"Contents"), bstr(L"contents"));
+        mirovel_->insertText(bstr(dot_));
+        mirovel_->insertXref(bstr(L"End"), bstr(L"end"));
+        mirovel_->endHeader();
+
         mirovel_->startFooter();
         mirovel_->insertField(fieldDate);
         mirovel_->insertText(bstr(L"\tPage "));
         mirovel_->insertField(fieldPage);
-        mirovel_->insertText(bstr(std::wstring(L"\t<a href=\"") + homePage + L"\">www.lindholm.example</a>"));
+        mirovel_->insertText(
+            bstr(L"\t" + link(L"Sources", L"sources") + dot_ + link(L"www.lindholm.example", homePage)));
         mirovel_->endFooter();
+    }
 
+    void writeContentsPage()
+    {
         mirovel_->insertTag(bstr(L"contents"));
+        writeLine(L"Caption", L"The year in brief");
+        writePoint(bullet_, L"The " + link(L"highest reading", L"July") + L" was 31.4" + degrees_ +
+                                L", in a hot " + link(L"summer", L"Summer") + L".");
+        writePoint(bullet_, L"The " + link(L"lowest reading", L"January") + L" was -12.9" + degrees_ +
+                                L", in a mild " + link(L"winter", L"Winter") + L".");
+        writePoint(bullet_, L"The brook behind the station " + link(L"rose above its banks", L"flood") +
+                                L" in October.");
+        writePoint(bullet_, link(L"How we measure", L"method") + L" has not changed since 1931; " +
+                                link(L"the signs", L"signs") + L" we use are explained.");
+        writePoint(bullet_, L"The " + link(L"head of each page", L"head") + L" leads back to this list.");
         mirovel_->insertEndl();
-        mirovel_->insertTag(bstr(L"list"));
         mirovel_->insertTOC();
+    }
 
-        mirovel_->startHeader();
-        mirovel_->insertText(bstr(L"Lindholm Observatory\t"));
-        writeEmphasized(italic, L"The Weather of 2025");
-        mirovel_->insertText(bstr(L"\t"));
-        mirovel_->insertXref(bstr(L"Contents"), bstr(L"contents"));
-        mirovel_->endHeader();
-        mirovel_->insertPageBreak();
+    // The table of contents lists the first part of the heading only.
+    void writeSeasonHeading(const std::wstring& name, const std::wstring& deviation, const std::wstring& more)
+    {
+        mirovel_->setStyle(bstr(L"Heading 3"));
+        mirovel_->insertTag(bstr(name));
+        mirovel_->startTOCEntry();
+        mirovel_->insertText(bstr(name + L" ("));
+        mirovel_->insertXref(bstr(deltaT_), bstr(L"delta"));
+        mirovel_->insertText(bstr(L" +" + deviation + L")"));
+        mirovel_->endTOCEntry();
+        mirovel_->insertText(bstr(more));
+        mirovel_->insertEndl();
     }
 
     void writeSeason(const std::wstring& name, const std::wstring& picture, const std::wstring& mean,
                      const std::wstring& rain)
     {
         mirovel_->addRow();
-        writeCell(name);
-        mirovel_->addCell();
-        mirovel_->setTextAlign(alignCentred);
+        startCell(alignLeft);
+        mirovel_->insertTag(bstr(L"Table 1, " + name));
+        mirovel_->insertXref(bstr(name), bstr(name));
+        startCell(alignCentred);
         mirovel_->insertImage(bstr(files_ + L"\\" + picture), bstr(L""));
         writeNumberCell(mean + degrees_);
         writeNumberCell(rain + L" mm");
@@ -237,26 +274,25 @@ private:
 
     void writeYear()
     {
-        writeLine(L"Heading 1", L"The year at a glance");
+        startChapter(L"year", L"The year at a glance");
         mirovel_->setStyle(bstr(L"Body Text"));
         mirovel_->insertText(bstr(
             L"2025 was a mild year with a wet second half. The mean temperature was 7.8" + degrees_ + L", "));
         writeEmphasized(italic, L"0.6 degrees above");
         mirovel_->insertText(
-            bstr(L" that of the thirty years before. 655 millimetres of rain and melted snow fell, and "
-                 L"six tenths of it fell in the six months from July to December. The station was read "
-                 L"without a gap on "
-                 L"363 days."));
+            bstr(L" that of the thirty years before (" + link(deltaT_ + L" +0.6", L"delta") +
+                 L"). 655 millimetres of rain and melted snow fell, and six tenths of it fell in the six "
+                 L"months from July to December. The station was read without a gap on 363 days; the " +
+                 link(L"appendix", L"figures") + L" has the figures."));
         mirovel_->insertEndl();
 
         writeLine(L"Heading 2", L"The seasons");
-        writeParagraph(
-            L"Winter stands for January, February and December of the same year. Spring stayed dry until "
-            L"the last week of May; summer and autumn brought nearly the same rain, though summer's came in "
-            L"a few "
-            L"heavy storms.");
+        writeParagraph(L"Winter stands for January, February and December of the same year. Spring stayed "
+                       L"dry until the last week of May; summer and autumn brought nearly the same rain, "
+                       L"though summer's came in a few heavy storms.");
+        mirovel_->insertTag(bstr(L"seasons"));
         startTable(L"Table 1. Mean temperature and rain of the seasons", 26);
-        mirovel_->insertText(bstr(L"Season"));
+        writeCell(L"Season");
         writeCell(L"");
         writeNumberCell(L"Mean temperature");
         writeNumberCell(L"Rain");
@@ -265,30 +301,40 @@ private:
         writeSeason(L"Spring", L"spring.bmp", L"7.1", L"125");
         writeSeason(L"Summer", L"summer.bmp", L"17.0", L"196");
         writeSeason(L"Autumn", L"autumn.bmp", L"7.9", L"195");
-        setTableFont(false);
-        endTable(L"The mean of a season is that of its three months.");
+        endTable(L"The mean of a season is that of its three months. Each season's name leads to what "
+                 L"happened in it.");
 
-        writeHeadingWithEntry(L"Summer", L": 31.4" + degrees_ + L" on the 12th of July");
-        writeParagraph(
-            L"The highest reading of the year was taken at 15:40 on the second day of a week without "
-            L"wind. Only three summers of the station's records were warmer.");
-        writeHeadingWithEntry(L"Autumn", L": a wet October");
-        writeParagraph(
-            L"69 millimetres fell in October, most of them in the night to the 21st, when the brook "
-            L"behind the station rose above its banks for the first time since the gauge was built.");
+        writeSeasonHeading(L"Winter", L"0.4", L": snow on 31 days");
+        writeParagraph(L"A mean of " + link(L"-0.8" + degrees_, L"Table 1, Winter") +
+                       L" hides one cold week: the night to the 9th of January brought " +
+                       link(L"12.9 degrees of frost", L"January") + L".");
+        writeSeasonHeading(L"Spring", L"0.2", L": 26 days without rain");
+        writeParagraph(L"April began dry, as " + link(L"winter", L"Winter") +
+                       L" had ended. The drought broke with the storms that led over to " +
+                       link(L"summer", L"Summer") + L".");
+        writeSeasonHeading(L"Summer", L"1.2", L": 31.4" + degrees_ + L" on the 12th of July");
+        writeParagraph(L"The " + link(L"highest reading", L"July") +
+                       L" of the year was taken at 15:40 on the second day of a week without wind; " +
+                       link(L"the log", L"log") + L" has it. Only three summers were warmer " +
+                       link(L"[1]", L"source 1") + L".");
+        mirovel_->insertTag(bstr(L"flood"));
+        writeSeasonHeading(L"Autumn", L"0.6", L": a flood in October");
+        writeParagraph(link(L"69 millimetres", L"October") +
+                       L" fell in October, most of them in the night to the 21st, when the brook behind the "
+                       L"station rose above its banks for the first time since the gauge was built " +
+                       link(L"[1]", L"source 1") + link(L"[2]", L"source 2") + L".");
     }
 
     void writeMonths()
     {
-        mirovel_->insertPageBreak();
-        mirovel_->insertTag(bstr(L"months"));
-        writeLine(L"Heading 1", L"Month by month");
+        startChapter(L"months", L"Month by month");
         writeLine(L"Heading 2", L"Temperature and rain");
-        writeParagraph(
-            L"July was both the warmest month and one of the wettest. The coldest night, that to the 9th "
-            L"of January, brought 12.9 degrees of frost. The line shows the mean of each month, the bars the "
-            L"rain "
-            L"of each month; the appendix has the figures.");
+        writeParagraph(link(L"July", L"July") +
+                       L" was both the warmest month and one of the wettest. The coldest night came in " +
+                       link(L"January", L"January") +
+                       L". The line shows the mean of each month, the bars the rain of each month. " +
+                       link(L"Table 1", L"seasons") + L" has the seasons, the " +
+                       link(L"appendix", L"figures") + L" the figures of each month.");
         mirovel_->setTextAlign(alignCentred);
         mirovel_->insertImage(bstr(files_ + L"\\chart.emf"), bstr(L""));
         mirovel_->insertEndl();
@@ -296,9 +342,8 @@ private:
         mirovel_->setTextAlign(alignJustified);
 
         writeLine(L"Heading 2", L"The figures to work with");
-        writeParagraph(
-            L"The sheet below belongs to this document. A double click opens it with the figures of all "
-            L"months, to be sorted, summed up or drawn in another way.");
+        writeParagraph(L"The sheet below belongs to this document. A double click opens it with the figures "
+                       L"of all months, to be sorted, summed up or drawn in another way.");
         mirovel_->setTextAlign(alignCentred);
         mirovel_->insertFile(bstr(files_ + L"\\yearly.xls"), embedded);
         mirovel_->insertEndl();
@@ -307,21 +352,21 @@ private:
 
     void writeMethod()
     {
-        mirovel_->insertPageBreak();
-        writeLine(L"Heading 1", L"How we measure");
+        startChapter(L"method", L"How we measure");
         writeLine(L"Heading 2", L"From a reading to a mean");
-        writeParagraph(
-            L"The thermometers hang two metres above the grass in a white louvred box; the rain gauge "
-            L"stands ten metres to the south of it. What happens to a reading before it reaches a table has "
-            L"been "
-            L"the same since 1931:");
+        writeParagraph(L"The thermometers hang two metres above the grass in a white louvred box; the rain "
+                       L"gauge stands ten metres to the south of it. What happens to a reading before it "
+                       L"reaches a table has been the same since 1931:");
         mirovel_->insertFile(bstr(files_ + L"\\method.rtf"), embedded);
+        writeParagraph(L"A month whose readings scatter by more than three " + link(sigma_, L"sigma") +
+                       L" is marked in the " + link(L"table of the months", L"figures") +
+                       L". In 2025 there was none.");
 
+        mirovel_->insertTag(bstr(L"log"));
         writeLine(L"Heading 2", L"The log");
-        writeParagraph(
-            L"Observers keep the log by hand. Its columns are the time, the temperature and the rain "
-            L"since midnight. A line through a reading says that it was corrected, and the correction is "
-            L"underlined:");
+        writeParagraph(L"Observers keep the log by hand. Its columns are the time, the temperature and the "
+                       L"rain since midnight. A line through a reading says that it was corrected, and the "
+                       L"correction is underlined:");
         mirovel_->setStyle(bstr(L"Normal"));
         mirovel_->setTextAlign(alignLeft);
         mirovel_->setFontName(bstr(L"Courier New"));
@@ -335,86 +380,123 @@ private:
         mirovel_->insertText(bstr(L"  digits swapped, A. Berg"));
         mirovel_->insertEndl();
         mirovel_->insertText(bstr(L"15:40   31.4   0.0   "));
-        writeEmphasized(bold, L"highest of the year");
-        mirovel_->insertEndl();
-    }
-
-    void writeContact()
-    {
-        writeLine(L"Heading 2", L"The observatory");
-        mirovel_->setTextAlign(alignJustified);
-        writeParagraph(
-            L"The observatory is open to visitors on the first Sunday of each month. Its sign leads to "
-            L"the readings of today:");
-        mirovel_->setTextAlign(alignCentred);
-        mirovel_->insertImage(bstr(files_ + L"\\sign.bmp"), bstr(homePage));
-        mirovel_->insertEndl();
-        mirovel_->setStyle(bstr(L"Body Text"));
-        mirovel_->setTextAlign(alignRight);
-        mirovel_->insertText(bstr(L"A. Berg, for the observers"));
+        writeEmphasized(bold, L"highest of the year, see " + link(L"Summer", L"Summer"));
         mirovel_->insertEndl();
         mirovel_->setTextAlign(alignJustified);
     }
 
-    void writeMonth(const std::wstring& name, const std::wstring& mean, const std::wstring& highest,
-                    const std::wstring& lowest, const std::wstring& rain)
+    void writeMonth(const std::wstring& name, const std::wstring& season, const std::wstring& mean,
+                    const std::wstring& highest, const std::wstring& lowest, const std::wstring& rain)
     {
         mirovel_->addRow();
-        writeCell(name);
+        startCell(alignLeft);
+        mirovel_->insertTag(bstr(name));
+        mirovel_->insertText(bstr(name));
+        startCell(alignLeft);
+        mirovel_->insertXref(bstr(season), bstr(season));
         writeNumberCell(mean);
         writeNumberCell(highest);
         writeNumberCell(lowest);
         writeNumberCell(rain);
     }
 
-    void writeAppendix()
+    void writeFigures()
     {
         mirovel_->insertPageBreak();
         mirovel_->startHeader();
         mirovel_->insertText(bstr(L"Lindholm Observatory\t"));
         writeEmphasized(italic, L"Appendix");
-        mirovel_->insertText(bstr(L"\t"));
-        mirovel_->insertXref(bstr(L"Month by month"), bstr(L"months"));
+        mirovel_->insertText(
+            bstr(L"\t" + link(L"Month by month", L"months") + dot_ + link(L"Contents", L"contents")));
         mirovel_->endHeader();
 
+        mirovel_->insertTag(bstr(L"figures"));
         writeLine(L"Heading 1", L"Appendix: the months in figures");
         writeParagraph(L"Temperatures are in degrees Celsius, rain is in millimetres.");
         startTable(L"Table 2. The months of 2025", 20);
-        mirovel_->insertText(bstr(L"Month"));
+        writeCell(L"Month");
+        writeCell(L"Season");
         writeNumberCell(L"Mean");
         writeNumberCell(L"Highest");
         writeNumberCell(L"Lowest");
         writeNumberCell(L"Rain");
         setTableFont(false);
-        writeMonth(L"January", L"-1.8", L"6.4", L"-12.9", L"48");
-        writeMonth(L"February", L"-0.9", L"8.1", L"-11.2", L"36");
-        writeMonth(L"March", L"2.7", L"14.6", L"-6.8", L"41");
-        writeMonth(L"April", L"6.9", L"20.3", L"-2.1", L"39");
-        writeMonth(L"May", L"11.8", L"25.7", L"1.4", L"45");
-        writeMonth(L"June", L"15.6", L"28.9", L"5.8", L"58");
-        writeMonth(L"July", L"18.3", L"31.4", L"8.9", L"67");
-        writeMonth(L"August", L"17.1", L"30.2", L"7.7", L"71");
-        writeMonth(L"September", L"12.9", L"24.8", L"2.6", L"62");
-        writeMonth(L"October", L"7.8", L"17.9", L"-1.9", L"69");
-        writeMonth(L"November", L"3.1", L"11.5", L"-5.3", L"64");
-        writeMonth(L"December", L"0.2", L"8.8", L"-9.6", L"55");
-        setTableFont(false);
+        writeMonth(L"January", L"Winter", L"-1.8", L"6.4", L"-12.9", L"48");
+        writeMonth(L"February", L"Winter", L"-0.9", L"8.1", L"-11.2", L"36");
+        writeMonth(L"March", L"Spring", L"2.7", L"14.6", L"-6.8", L"41");
+        writeMonth(L"April", L"Spring", L"6.9", L"20.3", L"-2.1", L"39");
+        writeMonth(L"May", L"Spring", L"11.8", L"25.7", L"1.4", L"45");
+        writeMonth(L"June", L"Summer", L"15.6", L"28.9", L"5.8", L"58");
+        writeMonth(L"July", L"Summer", L"18.3", L"31.4", L"8.9", L"67");
+        writeMonth(L"August", L"Summer", L"17.1", L"30.2", L"7.7", L"71");
+        writeMonth(L"September", L"Autumn", L"12.9", L"24.8", L"2.6", L"62");
+        writeMonth(L"October", L"Autumn", L"7.8", L"17.9", L"-1.9", L"69");
+        writeMonth(L"November", L"Autumn", L"3.1", L"11.5", L"-5.3", L"64");
+        writeMonth(L"December", L"Winter", L"0.2", L"8.8", L"-9.6", L"55");
         mirovel_->addRow();
-        mirovel_->addCell();
-        mirovel_->setTextAlign(alignLeft);
         setTableFont(true);
-        mirovel_->insertText(bstr(L"Year"));
+        writeCell(L"Year");
+        writeCell(L"");
         writeNumberCell(L"7.8");
         writeNumberCell(L"31.4");
         writeNumberCell(L"-12.9");
         writeNumberCell(L"655");
-        setTableFont(false);
         endTable(L"The year's row holds the mean of the means, the extremes, and the sum of the rain.");
+    }
+
+    void writeSign(const std::wstring& tag, const std::wstring& sign, const std::wstring& meaning,
+                   const std::wstring& label, const std::wstring& target)
+    {
+        mirovel_->addRow();
+        startCell(alignLeft);
+        mirovel_->insertTag(bstr(tag));
+        writeEmphasized(italic, sign);
+        writeCell(meaning);
+        startCell(alignLeft);
+        mirovel_->insertXref(bstr(label), bstr(target));
+    }
+
+    void writeSigns()
+    {
+        startChapter(L"signs", L"Signs and sources");
+        startTable(L"Table 3. Signs", 20);
+        writeCell(L"Sign");
+        writeCell(L"Meaning");
+        writeCell(L"First used in");
+        setTableFont(false);
+        writeSign(L"delta", deltaT_, L"mean above that of 1995 to 2024", L"The year at a glance", L"year");
+        writeSign(L"sigma", sigma_, L"standard deviation", L"How we measure", L"method");
+        endTable(L"Both are in degrees Celsius.");
+
+        mirovel_->insertTag(bstr(L"sources"));
+        writeLine(L"Heading 2", L"Sources");
+        mirovel_->insertTag(bstr(L"source 1"));
+        writePoint(L"[1]", L"Lindholm Observatory: Daily readings since 1931. Used for " +
+                               link(L"Summer", L"Summer") + L" and " + link(L"Autumn", L"Autumn") + L".");
+        mirovel_->insertTag(bstr(L"source 2"));
+        writePoint(L"[2]",
+                   L"M. Lund: The brook and its floods. Used for " + link(L"Autumn", L"Autumn") + L".");
+    }
+
+    void writeContact()
+    {
+        writeLine(L"Heading 2", L"The observatory");
+        writeParagraph(L"The observatory is open to visitors on the first Sunday of each month. Its sign, "
+                       L"which is also on " +
+                       link(L"the cover", L"cover") + L", leads to the readings of today:");
+        mirovel_->setTextAlign(alignCentred);
+        mirovel_->insertImage(bstr(files_ + L"\\sign.bmp"), bstr(homePage));
+        mirovel_->insertEndl();
+        mirovel_->setStyle(bstr(L"Body Text"));
+        mirovel_->setTextAlign(alignRight);
+        mirovel_->insertText(bstr(L"A. Berg, for the observers"));
+        mirovel_->insertTag(bstr(L"end"));
     }
 
     IDocumentPtr mirovel_;
     std::wstring files_;
-    const std::wstring degrees_ = L" \u00b0C";
+    const std::wstring bullet_ = L"\u2022", dot_ = L" \u00b7 ", degrees_ = L" \u00b0C";
+    const std::wstring deltaT_ = L"\u0394T", sigma_ = L"\u03c3";
 };
 
 } // namespace

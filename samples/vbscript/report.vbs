@@ -1,16 +1,32 @@
 ' Writes a report with everything that a document can hold, from a script host:
 '   scripts/run-client samples/vbscript/report.vbs --log /tmp/report.log -- 'Z:\tmp\report.doc' \
 '       'Z:\...\samples\report-files'
+'
+' It is written with positions tracked: links, tags and the table of contents stand where they were asked for, and
+' formatting reaches exactly as far as it was set.
 Option Explicit
 
 Const AlignLeft = 1, AlignCentred = 2, AlignRight = 3, AlignJustified = 4
 Const Bold = 1, Italic = 2, Underline = 4, Strike = 8
 Const FieldDate = 1, FieldTime = 2, FieldFileName = 3, FieldPage = 4
 Const Embedded = 0, Portrait = 0
-Const TextSetting = 1, NumberSetting = 2
+Const TextSetting = 1, NumberSetting = 2, BooleanSetting = 3
+Const ForReading = 1, AsUnicode = -1
 Const HomePage = "http://www.lindholm.example/"
 
-Dim mirovel, files, degrees
+Dim mirovel, files, bullet, dot, degrees, deltaT, sigma
+
+' Greek letters come from a file: a script's own text is in the ANSI code page, and Wine's VBScript has no ChrW.
+Sub FindCharacters
+    Dim fileSystem, greek
+    Set fileSystem = CreateObject("Scripting.FileSystemObject")
+    greek = fileSystem.OpenTextFile(files & "\greek.txt", ForReading, False, AsUnicode).ReadAll
+    deltaT = Left(greek, 1) & "T"
+    sigma = Mid(greek, 2, 1)
+    bullet = Chr(149)
+    dot = " " & Chr(183) & " "
+    degrees = " " & Chr(176) & "C"
+End Sub
 
 Sub StartDocument(fileName)
     Set mirovel = CreateObject("Mirovel.Mirovel")
@@ -18,6 +34,7 @@ Sub StartDocument(fileName)
     WScript.Echo "Settings page: " & mirovel.getPropPages()
     mirovel.overrideRegistry "Word", "WordTemplateName", files & "\report.dot", TextSetting
     mirovel.overrideRegistry "Word", "TOCLevel", "2", NumberSetting
+    mirovel.overrideRegistry "Word", "TrackPositions", "1", BooleanSetting
     mirovel.trace 10
     mirovel.start
     mirovel.create fileName
@@ -45,13 +62,19 @@ Sub WriteParagraph(text)
     WriteLine "Body Text", text
 End Sub
 
-' The table of contents lists the first part of the heading only.
-Sub WriteHeadingWithEntry(text, more)
-    mirovel.setStyle "Heading 3"
-    mirovel.startTOCEntry
-    mirovel.insertText text
-    mirovel.endTOCEntry
-    mirovel.insertText more
+Sub WritePoint(sign, text)
+    WriteLine "Point", sign & vbTab & text
+End Sub
+
+Function Link(label, target)
+    Link = "<a href=""" & target & """>" & label & "</a>"
+End Function
+
+Sub StartChapter(tag, title)
+    mirovel.setStyle "Heading 1"
+    mirovel.insertPageBreak
+    mirovel.insertTag tag
+    mirovel.insertText title
     mirovel.insertEndl
 End Sub
 
@@ -61,53 +84,50 @@ Sub WriteEmphasized(attribute, text)
     mirovel.setFontAttribute attribute, False
 End Sub
 
+Sub StartCell(alignment)
+    mirovel.addCell
+    mirovel.setTextAlign alignment
+End Sub
+
 Sub WriteCell(text)
-    mirovel.addCell
-    mirovel.setTextAlign AlignLeft
+    StartCell AlignLeft
     mirovel.insertText text
 End Sub
 
-' An alignment reaches to the next one, and a table's last no further than its cell. So every cell begins its own.
 Sub WriteNumberCell(text)
-    mirovel.addCell
-    mirovel.setTextAlign AlignLeft
-    mirovel.setTextAlign AlignRight
+    StartCell AlignRight
     mirovel.insertText text
 End Sub
 
-' A font reaches to the cell where the next one is set, and in each row no further than that cell's column. So a font
-' for whole rows is set in a first column and ended in a last one.
 Sub SetTableFont(isBold)
     mirovel.setFontName "Arial"
     mirovel.setFontSize 9
     mirovel.setFontAttribute Bold, isBold
 End Sub
 
-' What is in force when a table begins must be Normal: the text behind the table would otherwise go astray.
 Sub StartTable(caption, rowHeight)
     WriteLine "Caption", caption
-    mirovel.setStyle "Normal"
     mirovel.startTable
     mirovel.addRow
     mirovel.setTableRowHeight rowHeight
-    mirovel.addCell
     SetTableFont True
 End Sub
 
-' A table leaves a space at the start of the paragraph behind it.
 Sub EndTable(note)
     mirovel.endTable
-    mirovel.insertEndl
+    mirovel.setTextAlign AlignJustified
     WriteLine "Table Note", note
 End Sub
 
 Sub WriteTitlePage
     Dim i
+    mirovel.insertTag "start"
+    mirovel.insertTag "cover"
     mirovel.setTextAlign AlignCentred
     For i = 1 To 6
         mirovel.insertEndl
     Next
-    mirovel.insertImage files & "\logo.gif", ""
+    mirovel.insertImage files & "\logo.gif", "contents"
     mirovel.insertEndl
     WriteLine "Title", "The Weather of 2025"
     WriteLine "Subtitle", "Yearly report of the Lindholm Observatory"
@@ -126,59 +146,84 @@ Sub WriteTitlePage
     mirovel.insertPageBreak
 End Sub
 
-' The footer comes before the tag: it turns the page break into a new section, and what stands at the break would get
-' in front of it. The header comes behind the tag, because it leads there.
-'
-' A tag reaches to the next one. Not all readers find one that has a table of contents in it, so another one ends it
-' before that.
-Sub WriteContentsPage
+Sub WriteHeaderAndFooter
+    mirovel.startHeader
+    mirovel.insertTag "head"
+    mirovel.insertText "Lindholm Observatory" & vbTab
+    WriteEmphasized Italic, "The Weather of 2025"
+    mirovel.insertText vbTab
+    mirovel.insertXref "Start", "start"
+    mirovel.insertText dot
+    mirovel.insertXref "Contents", "contents"
+    mirovel.insertText dot
+    mirovel.insertXref "End", "end"
+    mirovel.endHeader
+
     mirovel.startFooter
     mirovel.insertField FieldDate
     mirovel.insertText vbTab & "Page "
     mirovel.insertField FieldPage
-    mirovel.insertText vbTab & "<a href=""" & HomePage & """>www.lindholm.example</a>"
+    mirovel.insertText vbTab & Link("Sources", "sources") & dot & Link("www.lindholm.example", HomePage)
     mirovel.endFooter
+End Sub
 
+Sub WriteContentsPage
     mirovel.insertTag "contents"
+    WriteLine "Caption", "The year in brief"
+    WritePoint bullet, "The " & Link("highest reading", "July") & " was 31.4" & degrees & ", in a hot " & _
+        Link("summer", "Summer") & "."
+    WritePoint bullet, "The " & Link("lowest reading", "January") & " was -12.9" & degrees & ", in a mild " & _
+        Link("winter", "Winter") & "."
+    WritePoint bullet, "The brook behind the station " & Link("rose above its banks", "flood") & " in October."
+    WritePoint bullet, Link("How we measure", "method") & " has not changed since 1931; " & _
+        Link("the signs", "signs") & " we use are explained."
+    WritePoint bullet, "The " & Link("head of each page", "head") & " leads back to this list."
     mirovel.insertEndl
-    mirovel.insertTag "list"
     mirovel.insertTOC
+End Sub
 
-    mirovel.startHeader
-    mirovel.insertText "Lindholm Observatory" & vbTab
-    WriteEmphasized Italic, "The Weather of 2025"
-    mirovel.insertText vbTab
-    mirovel.insertXref "Contents", "contents"
-    mirovel.endHeader
-    mirovel.insertPageBreak
+' The table of contents lists the first part of the heading only.
+Sub WriteSeasonHeading(name, deviation, more)
+    mirovel.setStyle "Heading 3"
+    mirovel.insertTag name
+    mirovel.startTOCEntry
+    mirovel.insertText name & " ("
+    mirovel.insertXref deltaT, "delta"
+    mirovel.insertText " +" & deviation & ")"
+    mirovel.endTOCEntry
+    mirovel.insertText more
+    mirovel.insertEndl
 End Sub
 
 Sub WriteSeason(name, picture, mean, rain)
     mirovel.addRow
-    WriteCell name
-    mirovel.addCell
-    mirovel.setTextAlign AlignCentred
+    StartCell AlignLeft
+    mirovel.insertTag "Table 1, " & name
+    mirovel.insertXref name, name
+    StartCell AlignCentred
     mirovel.insertImage files & "\" & picture, ""
     WriteNumberCell mean & degrees
     WriteNumberCell rain & " mm"
 End Sub
 
 Sub WriteYear
-    WriteLine "Heading 1", "The year at a glance"
+    StartChapter "year", "The year at a glance"
     mirovel.setStyle "Body Text"
     mirovel.insertText "2025 was a mild year with a wet second half. The mean temperature was 7.8" & degrees & ", "
     WriteEmphasized Italic, "0.6 degrees above"
-    mirovel.insertText " that of the thirty years before. 655 millimetres of rain and melted snow fell, and " & _
-        "six tenths of it fell in the six months from July to December. The station was read without a gap on " & _
-        "363 days."
+    mirovel.insertText " that of the thirty years before (" & Link(deltaT & " +0.6", "delta") & "). 655 " & _
+        "millimetres of rain and melted snow fell, and six tenths of it fell in the six months from July to " & _
+        "December. The station was read without a gap on 363 days; the " & Link("appendix", "figures") & _
+        " has the figures."
     mirovel.insertEndl
 
     WriteLine "Heading 2", "The seasons"
     WriteParagraph "Winter stands for January, February and December of the same year. Spring stayed dry until " & _
         "the last week of May; summer and autumn brought nearly the same rain, though summer's came in a few " & _
         "heavy storms."
+    mirovel.insertTag "seasons"
     StartTable "Table 1. Mean temperature and rain of the seasons", 26
-    mirovel.insertText "Season"
+    WriteCell "Season"
     WriteCell ""
     WriteNumberCell "Mean temperature"
     WriteNumberCell "Rain"
@@ -187,25 +232,32 @@ Sub WriteYear
     WriteSeason "Spring", "spring.bmp", "7.1", "125"
     WriteSeason "Summer", "summer.bmp", "17.0", "196"
     WriteSeason "Autumn", "autumn.bmp", "7.9", "195"
-    SetTableFont False
-    EndTable "The mean of a season is that of its three months."
+    EndTable "The mean of a season is that of its three months. Each season's name leads to what happened in it."
 
-    WriteHeadingWithEntry "Summer", ": 31.4" & degrees & " on the 12th of July"
-    WriteParagraph "The highest reading of the year was taken at 15:40 on the second day of a week without " & _
-        "wind. Only three summers of the station's records were warmer."
-    WriteHeadingWithEntry "Autumn", ": a wet October"
-    WriteParagraph "69 millimetres fell in October, most of them in the night to the 21st, when the brook " & _
-        "behind the station rose above its banks for the first time since the gauge was built."
+    WriteSeasonHeading "Winter", "0.4", ": snow on 31 days"
+    WriteParagraph "A mean of " & Link("-0.8" & degrees, "Table 1, Winter") & " hides one cold week: the " & _
+        "night to the 9th of January brought " & Link("12.9 degrees of frost", "January") & "."
+    WriteSeasonHeading "Spring", "0.2", ": 26 days without rain"
+    WriteParagraph "April began dry, as " & Link("winter", "Winter") & " had ended. The drought broke with the " & _
+        "storms that led over to " & Link("summer", "Summer") & "."
+    WriteSeasonHeading "Summer", "1.2", ": 31.4" & degrees & " on the 12th of July"
+    WriteParagraph "The " & Link("highest reading", "July") & " of the year was taken at 15:40 on the second day " & _
+        "of a week without wind; " & Link("the log", "log") & " has it. Only three summers were warmer " & _
+        Link("[1]", "source 1") & "."
+    mirovel.insertTag "flood"
+    WriteSeasonHeading "Autumn", "0.6", ": a flood in October"
+    WriteParagraph Link("69 millimetres", "October") & " fell in October, most of them in the night to the " & _
+        "21st, when the brook behind the station rose above its banks for the first time since the gauge was " & _
+        "built " & Link("[1]", "source 1") & Link("[2]", "source 2") & "."
 End Sub
 
 Sub WriteMonths
-    mirovel.insertPageBreak
-    mirovel.insertTag "months"
-    WriteLine "Heading 1", "Month by month"
+    StartChapter "months", "Month by month"
     WriteLine "Heading 2", "Temperature and rain"
-    WriteParagraph "July was both the warmest month and one of the wettest. The coldest night, that to the 9th " & _
-        "of January, brought 12.9 degrees of frost. The line shows the mean of each month, the bars the rain " & _
-        "of each month; the appendix has the figures."
+    WriteParagraph Link("July", "July") & " was both the warmest month and one of the wettest. The coldest night " & _
+        "came in " & Link("January", "January") & ". The line shows the mean of each month, the bars the rain of " & _
+        "each month. " & Link("Table 1", "seasons") & " has the seasons, the " & Link("appendix", "figures") & _
+        " the figures of each month."
     mirovel.setTextAlign AlignCentred
     mirovel.insertImage files & "\chart.emf", ""
     mirovel.insertEndl
@@ -222,14 +274,16 @@ Sub WriteMonths
 End Sub
 
 Sub WriteMethod
-    mirovel.insertPageBreak
-    WriteLine "Heading 1", "How we measure"
+    StartChapter "method", "How we measure"
     WriteLine "Heading 2", "From a reading to a mean"
     WriteParagraph "The thermometers hang two metres above the grass in a white louvred box; the rain gauge " & _
         "stands ten metres to the south of it. What happens to a reading before it reaches a table has been " & _
         "the same since 1931:"
     mirovel.insertFile files & "\method.rtf", Embedded
+    WriteParagraph "A month whose readings scatter by more than three " & Link(sigma, "sigma") & " is marked in " & _
+        "the " & Link("table of the months", "figures") & ". In 2025 there was none."
 
+    mirovel.insertTag "log"
     WriteLine "Heading 2", "The log"
     WriteParagraph "Observers keep the log by hand. Its columns are the time, the temperature and the rain " & _
         "since midnight. A line through a reading says that it was corrected, and the correction is underlined:"
@@ -246,88 +300,122 @@ Sub WriteMethod
     mirovel.insertText "  digits swapped, A. Berg"
     mirovel.insertEndl
     mirovel.insertText "15:40   31.4   0.0   "
-    WriteEmphasized Bold, "highest of the year"
-    mirovel.insertEndl
-End Sub
-
-Sub WriteContact
-    WriteLine "Heading 2", "The observatory"
-    mirovel.setTextAlign AlignJustified
-    WriteParagraph "The observatory is open to visitors on the first Sunday of each month. Its sign leads to " & _
-        "the readings of today:"
-    mirovel.setTextAlign AlignCentred
-    mirovel.insertImage files & "\sign.bmp", HomePage
-    mirovel.insertEndl
-    mirovel.setStyle "Body Text"
-    mirovel.setTextAlign AlignRight
-    mirovel.insertText "A. Berg, for the observers"
+    WriteEmphasized Bold, "highest of the year, see " & Link("Summer", "Summer")
     mirovel.insertEndl
     mirovel.setTextAlign AlignJustified
 End Sub
 
-Sub WriteMonth(name, mean, highest, lowest, rain)
+Sub WriteMonth(name, season, mean, highest, lowest, rain)
     mirovel.addRow
-    WriteCell name
+    StartCell AlignLeft
+    mirovel.insertTag name
+    mirovel.insertText name
+    StartCell AlignLeft
+    mirovel.insertXref season, season
     WriteNumberCell mean
     WriteNumberCell highest
     WriteNumberCell lowest
     WriteNumberCell rain
 End Sub
 
-Sub WriteAppendix
+Sub WriteFigures
     mirovel.insertPageBreak
     mirovel.startHeader
     mirovel.insertText "Lindholm Observatory" & vbTab
     WriteEmphasized Italic, "Appendix"
-    mirovel.insertText vbTab
-    mirovel.insertXref "Month by month", "months"
+    mirovel.insertText vbTab & Link("Month by month", "months") & dot & Link("Contents", "contents")
     mirovel.endHeader
 
+    mirovel.insertTag "figures"
     WriteLine "Heading 1", "Appendix: the months in figures"
     WriteParagraph "Temperatures are in degrees Celsius, rain is in millimetres."
     StartTable "Table 2. The months of 2025", 20
-    mirovel.insertText "Month"
+    WriteCell "Month"
+    WriteCell "Season"
     WriteNumberCell "Mean"
     WriteNumberCell "Highest"
     WriteNumberCell "Lowest"
     WriteNumberCell "Rain"
     SetTableFont False
-    WriteMonth "January", "-1.8", "6.4", "-12.9", "48"
-    WriteMonth "February", "-0.9", "8.1", "-11.2", "36"
-    WriteMonth "March", "2.7", "14.6", "-6.8", "41"
-    WriteMonth "April", "6.9", "20.3", "-2.1", "39"
-    WriteMonth "May", "11.8", "25.7", "1.4", "45"
-    WriteMonth "June", "15.6", "28.9", "5.8", "58"
-    WriteMonth "July", "18.3", "31.4", "8.9", "67"
-    WriteMonth "August", "17.1", "30.2", "7.7", "71"
-    WriteMonth "September", "12.9", "24.8", "2.6", "62"
-    WriteMonth "October", "7.8", "17.9", "-1.9", "69"
-    WriteMonth "November", "3.1", "11.5", "-5.3", "64"
-    WriteMonth "December", "0.2", "8.8", "-9.6", "55"
-    SetTableFont False
+    WriteMonth "January", "Winter", "-1.8", "6.4", "-12.9", "48"
+    WriteMonth "February", "Winter", "-0.9", "8.1", "-11.2", "36"
+    WriteMonth "March", "Spring", "2.7", "14.6", "-6.8", "41"
+    WriteMonth "April", "Spring", "6.9", "20.3", "-2.1", "39"
+    WriteMonth "May", "Spring", "11.8", "25.7", "1.4", "45"
+    WriteMonth "June", "Summer", "15.6", "28.9", "5.8", "58"
+    WriteMonth "July", "Summer", "18.3", "31.4", "8.9", "67"
+    WriteMonth "August", "Summer", "17.1", "30.2", "7.7", "71"
+    WriteMonth "September", "Autumn", "12.9", "24.8", "2.6", "62"
+    WriteMonth "October", "Autumn", "7.8", "17.9", "-1.9", "69"
+    WriteMonth "November", "Autumn", "3.1", "11.5", "-5.3", "64"
+    WriteMonth "December", "Winter", "0.2", "8.8", "-9.6", "55"
     mirovel.addRow
-    mirovel.addCell
-    mirovel.setTextAlign AlignLeft
     SetTableFont True
-    mirovel.insertText "Year"
+    WriteCell "Year"
+    WriteCell ""
     WriteNumberCell "7.8"
     WriteNumberCell "31.4"
     WriteNumberCell "-12.9"
     WriteNumberCell "655"
-    SetTableFont False
     EndTable "The year's row holds the mean of the means, the extremes, and the sum of the rain."
 End Sub
 
+Sub WriteSign(tag, sign, meaning, label, target)
+    mirovel.addRow
+    StartCell AlignLeft
+    mirovel.insertTag tag
+    WriteEmphasized Italic, sign
+    WriteCell meaning
+    StartCell AlignLeft
+    mirovel.insertXref label, target
+End Sub
+
+Sub WriteSigns
+    StartChapter "signs", "Signs and sources"
+    StartTable "Table 3. Signs", 20
+    WriteCell "Sign"
+    WriteCell "Meaning"
+    WriteCell "First used in"
+    SetTableFont False
+    WriteSign "delta", deltaT, "mean above that of 1995 to 2024", "The year at a glance", "year"
+    WriteSign "sigma", sigma, "standard deviation", "How we measure", "method"
+    EndTable "Both are in degrees Celsius."
+
+    mirovel.insertTag "sources"
+    WriteLine "Heading 2", "Sources"
+    mirovel.insertTag "source 1"
+    WritePoint "[1]", "Lindholm Observatory: Daily readings since 1931. Used for " & Link("Summer", "Summer") & _
+        " and " & Link("Autumn", "Autumn") & "."
+    mirovel.insertTag "source 2"
+    WritePoint "[2]", "M. Lund: The brook and its floods. Used for " & Link("Autumn", "Autumn") & "."
+End Sub
+
+Sub WriteContact
+    WriteLine "Heading 2", "The observatory"
+    WriteParagraph "The observatory is open to visitors on the first Sunday of each month. Its sign, which is " & _
+        "also on " & Link("the cover", "cover") & ", leads to the readings of today:"
+    mirovel.setTextAlign AlignCentred
+    mirovel.insertImage files & "\sign.bmp", HomePage
+    mirovel.insertEndl
+    mirovel.setStyle "Body Text"
+    mirovel.setTextAlign AlignRight
+    mirovel.insertText "A. Berg, for the observers"
+    mirovel.insertTag "end"
+End Sub
+
 Sub WriteReport(fileName)
+    FindCharacters
     StartDocument fileName
     MakeOldCalls
     WriteTitlePage
+    WriteHeaderAndFooter
     WriteContentsPage
     WriteYear
     WriteMonths
     WriteMethod
+    WriteFigures
+    WriteSigns
     WriteContact
-    WriteAppendix
     mirovel.close
     mirovel.showLast
     mirovel.stop
@@ -338,7 +426,6 @@ If WScript.Arguments.Count <> 2 Then
     WScript.Quit 2
 End If
 files = WScript.Arguments(1)
-degrees = " " & Chr(176) & "C"
 
 On Error Resume Next
 WriteReport WScript.Arguments(0)

@@ -8,6 +8,7 @@ import xml.etree.ElementTree
 from support.endtoend import ROOT
 
 DRAW = "urn:oasis:names:tc:opendocument:xmlns:drawing:1.0"
+OFFICE = "urn:oasis:names:tc:opendocument:xmlns:office:1.0"
 TEXT = "urn:oasis:names:tc:opendocument:xmlns:text:1.0"
 XLINK = "http://www.w3.org/1999/xlink"
 
@@ -60,6 +61,42 @@ def linked_pictures(document):
     """The addresses to which pictures lead, in order; LibreOffice does not tell of them in a PDF."""
     return [link.get(f"{{{XLINK}}}href") for link in open_document(document).iter(f"{{{TEXT}}}a")
             if link.find(f"{{{DRAW}}}frame") is not None]
+
+
+def links(document):
+    """(text, address) of each link in the body, in order, but for those in a table of contents. "#" and a bookmark's name are
+    an address in the document."""
+    body = open_document(document).find(f"{{{OFFICE}}}body")
+    listed = {link for index in body.iter(f"{{{TEXT}}}table-of-content") for link in index.iter(f"{{{TEXT}}}a")}
+    return [(_text_and_marks(link)[0], link.get(f"{{{XLINK}}}href")) for link in body.iter(f"{{{TEXT}}}a")
+            if link not in listed]
+
+
+def marked_texts(document):
+    """For each bookmark's name the text of its paragraph from its beginning on."""
+    found = {}
+    for element in open_document(document).iter():
+        if element.tag in (f"{{{TEXT}}}p", f"{{{TEXT}}}h"):
+            text, marks = _text_and_marks(element)
+            found.update((name, text[place:]) for name, place in marks)
+    return found
+
+
+def _text_and_marks(element, before=""):
+    text, marks = before + (element.text or ""), []
+    for child in element:
+        tag = child.tag.removeprefix(f"{{{TEXT}}}")
+        if tag in ("bookmark", "bookmark-start"):
+            marks.append((child.get(f"{{{TEXT}}}name"), len(text)))
+        elif tag == "tab":
+            text += "\t"
+        elif tag == "s":
+            text += " " * int(child.get(f"{{{TEXT}}}c", "1"))
+        elif tag in ("span", "a"):
+            text, inner = _text_and_marks(child, text)
+            marks += inner
+        text += child.tail or ""
+    return text, marks
 
 
 def open_document(document):

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace reference {
 
@@ -113,7 +114,7 @@ public:
     {
         if (expected_.stories.size() != found_.stories.size()) {
             story_ = bodyStory;
-            note(DifferenceKind::text, "sections", std::to_string(expected_.stories.size() / 2),
+            note(DifferenceKind::text, 0, std::to_string(expected_.stories.size() / 2) + " sections",
                  std::to_string(found_.stories.size() / 2));
         }
         const std::size_t both = std::min(expected_.stories.size(), found_.stories.size());
@@ -127,57 +128,109 @@ public:
             if (expected && found)
                 compareStory(*expected, *found);
             else if (expected || found)
-                note(DifferenceKind::text, "the story", expected ? "its own" : "that of the section before",
+                note(DifferenceKind::text, 0, expected ? "its own" : "that of the section before",
                      found ? "its own" : "that of the section before");
         }
-        return std::move(differences_);
+        std::vector<Difference> differences;
+        std::transform(findings_.begin(), findings_.end(), std::back_inserter(differences), asDifference);
+        return differences;
     }
 
 private:
-    void note(DifferenceKind kind, const std::string& where, const std::string& expected,
-              const std::string& found)
+    /// A difference at one place, or the same one at places in a row.
+    struct Finding
     {
-        std::string description = nameOfStory(story_) + ", " + where + ": expected " + expected;
-        description += ", found " + found;
-        differences_.push_back(
-            {story_ == bodyStory ? kind : DifferenceKind::headerOrFooter, std::move(description)});
+        DifferenceKind kind;
+        std::size_t story;
+        std::string_view of; ///< what the places count
+        std::size_t first;
+        std::size_t last;
+        std::string expected;
+        std::string found;
+    };
+
+    static constexpr std::string_view ofExpected = "place";
+    static constexpr std::string_view ofFound = "place, as it is,";
+
+    void note(DifferenceKind kind, std::size_t place, std::string expected, std::string found,
+              std::string_view of = ofExpected)
+    {
+        if (!findings_.empty()) {
+            Finding& last = findings_.back();
+            if (last.kind == kind && last.story == story_ && last.of == of && last.last + 1 == place &&
+                last.expected == expected && last.found == found) {
+                last.last = place;
+                return;
+            }
+        }
+        findings_.push_back({kind, story_, of, place, place, std::move(expected), std::move(found)});
+    }
+
+    static Difference asDifference(const Finding& finding)
+    {
+        std::string text = nameOfStory(finding.story) + ", " + std::string(finding.of) + " ";
+        text += finding.first == Tag::nowhere ? "inside a field" : std::to_string(finding.first);
+        if (finding.last != finding.first)
+            text += " to " + std::to_string(finding.last);
+        text += ": expected " + finding.expected + ", found " + finding.found;
+        return {finding.story == bodyStory ? finding.kind : DifferenceKind::headerOrFooter, std::move(text)};
     }
 
     void compareStory(const StoryContent& expected, const StoryContent& found)
     {
         const TokenAlignment& alignment = *alignments_[story_];
         for (std::size_t i = 0; i < expected.tokens.size(); ++i) {
-            const std::string where = "place " + std::to_string(i);
-            const Token& token = expected.tokens[i];
-            if (const auto match = alignment.matches()[i])
-                compareTokens(where, token, found.tokens[*match]);
-            else
-                note(kindOf(token), where, nameOf(token), "nothing");
+            const auto match = alignment.matches()[i];
+            if (!match)
+                note(kindOf(expected.tokens[i]), i, nameOf(expected.tokens[i]), "nothing");
         }
         for (const std::size_t i : alignment.unexpected())
-            note(kindOfUnexpected(found.tokens, i), "place " + std::to_string(i) + " of what is", "nothing",
-                 nameOf(found.tokens[i]));
+            note(kindOfUnexpected(found.tokens, i), i, "nothing", nameOf(found.tokens[i]), ofFound);
+        for (const auto compareOne : {&Comparer::compareTexts, &Comparer::compareFonts,
+                                      &Comparer::compareParagraphs, &Comparer::compareLinks})
+            for (std::size_t i = 0; i < expected.tokens.size(); ++i)
+                if (const auto match = alignment.matches()[i])
+                    (this->*compareOne)(i, expected.tokens[i], found.tokens[*match]);
         compareTags(expected.tags, found.tags);
     }
 
-    void compareTokens(const std::string& where, const Token& expected, const Token& found)
+    void compareTexts(std::size_t place, const Token& expected, const Token& found)
     {
         if (expected.isInTable != found.isInTable)
-            note(DifferenceKind::cells, where, expected.isInTable ? "in a table" : "outside of tables",
-                 nameOf(found));
+            note(DifferenceKind::cells, place, expected.isInTable ? "in a table" : "outside of tables",
+                 found.isInTable ? "in a table" : "outside of tables");
         if (expected.text != found.text || expected.level != found.level)
-            note(kindOf(expected), where, nameOf(expected), nameOf(found));
-        if (expected.font && expected.font != found.font)
-            note(DifferenceKind::font, where + " " + nameOf(expected), nameOf(*expected.font),
-                 found.font ? nameOf(*found.font) : "none");
-        if (!expected.isFormatOpen && expected.style != found.style)
-            note(DifferenceKind::style, where, printable(expected.style), printable(found.style));
-        if (!expected.isFormatOpen && expected.alignment != found.alignment)
-            note(DifferenceKind::alignment, where, nameOf(expected.alignment), nameOf(found.alignment));
-        if (!isSameTarget(expected.link, found.link) || expected.beginsLink != found.beginsLink)
-            note(DifferenceKind::link, where + " " + nameOf(expected),
-                 nameOf(expected.link) + (expected.beginsLink ? " that begins" : ""),
-                 nameOf(found.link) + (found.beginsLink ? " that begins" : ""));
+            note(kindOf(expected), place, nameOf(expected), nameOf(found));
+    }
+
+    void compareFonts(std::size_t place, const Token& expected, const Token& found)
+    {
+        if (!expected.font || !found.font)
+            return;
+        Font font = *found.font;
+        if (expected.link) // links have a look of their own
+            font.isUnderlined = expected.font->isUnderlined;
+        if (font != *expected.font)
+            note(DifferenceKind::font, place, nameOf(*expected.font), nameOf(font));
+    }
+
+    void compareParagraphs(std::size_t place, const Token& expected, const Token& found)
+    {
+        if (expected.isFormatOpen)
+            return;
+        if (expected.style != found.style)
+            note(DifferenceKind::style, place, printable(expected.style), printable(found.style));
+        if (expected.alignment != found.alignment)
+            note(DifferenceKind::alignment, place, nameOf(expected.alignment), nameOf(found.alignment));
+    }
+
+    void compareLinks(std::size_t place, const Token& expected, const Token& found)
+    {
+        if (!isSameTarget(expected.link, found.link))
+            note(DifferenceKind::link, place, nameOf(expected.link), nameOf(found.link));
+        else if (expected.beginsLink != found.beginsLink)
+            note(DifferenceKind::link, place, expected.beginsLink ? "a link's beginning" : "the same link",
+                 found.beginsLink ? "a link's beginning" : "the same link");
     }
 
     [[nodiscard]] bool isSameTarget(const std::optional<LinkTarget>& expected,
@@ -201,24 +254,23 @@ private:
                 return each.start != Tag::nowhere && alignments_[story_]->isSamePlace(tag.start, each.start);
             });
             if (same == found.end()) {
-                note(DifferenceKind::bookmark, "place " + std::to_string(tag.start), "a tag", "none");
+                note(DifferenceKind::bookmark, tag.start, "a tag", "none");
                 continue;
             }
             if (!same->endsInPlace)
-                note(DifferenceKind::bookmark, "place " + std::to_string(tag.start),
+                note(DifferenceKind::bookmark, tag.start,
                      "a tag that ends between its start and the next tag's", "one that does not");
             found.erase(same);
         }
         for (const Tag& tag : found)
-            note(DifferenceKind::bookmark, "place " + std::to_string(tag.start) + " of what is", "no tag",
-                 "one");
+            note(DifferenceKind::bookmark, tag.start, "no tag", "one", ofFound);
     }
 
     const DocumentContent& expected_;
     const DocumentContent& found_;
     std::vector<std::optional<TokenAlignment>> alignments_;
     std::size_t story_ = 0;
-    std::vector<Difference> differences_;
+    std::vector<Finding> findings_;
 };
 
 } // namespace

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <set>
 
 namespace reference {
 namespace {
@@ -19,17 +19,15 @@ DocumentContent contentOf(const Session& session)
     return document.content();
 }
 
-/// The kinds of what differs, each once and in the order of their first appearance.
-std::vector<DifferenceKind> kinds(const Session& expected, const Session& found)
+using Kinds = std::set<DifferenceKind>;
+
+Kinds kinds(const Session& expected, const Session& found)
 {
-    std::vector<DifferenceKind> result;
+    Kinds result;
     for (const Difference& difference : compare(contentOf(expected), contentOf(found)))
-        if (std::find(result.begin(), result.end(), difference.kind) == result.end())
-            result.push_back(difference.kind);
+        result.insert(difference.kind);
     return result;
 }
-
-using Kinds = std::vector<DifferenceKind>;
 
 ClientCall text(std::u16string text)
 {
@@ -53,7 +51,23 @@ TEST(DocumentComparisonTest, OneCharacterTooMuchIsOneDifference)
         compare(contentOf({size(9), text(u"abcdef")}), contentOf({size(9), text(u"abXcdef")}));
     ASSERT_EQ(differences.size(), 1u);
     EXPECT_EQ(differences[0].kind, DifferenceKind::text);
-    EXPECT_EQ(differences[0].description, "body, place 2 of what is: expected nothing, found X");
+    EXPECT_EQ(differences[0].description, "body, place, as it is, 2: expected nothing, found X");
+}
+
+TEST(DocumentComparisonTest, TheSameInARowIsOneDifference)
+{
+    const auto differences =
+        compare(contentOf({text(u"abc")}), contentOf({text(u"a"), size(9), text(u"bc")}));
+    ASSERT_EQ(differences.size(), 1u);
+    EXPECT_EQ(differences[0].description,
+              "body, place 1 to 2: expected Times New Roman 12, found Times New Roman 9");
+}
+
+TEST(DocumentComparisonTest, LinksMayBeUnderlined)
+{
+    const ClientCall link = {M::insertXref, u"a", u"www.b.example"};
+    EXPECT_EQ(kinds({link}, {{M::setFontAttribute, {}, {}, 4, true}, link}), Kinds());
+    EXPECT_EQ(kinds({link}, {{M::setFontAttribute, {}, {}, 1, true}, link}), Kinds{DifferenceKind::font});
 }
 
 TEST(DocumentComparisonTest, WhatLacksIsNamed)

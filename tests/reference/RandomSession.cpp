@@ -30,7 +30,8 @@ enum Feature : unsigned
 constexpr unsigned allFeatures = (1 << 13) - 1;
 
 constexpr std::size_t longestSession = 70;
-constexpr std::size_t longestRunOfLinks = 8;
+constexpr std::size_t longestRunOfLinks = 30;
+constexpr std::size_t longTextLength = 1500;
 
 class Generator
 {
@@ -184,6 +185,8 @@ private:
             return add(Method::insertTOC);
         case 1:
             add(Method::startTOCEntry);
+            if (numbers_.onceIn(8))
+                return add(Method::insertText, std::u16string(longTextLength, u'\u00e4'));
             return text();
         default:
             return add(Method::endTOCEntry);
@@ -192,11 +195,13 @@ private:
 
     std::u16string_view target()
     {
-        switch (numbers_.below(9)) {
+        switch (numbers_.below(10)) {
         case 0:
             return {};
         case 1:
             return numbers_.oneOf(words::missingTags);
+        case 9:
+            return pictureName;
         case 2:
         case 3:
         case 4:
@@ -212,7 +217,7 @@ private:
             return add(Method::insertText, textWithAnchors());
         if (!uses(usesLinks))
             return;
-        const std::size_t count = numbers_.onceIn(4) ? numbers_.below(longestRunOfLinks) : 1;
+        const std::size_t count = numbers_.onceIn(6) ? numbers_.below(longestRunOfLinks) : 1;
         for (std::size_t i = 0; i < count; ++i)
             add(Method::insertXref, label(), target());
     }
@@ -330,7 +335,7 @@ private:
     void font()
     {
         add(Method::setFontName, numbers_.oneOf(words::fonts));
-        add(Method::setFontSize, {}, {}, numbers_.oneOf(words::fontSizes));
+        add(Method::setFontSize, {}, {}, 9 + static_cast<int>(numbers_.below(20)));
     }
 
     void styledParagraph(bool hasContents)
@@ -397,7 +402,8 @@ Session arrangedSession(std::uint32_t seed)
 
 bool isAddress(std::u16string_view target)
 {
-    return std::find(words::addresses.begin(), words::addresses.end(), target) != words::addresses.end();
+    return target == pictureName ||
+           std::find(words::addresses.begin(), words::addresses.end(), target) != words::addresses.end();
 }
 
 } // namespace reference

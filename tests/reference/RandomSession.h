@@ -20,7 +20,7 @@ Session arrangedSession(std::uint32_t seed);
 /// The names that mean addresses, of those that sessions use as targets.
 bool isAddress(std::u16string_view target);
 
-/// The name that sessions give the picture which they insert; a player puts a file in its place.
+/// The name that sessions give a picture, to insert and to link to; a player puts a file's in its place.
 inline constexpr std::u16string_view pictureName = u"picture.bmp";
 
 } // namespace reference

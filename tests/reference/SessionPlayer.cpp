@@ -26,9 +26,14 @@ _bstr_t bstr(std::u16string_view text)
     return {SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size())), false};
 }
 
+std::u16string wide(const std::string& ascii)
+{
+    return {ascii.begin(), ascii.end()};
+}
+
 _bstr_t bstr(const std::string& ascii)
 {
-    return bstr(std::u16string(ascii.begin(), ascii.end()));
+    return bstr(wide(ascii));
 }
 
 std::string hexadecimal(HRESULT result)
@@ -46,6 +51,23 @@ std::string oneLine(std::string text)
     return text;
 }
 
+std::u16string withName(std::u16string text, std::u16string_view name, std::u16string_view inItsPlace)
+{
+    for (std::size_t at = text.find(name); at != text.npos; at = text.find(name, at + inItsPlace.size()))
+        text.replace(at, name.size(), inItsPlace);
+    return text;
+}
+
+/// Links to the picture under the name that sessions give it.
+void renamePicture(DocumentContent& content, std::u16string_view file)
+{
+    for (std::optional<StoryContent>& story : content.stories)
+        if (story)
+            for (Token& token : story->tokens)
+                if (token.link && token.link->address == file)
+                    token.link->address = pictureName;
+}
+
 /// Thousands of files would take most of the time.
 standin::SessionOptions withoutFiles()
 {
@@ -57,12 +79,13 @@ standin::SessionOptions withoutFiles()
 } // namespace
 
 SessionPlayer::SessionPlayer(Positions positions)
-    : positions_(positions), picture_(folder_.write("picture.bmp", sample::bmp())), word_(withoutFiles()),
-      registration_(word_)
+    : positions_(positions), picture_(wide(folder_.write("picture.bmp", sample::bmp()))),
+      word_(withoutFiles()), registration_(word_)
 {
     MirovelSection::clearCache();
     word_.model().whenClosing = [this](const standin::model::Document& document) {
         played_.content = readContent(document);
+        renamePicture(played_.content, picture_);
         if (const std::string wrong = checkInvariants(document); !wrong.empty())
             played_.failures.push_back("the document: " + wrong);
         isRead_ = true;
@@ -144,8 +167,8 @@ void SessionPlayer::close()
 HRESULT SessionPlayer::call(const ClientCall& each)
 {
     IDocument& client = *client_;
-    const _bstr_t text = bstr(each.text);
-    const _bstr_t target = bstr(each.target);
+    const _bstr_t text = bstr(withName(each.text, pictureName, picture_));
+    const _bstr_t target = bstr(withName(each.target, pictureName, picture_));
     const auto number = static_cast<short>(each.number);
     switch (each.method) {
     case Method::insertText:
@@ -195,7 +218,7 @@ HRESULT SessionPlayer::call(const ClientCall& each)
     case Method::insertXref:
         return client.insertXref(text, target);
     case Method::insertImage:
-        return client.insertImage(each.text == pictureName ? bstr(picture_) : text, target);
+        return client.insertImage(text, target);
     }
     return E_NOTIMPL;
 }

@@ -51,7 +51,7 @@ private:
 
     Positions positions_;
     ScratchFolder folder_;
-    std::string picture_;
+    std::u16string picture_; ///< a file
     standin::Session word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// What random sessions say.
+/// What random sessions say. Names (of styles, fonts, tags, addresses) are of the ANSI code page.
 namespace reference::words {
 
 using Word = std::u16string_view;
@@ -49,9 +49,9 @@ inline constexpr std::array<Word, 6> addresses = {
     u"http://a.example/other",
 };
 
-/// The first four are placed; the others may be.
+/// Those that may be placed; names are told apart by case.
 inline constexpr std::array<Word, 9> tags = {
-    u"GUID 1", u"GUID 22", u"here", u"the place", u"GUID 3", u"Kapitel \u00c4", u"six", u"seven", u"eight",
+    u"GUID 1", u"GUID 22", u"here", u"the place", u"GUID 3", u"Kapitel \u00c4", u"six", u"seven", u"Here",
 };
 /// Never placed.
 inline constexpr std::array<Word, 2> missingTags = {u"GUID 404", u"nowhere"};
@@ -62,8 +62,8 @@ inline constexpr std::array<Word, 7> styles = {
 inline constexpr Word unknownStyle = u"No Such Style";
 
 inline constexpr std::array<Word, 3> fonts = {u"Arial", u"Courier New", u"Georgia"};
-inline constexpr std::array<int, 4> fontSizes = {8, 12, 15, 24};
-inline constexpr std::array<int, 4> fontAttributes = {1, 2, 4, 8};
+inline constexpr std::array<int, 5> fontSizes = {8, 12, 15, 24, 0};
+inline constexpr std::array<int, 5> fontAttributes = {1, 2, 4, 8, 3};
 inline constexpr std::array<int, 6> alignments = {0, 1, 2, 3, 4, 2};
 
 } // namespace reference::words

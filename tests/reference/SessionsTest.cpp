@@ -30,10 +30,15 @@ std::vector<Difference> differencesOf(SessionPlayer& player, const Session& sess
     return differences;
 }
 
-/// The session as short as it can be told, and in what its document differs from what it should be.
-std::string report(SessionPlayer& player, const Session& session, const standin::model::Switches& switches)
+/// The session as short as it can be told with a difference of that kind, and in what its document differs.
+std::string report(SessionPlayer& player, const Session& session, const standin::model::Switches& switches,
+                   DifferenceKind kind)
 {
-    const auto differs = [&](const Session& each) { return !differencesOf(player, each, switches).empty(); };
+    const auto differs = [&](const Session& each) {
+        const std::vector<Difference> differences = differencesOf(player, each, switches);
+        return std::any_of(differences.begin(), differences.end(),
+                           [kind](const Difference& difference) { return difference.kind == kind; });
+    };
     const Session shortest = shrink(session, differs);
     std::string text = stepsOf(shortest);
     for (const Difference& difference : differencesOf(player, shortest, switches))
@@ -50,10 +55,12 @@ public:
     void check(const Session& session, const std::string& name, const standin::model::Switches& switches = {})
     {
         ++played_;
-        if (differencesOf(player_, session, switches).empty())
+        const std::vector<Difference> differences = differencesOf(player_, session, switches);
+        if (differences.empty())
             return;
         if (++differing_ <= shownSessions)
-            ADD_FAILURE() << name << ", shortened:\n" << report(player_, session, switches);
+            ADD_FAILURE() << name << ", shortened:\n"
+                          << report(player_, session, switches, differences.front().kind);
     }
 
     void conclude() const { EXPECT_EQ(differing_, 0) << "of " << played_ << " sessions"; }

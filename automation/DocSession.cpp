@@ -54,6 +54,8 @@ bool DocSession::isWriting(const MirovelSection* const& section, std::int32_t nu
 void DocSession::beginSection(MirovelSection*& section, std::int32_t number, const Word::RangePtr& range)
 {
     forgetWaiting(isHeader(section), number);
+    if (numberOf(section) != 0)
+        placement->clearPart(range);
     section = new MirovelSection(application, document, range, *placement);
     numberOf(section) = number;
 }
@@ -88,14 +90,13 @@ void DocSession::forgetWaiting(bool isHeader, std::int32_t number)
     }
 }
 
-void DocSession::resolve(const QdxString& bookmark)
+void DocSession::tagPlaced(const QdxString& bookmark)
 {
-    if (!placement->joinsWriters()) {
-        writer().resolve(bookmark);
+    writer().resolve(bookmark);
+    if (!placement->joinsWriters())
         return;
-    }
     for (MirovelSection* const section : {mainSection, headerSection, footerSection})
-        if (section)
+        if (section && section != currentSection)
             section->resolve(bookmark);
     for (const WaitingSection& waiting : waitingSections)
         waiting.writer->resolve(bookmark);

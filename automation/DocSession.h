@@ -42,8 +42,8 @@ struct DocSession
         std::int32_t sectionNumber;
     };
     std::list<WaitingSection> waitingSections;
-    std::int32_t headerSectionNumber =
-        0; ///< The section of the document that `headerSection` is the header of.
+    /// The section of the document whose header, or footer, was begun last; 0: none yet.
+    std::int32_t headerSectionNumber = 0;
     std::int32_t footerSectionNumber = 0;
     const Placement* placement; ///< The mode in which the document is written.
 
@@ -87,8 +87,9 @@ struct DocSession
     void endSection(MirovelSection*& section);
     /// @}
 
-    /// A bookmark exists now: its links will be drawn. Those of the current writer, or, tracked, of all.
-    void resolve(const QdxString& bookmark);
+    /// The current writer has placed a tag's bookmark: its links will be drawn. Those of that writer, or,
+    /// tracked, of all.
+    void tagPlaced(const QdxString& bookmark);
 
     /// Text in the form in which the mode of writing takes it apart and keeps it, and back.
     /// @{

@@ -69,7 +69,7 @@ STDMETHODIMP Mirovel::insertTag(BSTR tagName)
         bookmark = session_->bookmarks.add(tag);
     withWriter([&](MirovelSection& writer) {
         writer.insertTag(bookmark);
-        session_->resolve(bookmark);
+        session_->tagPlaced(bookmark);
         session_->bookmarks.markDefined(tag);
     });
     return S_OK;

@@ -154,6 +154,7 @@ void Mirovel::startMainSection()
 {
     DocSession& session = *session_;
     session.releaseSections();
+    session.headerSectionNumber = session.footerSectionNumber = 0;
     const bool clearFirst = session.placement->readsFontsOfThisDocument();
     if (clearFirst)
         MirovelSection::clearCache();

@@ -203,7 +203,7 @@ std::string failureOf(const std::vector<std::string>& transcript)
     return "";
 }
 
-void printRow(standin::Session& word, IDocument& generator, const Step& step)
+const std::vector<std::string>& take(standin::Session& word, IDocument& generator, const Step& step)
 {
     word.clearTranscript();
     try {
@@ -211,7 +211,12 @@ void printRow(standin::Session& word, IDocument& generator, const Step& step)
     } catch (const QdxException&) { // the row shows what failed
     } catch (const _com_error&) {
     }
-    const std::vector<std::string>& transcript = word.transcript();
+    return word.transcript();
+}
+
+void printRow(standin::Session& word, IDocument& generator, const Step& step)
+{
+    const std::vector<std::string>& transcript = take(word, generator, step);
     std::printf("| %s | %u | %d | %s%s |\n", step.shown, static_cast<unsigned>(transcript.size()),
                 step.implied, memberNames(transcript).c_str(), failureOf(transcript).c_str());
 }
@@ -228,6 +233,38 @@ void printChapter(const Chapter& chapter)
         printRow(word, *generator, step);
     const std::string close = std::string("close, in \"") + chapter.title + "\"";
     printRow(word, *generator, {close.c_str(), chapter.impliedClose, [](IDocument& d) { d.close(); }});
+}
+
+/// The calls for each step of the chapter, and for `close`.
+std::vector<std::size_t> callsOf(const Chapter& chapter, bool tracked)
+{
+    const std::wstring file = temporaryFile(L"bench.doc");
+    standin::Session word;
+    const RunningWord running(*word.application());
+    const IDocumentPtr generator = makeGenerator();
+    generator->overrideRegistry(text(L"Word"), text(L"TrackPositions"), text(tracked ? L"1" : L"0"), 3);
+    generator->start();
+    generator->create(text(file.c_str()));
+    std::vector<std::size_t> calls;
+    for (const Step& step : chapter.steps)
+        calls.push_back(take(word, *generator, step).size());
+    calls.push_back(take(word, *generator, {"close", 0, [](IDocument& d) { d.close(); }}).size());
+    return calls;
+}
+
+void printModes(const Chapter& chapter)
+{
+    const std::vector<std::size_t> counted = callsOf(chapter, false);
+    const std::vector<std::size_t> tracked = callsOf(chapter, true);
+    for (std::size_t i = 0; i < counted.size(); ++i) {
+        if (counted[i] == tracked[i])
+            continue;
+        const std::string shown = i < chapter.steps.size()
+                                      ? chapter.steps[i].shown
+                                      : std::string("close, in \"") + chapter.title + "\"";
+        std::printf("| %s | %u | %u |\n", shown.c_str(), static_cast<unsigned>(counted[i]),
+                    static_cast<unsigned>(tracked[i]));
+    }
 }
 
 void printSession()
@@ -276,4 +313,9 @@ void printWordCalls()
     printSession();
     for (const Chapter& chapter : chapters())
         printChapter(chapter);
+
+    std::puts("\nThe same with Word/TrackPositions on, where it differs\n");
+    std::puts("| client call | default | tracked |\n|---|---|---|");
+    for (const Chapter& chapter : chapters())
+        printModes(chapter);
 }

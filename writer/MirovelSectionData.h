@@ -64,7 +64,5 @@ struct MirovelSectionData
 
     PendingLinks links;
     Word::BookmarkPtr lastTagBookmark;
-    QdxString lastTagName;
-    std::int32_t lastTagPos = 0; ///< Where the last tag was placed.
-    std::int32_t endlCount = 0;  ///< Paragraph ends since the undo list was last cleared.
+    std::int32_t endlCount = 0; ///< Paragraph ends since the undo list was last cleared.
 };

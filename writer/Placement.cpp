@@ -109,6 +109,11 @@ std::int32_t Placement::lastAlignmentEnd(const MirovelSectionData& d) const
     return d.alignRuns.back().range->GetEnd();
 }
 
+void Placement::alignAgain(MirovelSection& writer, std::int16_t align) const
+{
+    writer.setTextAlign(align);
+}
+
 void Placement::finishBeforeTable(MirovelSection& writer) const
 {
     finishBeforeFile(writer);

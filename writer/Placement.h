@@ -63,6 +63,8 @@ public:
     virtual bool styleRunEndsParagraph() const { return true; }
     /// Whether the open style run is applied although nothing was written in it.
     virtual bool appliesEmptyStyleRun(const MirovelSectionData&) const { return true; }
+    /// Whether font and alignment runs are.
+    virtual bool appliesEmptyRuns() const { return true; }
     /// Whether a style set in a table begins a style run.
     virtual bool tablesHoldStyleRuns() const { return true; }
     /// Whether a number behind the eighth character of a style's name makes it a heading, whatever stands in
@@ -84,8 +86,8 @@ public:
     virtual std::int32_t alignmentStart(MirovelSectionData& d) const;
     /// Where the last alignment of a table ends.
     virtual std::int32_t lastAlignmentEnd(const MirovelSectionData& d) const;
-    /// Whether an alignment run is applied although nothing was written in it.
-    virtual bool appliesEmptyAlignment() const { return true; }
+    /// The alignment `align` was in force before the heading of the table of contents and is to be so again.
+    virtual void alignAgain(MirovelSection& writer, std::int16_t align) const;
     /// @}
 
     /// @name Tables
@@ -105,8 +107,6 @@ public:
 
     /// @name Table of contents
     /// @{
-    /// Nothing of the body that stands in front of the table of contents is to reach into it.
-    virtual void placingToc(MirovelSectionData&) const {}
     /// Whether `endTOCEntry` marks an entry.
     virtual bool marksEntry(const MirovelSectionData&) const { return true; }
     virtual void writeEntry(MirovelSection& writer) const;
@@ -135,6 +135,11 @@ public:
     /// Whether the writers of one document know of each other: a link is drawn whichever writer places its
     /// tag, and a header that is started again goes on.
     virtual bool joinsWriters() const { return false; }
+
+    /// Whether the first writer of a document asks Word for Normal's font, which another document may have
+    /// had before.
+    /// A header or footer of the document is about to be written again: `range` is where, emptied.
+    virtual void clearPart(const Word::RangePtr&) const {}
 
     /// Whether the first writer of a document asks Word for Normal's font, which another document may have
     /// had before.

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view headingPrefix = "Heading ";
 constexpr int deepestLevel = 9;
-constexpr std::int32_t leftAligned = 0;
+constexpr std::int32_t nothingSaid = 0; // of alignment
 
 constexpr bool endsParagraph(wchar_t unit)
 {
@@ -111,8 +111,8 @@ bool TrackedPlacement::needsEndl(const MirovelSectionData& d) const
     return d.pos != d.lastEndlPos;
 }
 
-// An empty run lies in the document's last paragraph, from which tables and the text behind them start: that
-// one stays Normal.
+// What is applied to no text reaches the paragraph that it stands in. That is the document's last one, from
+// which tables and the text behind them start: it stays Normal.
 bool TrackedPlacement::appliesEmptyStyleRun(const MirovelSectionData& d) const
 {
     return d.styleName == "Normal";
@@ -175,6 +175,16 @@ std::int32_t TrackedPlacement::lastAlignmentEnd(const MirovelSectionData& d) con
     return d.table->GetRange()->GetEnd() - 1;
 }
 
+// Without an alignment before, the heading's own ends: the style of each paragraph decides again.
+void TrackedPlacement::alignAgain(MirovelSection& writer, std::int16_t align) const
+{
+    const MirovelSectionData& d = *writer.data_;
+    const bool ends = align == nothingSaid && d.alignment != align;
+    writer.setTextAlign(align);
+    if (ends)
+        writer.data_->alignRuns.back().isSet = false;
+}
+
 // Word makes one table of two that touch.
 void TrackedPlacement::finishBeforeTable(MirovelSection& writer) const
 {
@@ -205,12 +215,6 @@ void TrackedPlacement::leaveTable(MirovelSectionData& d) const
 void TrackedPlacement::insertFieldInCell(MirovelSection& writer, const _variant_t& type) const
 {
     writer.data_->cellRange->GetFields()->Add(writer.placeInCell(), type);
-}
-
-// A tag's bookmark that spans the table of contents is not found by every program that reads the document.
-void TrackedPlacement::placingToc(MirovelSectionData& d) const
-{
-    endLastTag(d);
 }
 
 bool TrackedPlacement::marksEntry(const MirovelSectionData& d) const
@@ -263,39 +267,23 @@ void TrackedPlacement::fileInserted(MirovelSection& writer, std::int32_t alignme
     }
     d.lastEndlPos = d.stylePos = d.pos;
     writer.storeFont(d.pendingFont);
-    if (alignment != leftAligned)
+    if (alignment != nothingSaid)
         writer.setTextAlign(static_cast<std::int16_t>(alignment));
 }
 
-// At the writer's own place, wherever the user's selection is: in a header or in a cell, too.
+// A point at the writer's own place, wherever the user's selection is: in a header or in a cell, too. Not
+// every program finds a bookmark in which another one begins, as one that reaches to the next tag often would
+// have.
 void TrackedPlacement::placeTag(MirovelSection& writer, const Word::BookmarksPtr& bookmarks,
                                 const QdxString& name) const
 {
-    MirovelSectionData& d = *writer.data_;
-    const bool moved = name == d.lastTagName;
+    const MirovelSectionData& d = *writer.data_;
     if (isTableOpen(d)) {
         bookmarks->Add(toWide(name), Word::object(writer.placeInCell()));
-    } else {
-        d.range->PutStart(d.pos);
-        const Word::BookmarkPtr bookmark = bookmarks->Add(toWide(name), Word::object(d.range));
-        if (!moved)
-            endLastTag(d);
-        d.lastTagBookmark = bookmark;
-        d.lastTagName = name;
-        d.lastTagPos = d.pos;
         return;
     }
-    if (moved)
-        d.lastTagBookmark = nullptr;
-}
-
-// One character in front of the place, as always, but neither before the tag itself nor inside a table.
-void TrackedPlacement::endLastTag(MirovelSectionData& d) const
-{
-    const std::int32_t end = d.pos == d.tableEnd ? d.pos : d.pos - 1;
-    if (d.lastTagBookmark && end > d.lastTagPos)
-        d.lastTagBookmark->PutEnd(end);
-    d.lastTagBookmark = nullptr;
+    d.range->PutStart(d.pos);
+    bookmarks->Add(toWide(name), Word::object(d.range));
 }
 
 // From the back to the front: what is drawn moves nothing that is still to be drawn.
@@ -315,6 +303,12 @@ void TrackedPlacement::draw(MirovelSection& writer) const
         writer.clearUndoAfterLink(drawn);
     }
     writer.drawTOC();
+}
+
+// Its last paragraph keeps what it was formatted with, text or not.
+void TrackedPlacement::clearPart(const Word::RangePtr& range) const
+{
+    range->GetParagraphFormat()->Reset();
 }
 
 void TrackedPlacement::writingEnds(MirovelSection& writer) const

@@ -24,6 +24,7 @@ public:
     bool needsEndl(const MirovelSectionData& d) const override;
     bool styleRunEndsParagraph() const override { return false; }
     bool appliesEmptyStyleRun(const MirovelSectionData& d) const override;
+    bool appliesEmptyRuns() const override { return false; }
     bool tablesHoldStyleRuns() const override { return false; }
     bool isHeading(const QdxString& style) const override;
     bool isFontInForce(const MirovelSectionData& d, const FontData& font) const override;
@@ -33,7 +34,7 @@ public:
 
     std::int32_t alignmentStart(MirovelSectionData& d) const override;
     std::int32_t lastAlignmentEnd(const MirovelSectionData& d) const override;
-    bool appliesEmptyAlignment() const override { return false; }
+    void alignAgain(MirovelSection& writer, std::int16_t align) const override;
 
     void finishBeforeTable(MirovelSection& writer) const override;
     void makeRoomForTable(MirovelSectionData&) const override {}
@@ -42,7 +43,6 @@ public:
     void leaveTable(MirovelSectionData& d) const override;
     void insertFieldInCell(MirovelSection& writer, const _variant_t& type) const override;
 
-    void placingToc(MirovelSectionData& d) const override;
     bool marksEntry(const MirovelSectionData& d) const override;
     void writeEntry(MirovelSection& writer) const override;
 
@@ -52,10 +52,11 @@ public:
 
     void placeTag(MirovelSection& writer, const Word::BookmarksPtr& bookmarks,
                   const QdxString& name) const override;
-    void endLastTag(MirovelSectionData& d) const override;
+    void endLastTag(MirovelSectionData&) const override {}
     void draw(MirovelSection& writer) const override;
 
     bool joinsWriters() const override { return true; }
+    void clearPart(const Word::RangePtr& range) const override;
     bool readsFontsOfThisDocument() const override { return true; }
     void writingEnds(MirovelSection& writer) const override;
 };

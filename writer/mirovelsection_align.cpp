@@ -66,7 +66,7 @@ void MirovelSection::applyAlign()
             end = data_->pos;
         else
             end = data_->placement->lastAlignmentEnd(*data_);
-        if (run->start == end && !data_->placement->appliesEmptyAlignment())
+        if (!run->isSet || (run->start == end && !data_->placement->appliesEmptyRuns()))
             continue;
         run->range->PutStart(run->start);
         run->range->PutEnd(end);

@@ -182,9 +182,9 @@ void MirovelSection::applyFont()
         const bool isLast = next == data_->fontRuns.end();
         const Word::RangePtr& range = run->getRange();
         if (range.GetInterfacePtr() == data_->range.GetInterfacePtr()) {
-            range->PutStart(run->getStart());
-            range->PutEnd(isLast ? data_->pos : next->getStart());
-            toFontPtr(range->GetFont(), run->getFont());
+            const std::int32_t end = isLast ? data_->pos : next->getStart();
+            if (run->getStart() != end || data_->placement->appliesEmptyRuns())
+                putFont(range, run->getStart(), end, run->getFont());
         } else {
             data_->placement->applyFontToTable(*this, *run, isLast ? nullptr : &*next);
         }

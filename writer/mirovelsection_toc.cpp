@@ -17,7 +17,6 @@ void MirovelSection::insertTOC(std::int16_t level)
 {
     if (isTableOpen())
         return;
-    data_->placement->placingToc(*data_);
     const QdxString style = data_->styleName;
     const FontData font = data_->pendingFont;
     setStyle("Normal", true);
@@ -26,7 +25,7 @@ void MirovelSection::insertTOC(std::int16_t level)
     insertText(L"Table of Contents");
     insertEndl();
     insertEndl();
-    setTextAlign(align);
+    data_->placement->alignAgain(*this, align);
     data_->tocPos = data_->pos;
     data_->tocStartPos = data_->tocPos;
     data_->tocLevel = level;

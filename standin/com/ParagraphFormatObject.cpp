@@ -19,7 +19,8 @@ ParagraphTarget ParagraphFormatObject::targetOf(const model::LiveRange& range)
 {
     auto own = std::make_shared<model::LiveRange>(range);
     return {[own] { return own->paragraphFormat(); },
-            [own](const model::ParagraphProperties& properties) { own->setParagraphFormat(properties); }};
+            [own](const model::ParagraphProperties& properties) { own->setParagraphFormat(properties); },
+            [own] { own->resetParagraphFormat(); }};
 }
 
 ParagraphTarget ParagraphFormatObject::targetOf(model::DocumentPtr document, model::StylePtr style)
@@ -29,6 +30,13 @@ ParagraphTarget ParagraphFormatObject::targetOf(model::DocumentPtr document, mod
                 styleOfOpen(document, style).paragraph.overlay(properties);
                 document->touched();
             }};
+}
+
+void ParagraphFormatObject::doReset()
+{
+    if (!target_.reset)
+        return ParagraphFormatBase::doReset();
+    target_.reset();
 }
 
 long ParagraphFormatObject::getAlignment()

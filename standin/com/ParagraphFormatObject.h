@@ -11,6 +11,7 @@ struct ParagraphTarget
 {
     std::function<model::ParagraphProperties()> read;
     std::function<void(const model::ParagraphProperties&)> write;
+    std::function<void()> reset = {}; ///< a style has no direct formatting to take away
 };
 
 class ParagraphFormatObject : public ParagraphFormatBase
@@ -22,6 +23,7 @@ public:
     static ParagraphTarget targetOf(model::DocumentPtr document, model::StylePtr style);
 
 protected:
+    void doReset() override;
     long getAlignment() override;
     void putAlignment(long value) override;
     float getLeftIndent() override { return points(target_.read().leftIndent); }

@@ -409,6 +409,17 @@ void LiveRange::setParagraphFormat(const ParagraphProperties& properties)
     }
 }
 
+void LiveRange::resetParagraphFormat()
+{
+    Story& owner = story();
+    const auto [first, past] = paragraphsTouched(owner, start(), end());
+    for (std::size_t i = first; i < past; ++i) {
+        ParagraphFormat format = *owner.paragraph(i).format;
+        format.properties = {};
+        owner.setParagraphFormat(i, format);
+    }
+}
+
 void LiveRange::place(Position start, Position end)
 {
     story().endpoints().set(start_, start);

@@ -84,6 +84,8 @@ public:
     /// The effective paragraph properties of all paragraphs touched; one that differs is left open.
     ParagraphProperties paragraphFormat() const;
     void setParagraphFormat(const ParagraphProperties& properties);
+    /// Takes direct formatting from the paragraphs touched: they look as their styles say.
+    void resetParagraphFormat();
     ///@}
 
 private:

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace standin::rtf {
 
@@ -14,12 +15,13 @@ BookmarkWriter::BookmarkWriter(const Story& story)
     for (const BookmarkPtr& bookmark : story.document().bookmarks().all()) {
         const LiveRange& range = bookmark->range();
         if (range.storyPtr().get() == &story) {
-            borders_.push_back({range.start(), true, bookmark->name()});
-            borders_.push_back({range.end(), false, bookmark->name()});
+            const bool isPoint = range.start() == range.end();
+            borders_.push_back({range.start(), isPoint ? 1 : 2, true, bookmark->name()});
+            borders_.push_back({range.end(), isPoint ? 1 : 0, false, bookmark->name()});
         }
     }
-    std::stable_sort(borders_.begin(), borders_.end(),
-                     [](const Border& a, const Border& b) { return a.position < b.position; });
+    std::ranges::stable_sort(borders_, {},
+                             [](const Border& border) { return std::pair(border.position, border.rank); });
 }
 
 std::string BookmarkWriter::bordersUpTo(Position position)

@@ -24,6 +24,8 @@ private:
     struct Border
     {
         model::Position position;
+        int rank; ///< At one position: ends (0), bookmarks without text (1), starts (2). Readers mix up
+                  ///< nested ones.
         bool isStart;
         std::u16string name;
     };

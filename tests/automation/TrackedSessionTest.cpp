@@ -123,6 +123,35 @@ TEST_F(TrackedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
     EXPECT_EQ(shown(header()), u"x");
 }
 
+TEST_F(TrackedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
+{
+    client->startHeader();
+    client->setTextAlign(2);
+    client->insertText(L"x"_b);
+    client->endHeader();
+    client->startHeader();
+    client->insertText(L"y"_b);
+    client->endHeader();
+    complete();
+    EXPECT_EQ(model::LiveRange(header(), 0, 1).paragraphFormat().alignment, model::Alignment::left);
+}
+
+TEST_F(TrackedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
+{
+    client->insertTag(L"tag"_b);
+    client->insertText(L"a long text in the body"_b);
+    client->startHeader();
+    client->insertText(L"ab"_b);
+    client->insertTag(L"tag"_b);
+    client->insertText(L"cd"_b);
+    client->endHeader();
+    complete();
+    const model::LiveRange place = document_->bookmarks().find(u"b1")->range();
+    EXPECT_EQ(place.storyPtr(), header());
+    EXPECT_EQ(place.start(), 2);
+    EXPECT_EQ(place.end(), 2);
+}
+
 TEST_F(TrackedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
 {
     client->insertText(L"one"_b);

@@ -251,6 +251,35 @@ TEST_F(TrackedPlacementTest, LeavesNoTraceOfAStyleWithoutText)
     EXPECT_EQ(styleAt(3), u"Normal");
 }
 
+TEST_F(TrackedPlacementTest, LeavesNoTraceOfAFontWithoutText)
+{
+    writer().setFont(bold.data());
+    writer().insertTOC(0);
+    writer().setStyle("Heading 1", false);
+    writer().setFont(FontData());
+    writer().insertText(L"a");
+    writer().setFont(bold.data());
+    openTable();
+    addCell(L"b");
+    writer().endTable();
+    finish();
+    EXPECT_EQ(shown().substr(shown().size() - 5), "a/b##");
+    EXPECT_EQ(fontAt(end() - 6).name, u"Arial");
+    EXPECT_EQ(fontAt(end() - 6).size, 16);
+    EXPECT_EQ(fontAt(end() - 4).name, u"Times New Roman");
+    EXPECT_EQ(fontAt(end() - 4).size, 12);
+}
+
+TEST_F(TrackedPlacementTest, LeavesTheAlignmentOfStylesBehindTheTableOfContents)
+{
+    writer().insertTOC(0);
+    writer().setStyle("Title", false);
+    writer().insertText(L"a");
+    finish();
+    const model::LiveRange last(model().mainStory(), end() - 2, end() - 1);
+    EXPECT_EQ(last.paragraphFormat().alignment, model::Alignment::center);
+}
+
 TEST_F(TrackedPlacementTest, TakesOnlyHeadingsForHeadings)
 {
     addStyle(u"Chapter 12");
@@ -488,11 +517,11 @@ TEST_F(TrackedPlacementTest, PlacesTagsAnywhere)
     finish();
     EXPECT_EQ(shown(), "abc/de##fg");
     EXPECT_EQ(bookmark(u"b1"), "0-0");
-    EXPECT_EQ(bookmark(u"b2"), "0-2");
+    EXPECT_EQ(bookmark(u"b2"), "0-0");
     EXPECT_EQ(bookmark(u"b3"), "3-3");
-    EXPECT_EQ(bookmark(u"b4"), "3-8"); // behind the table
+    EXPECT_EQ(bookmark(u"b4"), "3-3");
     EXPECT_EQ(bookmark(u"b5"), "5-5");
-    EXPECT_EQ(bookmark(u"b6"), "8-9");
+    EXPECT_EQ(bookmark(u"b6"), "8-8");
     EXPECT_EQ(bookmark(u"b7"), "10-10");
 }
 
@@ -508,17 +537,6 @@ TEST_F(TrackedPlacementTest, MovesATagThatIsPlacedAgain)
     writer().endTable();
     finish();
     EXPECT_EQ(bookmark(u"b1"), "8-8");
-}
-
-TEST_F(TrackedPlacementTest, EndsATagInFrontOfTheTableOfContents)
-{
-    writer().insertText(L"abc");
-    writer().insertTag("b1");
-    writer().insertText(L"defg");
-    writer().insertTOC(2);
-    writer().insertText(L"h");
-    finish();
-    EXPECT_EQ(bookmark(u"b1"), "3-6");
 }
 
 TEST_F(TrackedPlacementTest, MarksEntriesWithLabelsAndWithoutPlaceholders)
@@ -648,8 +666,9 @@ Calls callsOfOrdinarySession(const Placement& placement)
     writer->insertText(L"Title");
     writer->insertEndl();
     writer->setStyle("Normal", false);
+    writer->insertText(L"Text ");
     writer->setFont(courier.data());
-    writer->insertText(L"Text with ");
+    writer->insertText(L"with ");
     writer->insertField(4);
     writer->insertEndl();
     writer->setTextAlign(2);

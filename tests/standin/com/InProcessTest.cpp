@@ -268,6 +268,8 @@ TEST_F(InProcess, AlignmentReachesTheParagraphsTouched)
     EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphCenter);
     EXPECT_EQ(document->Range()->GetParagraphFormat()->GetAlignment(), Word::wdUndefined);
     EXPECT_EQ(failureOf([&] { range->GetParagraphFormat()->PutAlignment(17); }), wordError(4608));
+    range->GetParagraphFormat()->Reset();
+    EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphLeft);
 }
 
 TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)

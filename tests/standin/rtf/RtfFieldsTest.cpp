@@ -111,6 +111,17 @@ TEST_F(RtfFieldsTest, BookmarksKeepTheirPlaces)
     expectSameAfterReading();
 }
 
+// Not every reader finds a bookmark in which another one begins.
+TEST_F(RtfFieldsTest, BookmarksWithoutTextStandBetweenEndsAndStarts)
+{
+    write(u"onetwo");
+    document->bookmarks().add(u"behind", range(3, 6));
+    document->bookmarks().add(u"point", range(3, 3));
+    document->bookmarks().add(u"word", range(0, 3));
+    EXPECT_THAT(rtf(), HasSubstr("one{\\*\\bkmkend word}{\\*\\bkmkstart point}{\\*\\bkmkend point}"
+                                 "{\\*\\bkmkstart behind}two"));
+}
+
 TEST_F(RtfFieldsTest, BookmarksInsideAndAroundFieldsKeepTheirPlaces)
 {
     write(u"ab");

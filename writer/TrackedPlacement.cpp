@@ -128,8 +128,8 @@ bool TrackedPlacement::isFontInForce(const MirovelSectionData& d, const FontData
     return !d.fontRuns.empty() && !(font != d.pendingFont);
 }
 
-// From the place in its cell where the run began to the place where the next one begins, over all cells
-// between. Cells are in Normal's font from the beginning.
+// From the place in its cell where the run began to the place where the next one begins. Rows that it covers
+// from end to end are formatted together. Cells are in Normal's font from the beginning.
 void TrackedPlacement::applyFontToTable(MirovelSection& writer, const FontSave& run,
                                         const FontSave* next) const
 {
@@ -141,22 +141,44 @@ void TrackedPlacement::applyFontToTable(MirovelSection& writer, const FontSave& 
     if (next && next->getTable().GetInterfacePtr() != table.GetInterfacePtr())
         next = nullptr;
     const long columns = std::max<long>(d.tableColumns, 1);
+    const long firstRow = run.getRow();
     const long firstCol = std::min<long>(run.getCol(), columns);
-    const long lastRow = next ? next->getRow() : table->GetRows()->GetCount();
-    const long nextCol = next ? std::min<long>(next->getCol(), columns) : 0;
+    const long nextRow = next ? next->getRow() : table->GetRows()->GetCount() + 1;
+    const long nextCol = next ? std::min<long>(next->getCol(), columns) : columns;
 
-    for (long row = run.getRow(); row <= lastRow; ++row) {
-        const bool inFirstRow = row == run.getRow();
-        const bool inNextRow = next && row == lastRow;
-        const long lastCol = inNextRow ? nextCol : columns;
-        for (long col = inFirstRow ? firstCol : 1; col <= lastCol; ++col) {
-            const Word::RangePtr range = table->Cell(row, col)->GetRange();
-            const long start = inFirstRow && col == firstCol ? run.getStart() : range->GetStart();
-            const long end = inNextRow && col == nextCol ? next->getStart() : range->GetEnd();
-            if (start < end)
-                MirovelSection::putFont(range, start, end, font);
-        }
+    const bool firstRowIsWhole =
+        firstCol == 1 && table->Cell(firstRow, 1)->GetRange()->GetStart() == run.getStart();
+    const long firstWholeRow = firstRowIsWhole ? firstRow : firstRow + 1;
+    if (!firstRowIsWhole) {
+        const bool ends = nextRow == firstRow;
+        putFontOnCells(table, firstRow, {firstCol, run.getStart()},
+                       {ends ? nextCol : columns, ends ? next->getStart() : rowEnd}, font);
     }
+    if (firstWholeRow < nextRow)
+        putFontOnRows(table, firstWholeRow, nextRow - 1, font);
+    if (next && firstWholeRow <= nextRow)
+        putFontOnCells(table, nextRow, {1, cellStart}, {nextCol, next->getStart()}, font);
+}
+
+void TrackedPlacement::putFontOnCells(const Word::TablePtr& table, long row, const PlaceInRow& from,
+                                      const PlaceInRow& to, const FontData& font)
+{
+    for (long col = from.col; col <= to.col; ++col) {
+        const Word::RangePtr range = table->Cell(row, col)->GetRange();
+        const long start = col == from.col && from.position != cellStart ? from.position : range->GetStart();
+        const long end = col == to.col && to.position != rowEnd ? to.position : range->GetEnd();
+        if (start < end)
+            MirovelSection::putFont(range, start, end, font);
+    }
+}
+
+void TrackedPlacement::putFontOnRows(const Word::TablePtr& table, long first, long last, const FontData& font)
+{
+    const Word::RowsPtr rows = table->GetRows();
+    const Word::RangePtr range = rows->Item(first)->GetRange();
+    if (last > first)
+        range->PutEnd(rows->Item(last)->GetRange()->GetEnd());
+    MirovelSection::toFontPtr(range->GetFont(), font);
 }
 
 void TrackedPlacement::fontInForceAgain(MirovelSection& writer, const FontData& font) const

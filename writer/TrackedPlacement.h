@@ -59,4 +59,18 @@ public:
     void clearPart(const Word::RangePtr& range) const override;
     bool readsFontsOfThisDocument() const override { return true; }
     void writingEnds(MirovelSection& writer) const override;
+
+private:
+    /// A column, and a position in its cell as Word counts.
+    struct PlaceInRow
+    {
+        long col;
+        long position;
+    };
+    static constexpr long cellStart = -1;
+    static constexpr long rowEnd = -1;
+
+    static void putFontOnCells(const Word::TablePtr& table, long row, const PlaceInRow& from,
+                               const PlaceInRow& to, const FontData& font);
+    static void putFontOnRows(const Word::TablePtr& table, long first, long last, const FontData& font);
 };

@@ -344,6 +344,53 @@ TEST_F(TrackedPlacementTest, GivesEachCellTheFontInForce)
     EXPECT_EQ(cellsIn(u"Courier New"), "[--+][+]/[+][+]/[+-][-]");
 }
 
+TEST_F(TrackedPlacementTest, FormatsWholeRowsTogether)
+{
+    const auto callsFor = [&](int rows) {
+        writer().startTable();
+        for (int row = 0; row < rows; ++row) {
+            writer().addRow();
+            writer().addCell();
+            if (row == 1)
+                writer().setFont(courier.data());
+            addCell(L"a");
+        }
+        writer().endTable();
+        writer().insertEndl();
+        takeCalls();
+        writer().applyFont();
+        return takeCalls().size();
+    };
+    const std::size_t three = callsFor(3);
+    EXPECT_EQ(cellsIn(u"Courier New"), "[][-]/[][+]/[][+]");
+    EXPECT_EQ(callsFor(9), three);
+}
+
+TEST_F(TrackedPlacementTest, StopsAFontInTheMiddleOfACell)
+{
+    openTable();
+    writer().addCell();
+    writer().setFont(courier.data());
+    writer().insertText(L"ab");
+    addCell(L"c");
+    writer().addRow();
+    addCell(L"d");
+    writer().addCell();
+    writer().insertText(L"e");
+    writer().setFont(bold.data());
+    writer().insertText(L"f");
+    writer().setFont(normalFont.data());
+    writer().insertText(L"g");
+    writer().addRow();
+    addCell(L"h");
+    addCell(L"i");
+    writer().endTable();
+    finish();
+    EXPECT_EQ(cellsIn(u"Courier New"), "[++][+]/[+][++-]/[-][-]");
+    EXPECT_FALSE(fontAt(tables().front().rows()[1].cells()[1].range().start()).bold.value());
+    EXPECT_TRUE(fontAt(tables().front().rows()[1].cells()[1].range().start() + 1).bold.value());
+}
+
 TEST_F(TrackedPlacementTest, KeepsATablesLastFontWhenTextWithAStyleFollows)
 {
     openTable();

@@ -8,6 +8,7 @@
 #include "mirovelsection.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -197,14 +198,15 @@ std::int32_t TrackedPlacement::lastAlignmentEnd(const MirovelSectionData& d) con
     return d.table->GetRange()->GetEnd() - 1;
 }
 
-// Without an alignment before, the heading's own ends: the style of each paragraph decides again.
+// Where no alignment was said before, the heading's own ends: the style of each paragraph decides again.
 void TrackedPlacement::alignAgain(MirovelSection& writer, std::int16_t align) const
 {
-    const MirovelSectionData& d = *writer.data_;
-    const bool ends = align == nothingSaid && d.alignment != align;
+    MirovelSectionData& d = *writer.data_;
+    const bool headingHasOwn = d.alignment != align;
+    const bool saidBefore = d.alignRuns.size() > 1 && std::next(d.alignRuns.rbegin())->isSet;
     writer.setTextAlign(align);
-    if (ends)
-        writer.data_->alignRuns.back().isSet = false;
+    if (headingHasOwn && !saidBefore)
+        d.alignRuns.back().isSet = false;
 }
 
 // Word makes one table of two that touch.

@@ -280,6 +280,18 @@ TEST_F(TrackedPlacementTest, LeavesTheAlignmentOfStylesBehindTheTableOfContents)
     EXPECT_EQ(last.paragraphFormat().alignment, model::Alignment::center);
 }
 
+TEST_F(TrackedPlacementTest, KeepsAnAlignmentThatWasSaidBehindTheTableOfContents)
+{
+    writer().setTextAlign(2);
+    writer().setTextAlign(0);
+    writer().insertTOC(0);
+    writer().setStyle("Title", false);
+    writer().insertText(L"a");
+    finish();
+    const model::LiveRange last(model().mainStory(), end() - 2, end() - 1);
+    EXPECT_EQ(last.paragraphFormat().alignment, model::Alignment::left);
+}
+
 TEST_F(TrackedPlacementTest, TakesOnlyHeadingsForHeadings)
 {
     addStyle(u"Chapter 12");

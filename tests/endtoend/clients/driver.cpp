@@ -235,6 +235,16 @@ private:
     {
         return [this, method](const Words& words) { return said((object()->*method)(number(words, 1))); };
     }
+    Step call(HRESULT (STDMETHODCALLTYPE IDocument::*method)(BSTR, BSTR))
+    {
+        return [this, method](const Words& words) {
+            return said((object()->*method)(text(words, 1), text(words, 2)));
+        };
+    }
+    Step call(HRESULT (STDMETHODCALLTYPE IDocument::*method)(long))
+    {
+        return [this, method](const Words& words) { return said((object()->*method)(number(words, 1))); };
+    }
     Step call(HRESULT (STDMETHODCALLTYPE IDocument::*method)(BSTR*))
     {
         return [this, method](const Words&) {
@@ -313,6 +323,12 @@ private:
             object()->overrideRegistry(text(words, 1), text(words, 2), text(words, 3), number(words, 4)));
     }
 
+    std::string setFontAttribute(const Words& words)
+    {
+        const VARIANT_BOOL isOn = number(words, 2) != 0 ? VARIANT_TRUE : VARIANT_FALSE;
+        return said(object()->setFontAttribute(number(words, 1), isOn));
+    }
+
     Step member(std::string (Driver::*method)(const Words&))
     {
         return [this, method](const Words& words) { return (this->*method)(words); };
@@ -344,6 +360,22 @@ private:
         {"endHeader", call(&IDocument::endHeader)},
         {"startFooter", call(&IDocument::startFooter)},
         {"endFooter", call(&IDocument::endFooter)},
+        {"insertField", call(&IDocument::insertField)},
+        {"setFontName", call(&IDocument::setFontName)},
+        {"setFontSize", call(&IDocument::setFontSize)},
+        {"setFontAttribute", member(&Driver::setFontAttribute)},
+        {"setTextAlign", call(&IDocument::setTextAlign)},
+        {"insertTOC", call(&IDocument::insertTOC)},
+        {"startTOCEntry", call(&IDocument::startTOCEntry)},
+        {"endTOCEntry", call(&IDocument::endTOCEntry)},
+        {"startTable", call(&IDocument::startTable)},
+        {"endTable", call(&IDocument::endTable)},
+        {"addRow", call(&IDocument::addRow)},
+        {"addCell", call(&IDocument::addCell)},
+        {"setTableRowHeight", call(&IDocument::setTableRowHeight)},
+        {"insertTag", call(&IDocument::insertTag)},
+        {"insertXref", call(&IDocument::insertXref)},
+        {"insertImage", call(&IDocument::insertImage)},
     };
 };
 

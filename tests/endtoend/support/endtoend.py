@@ -86,7 +86,11 @@ class EndToEndTest(unittest.TestCase):
 
     def drive(self, calls, **options):
         """Runs the calls by virtual table, in the C++ driver; \"new\" and \"release\" are among the calls."""
-        steps = self._write("steps.txt", clients.driver_steps(calls), "utf-8")
+        return self.run_steps(clients.driver_steps(calls), **options)
+
+    def run_steps(self, steps, **options):
+        """The same from the driver's own lines."""
+        steps = self._write("steps.txt", steps, "utf-8")
         return self.run_client(DRIVER, windows(steps), **options)
 
     def _write(self, name, text, encoding):

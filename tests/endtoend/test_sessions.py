@@ -1,0 +1,69 @@
+"""Random sessions in which the writer tracks positions: LibreOffice reads the text that the reference model predicts."""
+
+import json
+import os
+import pathlib
+import re
+import subprocess
+
+from support.endtoend import ROOT, EndToEndTest, windows
+
+SESSIONS = pathlib.Path(os.environ["MIROVEL_SESSIONS"])
+FIRST = 100_001
+RUNS, SESSIONS_PER_RUN = 4, 50
+PICTURE = ROOT / "samples" / "report-files" / "sign.bmp"
+
+
+class Sessions(EndToEndTest):
+    def test_their_documents_say_what_the_calls_say(self):
+        sessions = self.sessions()
+        documents = [self.new_document(f"session{FIRST + number}.doc") for number in range(len(sessions))]
+        played = list(zip(sessions, documents))
+        for run in range(RUNS):
+            self.play(played[run::RUNS])
+        wrong = [f"{document.stem}\n{session['steps']}expected {session['text']!r}\nfound    {text!r}"
+                 for (session, document), text in zip(played, self.texts_of(documents))
+                 if not re.fullmatch(pattern_of(session["text"]), text, re.DOTALL)]
+        self.assertEqual(0, len(wrong), "\n".join(wrong[:3]))
+
+    def play(self, sessions):
+        """One client writes the documents one after the other."""
+        lines = ["new", "overrideRegistry\tWord\tTrackPositions\t1\t3", "start"]
+        for session, document in sessions:
+            lines += [f"create\t{step_word(windows(document))}",
+                      *session["steps"].replace("picture.bmp", step_word(windows(PICTURE))).splitlines(), "close"]
+        lines += ["stop", "release"]
+        self.assertAllOk(self.run_steps("\n".join(lines) + "\n"))
+
+    def sessions(self):
+        result = subprocess.run([ROOT / "scripts" / "in-wine", SESSIONS, str(FIRST), str(RUNS * SESSIONS_PER_RUN)], check=True,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, timeout=120)
+        return [json.loads(line) for line in result.stdout.decode("ascii").splitlines()]
+
+    def texts_of(self, documents):
+        folder = self.folder / "converted"
+        subprocess.run([ROOT / "scripts" / "office-convert", "txt", *documents, folder], check=True, timeout=240)
+        texts = [(folder / f"{document.stem}.txt").read_text("utf-8-sig") for document in documents]
+        # LibreOffice puts a narrow space in front of each of several spaces.
+        return [text.replace("\u2006 ", " ") for text in texts]
+
+
+def step_word(path):
+    return path.replace("\\", "\\\\")
+
+
+# What the reference model's text has where there is no text, and what LibreOffice may show there.
+MARKS = {
+    "\ue000": ".*?",  # the table of contents
+    "\ue001": "[^\n]*?",  # a field
+    "\ue002": "",  # a picture
+    "\ue003": "\n?",  # a page break: ends the paragraph, unless it begins it
+    "\ue004": "",  # a section break: the paragraph's end follows
+    "\ue005": "\n?",  # a section break that is all of its paragraph, with the end
+}
+
+
+def pattern_of(text):
+    """What LibreOffice may make of the model's text."""
+    text = re.sub("(^|\n)\ue004\n", "\\1\ue005", text)
+    return "".join(MARKS.get(character, re.escape(character)) for character in text)

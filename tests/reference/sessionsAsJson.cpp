@@ -1,0 +1,93 @@
+// sessions_as_json FIRST COUNT: random sessions, one a line, as a JSON object with
+//   steps   for the end-to-end tests' client, from the first content call to the last
+//   text    of the body, as the reference model says: a line for each paragraph; what is not text as private
+//           characters (see the table below)
+#include "DocumentContent.h"
+#include "PrintableText.h"
+#include "RandomSession.h"
+#include "ReferenceDocument.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace reference {
+namespace {
+
+// The other side of this table stands in the test that reads it.
+constexpr char16_t contentsMark = 0xE000;
+constexpr char16_t fieldMark = 0xE001;
+constexpr char16_t pictureMark = 0xE002;
+constexpr char16_t pageBreakMark = 0xE003;
+constexpr char16_t sectionMark = 0xE004;
+
+std::u16string textOf(const StoryContent& story)
+{
+    std::u16string text;
+    for (const Token& token : story.tokens) {
+        switch (token.kind) {
+        case TokenKind::character:
+            text += token.character;
+            break;
+        case TokenKind::pageBreak:
+            text += pageBreakMark;
+            break;
+        case TokenKind::picture:
+            text += pictureMark;
+            break;
+        case TokenKind::field:
+            text += fieldMark;
+            break;
+        case TokenKind::contents:
+            text += contentsMark;
+            break;
+        case TokenKind::sectionEnd:
+            text += sectionMark;
+            text += u'\n';
+            break;
+        case TokenKind::paragraphEnd:
+        case TokenKind::cellEnd:
+            text += u'\n';
+            break;
+        case TokenKind::entry:
+        case TokenKind::rowEnd:
+            break;
+        }
+    }
+    return text;
+}
+
+/// `printable` escapes as JSON does, but for quotes.
+std::string quoted(std::string_view printableText)
+{
+    std::string result = "\"";
+    for (const char c : printableText) {
+        if (c == '"')
+            result += '\\';
+        result += c;
+    }
+    return result + '"';
+}
+
+std::string asJson(const Session& session)
+{
+    ReferenceDocument document(isAddress);
+    document.perform(session);
+    const std::string steps = stepsOf(session);
+    const std::string text = printable(textOf(*document.content().stories.front()));
+    return "{\"steps\": " + quoted(printable(std::u16string(steps.begin(), steps.end()))) +
+           ", \"text\": " + quoted(text) + "}";
+}
+
+} // namespace
+} // namespace reference
+
+int main(int argc, char** argv)
+{
+    if (argc != 3)
+        return 2;
+    const auto first = static_cast<std::uint32_t>(std::atoi(argv[1]));
+    const auto count = static_cast<std::uint32_t>(std::atoi(argv[2]));
+    for (std::uint32_t seed = first; seed < first + count; ++seed)
+        std::cout << reference::asJson(reference::randomSession(seed)) << '\n';
+    return 0;
+}

@@ -136,8 +136,6 @@ public:
     /// tag, and a header that is started again goes on.
     virtual bool joinsWriters() const { return false; }
 
-    /// Whether the first writer of a document asks Word for Normal's font, which another document may have
-    /// had before.
     /// A header or footer of the document is about to be written again: `range` is where, emptied.
     virtual void clearPart(const Word::RangePtr&) const {}
 

@@ -237,6 +237,16 @@ TEST_F(TrackedPlacementTest, GivesEachStyleAParagraphOfItsOwn)
     EXPECT_EQ(styleAt(4), u"Heading 2");
 }
 
+TEST_F(TrackedPlacementTest, LeavesParagraphEndsOutOfAStyleThatBeginsWithThem)
+{
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"\r\n\na");
+    finish();
+    EXPECT_EQ(shown(), "//a");
+    EXPECT_EQ(styleAt(1), u"Normal");
+    EXPECT_EQ(styleAt(2), u"Heading 1");
+}
+
 TEST_F(TrackedPlacementTest, LeavesNoTraceOfAStyleWithoutText)
 {
     writer().setStyle("Heading 1", false);

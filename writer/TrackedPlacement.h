@@ -5,10 +5,10 @@
 /// The mode of "Word"/"TrackPositions": the document equals what the client said.
 ///
 /// Four things make it right, and the rest follows from them. The count is exact, and Word is asked where
-/// Word alone knows. A run ends where the next begins, cell by cell in a table, and what stands behind a
-/// table or a file starts from the plain last paragraph. Links and the table of contents are drawn from the
-/// back to the front, so none moves one that is still to be drawn. A writer whose links wait for tags of
-/// others is kept until the document is closed.
+/// Word alone knows. A run ends where the next begins, in a table in the middle of a cell if need be, and
+/// what stands behind a table or a file starts from the plain last paragraph. Links and the table of contents
+/// are drawn from the back to the front, so none moves one that is still to be drawn. A writer whose links
+/// wait for tags of others is kept until the document is closed.
 class TrackedPlacement : public Placement
 {
 public:

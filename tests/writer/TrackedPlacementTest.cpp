@@ -388,6 +388,28 @@ TEST_F(TrackedPlacementTest, FormatsWholeRowsTogether)
     EXPECT_EQ(callsFor(9), three);
 }
 
+TEST_F(TrackedPlacementTest, LeavesACellAloneThatTheNextFontTakesWhole)
+{
+    openTable();
+    writer().addCell();
+    writer().setFont(courier.data());
+    addCell(L"a");
+    writer().setFont(bold.data());
+    writer().insertText(L"b");
+    writer().addRow();
+    addCell(L"c");
+    writer().addCell();
+    writer().setFont(courier.data());
+    writer().setFont(bold.data());
+    writer().insertText(L"d");
+    writer().endTable();
+    takeCalls();
+    writer().applyFont();
+    // Two cells in the first font, two and the last one in the second; nothing for runs that end where they
+    // begin.
+    EXPECT_THAT(takeCalls(), testing::Contains(testing::HasSubstr(".Font -> ")).Times(5));
+}
+
 TEST_F(TrackedPlacementTest, StopsAFontInTheMiddleOfACell)
 {
     openTable();

@@ -5,6 +5,7 @@
 #include "mirovelsection.h"
 #include "sysSupport/SysDirectory.h"
 
+#include <memory>
 #include <utility>
 
 DocSession::DocSession() : placement(&Placement::counted()), startDirectory(SysDirectory::current()) {}
@@ -114,5 +115,7 @@ _bstr_t DocSession::said(std::string_view text) const
 
 void destroySection(MirovelSection*& section)
 {
-    delete std::exchange(section, nullptr);
+    const std::unique_ptr<MirovelSection> ended(std::exchange(section, nullptr));
+    if (ended)
+        ended->finish();
 }

@@ -19,7 +19,7 @@ class Placement;
 struct DocSession
 {
     DocSession();
-    /// Every writer must be gone by then: destroying one calls Word and may fail.
+    /// Every writer must be gone by then: `releaseSections`.
     ~DocSession();
     DocSession(const DocSession&) = delete;
     DocSession& operator=(const DocSession&) = delete;
@@ -67,8 +67,8 @@ struct DocSession
     Word::OptionsPtr options;
     BookmarkMgr bookmarks;
 
-    /// Destroys the header, footer, main and waiting writers, in that order, which completes their pending
-    /// work. The first failure leaves the ones after it alive; called again, it goes on with those.
+    /// Completes and destroys the header, footer, main and waiting writers, in that order. The first failure
+    /// leaves the ones after it alive; called again, it goes on with those.
     void releaseSections();
     bool hasSections() const;
 
@@ -103,5 +103,6 @@ private:
     void forgetWaiting(bool isHeader, std::int32_t number);
 };
 
-/// Destroys a writer, of which `section` forgets first: its pending work may fail.
+/// Completes a writer's pending work and destroys it. `section` forgets it first: the work may fail, and the
+/// writer is gone all the same.
 void destroySection(MirovelSection*& section);

@@ -7,6 +7,5 @@ public:
     QdxObject() = default;
     QdxObject(const QdxObject&) = default;
     QdxObject& operator=(const QdxObject&) = default;
-    /// May throw: a writer does its last work in its destructor.
-    virtual ~QdxObject() noexcept(false) = default;
+    virtual ~QdxObject() = default;
 };

@@ -6,7 +6,6 @@
 #include "WordConstants.h"
 #include "registry/RegisterDynamic.h"
 
-#include <exception>
 #include <string_view>
 #include <utility>
 
@@ -51,26 +50,19 @@ MirovelSection& MirovelSection::operator=(const MirovelSection& other)
 {
     if (data_ == other.data_)
         return *this;
-    MirovelSection previous(*this); // does the pending work when it goes
+    MirovelSection previous(*this);
     previous.owned_ = std::move(owned_);
     data_ = other.data_;
+    previous.finish();
     return *this;
 }
 
-MirovelSection::~MirovelSection() noexcept(false)
-{
-    if (!owned_)
-        return;
-    try {
-        finish();
-    } catch (...) {
-        if (std::uncaught_exceptions() == 0)
-            throw;
-    }
-}
+MirovelSection::~MirovelSection() = default;
 
 void MirovelSection::finish()
 {
+    if (!owned_)
+        return;
     settle();
     data_->placement->draw(*this);
 }

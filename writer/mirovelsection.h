@@ -22,7 +22,7 @@ struct MirovelSectionData;
 /// The writer keeps its own count of the characters it has written (the insertion position) and asks Word for
 /// positions only where Word alone can know them, so that writing text costs one Word call. Styles, fonts and
 /// alignments are recorded as runs against that count and applied to whole ranges later; links and the table
-/// of contents are drawn last, when the writer is destroyed.
+/// of contents are drawn last, by `finish`.
 ///
 /// While a table is open, text, fields, pictures, files and links go into the current cell.
 ///
@@ -46,14 +46,17 @@ public:
     /// not outlive it.
     MirovelSection(const MirovelSection& other);
 
-    /// Completes this writer's own pending work first, then shares the state of `other` as a copy does.
+    /// Shares the state of `other` from then on, as a copy does. This writer's own pending work is completed;
+    /// its failure leaves the assignment.
     MirovelSection& operator=(const MirovelSection& other);
 
     /// Does the pending work in this order: style run, font runs, alignment runs, the end of the last tag,
-    /// links, table of contents. The first failure stops the rest and leaves the destructor, unless the stack
-    /// is already unwinding; all references are released in any case. Destroy the writer before the document
-    /// is saved.
-    ~MirovelSection() noexcept(false) override;
+    /// Only releases: work that `finish` has not done is lost.
+    ~MirovelSection() override;
+
+    /// links, table of contents. The first failure stops the rest. The last call that a writer gets, before
+    /// the document is saved; on a copy it does nothing.
+    void finish();
 
     /// Records that `font` begins at the insertion position.
     virtual void storeFont(const FontData& font);
@@ -162,7 +165,6 @@ private:
     friend class Placement;
     friend class TrackedPlacement;
 
-    void finish();
     void setRange(const Word::RangePtr& range);
     void loInsertText(const wchar_t* text);
     void writeText(const wchar_t* text);

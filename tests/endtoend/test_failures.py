@@ -87,6 +87,21 @@ class WordFailing(EndToEndTest):
         outcome = self.drive(self.calls, env={"WORDSTANDIN_FAIL": f"{saves[1]}:0x800a141f"})
         self.assertRegex(answers(outcome, "close")[0], r"^QdxException Saving document\\nCOMERROR 0x800a141f\\n")
 
+    def test_a_failure_at_the_end_is_told_after_one_that_the_client_caught(self):
+        # The client and the DLL have a C++ runtime each: the DLL's does not learn that its exception was caught.
+        calls = self.calls[:3] + [("insertTOC",), ("insertText", "text"), ("insertEndl",)] + self.calls[-2:]
+        transcript = self.drive(calls).transcript
+        text, table = (next(i for i, line in enumerate(transcript, 1) if call in line)
+                       for call in ('.InsertAfter("text")', "TablesOfContents@1.Add("))
+        for failing_text in (False, True):
+            with self.subTest(failing_text=failing_text):
+                outcome = self.drive(calls, env={"WORDSTANDIN_FAIL": ",".join(
+                    f"{n}:0x800a16c1" for n in ([text] if failing_text else []) + [table])})
+                self.assertRegex(answers(outcome, "insertText")[0],
+                                 r"^QdxException insertText\\n" if failing_text else "^ok$")
+                self.assertIn("TablesOfContents@1.Add(", outcome.transcript[table - 1])
+                self.assertRegex(answers(outcome, "close")[0], r"^QdxException Saving document\\nCOMERROR 0x800a16c1\\n")
+
 
 class UnwritableFiles(EndToEndTest):
     NOWHERE = "Z:\\no\\such\\folder\\"

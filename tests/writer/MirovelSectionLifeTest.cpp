@@ -3,6 +3,9 @@
 #include "registry/RegisterDynamic.h"
 #include "tracedll/Trace.h"
 
+#include <functional>
+#include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -43,7 +46,7 @@ TEST_F(MirovelSectionLifeTest, TheConstructorAsksForStylesThenForThePage)
     EXPECT_EQ(takeCalls(), join(Calls{"Document@1.Styles -> Styles@1"}, styleFontRead("-1", 1, 1, normalFont),
                                 Calls{"Document@1.PageSetup -> PageSetup@1", "PageSetup@1.PageWidth -> 612f",
                                       "PageSetup@1.RightMargin -> 90f", "PageSetup@1.LeftMargin -> 90f"}));
-    delete writer;
+    endWriter(writer);
 }
 
 TEST_F(MirovelSectionLifeTest, ANewWriterStandsAtTheStart)
@@ -87,7 +90,7 @@ TEST_F(MirovelSectionLifeTest, ANewWriterStandsAtTheStart)
     EXPECT_FALSE(data.lastTagBookmark);
     EXPECT_EQ(data.endlCount, 0);
     EXPECT_EQ(writer->getSectionCount(), 1);
-    delete writer;
+    endWriter(writer);
 }
 
 TEST_F(MirovelSectionLifeTest, TheTextWidthComesFromThePage)
@@ -98,7 +101,7 @@ TEST_F(MirovelSectionLifeTest, TheTextWidthComesFromThePage)
     page.rightMargin = 40.0F;
     MirovelSection* const writer = newWriter();
     EXPECT_EQ(MirovelSectionProbe::data(*writer).textWidth, 595.25F - (40.0F + 70.5F + 2.0F));
-    delete writer;
+    endWriter(writer);
 }
 
 /// A value of ours in the user's registry; what stood there before is put back.
@@ -125,21 +128,21 @@ TEST_F(MirovelSectionLifeTest, TheInstallationDirectoryComesFromTheRegistryAsItS
         const InstallDirSetting setting(directory);
         MirovelSection* const writer = newWriter();
         EXPECT_STREQ(MirovelSectionProbe::data(*writer).installDir.data(), directory);
-        delete writer;
+        endWriter(writer);
     }
 }
 
 TEST_F(MirovelSectionLifeTest, AnUnusedWriterAppliesItsStyleAndItsFont)
 {
     MirovelSection* const writer = newWriter();
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls(), join(rangeLaid(0, 0), Calls{"Range@1.Style = -1"}, rangeLaid(0, 0),
                                 fontWritten("Range@1", 2, normalFont), Calls{"Document@1.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionLifeTest, TheEndDoesWhatWaitsInItsOrder)
 {
-    delete busyWriter();
+    endWriter(busyWriter());
     EXPECT_EQ(takeCalls(), busyWritersEnd_);
     EXPECT_EQ(text(), u"Title");
     EXPECT_EQ(styleAt(0), u"Heading 1");
@@ -155,7 +158,7 @@ TEST_F(MirovelSectionLifeTest, TheEndAppliesFontsThatNoStyleRunWaitsFor)
     writer->setFont(heading9Font.data());
     writer->insertText(L"cd");
     takeCalls();
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls(), join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font),
                                 Calls{"Document@1.UndoClear()"}));
 }
@@ -174,7 +177,7 @@ TEST_F(MirovelSectionLifeTest, EveryFailureAtTheEndStopsTheRestAndLeaves)
         session.clearTranscript();
 
         session.failCall(static_cast<long>(call), static_cast<HRESULT>(0x800A16C1));
-        EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }),
+        EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
                   static_cast<HRESULT>(0x800A16C1));
 
         Calls expected(busyWritersEnd_.begin(), busyWritersEnd_.begin() + static_cast<std::ptrdiff_t>(call));
@@ -187,31 +190,42 @@ TEST_F(MirovelSectionLifeTest, EveryFailureAtTheEndStopsTheRestAndLeaves)
     }
 }
 
-TEST_F(MirovelSectionLifeTest, AFailureWhileTheStackUnwindsStaysInside)
+TEST_F(MirovelSectionLifeTest, AFailureIsToldWhateverIsBeingHandled)
 {
-    struct EndsTheWriter
+    MirovelSection* writer = busyWriter();
+    session_.failCall(2, E_FAIL);
+    struct Ending
     {
-        MirovelSection* writer;
-        ~EndsTheWriter() { delete writer; }
+        std::function<void()> work;
+        ~Ending() { work(); }
     };
-    int caught = 0;
+    std::optional<HRESULT> told;
     try {
-        const EndsTheWriter owner{busyWriter()};
-        session_.failCall(2, E_FAIL);
+        const Ending ending{[&] { told = comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }); }};
         throw 42;
     } catch (int number) {
-        caught = number;
+        EXPECT_EQ(number, 42);
     }
-    EXPECT_EQ(caught, 42);
+    EXPECT_EQ(told, E_FAIL);
     EXPECT_EQ(takeCalls(), (Calls{"Range@1.Start = 0", "Range@1.End = 5 !! 0x80004005"}))
-        << "it is tried, and the first failure stops the rest";
+        << "the first failure stops the rest";
+}
+
+static_assert(std::is_nothrow_destructible_v<MirovelSection>);
+
+TEST_F(MirovelSectionLifeTest, TheDestructorOnlyReleases)
+{
+    const long held = session_.liveObjects();
+    delete busyWriter();
+    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_EQ(session_.liveObjects(), held);
 }
 
 TEST_F(MirovelSectionLifeTest, AWordThatHasGoneIsReportedByTheEnd)
 {
     MirovelSection* writer = busyWriter();
     application_->Quit();
-    EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }), RPC_E_DISCONNECTED);
+    EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }), RPC_E_DISCONNECTED);
 }
 
 TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
@@ -219,7 +233,8 @@ TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
     MirovelSection* writer = busyWriter();
     document_->Close();
     takeCalls();
-    EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }), static_cast<HRESULT>(0x800A16C1));
+    EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
+              static_cast<HRESULT>(0x800A16C1));
     EXPECT_EQ(takeCalls(), Calls{"Range@1.Start = 0 !! 0x800a16c1"});
 }
 
@@ -259,7 +274,7 @@ TEST_F(MirovelSectionLifeTest, ACopySharesTheStateAndLeavesTheWorkToItsOriginal)
     }
     EXPECT_EQ(takeCalls(), Calls{}) << "copies go without work";
     EXPECT_EQ(MirovelSectionProbe::data(*writer).pos, 6);
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls().at(1), "Range@1.End = 6");
     EXPECT_EQ(text(), u"Titles");
 }
@@ -277,10 +292,10 @@ TEST_F(MirovelSectionLifeTest, AssignmentCompletesOnesOwnWorkFirst)
     EXPECT_EQ(&MirovelSectionProbe::data(*writer), &MirovelSectionProbe::data(*other));
     writer->insertText(L"er");
     EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("er"))"});
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls(), Calls{}) << "it has become a copy";
     EXPECT_EQ(MirovelSectionProbe::data(*other).pos, 6);
-    delete other;
+    endWriter(other);
     EXPECT_EQ(takeCalls().at(1), "Range@2.End = 6");
 }
 
@@ -292,7 +307,7 @@ TEST_F(MirovelSectionLifeTest, AssignmentToItselfChangesNothing)
     MirovelSection copy(*writer);
     *writer = copy;
     EXPECT_EQ(takeCalls(), Calls{});
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls(), busyWritersEnd_);
 }
 
@@ -304,9 +319,9 @@ TEST_F(MirovelSectionLifeTest, AFailureOfOnesOwnWorkLeavesTheAssignment)
     session_.failCall(3, E_FAIL);
     EXPECT_EQ(comErrorOf([&] { *writer = *other; }), E_FAIL);
     EXPECT_EQ(takeCalls().size(), 3U);
-    delete writer;
+    endWriter(writer);
     EXPECT_EQ(takeCalls(), Calls{});
-    delete other;
+    endWriter(other);
 }
 
 TEST_F(MirovelSectionLifeTest, TakesACopyOfATrace)
@@ -319,7 +334,7 @@ TEST_F(MirovelSectionLifeTest, TakesACopyOfATrace)
     trace.setLevel(0);
     EXPECT_TRUE(MirovelSectionProbe::data(*writer).trace.isTrace(10));
     EXPECT_EQ(takeCalls(), Calls{});
-    delete writer;
+    endWriter(writer);
 }
 
 } // namespace

@@ -360,7 +360,7 @@ TEST_F(MirovelSectionStyleTest, WritersShareTheFontsOfStyles)
     takeCalls();
     EXPECT_EQ(MirovelSectionProbe::findFont(*other, "Heading 1"), heading1Font.data());
     EXPECT_EQ(takeCalls(), Calls{});
-    delete other;
+    endWriter(other);
 }
 
 TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)

@@ -542,7 +542,7 @@ TEST_F(MirovelSectionTableTest, AFailureToStartKeepsWhatStoodBeforeTheStep)
         }
         writer->endTable();
         writer->insertText(L"goes on");
-        delete writer;
+        endWriter(writer);
         const std::wstring text(document->Range()->GetText());
         EXPECT_NE(text.find(L"goes on"), std::wstring::npos);
         document = nullptr;

@@ -128,7 +128,7 @@ TEST_F(MirovelSectionTocDrawingTest, AFailureOfAnyStepLeavesTheEnd)
         writer->applyStyle();
         MirovelSectionProbe::applyAlign(*writer);
         session.failCall(call + 1, E_ACCESSDENIED); // behind UndoClear
-        EXPECT_EQ(comErrorOf([&] { delete std::exchange(writer, nullptr); }), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }), E_ACCESSDENIED);
         document = nullptr;
         EXPECT_EQ(session.liveObjects(), 0);
     }

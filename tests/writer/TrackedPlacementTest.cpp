@@ -29,13 +29,13 @@ protected:
     void TearDown() override
     {
         session_.clearFaults();
-        delete std::exchange(writer_, nullptr);
+        endWriter(std::exchange(writer_, nullptr));
         DocumentTest::TearDown();
     }
 
     MirovelSection& writer() { return *writer_; }
     MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
-    void finish() { delete std::exchange(writer_, nullptr); }
+    void finish() { endWriter(std::exchange(writer_, nullptr)); }
 
     void writeLine(const wchar_t* text)
     {
@@ -766,7 +766,7 @@ Calls callsOfOrdinarySession(const Placement& placement)
     writer->insertText(L"more");
     writer->insertHyperLink(" link", "http://a.example/", true);
     writer->insertEndl();
-    delete writer;
+    endWriter(writer);
     return session.transcript();
 }
 

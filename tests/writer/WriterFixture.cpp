@@ -6,6 +6,7 @@
 
 #include <objbase.h>
 
+#include <memory>
 #include <utility>
 
 namespace model = standin::model;
@@ -73,6 +74,13 @@ std::ostream& operator<<(std::ostream& out, const FontData& font)
     return out << '"' << font.name.data() << "\" " << font.size << (font.bold ? " bold" : "")
                << (font.italic ? " italic" : "") << (font.underline ? " underlined" : "")
                << (font.strikeThrough ? " struck through" : "");
+}
+
+void endWriter(MirovelSection* writer)
+{
+    const std::unique_ptr<MirovelSection> ended(writer);
+    if (ended)
+        ended->finish();
 }
 
 Apartment::Apartment()
@@ -183,14 +191,14 @@ void WriterTest::SetUp()
 void WriterTest::TearDown()
 {
     session_.clearFaults();
-    delete std::exchange(writer_, nullptr);
+    finish();
     DocumentTest::TearDown();
 }
 
 Calls WriterTest::finish()
 {
     session_.clearTranscript();
-    delete std::exchange(writer_, nullptr);
+    endWriter(std::exchange(writer_, nullptr));
     return takeCalls();
 }
 

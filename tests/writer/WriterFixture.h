@@ -60,6 +60,9 @@ Calls styleRunApplied(std::int32_t start, std::int32_t end, const std::string& s
 bool operator==(const FontData& a, const FontData& b);
 std::ostream& operator<<(std::ostream& out, const FontData& font);
 
+/// Finishes and destroys a writer, as its owners do; null is none.
+void endWriter(MirovelSection* writer);
+
 class Apartment
 {
 public:
@@ -110,7 +113,7 @@ protected:
 
     MirovelSection& writer() { return *writer_; }
     MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
-    /// Destroys the writer and gives the calls that this took.
+    /// Finishes and destroys the writer and gives the calls that this took.
     Calls finish();
 
     /// What follows goes into `cell`, as in an open table.
@@ -119,7 +122,7 @@ protected:
     void closeCell();
 
 private:
-    MirovelSection* writer_ = nullptr; // deleted where a failure can pass
+    MirovelSection* writer_ = nullptr; // finished where a failure can pass
 };
 
 /// Besides, the document has been emptied, as it is for a client: the output range ends where the writer has

@@ -68,7 +68,10 @@ void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, Header
     const Word::RangePtr range = primary->GetRange();
     range->Delete();
 
-    endHeaderFooter(slot);
+    // Only a writer that goes now ceases to be the current one, whatever fails from here on.
+    if (session.currentSection == slot)
+        session.currentSection = session.mainSection;
+    session.endSection(slot);
     session.beginSection(slot, lastSection, range);
     slot->setTrace(session.trace);
     slot->setStyle(style, false);

@@ -320,6 +320,34 @@ TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInTheBody)
     EXPECT_EQ(client->close(), S_OK);
 }
 
+TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInThePartThatIsOpen)
+{
+    client->startHeader();
+    const long calls = static_cast<long>(word.transcript().size());
+    for (const bool header : {true, false}) {
+        EXPECT_EQ(header ? client->startHeader() : client->startFooter(), S_OK); // the part that is open
+        word.clearTranscript();
+        EXPECT_EQ(client->insertText(L"."_b), S_OK);
+        const Lines inPart = takeTranscript();
+        std::string text = ".";
+        for (long call = 1; call <= calls; ++call) {
+            SCOPED_TRACE((header ? "header open, call " : "footer open, call ") + std::to_string(call));
+            MirovelSection::clearCache();
+            word.failCall(call, refused);
+            outcome([&] { return header ? client->startFooter() : client->startHeader(); });
+            EXPECT_FALSE(word.transcript().empty());
+            EXPECT_THAT(word.transcript(), testing::Contains(testing::HasSubstr(" !! 0x800a1234")));
+            word.clearFaults();
+            word.clearTranscript();
+            EXPECT_EQ(client->insertText(L"."_b), S_OK);
+            EXPECT_EQ(takeTranscript(), inPart);
+            text += '.';
+        }
+        EXPECT_EQ(header ? headerText() : footerText(), text);
+    }
+    EXPECT_EQ(documentText(), "");
+}
+
 TEST_F(HeaderFooterTest, AFailureToEndReturnsContentToTheBody)
 {
     client->startHeader();

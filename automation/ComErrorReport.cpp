@@ -17,6 +17,14 @@ QdxString description(const _com_error& error)
                                               : toNarrow(error.ErrorMessage());
 }
 
+// Called while the object is being destroyed, which nothing may stop: without memory there is no report.
+void traceComError(Trace& trace, const char* activity, const _com_error& error) noexcept
+try {
+    if (trace.isTrace(1))
+        trace << comErrorText(activity, error) << std::endl;
+} catch (...) { // NOLINT(bugprone-empty-catch): see above
+}
+
 } // namespace
 
 QdxString comErrorText(const char* activity, const _com_error& error)
@@ -32,9 +40,15 @@ void reportComError(DocSession& session, const char* activity, const _com_error&
 {
     const QdxString text = comErrorText(activity, error);
     if (!session.quietErrors)
-        throwLogged(QdxException(text));
-    if (session.trace.isTrace(1))
-        session.trace << text << std::endl;
+        throwLogged(QdxException(comErrorText(activity, error)));
+    traceComError(session.trace, activity, error);
+}
+
+void logCaught(const QdxException& exception)
+{
+    QdxLogBase* const log = QdxException::getLog();
+    if (log->isOn("Catch"))
+        *log << "Exception catch: " << exception.reasonText() << std::endl;
 }
 
 void throwLogged(const QdxException& exception)

@@ -11,7 +11,7 @@ struct DocSession;
 QdxString comErrorText(const char* activity, const _com_error& error);
 
 /// Throws a `QdxException` with that text; while the session's errors are quiet, writes it to the trace at
-/// level 1 instead and returns.
+/// level 1 instead; nothing is thrown then.
 void reportComError(DocSession& session, const char* activity, const _com_error& error);
 
 /// Throws `exception`, after a line in the exception log when its category "Throw" is on.

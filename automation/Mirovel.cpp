@@ -27,7 +27,8 @@ Mirovel::~Mirovel()
     DocSession& session = *session_;
     session.quietErrors = true;
     if (session.wordStarted) {
-        bool visible = false;
+        // A Word that does not say stays: the user may be looking at it.
+        bool visible = true;
         framed("Looking for Word's window",
                [&] { visible = session.application->GetVisible() != VARIANT_FALSE; });
         if (!visible) {

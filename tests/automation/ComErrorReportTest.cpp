@@ -1,5 +1,6 @@
 #include "ComErrorReport.h"
 
+#include "AllocationFaults.h"
 #include "DocSession.h"
 #include "FrontEndTest.h"
 
@@ -49,6 +50,35 @@ TEST(ComErrorReportTest, OnlyTracesWhileErrorsAreQuiet)
     EXPECT_NO_THROW(reportComError(session, "level 1", _com_error(E_POINTER)));
     session.trace.close();
     EXPECT_EQ(contentOf(name), "level 1\r\nCOMERROR 0x80004003\r\n" + systemMessage(E_POINTER) + "\r\n");
+}
+
+TEST(ComErrorReportTest, BuildsNoReportThatTheTraceDoesNotWant)
+{
+    const ScratchFolder folder;
+    DocSession session;
+    session.quietErrors = true;
+    session.trace.open(folder.file("quiet.log").c_str());
+    const _com_error error(E_POINTER);
+    const AllocationFaults faults(0);
+    reportComError(session, "activity", error);
+    EXPECT_EQ(faults.refused(), 0);
+}
+
+TEST(ComErrorReportTest, DoesWithoutAQuietReportWhenThereIsNoMemory)
+{
+    const ScratchFolder folder;
+    int granted = 0;
+    for (bool refusedAny = true; refusedAny && granted < 100; ++granted) {
+        DocSession session;
+        session.quietErrors = true;
+        session.trace.open(folder.file("quiet.log").c_str());
+        session.trace.setLevel(1);
+        const _com_error error(E_POINTER);
+        const AllocationFaults faults(granted);
+        EXPECT_NO_THROW(reportComError(session, "activity", error)) << granted;
+        refusedAny = faults.refused() != 0;
+    }
+    EXPECT_GT(granted, 1) << "nothing was refused";
 }
 
 } // namespace

@@ -49,6 +49,24 @@ TEST_F(DestructionTest, LeavesWordThatTheUserSeesWithItsDocument)
     EXPECT_EQ(word.model().documentCount(), 1);
 }
 
+TEST_F(DestructionTest, LeavesWordThatDoesNotSayWhetherTheUserSeesIt)
+{
+    openDocument();
+    client->insertText(L"abc"_b);
+    trace(1);
+    word.clearTranscript();
+    word.failCall(1, refused);
+    release();
+    const Lines calls = takeTranscript();
+    EXPECT_EQ(calls.front(), "Application@1.Visible !! 0x800a1234");
+    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1"));
+    EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".Close("))));
+    EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".SaveAs("))));
+    EXPECT_FALSE(word.hasQuit());
+    EXPECT_EQ(log(),
+              logLines({"Looking for Word's window", "COMERROR 0x800a1234", "Unknown error 0x800A1234"}));
+}
+
 TEST_F(DestructionTest, LeavesWordThatShowLastHasShown)
 {
     openDocument();

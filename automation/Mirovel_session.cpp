@@ -20,6 +20,23 @@ constexpr DWORD wordExitTime = 1000;
 /// Word is registered nowhere.
 constexpr HRESULT wordNotInstalled = CO_E_CLASSSTRING;
 
+Word::_ApplicationPtr startWord()
+{
+    Word::_ApplicationPtr application;
+    const HRESULT created = application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+    if (FAILED(created) && created != E_NOINTERFACE)
+        _com_issue_error(created);
+    return application;
+}
+
+// Nobody sees the Word that `start` began, so nobody else would end it.
+void quitWord(const Word::_ApplicationPtr& application)
+try {
+    application->Quit();
+} catch (
+    const _com_error&) { // NOLINT(bugprone-empty-catch): the failure before this one is the one to report
+}
+
 bool isWordDocument(const QdxString& fileName)
 {
     return fileName.find(".doc") != QdxString::npos;
@@ -44,14 +61,16 @@ STDMETHODIMP Mirovel::start()
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
-    if (const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass)) {
-        session.application = running;
-    } else {
-        const HRESULT created = session.application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
-        if (FAILED(created) && created != E_NOINTERFACE)
-            _com_issue_error(created);
+    const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass);
+    const Word::_ApplicationPtr application = running ? Word::_ApplicationPtr(running) : startWord();
+    try {
+        session.documents = application->GetDocuments();
+    } catch (const _com_error&) {
+        if (!running)
+            quitWord(application);
+        throw;
     }
-    session.documents = session.application->GetDocuments();
+    session.application = application;
     session.wordStarted = true;
 }
 

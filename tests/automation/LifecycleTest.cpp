@@ -111,6 +111,34 @@ TEST_F(LifecycleTest, StaysIdleWhenWordDoesNotAnswer)
     EXPECT_EQ(client->start(), S_OK);
 }
 
+TEST_F(LifecycleTest, EndsTheWordThatItStartedInVain)
+{
+    for (const bool quitFails : {false, true}) {
+        standin::Session started;
+        installed.reset();
+        installed = std::make_unique<standin::ClassRegistration>(started);
+        started.failCall(1, refused);
+        if (quitFails)
+            started.failCall(2, E_ACCESSDENIED);
+        EXPECT_EQ(outcome([&] { return client->start(); }),
+                  "QdxException: Cannot open Word\nCOMERROR 0x800a1234\nUnknown error 0x800A1234");
+        EXPECT_EQ(started.transcript(), (Lines{"Application@1.Documents !! 0x800a1234",
+                                               std::string("Application@1.Quit(missing, missing, missing)") +
+                                                   (quitFails ? " !! 0x80070005" : "")}));
+        EXPECT_EQ(started.hasQuit(), !quitFails);
+        EXPECT_EQ(started.liveObjects(), 0);
+    }
+}
+
+TEST_F(LifecycleTest, LeavesARunningWordAloneThatDoesNotAnswer)
+{
+    const standin::RunningApplication running(word);
+    word.failCall(1, refused);
+    EXPECT_THROW(client->start(), QdxException);
+    EXPECT_EQ(takeTranscript(), Lines{"Application@1.Documents !! 0x800a1234"});
+    EXPECT_FALSE(word.hasQuit());
+}
+
 TEST_F(LifecycleTest, RefusesToCreateWithoutWord)
 {
     trace(10);

@@ -16,6 +16,7 @@
 #include <string_view>
 
 class MirovelSection;
+struct LinkDestination;
 struct DocSession;
 class FontData;
 
@@ -117,7 +118,7 @@ private:
     void startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters);
     void endHeaderFooter(MirovelSection*& slot);
 
-    bool resolveLinkTarget(BSTR text, QdxString& target);
+    LinkDestination resolveLinkTarget(BSTR text);
 
     std::unique_ptr<DocSession> session_;
 };

@@ -14,30 +14,28 @@ bool isEmptyText(BSTR text)
 
 } // namespace
 
-// True when the target exists: an address, a file, or a tag that has been placed. A new tag is entered.
-bool Mirovel::resolveLinkTarget(BSTR text, QdxString& target)
+// An address, a file, or else a tag; a new tag is entered.
+LinkDestination Mirovel::resolveLinkTarget(BSTR text)
 {
     const QdxString name = toNarrow(text);
     if (name.isEmpty())
-        return true;
-    if (SysFile::isHyperLink(name) || SysFile::exists(name)) {
-        target = name;
-        return true;
-    }
-    bool defined = false;
+        return {};
+    if (SysFile::isHyperLink(name) || SysFile::exists(name))
+        return toAddress(name);
     const QdxString tag = session_->held(text);
-    if (!session_->bookmarks.lookup(tag, target, defined))
-        target = session_->bookmarks.add(tag);
-    return defined;
+    QdxString bookmark;
+    bool placed = false;
+    if (!session_->bookmarks.lookup(tag, bookmark, placed))
+        bookmark = session_->bookmarks.add(tag);
+    return toBookmark(bookmark, placed);
 }
 
 STDMETHODIMP Mirovel::insertImage(BSTR imageFileName, BSTR fileOrUrl)
 {
     echo("insertImage", Bare{imageFileName}, fileOrUrl);
-    QdxString target;
-    const bool resolved = resolveLinkTarget(fileOrUrl, target);
+    const LinkDestination destination = resolveLinkTarget(fileOrUrl);
     withWriter(
-        [&](MirovelSection& writer) { writer.insertImage(toNarrow(imageFileName), target, 0, 0, resolved); });
+        [&](MirovelSection& writer) { writer.insertImage(toNarrow(imageFileName), destination, 0, 0); });
     return S_OK;
 }
 
@@ -50,10 +48,8 @@ STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
         withWriter([&](MirovelSection& writer) { writer.insertText(text); });
         return S_OK;
     }
-    QdxString target;
-    const bool resolved = resolveLinkTarget(tagName, target);
-    withWriter(
-        [&](MirovelSection& writer) { writer.insertHyperLink(session_->held(text), target, resolved); });
+    const LinkDestination destination = resolveLinkTarget(tagName);
+    withWriter([&](MirovelSection& writer) { writer.insertHyperLink(session_->held(text), destination); });
     return S_OK;
 }
 

@@ -1,27 +1,26 @@
 #pragma once
 
+#include "LinkDestination.h"
 #include "QdxObject.h"
-#include "QdxString.h"
 
 #include "Word.h"
 
 #include <cstdint>
 
-/// A link whose text is written and whose hyperlink is drawn when the writer finishes.
-///
-/// Exactly one of `address` and `subAddress` is filled. Copies share the Word range (a counted reference).
+/// A link whose text is written and whose hyperlink is drawn when the writer finishes. Copies share the Word
+/// range (a counted reference).
 class HyperLink : public QdxObject
 {
 public:
-    /// A link over [start, end) of `range`. `target` is an address when it is a web address or an existing
-    /// file, otherwise the name of a bookmark in the document.
-    HyperLink(const QdxString& target, std::int32_t start, std::int32_t end, const Word::RangePtr& range,
-              bool resolved);
+    /// A link over [start, end) of `range`.
+    HyperLink(const LinkDestination& linkDestination, std::int32_t startPos, std::int32_t endPos,
+              const Word::RangePtr& textRange)
+        : destination(linkDestination), start(startPos), end(endPos), range(textRange)
+    {
+    }
 
-    QdxString address;      ///< Web address or file path; empty for a link inside the document.
-    QdxString subAddress;   ///< Bookmark name; empty for an external link.
+    LinkDestination destination;
     std::int32_t start = 0; ///< Where the link's text begins, as Word reported it.
     std::int32_t end = 0;   ///< Just behind the link's text.
-    bool resolved = false;  ///< Only resolved links are drawn.
     Word::RangePtr range;   ///< The range in which the text was written.
 };

@@ -199,7 +199,7 @@ void Placement::draw(MirovelSection& writer) const
     d.document->UndoClear();
     int drawn = 0;
     for (auto link = d.links.begin(); link != d.links.end();) {
-        if (!link->resolved) {
+        if (!link->destination.resolved) {
             ++link;
             continue;
         }

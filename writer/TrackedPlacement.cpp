@@ -320,7 +320,7 @@ void TrackedPlacement::draw(MirovelSection& writer) const
         --link;
         if (link->start < d.tocPos)
             writer.drawTOC();
-        if (!link->resolved)
+        if (!link->destination.resolved)
             continue;
         writer.drawAHyperLink(*link);
         link = d.links.erase(link);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FontData.h"
+#include "LinkDestination.h"
 #include "QdxObject.h"
 #include "QdxString.h"
 
@@ -50,10 +51,10 @@ public:
     /// its failure leaves the assignment.
     MirovelSection& operator=(const MirovelSection& other);
 
-    /// Does the pending work in this order: style run, font runs, alignment runs, the end of the last tag,
     /// Only releases: work that `finish` has not done is lost.
     ~MirovelSection() override;
 
+    /// Does the pending work in this order: style run, font runs, alignment runs, the end of the last tag,
     /// links, table of contents. The first failure stops the rest. The last call that a writer gets, before
     /// the document is saved; on a copy it does nothing.
     void finish();
@@ -142,17 +143,16 @@ public:
     /// Puts a file into the document in the way that suits it. `insertAsType`: 2 link, 4 hyperlink, else
     /// embed.
     void insertFile(const QdxString& fileName, std::int16_t insertAsType);
-    /// Inserts a picture, `width` and `height` in points (0: as Word finds it), leading to `link` unless that
-    /// is empty.
-    void insertImage(const QdxString& fileName, const QdxString& link, std::int16_t width,
-                     std::int16_t height, bool resolved);
+    /// Inserts a picture, `width` and `height` in points (0: as Word finds it), that leads to `destination`.
+    void insertImage(const QdxString& fileName, const LinkDestination& destination, std::int16_t width,
+                     std::int16_t height);
     /// @}
 
     /// @name Links and tags
     /// @{
-    /// Writes `text` and, when `target` is not empty, notes that it is to lead there. The text is in the form
-    /// that the mode of writing holds text in (`Placement::narrowForm`).
-    void insertHyperLink(const QdxString& text, const QdxString& target, bool resolved);
+    /// Writes `text` and notes that it is to lead to `destination`. The text is in the form that the mode of
+    /// writing holds text in (`Placement::narrowForm`).
+    void insertHyperLink(const QdxString& text, const LinkDestination& destination);
     /// Places a bookmark at the insertion position and ends the one before it. False, and nothing placed,
     /// when the name has 10 or more characters or the document has no bookmarks.
     bool insertTag(const QdxString& name);
@@ -206,8 +206,8 @@ private:
     bool foundFile(QdxString& fileName);
     static bool itsAPicture(const QdxString& fileName);
 
-    void insertLink(const QdxString& target, std::int32_t start, std::int32_t end,
-                    const Word::RangePtr& range, bool resolved);
+    void insertLink(const LinkDestination& destination, std::int32_t start, std::int32_t end,
+                    const Word::RangePtr& range);
     void drawAHyperLink(const HyperLink& link);
     void clearUndoAfterLink(int& drawn);
 

@@ -21,11 +21,12 @@ void MirovelSection::insertFile(const QdxString& name, std::int16_t insertAsType
     if (name.isEmpty())
         return;
     if (SysFile::isHyperLink(name)) {
-        insertHyperLink(name, name, true);
+        insertHyperLink(name, toAddress(name));
         return;
     }
     QdxString fileName = name;
-    if (!foundFile(fileName) && insertAsType != asHyperLink)
+    const bool found = foundFile(fileName);
+    if (!found && insertAsType != asHyperLink)
         return;
 
     const bool link = insertAsType == asLink;
@@ -37,16 +38,17 @@ void MirovelSection::insertFile(const QdxString& name, std::int16_t insertAsType
     } else if (insertAsType == asLink || insertAsType == asHyperLink) {
         if (insertAsType == asHyperLink)
             fileName.replaceStr("\\", "\\\\");
-        insertHyperLink(SysFile::stripDir(fileName), fileName, true);
+        insertHyperLink(SysFile::stripDir(fileName),
+                        found ? toAddress(fileName) : toBookmark(fileName, true));
     } else if (itsAPicture(fileName)) {
-        insertImage(fileName, "", 0, 0, true);
+        insertImage(fileName, {}, 0, 0);
     } else {
         wordInsertFile(fileName, false);
     }
 }
 
-void MirovelSection::insertImage(const QdxString& name, const QdxString& link, std::int16_t width,
-                                 std::int16_t height, bool resolved)
+void MirovelSection::insertImage(const QdxString& name, const LinkDestination& destination,
+                                 std::int16_t width, std::int16_t height)
 {
     QdxString fileName = name;
     if (!foundFile(fileName))
@@ -66,8 +68,7 @@ void MirovelSection::insertImage(const QdxString& name, const QdxString& link, s
             picture->PutWidth(width);
         if (height != 0)
             picture->PutHeight(height);
-        if (!link.isEmpty())
-            insertLink(link, start, start + 1, target, resolved);
+        insertLink(destination, start, start + 1, target);
     };
     if (inTable) {
         insert();

@@ -12,7 +12,7 @@ constexpr int linksPerUndoClear = 101;
 
 } // namespace
 
-void MirovelSection::insertHyperLink(const QdxString& text, const QdxString& target, bool resolved)
+void MirovelSection::insertHyperLink(const QdxString& text, const LinkDestination& destination)
 {
     const bool inTable = isTableOpen();
     const Word::RangePtr& range = inTable ? data_->cellRange : data_->range;
@@ -25,14 +25,14 @@ void MirovelSection::insertHyperLink(const QdxString& text, const QdxString& tar
     range->InsertAfter(wide);
     const std::int32_t end = range->GetEnd() - endMark;
     placement.linkTextWritten(*data_, wide, end);
-    if (!target.isEmpty())
-        insertLink(target, start, end, range, resolved);
+    insertLink(destination, start, end, range);
 }
 
-void MirovelSection::insertLink(const QdxString& target, std::int32_t start, std::int32_t end,
-                                const Word::RangePtr& range, bool resolved)
+void MirovelSection::insertLink(const LinkDestination& destination, std::int32_t start, std::int32_t end,
+                                const Word::RangePtr& range)
 {
-    data_->links.add(HyperLink(target, start, end, range, resolved));
+    if (!destination.isEmpty())
+        data_->links.add(HyperLink(destination, start, end, range));
 }
 
 bool MirovelSection::insertTag(const QdxString& name)
@@ -54,13 +54,14 @@ void MirovelSection::resolve(const QdxString& name)
 
 bool MirovelSection::awaitsTags() const
 {
-    return std::ranges::any_of(data_->links, [](const HyperLink& link) { return !link.resolved; });
+    return std::ranges::any_of(data_->links,
+                               [](const HyperLink& link) { return !link.destination.resolved; });
 }
 
 void MirovelSection::drawAHyperLink(const HyperLink& link)
 {
-    const _variant_t address = toWide(link.address);
-    const _variant_t subAddress = toWide(link.subAddress);
+    const _variant_t address = toWide(link.destination.address);
+    const _variant_t subAddress = toWide(link.destination.bookmark);
     link.range->PutStart(link.start);
     link.range->PutEnd(link.end);
     data_->document->GetHyperlinks()->Add(link.range, address, subAddress);

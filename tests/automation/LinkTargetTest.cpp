@@ -132,6 +132,35 @@ TEST_F(LinkTargetTest, AddressesAndFilesArePassedThrough)
                                      "mailto:someone@example.org|", escaped + "|"}));
 }
 
+/// The process's current directory, for the length of a test.
+class CurrentDirectory
+{
+public:
+    explicit CurrentDirectory(const std::string& path)
+    {
+        before_.resize(GetCurrentDirectoryW(0, nullptr));
+        before_.resize(GetCurrentDirectoryW(static_cast<DWORD>(before_.size()), before_.data()));
+        SetCurrentDirectoryW(bstr(path));
+    }
+    ~CurrentDirectory() { SetCurrentDirectoryW(before_.c_str()); }
+    CurrentDirectory(const CurrentDirectory&) = delete;
+    CurrentDirectory& operator=(const CurrentDirectory&) = delete;
+
+private:
+    std::wstring before_;
+};
+
+TEST_F(LinkTargetTest, AFileWithTheNameOfABookmarkDoesNotTakeItsPlace)
+{
+    const _bstr_t picture = bstr(folder.write("a.bmp", sample::bmp()));
+    folder.write("b1", "text");
+    const CurrentDirectory inFolder(folder.file(""));
+    client->insertXref(L"label"_b, L"tag"_b);
+    client->insertImage(picture, L"tag"_b);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(linksAtClose(), (Lines{"|b1", "|b1"}));
+}
+
 TEST_F(LinkTargetTest, AMissingFileIsATag)
 {
     client->insertXref(L"x"_b, L"c:\\no such.txt"_b);

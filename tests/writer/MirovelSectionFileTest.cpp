@@ -32,8 +32,8 @@ TEST_F(MirovelSectionFileTest, AnAddressIsALinkToItselfWhateverTheKind)
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 1, 2, 4}) {
         writer().insertFile("http://example.org/a.xls", kind);
         EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("http://example.org/a.xls"))");
-        EXPECT_STREQ(data().links.back().address.data(), "http://example.org/a.xls");
-        EXPECT_TRUE(data().links.back().resolved);
+        EXPECT_STREQ(data().links.back().destination.address.data(), "http://example.org/a.xls");
+        EXPECT_TRUE(data().links.back().destination.resolved);
     }
     EXPECT_EQ(data().links.size(), 4U);
     data().links.clear();
@@ -62,9 +62,9 @@ TEST_F(MirovelSectionFileTest, AMissingFileAsAHyperlinkIsOneWithDoubledBackslash
     EXPECT_EQ(takeCalls(),
               (Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("a.doc"))", "Range@1.End -> 5"}));
     ASSERT_EQ(data().links.size(), 1U);
-    EXPECT_STREQ(data().links.front().subAddress.data(), "c:\\\\docs\\\\a.doc")
+    EXPECT_STREQ(data().links.front().destination.bookmark.data(), "c:\\\\docs\\\\a.doc")
         << "no file of that name exists, so Word takes it for a place in the document";
-    EXPECT_TRUE(data().links.front().resolved);
+    EXPECT_TRUE(data().links.front().destination.resolved);
     EXPECT_EQ(log(), "ERR File not found: c:\\docs\\a.doc\r\n") << "it is traced all the same";
     EXPECT_EQ(data().pos, 5);
 }
@@ -74,10 +74,11 @@ TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)
     const QdxString file = write("a b.txt", "text");
     writer().insertFile(file, 2);
     EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("a b.txt"))");
-    EXPECT_STREQ(data().links.back().address.data(), file.data());
+    EXPECT_STREQ(data().links.back().destination.address.data(), file.data());
     const QdxString picture = write("a.bmp", sample::bmp());
     writer().insertFile(picture, 2);
-    EXPECT_STREQ(data().links.back().address.data(), picture.data()) << "pictures are files like others";
+    EXPECT_STREQ(data().links.back().destination.address.data(), picture.data())
+        << "pictures are files like others";
 }
 
 TEST_F(MirovelSectionFileTest, AsAHyperlinkItHasDoubledBackslashes)
@@ -86,7 +87,7 @@ TEST_F(MirovelSectionFileTest, AsAHyperlinkItHasDoubledBackslashes)
     writer().insertFile(file, 4);
     QdxString doubled = file;
     doubled.replaceStr("\\", "\\\\");
-    EXPECT_STREQ(data().links.back().address.data(), doubled.data())
+    EXPECT_STREQ(data().links.back().destination.address.data(), doubled.data())
         << "Windows finds it under that name too";
 }
 
@@ -123,7 +124,7 @@ TEST_F(MirovelSectionFileTest, APictureOfABareNameIsTakenFromTheInstallation)
     EXPECT_EQ(takeCalls()[3],
               "InlineShapes@1.AddPicture(" + quoted(installed) + ", false, true, missing) -> InlineShape@1");
     writer().insertFile("no such logo.gif", 2);
-    EXPECT_STREQ(data().links.back().address.data(), installed.data());
+    EXPECT_STREQ(data().links.back().destination.address.data(), installed.data());
     writer().insertFile("no such logo.gif", 4);
     EXPECT_EQ(data().links.size(), 2U);
 }

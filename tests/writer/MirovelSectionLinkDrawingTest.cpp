@@ -38,7 +38,7 @@ std::u16string linkText(const std::u16string& code, const std::u16string& label)
 TEST_F(MirovelSectionLinkDrawingTest, ABookmarkIsASubAddress)
 {
     writer().insertText(L"see ");
-    writer().insertHyperLink("item", "b1", true);
+    writer().insertHyperLink("item", toBookmark("b1", true));
     writer().insertText(L" here");
     EXPECT_EQ(finish(), join(styleRunApplied(0, 13, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
                              linkDrawn(1, 4, 8, "", "b1")));
@@ -49,7 +49,7 @@ TEST_F(MirovelSectionLinkDrawingTest, ABookmarkIsASubAddress)
 
 TEST_F(MirovelSectionLinkDrawingTest, AWebAddressIsAnAddress)
 {
-    writer().insertHyperLink("site", "http://example.org/a?b=c", true);
+    writer().insertHyperLink("site", toAddress("http://example.org/a?b=c"));
     EXPECT_EQ(finish(), join(styleRunApplied(0, 4, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
                              linkDrawn(1, 0, 4, "http://example.org/a?b=c", "")));
     EXPECT_EQ(links().front().target(),
@@ -59,7 +59,7 @@ TEST_F(MirovelSectionLinkDrawingTest, AWebAddressIsAnAddress)
 // Word does not look whether a bookmark exists.
 TEST_F(MirovelSectionLinkDrawingTest, ALinkToABookmarkThatDoesNotExistIsDrawn)
 {
-    writer().insertHyperLink("item", "b77", true);
+    writer().insertHyperLink("item", toBookmark("b77", true));
     finish();
     ASSERT_EQ(links().size(), 1U);
     EXPECT_EQ(links().front().target().subAddress, u"b77");
@@ -67,14 +67,14 @@ TEST_F(MirovelSectionLinkDrawingTest, ALinkToABookmarkThatDoesNotExistIsDrawn)
 
 TEST_F(MirovelSectionLinkDrawingTest, OneThatIsNotResolvedStaysPlainAndOnRecord)
 {
-    writer().insertHyperLink("one", "b1", false);
-    writer().insertHyperLink("two", "b2", false);
+    writer().insertHyperLink("one", toBookmark("b1", false));
+    writer().insertHyperLink("two", toBookmark("b2", false));
     writer().resolve("b2");
     takeCalls();
     MirovelSectionProbe::drawHyperLinks(writer());
     EXPECT_EQ(takeCalls(), join(Calls{"Document@1.UndoClear()"}, linkDrawn(1, 3, 6, "", "b2")));
     ASSERT_EQ(data().links.size(), 1U);
-    EXPECT_STREQ(data().links.front().subAddress.data(), "b1");
+    EXPECT_STREQ(data().links.front().destination.bookmark.data(), "b1");
     EXPECT_EQ(text(), u"one" + linkText(u" HYPERLINK  \\l \"b2\" ", u"two"));
     data().pos = static_cast<std::int32_t>(text().size());
 }
@@ -86,7 +86,7 @@ TEST_F(MirovelSectionLinkDrawingTest, ALinkInACellIsDrawnThere)
     writer().addCell();
     writer().insertText(L"see ");
     takeCalls();
-    writer().insertHyperLink("item", "b1", true);
+    writer().insertHyperLink("item", toBookmark("b1", true));
     EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 5", R"(Range@3.InsertAfter("item"))", "Range@3.End -> 9"}));
     writer().insertText(L"!");
     writer().endTable();
@@ -99,9 +99,9 @@ TEST_F(MirovelSectionLinkDrawingTest, ALinkInACellIsDrawnThere)
 TEST_F(MirovelSectionLinkDrawingTest, LaterLinksAreDrawnWhereTheirTextStoodAtFirst)
 {
     writer().insertText(L"see ");
-    writer().insertHyperLink("one", "b1", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertText(L" and a good many more words up to ");
-    writer().insertHyperLink("two", "b2", true);
+    writer().insertHyperLink("two", toBookmark("b2", true));
     writer().insertText(L".");
     EXPECT_EQ(finish(), join(styleRunApplied(0, 45, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
                              linkDrawn(1, 4, 7, "", "b1"), linkDrawn(2, 41, 44, "", "b2")));
@@ -112,9 +112,9 @@ TEST_F(MirovelSectionLinkDrawingTest, LaterLinksAreDrawnWhereTheirTextStoodAtFir
 
 TEST_F(MirovelSectionLinkDrawingTest, OneCloseBehindAnotherIsDrawnInsideIt)
 {
-    writer().insertHyperLink("one", "b1", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertText(L" ");
-    writer().insertHyperLink("two", "b2", true);
+    writer().insertHyperLink("two", toBookmark("b2", true));
     Calls second = linkDrawn(2, 4, 7, "", "b2");
     second.insert(second.end() - 1, "# crosses a field");
     EXPECT_EQ(finish(), join(styleRunApplied(0, 7, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
@@ -127,9 +127,9 @@ TEST_F(MirovelSectionLinkDrawingTest, OneCloseBehindAnotherIsDrawnInsideIt)
 TEST_F(MirovelSectionLinkDrawingTest, ClearsTheUndoListEvery101Links)
 {
     writer().insertText(L"0123456789");
-    writer().insertHyperLink("x", "b1", false); // and is not counted
+    writer().insertHyperLink("x", toBookmark("b1", false)); // and is not counted
     for (int i = 0; i < 203; ++i)
-        writer().insertHyperLink("x", i % 2 == 0 ? "b1" : "b2", true);
+        writer().insertHyperLink("x", toBookmark(i % 2 == 0 ? "b1" : "b2", true));
     takeCalls();
     MirovelSectionProbe::drawHyperLinks(writer());
     std::string order;
@@ -146,8 +146,8 @@ TEST_F(MirovelSectionLinkDrawingTest, ClearsTheUndoListEvery101Links)
 
 TEST_F(MirovelSectionLinkDrawingTest, AFailureLeavesTheRestOnRecord)
 {
-    writer().insertHyperLink("one", "b1", true);
-    writer().insertHyperLink("two", "b2", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
+    writer().insertHyperLink("two", toBookmark("b2", true));
     for (long call = 1; call <= 5; ++call) {
         takeCalls();
         session_.failCall(call, E_ACCESSDENIED);
@@ -168,7 +168,7 @@ TEST_F(MirovelSectionLinkDrawingTest, AnEmptyLabelShowsItsTarget)
 {
     writer().insertText(L"a");
     takeCalls();
-    writer().insertHyperLink("", "http://example.org", true);
+    writer().insertHyperLink("", toAddress("http://example.org"));
     EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 1", R"(Range@1.InsertAfter(""))", "Range@1.End -> 1"}));
     finish();
     EXPECT_EQ(links().front().textToDisplay(), u"http://example.org");

@@ -12,23 +12,23 @@ TEST_F(MirovelSectionLinkTest, WritesTheTextAndRecordsTheLink)
 {
     writer().insertText(L"see ");
     takeCalls();
-    writer().insertHyperLink("item", "b7", false);
+    writer().insertHyperLink("item", toBookmark("b7", false));
     EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 4", R"(Range@1.InsertAfter("item"))", "Range@1.End -> 8"}));
     EXPECT_EQ(data().pos, 8);
     EXPECT_EQ(text(), u"see item");
     ASSERT_EQ(data().links.size(), 1U);
     const HyperLink& link = data().links.front();
-    EXPECT_STREQ(link.subAddress.data(), "b7");
-    EXPECT_TRUE(link.address.isEmpty());
+    EXPECT_STREQ(link.destination.bookmark.data(), "b7");
+    EXPECT_TRUE(link.destination.address.isEmpty());
     EXPECT_EQ(link.start, 4);
     EXPECT_EQ(link.end, 8);
-    EXPECT_FALSE(link.resolved);
+    EXPECT_FALSE(link.destination.resolved);
     EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
 }
 
-TEST_F(MirovelSectionLinkTest, WithoutATargetOnlyWritesTheText)
+TEST_F(MirovelSectionLinkTest, WithoutADestinationOnlyWritesTheText)
 {
-    writer().insertHyperLink("item", "", true);
+    writer().insertHyperLink("item", {});
     EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("item"))", "Range@1.End -> 4"}));
     EXPECT_TRUE(data().links.empty());
     EXPECT_EQ(data().pos, 4);
@@ -38,7 +38,7 @@ TEST_F(MirovelSectionLinkTest, LiesWhereWordSaysAndCountsTheTextsFullLength)
 {
     writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
     takeCalls();
-    writer().insertHyperLink("c\r\nd", "b1", true);
+    writer().insertHyperLink("c\r\nd", toBookmark("b1", true));
     EXPECT_EQ(takeCalls(),
               (Calls{"Range@1.End -> 4", R"(Range@1.InsertAfter("c\r\nd"))", "Range@1.End -> 7"}));
     EXPECT_EQ(data().links.front().start, 4);
@@ -46,43 +46,43 @@ TEST_F(MirovelSectionLinkTest, LiesWhereWordSaysAndCountsTheTextsFullLength)
     EXPECT_EQ(data().pos, 7) << "line feeds are not subtracted here";
 }
 
-TEST_F(MirovelSectionLinkTest, WebAddressesAndFilesAreAddresses)
+TEST_F(MirovelSectionLinkTest, LeadsWhereItIsToldWhateverTheTextSays)
 {
     wchar_t program[MAX_PATH] = {};
     ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0U);
     const QdxString file = toNarrow(program);
-    for (const QdxString& target : {QdxString("http://example.org/a"), QdxString("www.example.org"), file}) {
-        writer().insertHyperLink("x", target, true);
-        EXPECT_STREQ(data().links.back().address.data(), target.data());
-        EXPECT_TRUE(data().links.back().subAddress.isEmpty());
+    for (const QdxString& name : {QdxString("http://example.org/a"), file, QdxString("no such file")}) {
+        writer().insertHyperLink("x", toAddress(name));
+        EXPECT_STREQ(data().links.back().destination.address.data(), name.data());
+        EXPECT_TRUE(data().links.back().destination.bookmark.isEmpty());
+        EXPECT_TRUE(data().links.back().destination.resolved);
+        writer().insertHyperLink("x", toBookmark(name, false));
+        EXPECT_STREQ(data().links.back().destination.bookmark.data(), name.data());
+        EXPECT_TRUE(data().links.back().destination.address.isEmpty());
+        EXPECT_FALSE(data().links.back().destination.resolved);
     }
-    QdxString missing = file;
-    missing.append(".not there");
-    writer().insertHyperLink("x", missing, true);
-    EXPECT_STREQ(data().links.back().subAddress.data(), missing.data());
-    EXPECT_TRUE(data().links.back().address.isEmpty());
 }
 
 TEST_F(MirovelSectionLinkTest, ResolveFindsEveryLinkToABookmark)
 {
-    writer().insertHyperLink("1", "b1", false);
-    writer().insertHyperLink("2", "b2", false);
-    writer().insertHyperLink("3", "b1", false);
-    writer().insertHyperLink("4", "B1", false);
-    writer().insertHyperLink("5", "b11", false);
+    writer().insertHyperLink("1", toBookmark("b1", false));
+    writer().insertHyperLink("2", toBookmark("b2", false));
+    writer().insertHyperLink("3", toBookmark("b1", false));
+    writer().insertHyperLink("4", toBookmark("B1", false));
+    writer().insertHyperLink("5", toBookmark("b11", false));
     takeCalls();
     writer().resolve("b1");
     EXPECT_EQ(takeCalls(), Calls{});
     std::string resolved;
     for (const HyperLink& link : data().links)
-        resolved += link.resolved ? '1' : '0';
+        resolved += link.destination.resolved ? '1' : '0';
     EXPECT_EQ(resolved, "10100");
 }
 
 TEST_F(MirovelSectionLinkTest, LinksThatAreNeverResolvedStayPlainText)
 {
     writer().insertText(L"see ");
-    writer().insertHyperLink("item", "b1", false);
+    writer().insertHyperLink("item", toBookmark("b1", false));
     const Calls calls = finish();
     EXPECT_EQ(calls, join(rangeLaid(0, 8), Calls{"Range@1.Style = -1"}, rangeLaid(0, 8),
                           fontWritten("Range@1", 2, normalFont), Calls{"Document@1.UndoClear()"}));
@@ -100,7 +100,7 @@ TEST_F(MirovelSectionLinkTest, TheTableOfContentsMovesForALinkInFrontOfItAlone)
         data().links.clear();
         data().pos = 0;
         writer().deleteRange();
-        writer().insertHyperLink("item", "b1", true);
+        writer().insertHyperLink("item", toBookmark("b1", true));
         data().tocStartPos = c.tocStartPos;
         data().tocPos = 3;
         takeCalls();

@@ -36,7 +36,7 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
 {
     writer().insertText(L"a ");
     takeCalls();
-    writer().insertImage(picture_, "", 0, 0, true);
+    writer().insertImage(picture_, {}, 0, 0);
     EXPECT_EQ(takeCalls(), join(Calls{R"(Range@1.InsertAfter("X"))", "Range@1.Start = 2"},
                                 pictureAdded("Range@1", 1, picture_),
                                 Calls{"Range@1.Start = 3", "Range@1.Delete(1, 1) -> 1"}));
@@ -53,11 +53,11 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
 
 TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
 {
-    writer().insertImage(picture_, "", 30, 0, true);
+    writer().insertImage(picture_, {}, 30, 0);
     EXPECT_EQ(takeCalls()[4], "InlineShape@1.Width = 30f");
-    writer().insertImage(picture_, "", 0, 40, true);
+    writer().insertImage(picture_, {}, 0, 40);
     EXPECT_EQ(takeCalls()[4], "InlineShape@2.Height = 40f");
-    writer().insertImage(picture_, "", 50, 60, true);
+    writer().insertImage(picture_, {}, 50, 60);
     const Calls calls = takeCalls();
     EXPECT_EQ(calls[4], "InlineShape@3.Width = 50f");
     EXPECT_EQ(calls[5], "InlineShape@3.Height = 60f");
@@ -70,7 +70,7 @@ TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
 
 TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholder)
 {
-    EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, "", -1, 0, true); }),
+    EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, {}, -1, 0); }),
               static_cast<HRESULT>(0x800A1200));
     EXPECT_EQ(text(), u"\x01X");
     EXPECT_EQ(data().pos, 2);
@@ -79,13 +79,13 @@ TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholde
 TEST_F(MirovelSectionPictureTest, LeadsToItsLink)
 {
     writer().insertText(L"a");
-    writer().insertImage(picture_, "b1", 0, 0, false);
+    writer().insertImage(picture_, toBookmark("b1", false), 0, 0);
     ASSERT_EQ(data().links.size(), 1U);
     const HyperLink& link = data().links.front();
     EXPECT_EQ(link.start, 1);
     EXPECT_EQ(link.end, 2);
-    EXPECT_STREQ(link.subAddress.data(), "b1");
-    EXPECT_FALSE(link.resolved);
+    EXPECT_STREQ(link.destination.bookmark.data(), "b1");
+    EXPECT_FALSE(link.destination.resolved);
     EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
     writer().resolve("b1");
     finish();
@@ -96,7 +96,7 @@ TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
 {
     openTable();
     const std::int32_t pos = data().pos;
-    writer().insertImage(picture_, "http://example.org", 10, 0, true);
+    writer().insertImage(picture_, toAddress("http://example.org"), 10, 0);
     EXPECT_EQ(takeCalls(), join(Calls{"Range@3.End -> 3", "Range@3.Start = 2"},
                                 pictureAdded("Range@3", 1, picture_), Calls{"InlineShape@1.Width = 10f"}));
     EXPECT_EQ(data().pos, pos);
@@ -104,7 +104,7 @@ TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
     ASSERT_EQ(data().links.size(), 1U);
     EXPECT_EQ(data().links.front().start, 2);
     EXPECT_EQ(data().links.front().end, 3);
-    EXPECT_STREQ(data().links.front().address.data(), "http://example.org");
+    EXPECT_STREQ(data().links.front().destination.address.data(), "http://example.org");
     writer().insertText(L"!");
     writer().endTable();
     EXPECT_EQ(cellTexts(), u"in\x01!");
@@ -115,7 +115,7 @@ TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
 TEST_F(MirovelSectionPictureTest, OfABareNameIsLookedForInTheInstallation)
 {
     const QdxString installed = write("installed\\pix\\no such logo.gif", sample::gif());
-    writer().insertImage("no such logo.gif", "", 0, 0, true);
+    writer().insertImage("no such logo.gif", {}, 0, 0);
     EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, installed)[1]);
     EXPECT_EQ(text(), u"\x01");
 }
@@ -124,7 +124,7 @@ TEST_F(MirovelSectionPictureTest, OfANameWithADirectoryIsNotLookedForElsewhere)
 {
     write("installed\\pix\\logo.gif", sample::gif());
     openTrace(1);
-    writer().insertImage("no such folder\\logo.gif", "", 0, 0, true);
+    writer().insertImage("no such folder\\logo.gif", {}, 0, 0);
     EXPECT_EQ(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: no such folder\\logo.gif\r\n");
 }
@@ -133,7 +133,7 @@ TEST_F(MirovelSectionPictureTest, OfAnotherExtensionIsNotLookedForElsewhere)
 {
     write("installed\\pix\\logo.GIF", sample::gif());
     openTrace(1);
-    writer().insertImage("logo.GIF", "", 0, 0, true);
+    writer().insertImage("logo.GIF", {}, 0, 0);
     EXPECT_EQ(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: logo.GIF\r\n");
 }
@@ -143,7 +143,7 @@ TEST_F(MirovelSectionPictureTest, ThatIsMissingIsTracedByTheNameGiven)
     openTrace(1);
     writer().insertText(L"text");
     takeCalls();
-    writer().insertImage("logo.gif", "b1", 0, 0, true);
+    writer().insertImage("logo.gif", toBookmark("b1", true), 0, 0);
     EXPECT_EQ(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: logo.gif\r\n");
     EXPECT_TRUE(data().links.empty());
@@ -153,7 +153,7 @@ TEST_F(MirovelSectionPictureTest, ThatIsMissingIsTracedByTheNameGiven)
 TEST_F(MirovelSectionPictureTest, WithoutANameIsNotTraced)
 {
     openTrace(10);
-    writer().insertImage("", "b1", 0, 0, true);
+    writer().insertImage("", toBookmark("b1", true), 0, 0);
     EXPECT_EQ(takeCalls(), Calls{});
     EXPECT_EQ(log(), "");
 }
@@ -161,7 +161,7 @@ TEST_F(MirovelSectionPictureTest, WithoutANameIsNotTraced)
 TEST_F(MirovelSectionPictureTest, IsNotTracedAtLevelZero)
 {
     openTrace(0);
-    writer().insertImage("no such logo.gif", "", 0, 0, true);
+    writer().insertImage("no such logo.gif", {}, 0, 0);
     EXPECT_EQ(log(), "");
 }
 
@@ -171,7 +171,8 @@ TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
     for (const char* name : {"empty.gif", "text.gif", "text.txt"}) {
         const QdxString file = write(name, name[0] == 'e' ? "" : "no picture");
         takeCalls();
-        EXPECT_TRUE(comErrorOf([&] { writer().insertImage(file, "b1", 0, 0, true); }).has_value()) << name;
+        EXPECT_TRUE(comErrorOf([&] { writer().insertImage(file, toBookmark("b1", true), 0, 0); }).has_value())
+            << name;
         EXPECT_EQ(takeCalls().size(), 4U);
     }
     EXPECT_EQ(text(), u"XXX");
@@ -182,7 +183,7 @@ TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
 TEST_F(MirovelSectionPictureTest, MayHaveSpacesInItsName)
 {
     const QdxString file = write("a folder\\my logo 1.bmp", sample::bmp());
-    writer().insertImage(file, "", 0, 0, true);
+    writer().insertImage(file, {}, 0, 0);
     EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, file)[1]);
     EXPECT_EQ(text(), u"\x01");
 }
@@ -196,7 +197,8 @@ TEST_F(MirovelSectionPictureTest, AFailureAtEachCallLeavesWhatWasDone)
         SCOPED_TRACE(call);
         data().pos = 0;
         session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, "b1", 10, 20, false); }), E_ACCESSDENIED);
+        EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, toBookmark("b1", false), 10, 20); }),
+                  E_ACCESSDENIED);
         session_.clearFaults();
         EXPECT_EQ(text(), texts.at(call - 1));
         EXPECT_EQ(data().pos, positions.at(call - 1));

@@ -104,7 +104,7 @@ TEST_F(MirovelSectionTocDrawingTest, OnlyTheLastRequestIsDrawn)
 
 TEST_F(MirovelSectionTocDrawingTest, LinksInFrontMoveItBy42EachAndLinksBehindDoNot)
 {
-    writer().insertHyperLink("one", "b1", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertEndl();
     writer().insertTOC(1);
     EXPECT_EQ(data().tocPos, 23);
@@ -112,7 +112,7 @@ TEST_F(MirovelSectionTocDrawingTest, LinksInFrontMoveItBy42EachAndLinksBehindDoN
     writer().insertText(L"A heading of some length");
     writer().insertEndl();
     writer().setStyle("Normal", false);
-    writer().insertHyperLink("two", "b2", true);
+    writer().insertHyperLink("two", toBookmark("b2", true));
     EXPECT_EQ(drawn()[2], "Range@2.End = 65") << "23 and 42, although the link has added 23 alone";
 }
 

@@ -101,7 +101,7 @@ TEST_F(MirovelSectionTocEntryTest, LabelsOfLinksAreNoPartOfIt)
 {
     writer().startTOCEntry();
     writer().insertText(L"see ");
-    writer().insertHyperLink("item", "b1", false);
+    writer().insertHyperLink("item", toBookmark("b1", false));
     writer().endTOCEntry();
     EXPECT_NE(text().find(u"\"see \""), std::u16string::npos);
 }

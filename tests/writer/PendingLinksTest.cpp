@@ -8,7 +8,7 @@ namespace {
 
 HyperLink link(const char* bookmark, bool resolved = false)
 {
-    return {bookmark, 0, 1, Word::RangePtr(), resolved};
+    return {toBookmark(bookmark, resolved), 0, 1, Word::RangePtr()};
 }
 
 /// "b1+ b2- ...": + for the resolved ones.
@@ -16,7 +16,7 @@ std::string shown(const PendingLinks& links)
 {
     std::string text;
     for (const HyperLink& each : links)
-        text += std::string(each.subAddress.data()) + (each.resolved ? "+ " : "- ");
+        text += std::string(each.destination.bookmark.data()) + (each.destination.resolved ? "+ " : "- ");
     return text;
 }
 

@@ -132,15 +132,15 @@ private:
 
 TEST_F(TrackedPlacementTest, DrawsEveryLinkOverItsOwnText)
 {
-    writer().insertHyperLink("one", "b1", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertText(L" and ");
-    writer().insertHyperLink("two", "http://a.example/long/address", true);
-    writer().insertHyperLink("three", "b2", true);
+    writer().insertHyperLink("two", toAddress("http://a.example/long/address"));
+    writer().insertHyperLink("three", toBookmark("b2", true));
     openTable();
     addCell(L"in ");
-    writer().insertHyperLink("four", "b1", true);
+    writer().insertHyperLink("four", toBookmark("b1", true));
     writer().endTable();
-    writer().insertHyperLink("five", "b3", true);
+    writer().insertHyperLink("five", toBookmark("b3", true));
     finish();
     EXPECT_EQ(linkTexts(), "one two three four five ");
     EXPECT_EQ(shown(),
@@ -150,8 +150,8 @@ TEST_F(TrackedPlacementTest, DrawsEveryLinkOverItsOwnText)
 
 TEST_F(TrackedPlacementTest, LeavesUnresolvedLinksAsText)
 {
-    writer().insertHyperLink("one", "b1", false);
-    writer().insertHyperLink("two", "b2", true);
+    writer().insertHyperLink("one", toBookmark("b1", false));
+    writer().insertHyperLink("two", toBookmark("b2", true));
     EXPECT_TRUE(writer().awaitsTags());
     finish();
     EXPECT_EQ(linkTexts(), "two ");
@@ -160,7 +160,7 @@ TEST_F(TrackedPlacementTest, LeavesUnresolvedLinksAsText)
 
 TEST_F(TrackedPlacementTest, DrawsLinksOnceTheyAreResolvedAfterSettling)
 {
-    writer().insertHyperLink("one", "b1", false);
+    writer().insertHyperLink("one", toBookmark("b1", false));
     writer().settle();
     writer().resolve("b1");
     EXPECT_FALSE(writer().awaitsTags());
@@ -170,7 +170,7 @@ TEST_F(TrackedPlacementTest, DrawsLinksOnceTheyAreResolvedAfterSettling)
 
 TEST_F(TrackedPlacementTest, ForgetsWhatItWasToDraw)
 {
-    writer().insertHyperLink("one", "b1", true);
+    writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertTOC(2);
     writer().abandonDrawing();
     finish();
@@ -180,9 +180,9 @@ TEST_F(TrackedPlacementTest, ForgetsWhatItWasToDraw)
 
 TEST_F(TrackedPlacementTest, BuildsTheTableOfContentsWhereItWasAskedForBetweenLinks)
 {
-    writer().insertHyperLink("before", "b1", true);
+    writer().insertHyperLink("before", toBookmark("b1", true));
     writer().insertTOC(2);
-    writer().insertHyperLink("behind", "http://a.example/", true);
+    writer().insertHyperLink("behind", toAddress("http://a.example/"));
     finish();
     EXPECT_EQ(linkTexts(), "before behind ");
     EXPECT_TRUE(shown().starts_with(R"({ HYPERLINK  \l "b1" |before}/Table of Contents//{ TOC )"));
@@ -637,7 +637,7 @@ TEST_F(TrackedPlacementTest, MarksEntriesWithLabelsAndWithoutPlaceholders)
     writer().startTOCEntry();
     writer().insertText(L"a \"b\" \\c\x3b1");
     writer().insertField(4);
-    writer().insertHyperLink("d\xce\xb2", "b1", true);
+    writer().insertHyperLink("d\xce\xb2", toBookmark("b1", true));
     writer().insertEndl();
     writer().insertText(L"e");
     writer().endTOCEntry();
@@ -726,7 +726,7 @@ TEST_F(TrackedPlacementTest, LeavesNothingBehindOfAPictureThatWordRefuses)
     const ScratchFolder folder;
     const QdxString file = folder.write("broken.bmp", "no picture").c_str();
     writer().insertText(L"a");
-    EXPECT_NE(comErrorOf([&] { writer().insertImage(file, "", 0, 0, true); }), std::nullopt);
+    EXPECT_NE(comErrorOf([&] { writer().insertImage(file, {}, 0, 0); }), std::nullopt);
     writer().insertText(L"b");
     EXPECT_EQ(shown(), "ab");
     EXPECT_EQ(data().pos, 2);
@@ -764,7 +764,7 @@ Calls callsOfOrdinarySession(const Placement& placement)
     writer->insertEndl();
     writer->setTextAlign(2);
     writer->insertText(L"more");
-    writer->insertHyperLink(" link", "http://a.example/", true);
+    writer->insertHyperLink(" link", toAddress("http://a.example/"));
     writer->insertEndl();
     endWriter(writer);
     return session.transcript();

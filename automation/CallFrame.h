@@ -6,8 +6,6 @@
 
 #include <comdef.h>
 
-#include <ostream>
-
 /// Runs a method's work so that only what clients are to see leaves it. Hardware faults inside become
 /// exceptions.
 ///  - A failed Word call goes to `onComError`, whose own exception reaches the client.
@@ -42,9 +40,6 @@ void runInDiagramFrame(DocSession& session, const char* activity, Work&& work)
     } catch (const _com_error& error) {
         reportComError(session, activity, error);
     } catch (const QdxException& exception) {
-        QdxLogBase* const log = QdxException::getLog();
-        if (log->isOn("Catch"))
-            *log << "Exception catch"
-                 << ": " << exception.reasonText() << std::endl;
+        logCaught(exception);
     }
 }

@@ -38,7 +38,6 @@ QdxString comErrorText(const char* activity, const _com_error& error)
 
 void reportComError(DocSession& session, const char* activity, const _com_error& error)
 {
-    const QdxString text = comErrorText(activity, error);
     if (!session.quietErrors)
         throwLogged(QdxException(comErrorText(activity, error)));
     traceComError(session.trace, activity, error);

@@ -14,5 +14,8 @@ QdxString comErrorText(const char* activity, const _com_error& error);
 /// level 1 instead; nothing is thrown then.
 void reportComError(DocSession& session, const char* activity, const _com_error& error);
 
+/// Notes an exception that goes no further in the exception log, when its category "Catch" is on.
+void logCaught(const QdxException& exception);
+
 /// Throws `exception`, after a line in the exception log when its category "Throw" is on.
 [[noreturn]] void throwLogged(const QdxException& exception);

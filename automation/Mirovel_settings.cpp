@@ -5,6 +5,19 @@
 #include "RegEntry.h"
 #include "mirovelsection.h"
 
+namespace {
+
+// A client does not fail for want of a trace.
+void openTrace(Trace& trace, const QdxString& logName)
+try {
+    trace.open(logName);
+} catch (const QdxException& exception) {
+    trace.close();
+    logCaught(exception);
+}
+
+} // namespace
+
 STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
 {
     echo("overrideRegistry", group, name, value, valueType);
@@ -34,7 +47,7 @@ STDMETHODIMP Mirovel::trace(short level)
     if (level == 0)
         trace.close();
     else if (level > 0)
-        trace.open(logName);
+        openTrace(trace, logName);
     if (level >= 0)
         trace.setLevel(level);
     if (session_->mainSection)

@@ -3,7 +3,9 @@
 #include "TextConversion.h"
 #include "general/QdxException.h"
 #include "sysSupport/SysFile.h"
+#include "tracedll/LogBeginning.h"
 
+#include <array>
 #include <charconv>
 #include <comdef.h>
 #include <cwctype>
@@ -66,11 +68,39 @@ OwnLogs& ownLogs()
     return logs;
 }
 
-QdxException cannotOpen(const QdxString& path, DWORD error)
+QdxException cannotOpen(const QdxString& path, const QdxString& reason)
 {
-    QdxString reason("Cannot open trace log ");
-    reason.append(path).append("\n").append(toNarrow(_com_error(HRESULT_FROM_WIN32(error)).ErrorMessage()));
-    return QdxException(reason);
+    QdxString text("Cannot open trace log ");
+    text.append(path).append("\n").append(reason);
+    return QdxException(text);
+}
+
+QdxString systemMessage(DWORD error)
+{
+    return toNarrow(_com_error(HRESULT_FROM_WIN32(error)).ErrorMessage());
+}
+
+/// Whether an open file may be taken for a log of ours. A device holds nothing.
+bool holdsLog(HANDLE file)
+{
+    std::array<char, logBeginningSize> bytes{};
+    DWORD count = 0;
+    if (GetFileType(file) != FILE_TYPE_DISK)
+        return true;
+    return ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) &&
+           isLogBeginning({bytes.data(), count});
+}
+
+bool holdsLog(const QdxString& path)
+{
+    const HANDLE file =
+        CreateFileW(toWide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    const bool isLog = holdsLog(file);
+    CloseHandle(file);
+    return isLog;
 }
 
 } // namespace
@@ -81,11 +111,15 @@ class Trace::Log
 public:
     explicit Log(const QdxString& path)
         // Not shared for deletion: nobody's purge may remove a log in use.
-        : file_(CreateFileW(toWide(path), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                            OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))
+        : file_(CreateFileW(toWide(path), FILE_APPEND_DATA | GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                            nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))
     {
         if (file_ == INVALID_HANDLE_VALUE)
-            throw cannotOpen(path, GetLastError());
+            throw cannotOpen(path, systemMessage(GetLastError()));
+        if (!ownLogs().contains(path) && !holdsLog(file_)) {
+            CloseHandle(file_);
+            throw cannotOpen(path, "The file holds something else.");
+        }
     }
     ~Log()
     {
@@ -147,7 +181,7 @@ void Trace::setLevel(int level) noexcept
 void Trace::purgeBefore(const QdxString& name) noexcept
 try {
     const QdxString path = logPath(name);
-    if (!ownLogs().contains(path))
+    if (!ownLogs().contains(path) && holdsLog(path))
         SysFile::deleteFile(path);
 } catch (...) {
     // Out of memory, or a path that Windows cannot make sense of: the log stays.

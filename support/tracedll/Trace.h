@@ -27,7 +27,8 @@ public:
     ~Trace() = default;
 
     /// Opens the named log for appending, in place of the one open so far. Raises QdxException with the path
-    /// and the system's reason when it cannot be written; the trace is then as it was before.
+    /// and the reason when it cannot be written, or when the file holds something else than a log; the trace
+    /// is then as it was before.
     void open(const QdxString& name);
     /// Lets go of the log; copies that share it go on writing. The level stays.
     void close() noexcept;
@@ -37,7 +38,8 @@ public:
     [[nodiscard]] bool isTrace(int level) const noexcept { return level <= limit_; }
 
     /// Removes the log that an earlier process left under that name. A log that this process has opened is
-    /// kept, and so is one that another process has open. Never raises.
+    /// kept, and so is one that another process has open, and any file that is not recognisably a log. Never
+    /// raises.
     static void purgeBefore(const QdxString& name) noexcept;
 
     /// All these do nothing while no log is open; whether the level is high enough is for the caller to ask.

@@ -1,6 +1,8 @@
 // The trace's level and log.
 #include "FrontEndTest.h"
 
+#include <initializer_list>
+
 namespace {
 
 class TraceTest : public FrontEndTest
@@ -28,7 +30,7 @@ TEST_F(TraceTest, KeepsWhatThisProcessHasWrittenWhenItIsOpenedAgain)
 
 TEST_F(TraceTest, OnlyPurgesAtANegativeLevel)
 {
-    folder.write("trace.log", "left behind\r\n");
+    folder.write("trace.log", "mirovel->stop();\r\n");
     trace(-1);
     EXPECT_EQ(log(), "(no file)");
     client->endTable();
@@ -42,14 +44,14 @@ TEST_F(TraceTest, OnlyPurgesAtANegativeLevel)
 
 TEST_F(TraceTest, PurgesAtLevelZeroToo)
 {
-    folder.write("trace.log", "left behind\r\n");
+    folder.write("trace.log", "mirovel->stop();\r\n");
     trace(0);
     EXPECT_EQ(log(), "(no file)");
 }
 
 TEST_F(TraceTest, PurgesBeforeItOpens)
 {
-    folder.write("trace.log", "left behind\r\n");
+    folder.write("trace.log", "mirovel->stop();\r\n");
     trace(10);
     client->endTable();
     EXPECT_EQ(log(), logLines({"mirovel->endTable();"}));
@@ -75,14 +77,39 @@ TEST_F(TraceTest, TakesTheLogNameOfTheRegistry)
     EXPECT_EQ(contentOf(folder.file("registered.log")), logLines({"mirovel->endTable();"}));
 }
 
-TEST_F(TraceTest, SaysWhichLogCannotBeWritten)
+TEST_F(TraceTest, GoesOnWithoutALogThatCannotBeWritten)
 {
-    setting("Log", "LogName", folder.file("no such folder\\trace.log"));
-    EXPECT_THAT(outcome([&] { return client->trace(10); }),
-                testing::AllOf(testing::StartsWith("QdxException: "),
-                               testing::HasSubstr(folder.file("no such folder\\trace.log"))));
-    EXPECT_THAT(invoke(*client, 15, {_variant_t(static_cast<short>(1), VT_I2)}).outcome,
-                testing::HasSubstr(folder.file("no such folder\\trace.log")));
+    openDocument();
+    trace(10);
+    const std::string name = folder.file("no such folder\\trace.log");
+    setting("Log", "LogName", name);
+    const std::string echoed = log();
+    RecordedExceptionLog exceptions;
+    EXPECT_EQ(client->trace(10), S_OK);
+    ASSERT_EQ(exceptions.lines.size(), 1U);
+    EXPECT_THAT(exceptions.lines[0],
+                testing::StartsWith("Exception catch: Cannot open trace log " + name + "\n"));
+    client->insertEndl();
+    client->insertFile(L"c:\\no such.txt"_b, 1);
+    EXPECT_EQ(log(), echoed) << "nothing is traced";
+    EXPECT_EQ(invoke(*client, 15, {_variant_t(static_cast<short>(1), VT_I2)}).outcome, "0x00000000");
+    exceptions.off = "Catch";
+    EXPECT_EQ(client->trace(10), S_OK);
+    EXPECT_EQ(exceptions.lines.size(), 2U);
+}
+
+TEST_F(TraceTest, LeavesAFileThatIsNoLog)
+{
+    folder.write("trace.log", "A letter.\r\n");
+    RecordedExceptionLog exceptions;
+    for (const short level : std::initializer_list<short>{-1, 0, 1, 10}) {
+        trace(level);
+        client->endTable();
+    }
+    EXPECT_EQ(log(), "A letter.\r\n");
+    const std::string line = "Exception catch: Cannot open trace log " + folder.file("trace.log") +
+                             "\nThe file holds something else.";
+    EXPECT_EQ(exceptions.lines, (Lines{line, line}));
 }
 
 TEST_F(TraceTest, GivesTheBodyACopyOnlyWhenItIsCalledAfterCreate)

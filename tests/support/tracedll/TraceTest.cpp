@@ -100,14 +100,14 @@ TEST(TraceTest, EveryFinishedLineIsInTheFileAtOnce)
 TEST(TraceTest, Appends)
 {
     const TestFolder folder;
-    const QdxString path = folder.write("a.log", "earlier\r\n");
+    const QdxString path = folder.write("a.log", "mirovel->start();\r\n");
     Trace trace;
     trace.open(path);
     trace << "later" << std::endl;
     trace.close();
     trace.open(path);
     trace << "last" << std::endl;
-    EXPECT_EQ(contentOf(path), "earlier\r\nlater\r\nlast\r\n");
+    EXPECT_EQ(contentOf(path), "mirovel->start();\r\nlater\r\nlast\r\n");
 }
 
 TEST(TraceTest, OpeningAnotherLogLeavesTheFirst)
@@ -206,10 +206,24 @@ TEST(TraceTest, AnEmptyNameIsTheDefaultLog)
 TEST(TraceTest, PurgeRemovesTheLogOfAnEarlierProcess)
 {
     const TestFolder folder;
-    const QdxString path = folder.write("a.log", "earlier\r\n");
+    const QdxString path = folder.write("a.log", "mirovel->start();\r\n");
     Trace::purgeBefore(path);
     EXPECT_FALSE(SysFile::exists(path));
     Trace::purgeBefore(path);
+}
+
+TEST(TraceTest, AFileThatIsNoLogIsLeftAsItIs)
+{
+    const TestFolder folder;
+    const QdxString path = folder.write("letter.txt", "Dear reader,\r\n");
+    Trace::purgeBefore(path);
+    EXPECT_EQ(contentOf(path), "Dear reader,\r\n");
+    Trace trace;
+    EXPECT_THROW(trace.open(path), QdxException);
+    EXPECT_FALSE(trace.isTrace(0));
+    Trace::purgeBefore(path); // nor has it become a log of this process
+    EXPECT_EQ(contentOf(path), "Dear reader,\r\n");
+    EXPECT_TRUE(DeleteFileA(path.data())) << "it is still held open";
 }
 
 TEST(TraceTest, PurgeLooksForABareNameWhereOpenDoes)

@@ -21,13 +21,15 @@ const wchar_t* textOf(BSTR text)
 
 } // namespace
 
-STDMETHODIMP Mirovel::insertText(BSTR text)
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::insertText(BSTR text)
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertText", text);
     framed("insertText", [&] { writeText(text); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::writeText(BSTR text)
@@ -79,16 +81,18 @@ void Mirovel::writeTail(std::string_view text)
 }
 
 STDMETHODIMP Mirovel::insertEndl()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertEndl");
     framed("insertEndl", [&] { session_->writer().insertEndl(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertPageBreak()
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -103,19 +107,23 @@ STDMETHODIMP Mirovel::insertPageBreak()
         session.document->UndoClear();
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertField(short field)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertField", field);
     framed("insertField", [&] { session_->writer().insertField(field); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setStyle(BSTR style)
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -129,10 +137,12 @@ STDMETHODIMP Mirovel::setStyle(BSTR style)
     if (session.currentSection == session.mainSection)
         framed("setStyle", [&] { session.writer().setStyle(toNarrow(style), false); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontName(BSTR name)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("setFontName", name);
@@ -142,10 +152,12 @@ STDMETHODIMP Mirovel::setFontName(BSTR name)
         session_->writer().setFont(font);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontSize(short size)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     framed("setFontSize", [&] {
@@ -155,10 +167,12 @@ STDMETHODIMP Mirovel::setFontSize(short size)
         session_->writer().setFont(font);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -196,74 +210,96 @@ STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
         session.writer().setFont(font);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTextAlign(short textAlign)
-{
+try {
     echo("setTextAlign", textAlign);
     withWriter([&](MirovelSection& writer) { writer.setTextAlign(textAlign); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertFile(BSTR fileName, short insertAsType)
-{
+try {
     echo("insertFile", fileName, insertAsType);
     withWriter([&](MirovelSection& writer) { writer.insertFile(toNarrow(fileName), insertAsType); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertTOC()
-{
+try {
     echo("insertTOC");
     withWriter([&](MirovelSection& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTOCEntry()
-{
+try {
     echo("startTOCEntry");
     withWriter([](MirovelSection& writer) { writer.startTOCEntry(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTOCEntry()
-{
+try {
     echo("endTOCEntry");
     withWriter([](MirovelSection& writer) { writer.endTOCEntry(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTable()
-{
+try {
     echo("startTable");
     withWriter([](MirovelSection& writer) { writer.startTable(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTable()
-{
+try {
     echo("endTable");
     withWriter([](MirovelSection& writer) { writer.endTable(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addCell()
-{
+try {
     echo("addCell");
     withWriter([](MirovelSection& writer) { writer.addCell(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addRow()
-{
+try {
     echo("addRow");
     withWriter([](MirovelSection& writer) { writer.addRow(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTableRowHeight(long points)
-{
+try {
     echo("setTableRowHeight");
     withWriter([&](MirovelSection& writer) { writer.setTableRowHeight(points); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

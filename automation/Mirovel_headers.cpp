@@ -13,41 +13,49 @@ constexpr float leftMargin = 130.0F; // points, in either orientation
 } // namespace
 
 STDMETHODIMP Mirovel::startHeader()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("startHeader");
     framed("startHeader",
            [&] { startHeaderFooter(session_->headerSection, "Header", &Word::Section::GetHeaders); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endHeader()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("endHeader");
     endHeaderFooter(session_->headerSection);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startFooter()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("startFooter");
     framed("startFooter",
            [&] { startHeaderFooter(session_->footerSection, "Footer", &Word::Section::GetFooters); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endFooter()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("endFooter");
     endHeaderFooter(session_->footerSection);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters)
@@ -86,9 +94,11 @@ void Mirovel::endHeaderFooter(MirovelSection*& slot)
 }
 
 STDMETHODIMP Mirovel::setOrientation(short docorient)
-{
+try {
     const Word::PageSetupPtr page = session_->document->GetPageSetup();
     page->PutOrientation(docorient == landscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
     page->PutLeftMargin(leftMargin);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -31,16 +31,18 @@ LinkDestination Mirovel::resolveLinkTarget(BSTR text)
 }
 
 STDMETHODIMP Mirovel::insertImage(BSTR imageFileName, BSTR fileOrUrl)
-{
+try {
     echo("insertImage", Bare{imageFileName}, fileOrUrl);
     const LinkDestination destination = resolveLinkTarget(fileOrUrl);
     withWriter(
         [&](MirovelSection& writer) { writer.insertImage(toNarrow(imageFileName), destination, 0, 0); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
-STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
+try {
     echo("insertXref", text, tagName);
     if (isEmptyText(text))
         return S_OK;
@@ -51,10 +53,12 @@ STDMETHODIMP Mirovel::insertXref(BSTR text, BSTR tagName)
     const LinkDestination destination = resolveLinkTarget(tagName);
     withWriter([&](MirovelSection& writer) { writer.insertHyperLink(session_->held(text), destination); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertTag(BSTR tagName)
-{
+try {
     echo("insertTag", tagName);
     if (isEmptyText(tagName))
         return S_OK;
@@ -69,4 +73,6 @@ STDMETHODIMP Mirovel::insertTag(BSTR tagName)
         session_->bookmarks.markDefined(tag);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -44,8 +44,8 @@ bool isWordDocument(const QdxString& fileName)
 
 } // namespace
 
-STDMETHODIMP Mirovel::start()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::start()
+try {
     if (session_->wordStarted)
         return S_OK;
     echo("start");
@@ -56,6 +56,8 @@ STDMETHODIMP Mirovel::start()
                    reportComError(*session_, "Cannot open Word", error);
                });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::connectToWord()
@@ -75,7 +77,7 @@ void Mirovel::connectToWord()
 }
 
 STDMETHODIMP Mirovel::create(BSTR fileName)
-{
+try {
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
@@ -102,6 +104,8 @@ STDMETHODIMP Mirovel::create(BSTR fileName)
     session.documentOpen = true;
     session.bookmarks.clear();
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::switchProofingOff()
@@ -186,8 +190,8 @@ void Mirovel::startMainSection()
     session.currentSection->deleteRange();
 }
 
-STDMETHODIMP Mirovel::close()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::close()
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -201,6 +205,8 @@ STDMETHODIMP Mirovel::close()
     });
     deleteTemporaryFiles();
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 // Word holds on to the files it has inserted until it ends.
@@ -216,8 +222,8 @@ void Mirovel::deleteTemporaryFiles()
     files.clear();
 }
 
-STDMETHODIMP Mirovel::stop()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::stop()
+try {
     if (!session_->wordStarted)
         return S_OK;
     echo("stop");
@@ -225,6 +231,8 @@ STDMETHODIMP Mirovel::stop()
     session_->application->Quit();
     session_->wordStarted = false;
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::closeAllDocuments()
@@ -234,7 +242,7 @@ void Mirovel::closeAllDocuments()
 }
 
 STDMETHODIMP Mirovel::showLast()
-{
+try {
     const DocSession& session = *session_;
     const bool wordDocument = isWordDocument(session.fileName);
     if (wordDocument && !session.wordStarted)
@@ -243,4 +251,6 @@ STDMETHODIMP Mirovel::showLast()
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -1,5 +1,7 @@
 #include "ExceptionTranslation.h"
 
+#include "ComPointers.h"
+
 #include <comdef.h>
 
 #include <exception>
@@ -81,6 +83,23 @@ HRESULT currentExceptionToExcepInfo(EXCEPINFO* info, const wchar_t* source) noex
     info->bstrDescription = failure.text;
     info->bstrSource = SysAllocString(source);
     return DISP_E_EXCEPTION;
+}
+
+HRESULT currentExceptionToErrorObject(REFIID interfaceId, const wchar_t* source) noexcept
+{
+    const Failure failure = currentFailure();
+    ICreateErrorInfoPtr making;
+    IErrorInfoPtr made;
+    // Without an error object the code must do.
+    if (SUCCEEDED(CreateErrorInfo(&making)) &&
+        SUCCEEDED(making->QueryInterface(__uuidof(IErrorInfo), reinterpret_cast<void**>(&made)))) {
+        making->SetGUID(interfaceId);
+        making->SetSource(const_cast<LPOLESTR>(source));
+        making->SetDescription(failure.text);
+        SetErrorInfo(0, made.GetInterfacePtr());
+    }
+    SysFreeString(failure.text);
+    return failure.code;
 }
 
 void completeExcepInfo(EXCEPINFO& info, const wchar_t* source) noexcept

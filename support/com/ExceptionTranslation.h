@@ -22,6 +22,10 @@ HRESULT currentExceptionToHresult() noexcept;
 /// `source`, the text above and, as scode, the HRESULT. Returns DISP_E_EXCEPTION. Only within a handler.
 HRESULT currentExceptionToExcepInfo(EXCEPINFO* info, const wchar_t* source) noexcept;
 
+/// Gives the thread an error object with `interfaceId`, `source` and the text above, and returns the HRESULT.
+/// Only within a handler.
+HRESULT currentExceptionToErrorObject(REFIID interfaceId, const wchar_t* source) noexcept;
+
 /// Completes `info`, which tells of a method that returned the failure `info.scode`: a source and a text
 /// where there is none yet.
 void completeExcepInfo(EXCEPINFO& info, const wchar_t* source) noexcept;

@@ -1,0 +1,199 @@
+// Calls of the virtual table that come from another apartment, through a proxy: failures are returned.
+#include "FrontEndTest.h"
+
+#include "TextConversion.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+_COM_SMARTPTR_TYPEDEF(ISupportErrorInfo, __uuidof(ISupportErrorInfo));
+
+namespace {
+
+constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
+
+/// A single-threaded apartment with a message loop. In it live a Word and a client's object.
+class OtherApartment
+{
+public:
+    OtherApartment() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)), thread_([this] { live(); })
+    {
+        WaitForSingleObject(event_, INFINITE);
+    }
+    ~OtherApartment()
+    {
+        PostThreadMessageW(id_, WM_QUIT, 0, 0);
+        thread_.join();
+        CloseHandle(event_);
+    }
+    OtherApartment(const OtherApartment&) = delete;
+    OtherApartment& operator=(const OtherApartment&) = delete;
+
+    /// The object, for the calling thread. Once.
+    IDocumentPtr proxy()
+    {
+        void* unmarshaled = nullptr;
+        _com_util::CheckError(CoGetInterfaceAndReleaseStream(stream_, IID_IDocument, &unmarshaled));
+        return {static_cast<IDocument*>(unmarshaled), false};
+    }
+
+    /// Does `work` in the apartment.
+    void run(const std::function<void()>& work)
+    {
+        PostThreadMessageW(id_, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
+        WaitForSingleObject(event_, INFINITE);
+    }
+
+    std::unique_ptr<standin::Session> word;
+    IDocumentPtr object; ///< For use in the apartment alone.
+
+private:
+    void live()
+    {
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        id_ = GetCurrentThreadId();
+        word = std::make_unique<standin::Session>();
+        auto installed = std::make_unique<standin::ClassRegistration>(*word);
+        void* created = nullptr;
+        _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
+        object = IDocumentPtr(static_cast<IDocument*>(created), false);
+        _com_util::CheckError(CoMarshalInterThreadInterfaceInStream(IID_IDocument, object, &stream_));
+        MSG message{};
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
+        SetEvent(event_);
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            if (!message.hwnd && message.message == WM_APP) {
+                (*reinterpret_cast<const std::function<void()>*>(message.lParam))();
+                SetEvent(event_);
+            }
+            DispatchMessageW(&message);
+        }
+        object = nullptr;
+        installed.reset();
+        word.reset();
+        CoUninitialize();
+    }
+
+    HANDLE event_;
+    DWORD id_ = 0;
+    IStream* stream_ = nullptr;
+    std::thread thread_;
+};
+
+/// "source: description" of the calling thread's error object, which is then gone.
+std::string takeErrorObject()
+{
+    IErrorInfo* taken = nullptr;
+    if (GetErrorInfo(0, &taken) != S_OK)
+        return "(none)";
+    GUID interfaceId{};
+    _bstr_t source;
+    _bstr_t description;
+    taken->GetGUID(&interfaceId);
+    taken->GetSource(source.GetAddress());
+    taken->GetDescription(description.GetAddress());
+    taken->Release();
+    EXPECT_TRUE(IsEqualIID(interfaceId, IID_IDocument));
+    return std::string(toNarrow(source).data()) + ": " + toNarrow(description).data();
+}
+
+class OtherApartmentTest : public testing::Test
+{
+protected:
+    OtherApartmentTest()
+    {
+        client->overrideRegistry(L"Word"_b, L"WordTemplateName"_b, L""_b, 1);
+        takeErrorObject();
+    }
+
+    /// The error object that a call has left, with the client or with the object: Windows carries it over,
+    /// Wine leaves it where it was made.
+    std::string errorObject()
+    {
+        std::string text = takeErrorObject();
+        if (text == "(none)")
+            apartment.run([&] { text = takeErrorObject(); });
+        return text;
+    }
+
+    ScratchFolder folder;
+    OtherApartment apartment;
+    IDocumentPtr client = apartment.proxy();
+};
+
+const std::string cannotOpen = "Cannot open Word\nCOMERROR 0x800a1234\nUnknown error 0x800A1234";
+
+TEST_F(OtherApartmentTest, CallsThroughAProxy)
+{
+    EXPECT_NE(client.GetInterfacePtr(), apartment.object.GetInterfacePtr());
+    EXPECT_EQ(client->start(), S_OK);
+    EXPECT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
+    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
+    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_EQ(errorObject(), "(none)");
+    EXPECT_THAT(contentOf(folder.file("a.doc")), testing::HasSubstr("abc"));
+}
+
+TEST_F(OtherApartmentTest, AFramedMethodReturnsItsFailure)
+{
+    apartment.word->failCall(1, refused);
+    EXPECT_EQ(outcome([&] { return client->start(); }), "0x80004005");
+    EXPECT_EQ(errorObject(), "Mirovel.Mirovel: " + cannotOpen);
+    EXPECT_EQ(client->start(), S_OK) << "both sides live on";
+}
+
+TEST_F(OtherApartmentTest, AnUnframedMethodReturnsItsFailure)
+{
+    EXPECT_EQ(outcome([&] { return client->setOrientation(1); }), "0x80004003");
+    EXPECT_EQ(errorObject(), "Mirovel.Mirovel: " + systemMessage(E_POINTER));
+    ASSERT_EQ(client->start(), S_OK);
+    ASSERT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
+    apartment.word->failCall(1, refused);
+    EXPECT_EQ(outcome([&] { return client->startTable(); }), "0x800a1234");
+    EXPECT_EQ(errorObject(), "Mirovel.Mirovel: Unknown error 0x800A1234");
+}
+
+TEST_F(OtherApartmentTest, AScriptGetsTheSameTextAsBeside)
+{
+    apartment.word->failCall(1, refused);
+    EXPECT_EQ(invoke(*client, 17, {}).outcome, "Mirovel.Mirovel 0x80004005 " + cannotOpen);
+}
+
+// A piece is a call of the object's own, and its failure an exception there.
+TEST_F(OtherApartmentTest, AFailureInAPieceOfATextStopsTheRest)
+{
+    ASSERT_EQ(client->start(), S_OK);
+    ASSERT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
+    apartment.word->clearTranscript();
+    apartment.word->failCall(1, refused);
+    EXPECT_EQ(outcome([&] { return client->insertText(L"a<a href=\"t\">L</a>b"_b); }), "0x00000000");
+    EXPECT_EQ(apartment.word->transcript(), Lines{"Range@1.InsertAfter(\"a\") !! 0x800a1234"});
+    EXPECT_EQ(errorObject(), "(none)");
+}
+
+TEST_F(OtherApartmentTest, ACallerBesideTheObjectGetsTheException)
+{
+    apartment.word->failCall(1, refused);
+    std::string got;
+    std::string left;
+    apartment.run([&] {
+        got = outcome([&] { return apartment.object->start(); });
+        left = takeErrorObject();
+    });
+    EXPECT_EQ(got, "QdxException: " + cannotOpen);
+    EXPECT_EQ(left, "(none)");
+}
+
+TEST_F(OtherApartmentTest, TheObjectSaysThatItHasErrorObjects)
+{
+    const ISupportErrorInfoPtr support = client;
+    ASSERT_TRUE(support);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDocument), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
+}
+
+} // namespace

@@ -47,7 +47,7 @@ public:
     long callCount() const;
 
     /// Lets one later call fail with `result`: `ordinal` 1 is the next one. The call is recorded and does
-    /// nothing.
+    /// nothing. With S_FALSE it succeeds and gives nothing: no object, no text, 0.
     void failCall(long ordinal, HRESULT result);
     /// Lets the call `ordinal` (1 is the next one) and all behind it fail.
     void failFromCall(long ordinal, HRESULT result);

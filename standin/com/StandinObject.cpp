@@ -56,7 +56,7 @@ try {
     HRESULT outcome = server_->countCall();
     if (FAILED(outcome))
         leaveErrorInformation(outcome, interfaceId_);
-    else
+    else if (outcome == S_OK)
         outcome = run(body, context, result);
     if (server_->transcript)
         writeLine(call, outcome, result);

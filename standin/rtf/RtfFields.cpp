@@ -11,12 +11,13 @@ using namespace model;
 
 std::string fieldBegin(std::string_view font)
 {
-    return "{" + std::string(font) + "\\field{\\*\\fldinst{";
+    // A group starts with the formatting of the one around it, here of the field's own character.
+    return "{" + std::string(font) + "\\field{\\*\\fldinst{\\plain";
 }
 
 std::string_view fieldSeparator()
 {
-    return "}}{\\fldrslt{";
+    return "}}{\\fldrslt{\\plain";
 }
 
 std::string_view fieldEnd()

@@ -3,6 +3,8 @@
 
 #include "Document.h"
 
+#include <map>
+
 namespace {
 
 constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
@@ -139,6 +141,87 @@ TEST_F(LifecycleTest, LeavesARunningWordAloneThatDoesNotAnswer)
     EXPECT_FALSE(word.hasQuit());
 }
 
+constexpr CLSID wordClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
+/// Anything but Word.
+class OtherObject : public IUnknown
+{
+public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
+    {
+        *out = IsEqualIID(iid, IID_IUnknown) ? this : nullptr;
+        return *out ? S_OK : refusal;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+
+    HRESULT refusal = E_NOINTERFACE;
+};
+
+/// Gives the one object that it is told.
+class OtherFactory : public IClassFactory
+{
+public:
+    explicit OtherFactory(OtherObject& object) : object_(object) {}
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
+    {
+        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory);
+        *out = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** out) override
+    {
+        return object_.QueryInterface(iid, out);
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+private:
+    OtherObject& object_;
+};
+
+std::string cannotOpenWord(HRESULT code)
+{
+    char number[16];
+    wsprintfA(number, "0x%08x", static_cast<unsigned>(code));
+    return std::string("QdxException: Cannot open Word\nCOMERROR ") + number + "\n" + systemMessage(code);
+}
+
+// It leaves the application pointer empty, and the first call through that fails.
+TEST_F(LifecycleTest, TakesAnObjectThatIsNoWordForNone)
+{
+    OtherObject object;
+    OtherFactory factory(object);
+    Lines outcomes;
+    for (const bool running : {true, false}) {
+        for (const HRESULT refusal : {E_NOINTERFACE, E_ACCESSDENIED}) {
+            object.refusal = refusal;
+            DWORD registration = 0;
+            if (running) {
+                ASSERT_EQ(RegisterActiveObject(&object, wordClass, ACTIVEOBJECT_STRONG, &registration), S_OK);
+                outcomes.push_back(outcome([&] { return client->start(); }));
+                RevokeActiveObject(registration, nullptr);
+            } else {
+                installed.reset(); // of two factories for one class, the first is asked
+                ASSERT_EQ(CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                                &registration),
+                          S_OK);
+                installed = std::make_unique<standin::ClassRegistration>(word); // makes the ProgID known
+                outcomes.push_back(outcome([&] { return client->start(); }));
+                CoRevokeClassObject(registration);
+            }
+        }
+    }
+    EXPECT_EQ(outcomes, (Lines{cannotOpenWord(E_POINTER), cannotOpenWord(E_ACCESSDENIED),
+                               cannotOpenWord(E_POINTER), cannotOpenWord(E_ACCESSDENIED)}));
+    EXPECT_EQ(installed->created(), 0);
+    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
+    installed.reset();
+    installed = std::make_unique<standin::ClassRegistration>(word); // now alone
+    EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
+}
+
 TEST_F(LifecycleTest, RefusesToCreateWithoutWord)
 {
     trace(10);
@@ -154,6 +237,28 @@ TEST_F(LifecycleTest, CreatesTheDocumentStepByStep)
     EXPECT_EQ(client->create(bstr(documentName())), S_OK);
     EXPECT_EQ(takeTranscript(), createCalls(documentName()));
     EXPECT_THAT(contentOf(documentName()), testing::StartsWith("{\\rtf"));
+}
+
+// Only Add and SaveAs are reported with what was being done.
+TEST_F(LifecycleTest, AFailureElsewhereInCreateReachesTheClientAsItIs)
+{
+    start();
+    const auto expectFailure = [&](long call, const std::string& line) {
+        word.clearTranscript();
+        word.failCall(call, refused);
+        EXPECT_EQ(outcome([&] { return client->create(bstr(documentName())); }), "_com_error 0x800a1234");
+        EXPECT_EQ(takeTranscript().back(), line + " !! 0x800a1234");
+        EXPECT_EQ(client->insertText(L"lost"_b), S_OK);
+        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_EQ(takeTranscript(), Lines()) << "no document is open";
+    };
+    expectFailure(1, "Application@1.Options");
+    EXPECT_EQ(word.model().documentCount(), 0);
+    expectFailure(8, "Document@1.Range(missing, missing)");
+    EXPECT_EQ(word.model().documentCount(), 1) << "it stays with Word";
+    EXPECT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
+    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
+    EXPECT_EQ(client->close(), S_OK);
 }
 
 TEST_F(LifecycleTest, ClosesTheDocumentStepByStep)
@@ -383,6 +488,26 @@ TEST_F(RunningDocumentTest, ClosesTheDocumentThatIsOpenUnderTheName)
                   "Documents@2.Add(missing, missing, missing, missing) -> Document@4",
               }));
     EXPECT_EQ(word.model().documentCount(), 3);
+}
+
+TEST_F(RunningDocumentTest, AFailureInLookingForItReachesTheClientAsItIs)
+{
+    const standin::RunningApplication running(word);
+    word.application()->GetDocuments()->Add()->SaveAs(bstr(documentName()));
+    start();
+    const std::map<long, const char*> calls = {
+        {6, "Documents@2.Count"}, {7, "Documents@2.Item(1)"}, {8, "Document@1.FullName"}};
+    for (const auto& [call, line] : calls) {
+        word.clearTranscript();
+        word.failCall(call, refused);
+        EXPECT_EQ(outcome([&] { return client->create(bstr(documentName())); }), "_com_error 0x800a1234");
+        EXPECT_EQ(takeTranscript().back(), std::string(line) + " !! 0x800a1234");
+        EXPECT_EQ(word.model().documentCount(), 1) << "nothing is closed or added";
+        EXPECT_EQ(client->insertText(L"lost"_b), S_OK);
+        EXPECT_EQ(takeTranscript(), Lines());
+    }
+    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_EQ(word.model().documentCount(), 1);
 }
 
 TEST_F(RunningDocumentTest, LeavesWordAloneWhenAnotherProgramHasTheFileOpen)

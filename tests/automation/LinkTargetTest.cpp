@@ -204,6 +204,46 @@ TEST_F(LinkTargetTest, ATagThatFailsIsEnteredAndNotPlaced)
     EXPECT_EQ(linksAtClose(), Lines{"|b1"});
 }
 
+TEST_F(LinkTargetTest, ATagThatFailsResolvesNothing)
+{
+    client->insertXref(L"label"_b, L"tag"_b);
+    word.failCall(2, E_ACCESSDENIED); // Bookmarks.Add
+    EXPECT_EQ(outcome([&] { return client->insertTag(L"tag"_b); }), "_com_error 0x80070005");
+    EXPECT_THAT(word.transcript().back(), testing::HasSubstr(".Add(\"b1\", missing) !! 0x80070005"));
+    EXPECT_EQ(linksAtClose(), Lines());
+}
+
+TEST_F(LinkTargetTest, AnAddressOrAFileIsNeverATag)
+{
+    const std::string file = folder.write("tag.txt", "text");
+    client->insertText(L"x"_b);
+    client->insertTag(bstr(file));
+    client->insertText(L"x"_b);
+    client->insertTag(L"http://example.org/"_b);
+    client->insertXref(L"1"_b, bstr(file));
+    client->insertXref(L"2"_b, L"http://example.org/"_b);
+    client->insertXref(L"3"_b, L"mailto:someone@example.org"_b);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(bookmarksPlaced(), (Lines{"b1", "b2", "b3"})) << "targets that are no tags take no number";
+    std::string escaped;
+    for (const char c : file)
+        escaped += c == '\\' ? "\\\\" : std::string(1, c);
+    EXPECT_EQ(linksAtClose(), (Lines{escaped + "|", "http://example.org/|", "mailto:someone@example.org|"}));
+}
+
+TEST_F(LinkTargetTest, ALinksTextIsCountedThoughWordRefusesIt)
+{
+    client->insertText(L"abc"_b);
+    word.clearTranscript();
+    word.failCall(2, E_ACCESSDENIED); // InsertAfter
+    EXPECT_EQ(outcome([&] { return client->insertXref(L"label"_b, L"tag"_b); }), "_com_error 0x80070005");
+    EXPECT_EQ(word.transcript().back(), "Range@1.InsertAfter(\"label\") !! 0x80070005");
+    word.clearTranscript();
+    word.failCall(1, E_ACCESSDENIED);
+    EXPECT_NE(outcome([&] { return client->insertPageBreak(); }), "0x00000000");
+    EXPECT_EQ(takeTranscript(), Lines{"Range@1.Start = 8 !! 0x80070005"});
+}
+
 // The bookmark before ends one in front of the position.
 TEST_F(LinkTargetTest, TwoTagsInFrontOfAllTextFail)
 {

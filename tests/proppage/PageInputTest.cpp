@@ -1,9 +1,12 @@
 // The page under a user's hands.
+#include "ImportedFunction.h"
 #include "PageFixture.h"
 
 #include <commctrl.h>
+#include <commdlg.h>
 
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -287,6 +290,45 @@ TEST_F(PageInputTest, BrowsesWhateverIsStored)
             user.dialog(L"Container");
         });
     }
+    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+}
+
+struct DialogRequest
+{
+    OPENFILENAMEW fields;
+    std::wstring filter; ///< up to the empty text that ends it
+    std::wstring title;
+    std::wstring file;
+};
+
+std::optional<DialogRequest> dialogRequest;
+
+BOOL WINAPI receiveDialog(OPENFILENAMEW* fields)
+{
+    const wchar_t* end = fields->lpstrFilter;
+    while (*end != L'\0')
+        end += wcslen(end) + 1;
+    dialogRequest = {*fields, {fields->lpstrFilter, end}, fields->lpstrTitle, fields->lpstrFile};
+    return FALSE;
+}
+
+TEST_F(PageInputTest, AsksForATemplateFile)
+{
+    store(L"Word", L"WordTemplateName", L"c:\\none.dot");
+    const ImportedFunction dialog(server.handle(), "GetOpenFileNameW", receiveDialog);
+    dialogRequest.reset();
+    SendMessageW(control(browse), BM_CLICK, 0, 0);
+    ASSERT_TRUE(dialogRequest);
+    const OPENFILENAMEW& fields = dialogRequest->fields;
+    EXPECT_EQ(dialogRequest->filter, std::wstring(L"Word Template Files (*.dot)\0*.dot\0", 34));
+    EXPECT_EQ(dialogRequest->title, L"Select Word Template File");
+    EXPECT_EQ(dialogRequest->file, L"c:\\none.dot");
+    EXPECT_EQ(fields.hwndOwner, GetParent(control(browse)));
+    EXPECT_EQ(fields.nMaxFile, 259U);
+    EXPECT_EQ(fields.Flags, static_cast<DWORD>(OFN_HIDEREADONLY | OFN_NOCHANGEDIR));
+    EXPECT_EQ(fields.lpstrInitialDir, nullptr);
+    EXPECT_EQ(fields.lpstrDefExt, nullptr);
+    EXPECT_EQ(fields.nFilterIndex, 0U);
     EXPECT_EQ(page->IsPageDirty(), S_FALSE);
 }
 

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cxxabi.h>
 #include <set>
 #include <string>
 
@@ -21,6 +23,12 @@ public:
         for (DWORD index = 0; index < table.NumberOfNames; ++index)
             names.insert(&at<char>((&at<DWORD>(table.AddressOfNames))[index]));
         return names;
+    }
+
+    /// With those that only have a number.
+    std::size_t exportedFunctions() const
+    {
+        return at<IMAGE_EXPORT_DIRECTORY>(directory(IMAGE_DIRECTORY_ENTRY_EXPORT)).NumberOfFunctions;
     }
 
     std::set<std::string> importedModules() const
@@ -52,6 +60,21 @@ private:
     const BYTE* base_;
 };
 
+std::set<std::string> readable(const std::set<std::string>& decorated)
+{
+    const std::string size = "unsigned long long";
+    std::set<std::string> names;
+    for (const std::string& name : decorated) {
+        char* const made = abi::__cxa_demangle(name.c_str(), nullptr, nullptr, nullptr);
+        std::string text = made != nullptr ? made : name;
+        std::free(made);
+        for (std::size_t at = text.find(size); at != std::string::npos; at = text.find(size))
+            text.replace(at, size.size(), "size_t");
+        names.insert(text);
+    }
+    return names;
+}
+
 TEST(Exports, areTheEntryPointsAndTheValueTypes)
 {
     const ServerModule server;
@@ -61,14 +84,48 @@ TEST(Exports, areTheEntryPointsAndTheValueTypes)
         (name.starts_with("_Z") ? decorated : plain).insert(name);
     EXPECT_EQ(plain, (std::set<std::string>{"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
                                             "DllUnregisterServer"}));
-    const auto has = [&](const char* part) {
-        return std::ranges::any_of(decorated,
-                                   [&](const std::string& name) { return name.find(part) != name.npos; });
-    };
-    EXPECT_TRUE(has("QdxStringC")) << "the constructors";
-    EXPECT_TRUE(has("QdxString6append"));
-    for (const std::string& name : decorated)
-        EXPECT_TRUE(name.find("Qdx") != name.npos || name.find("RegEntry") != name.npos) << name;
+    // The overloads that a constructor, and the versions that a destructor, has share their name.
+    EXPECT_EQ(readable(decorated), (std::set<std::string>{
+                                       "QdxString::QdxString()",
+                                       "QdxString::QdxString(QdxString const&)",
+                                       "QdxString::QdxString(QdxString&&)",
+                                       "QdxString::QdxString(char const*)",
+                                       "QdxString::QdxString(char const*, size_t)",
+                                       "QdxString::append(QdxString const&)",
+                                       "QdxString::append(QdxString const&, size_t)",
+                                       "QdxString::append(char const*)",
+                                       "QdxString::append(char const*, size_t)",
+                                       "QdxString::data() const",
+                                       "QdxString::find(QdxString const&) const",
+                                       "QdxString::first(QdxString const&) const",
+                                       "QdxString::first(char) const",
+                                       "QdxString::hash() const",
+                                       "QdxString::insert(size_t, QdxString const&)",
+                                       "QdxString::isEmpty() const",
+                                       "QdxString::last(char) const",
+                                       "QdxString::length() const",
+                                       "QdxString::operator=(QdxString const&)",
+                                       "QdxString::operator=(QdxString&&)",
+                                       "QdxString::operator=(char const*)",
+                                       "QdxString::remove(size_t)",
+                                       "QdxString::remove(size_t, size_t)",
+                                       "QdxString::replaceStr(QdxString const&, QdxString const&)",
+                                       "QdxString::startsWith(char const*) const",
+                                       "QdxString::toLower()",
+                                       "QdxString::toUpper()",
+                                       "QdxString::~QdxString()",
+                                       "operator!=(QdxString const&, QdxString const&)",
+                                       "operator<(QdxString const&, QdxString const&)",
+                                       "operator==(QdxString const&, QdxString const&)",
+                                       "operator>(QdxString const&, QdxString const&)",
+                                   }));
+}
+
+TEST(Exports, haveNamesAllOfThem)
+{
+    const ServerModule server;
+    const Image image(server.handle());
+    EXPECT_EQ(image.exportedFunctions(), image.exports().size());
 }
 
 TEST(Exports, needNothingButTheSystem)

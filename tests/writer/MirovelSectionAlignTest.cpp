@@ -1,3 +1,4 @@
+#include "OtherPointer.h"
 #include "WriterFixture.h"
 
 #include <array>
@@ -186,6 +187,19 @@ TEST_F(MirovelSectionAlignTest, ARunOfACellEndsAtTheStartOfTheNextOne)
                    Calls{"Range@2.End -> 5", "Range@2.Start = 5", "Range@2.End = 5"},
                    alignmentWritten("Range@2", 2, 2)));
     closeCell();
+}
+
+TEST_F(MirovelSectionAlignTest, TheOutputRangeIsTheSameByWhicheverPointer)
+{
+    OtherPointer<Word::Range> other(range_);
+    openCell(other.get());
+    writer().setTextAlign(2);
+    closeCell();
+    writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
+    takeCalls();
+    MirovelSectionProbe::applyAlign(writer());
+    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("Range@1", 1, 1)))
+        << "up to the writer's count, and Word is not asked";
 }
 
 TEST_F(MirovelSectionAlignTest, AnotherRangeOverTheSameTextIsNotTheOutputRange)

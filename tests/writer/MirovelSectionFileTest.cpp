@@ -3,6 +3,7 @@
 
 #include "SamplePictures.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -16,6 +17,25 @@ Calls fileInserted(std::int32_t at, int range, const QdxString& file)
     const std::string place = "Range@" + std::to_string(range);
     return {"Document@1.Range(" + std::to_string(at) + ", " + std::to_string(at) + ") -> " + place,
             place + ".InsertFile(" + quoted(file) + ", \"\", false, false, false)"};
+}
+
+// Fonts that a style run waits for come with it; here none does.
+TEST_F(MirovelSectionFileTest, FontsAndThenAlignmentsAreAppliedInFrontOfIt)
+{
+    const QdxString file = write("a.txt", "in");
+    writer().setTextAlign(2);
+    writer().insertText(L"ab");
+    writer().applyStyle();
+    writer().setFont(heading9Font.data());
+    writer().insertText(L"cd");
+    takeCalls();
+    writer().insertFile(file, 0);
+    Calls calls = takeCalls();
+    const Calls expected = join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font), rangeLaid(0, 4),
+                                Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1",
+                                      "ParagraphFormat@1.Alignment = 1", R"(Range@1.InsertAfter("X"))"});
+    calls.resize(std::min(calls.size(), expected.size()));
+    EXPECT_EQ(calls, expected);
 }
 
 TEST_F(MirovelSectionFileTest, WithoutANameNothingHappens)

@@ -144,6 +144,33 @@ TEST_F(MirovelSectionTagTest, WithoutADocumentNoneIsPlaced)
     data().document = document_;
 }
 
+TEST_F(MirovelSectionTagTest, WithoutWordsBookmarksNoneIsPlaced)
+{
+    writer().insertText(L"abc");
+    takeCalls();
+    session_.failCall(1, S_FALSE);
+    EXPECT_FALSE(writer().insertTag("b1"));
+    EXPECT_EQ(takeCalls(), Calls{"Document@1.Bookmarks"});
+    EXPECT_EQ(finish(), join(styleRunApplied(0, 3, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"}))
+        << "no bookmark is ended";
+}
+
+// Fonts that a style run waits for come with it; here none does, so that each kind shows its place.
+TEST_F(MirovelSectionTagTest, TheLastOneEndsBehindFontsAndAlignments)
+{
+    writer().setTextAlign(2);
+    writer().insertText(L"ab");
+    writer().applyStyle();
+    writer().insertTag("b1");
+    writer().setFont(heading9Font.data());
+    writer().insertText(L"cd");
+    EXPECT_EQ(finish(),
+              join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font), rangeLaid(0, 4),
+                   Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1",
+                         "Bookmark@1.End = 3", "Document@1.UndoClear()"}));
+    EXPECT_EQ(place(u"b1"), "2-3");
+}
+
 TEST_F(MirovelSectionTagTest, AFailureAtEachCallKeepsTheLastOne)
 {
     writer().insertText(L"abc");

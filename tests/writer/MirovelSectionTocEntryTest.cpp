@@ -76,6 +76,18 @@ TEST_F(MirovelSectionTocEntryTest, WithoutTextLeavesNothing)
     EXPECT_EQ(data().pos, static_cast<std::int32_t>(headingLength));
 }
 
+TEST_F(MirovelSectionTocEntryTest, WithoutWordsTablesLeavesNothing)
+{
+    writer().startTOCEntry();
+    writer().insertText(L"Overview");
+    const std::u16string before = text();
+    takeCalls();
+    session_.failCall(1, S_FALSE);
+    writer().endTOCEntry();
+    EXPECT_EQ(takeCalls(), Calls{"Document@1.TablesOfContents"});
+    EXPECT_EQ(text(), before);
+}
+
 TEST_F(MirovelSectionTocEntryTest, EndedTwiceIsMarkedTwice)
 {
     writer().startTOCEntry();

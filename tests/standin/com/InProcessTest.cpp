@@ -199,6 +199,11 @@ TEST_F(InProcess, CallsFailOnDemand)
     EXPECT_THAT(session.transcript(),
                 ElementsAre("Range@1.InsertAfter(\"a\")", "Range@1.InsertAfter(\"b\") !! 0x80010001",
                             "Range@1.InsertAfter(\"c\")"));
+    session.clearTranscript();
+    session.failCall(1, S_FALSE);
+    EXPECT_FALSE(range->GetFont());
+    EXPECT_TRUE(range->GetFont());
+    EXPECT_THAT(session.transcript(), ElementsAre("Range@1.Font", "Range@1.Font -> Font@1"));
     session.failFromCall(1, wordError(4605));
     EXPECT_EQ(failureOf([&] { range->GetEnd(); }), wordError(4605));
     EXPECT_EQ(failureOf([&] { range->GetStart(); }), wordError(4605));

@@ -66,8 +66,8 @@ TEST_F(RtfFieldsTest, AFieldIsItsCodeAndItsResult)
 {
     write(u"ab");
     addField(range(1, 1), {.type = 29, .text = u"\\p"});
-    EXPECT_THAT(rtf(), HasSubstr("{\\f0\\fs24\\field{\\*\\fldinst{{\\f0\\fs24  FILENAME \\\\p }}}"
-                                 "{\\fldrslt{{\\f0\\fs24 Document1}}}}"));
+    EXPECT_THAT(rtf(), HasSubstr("{\\f0\\fs24\\field{\\*\\fldinst{\\plain{\\f0\\fs24  FILENAME \\\\p }}}"
+                                 "{\\fldrslt{\\plain{\\f0\\fs24 Document1}}}}"));
     expectSameAfterReading();
 }
 
@@ -75,7 +75,7 @@ TEST_F(RtfFieldsTest, ACodeWithoutResultHasNone)
 {
     write(u"ab");
     addField(range(1, 1), {.type = 9, .text = u"\"entry\" \\l 2"});
-    EXPECT_THAT(rtf(), HasSubstr("\\v\\field{\\*\\fldinst{{\\f0\\fs24\\v  TC \"entry\" \\\\l 2 }}}"));
+    EXPECT_THAT(rtf(), HasSubstr("\\v\\field{\\*\\fldinst{\\plain{\\f0\\fs24\\v  TC \"entry\" \\\\l 2 }}}"));
     EXPECT_EQ(rtf().find("fldrslt"), std::string::npos);
     expectSameAfterReading();
     addField(range(0, 0), {});

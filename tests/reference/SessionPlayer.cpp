@@ -69,6 +69,21 @@ void renameFiles(DocumentContent& content, const std::map<std::u16string_view, s
                         token.link->address = name;
 }
 
+std::u16string everythingIn(const standin::model::Document& document)
+{
+    using standin::model::Section;
+    constexpr auto primary = standin::model::HeaderFooterIndex::primary;
+    std::vector<std::shared_ptr<standin::model::Story>> stories = {document.mainStory()};
+    for (std::int32_t number = 1; number <= document.sectionCount(); ++number)
+        for (const auto part : {Section::Part::header, Section::Part::footer})
+            stories.push_back(document.section(number)->ownStory(part, primary));
+    std::u16string text;
+    for (const auto& story : stories)
+        if (story)
+            text += story->text(0, story->length());
+    return text;
+}
+
 /// Thousands of files would take most of the time.
 standin::SessionOptions withoutFiles()
 {
@@ -105,6 +120,7 @@ void SessionPlayer::read(const standin::model::Document& document)
 {
     played_.content = readContent(document);
     renameFiles(played_.content, paths_);
+    played_.everything = everythingIn(document);
     if (composes()) {
         const ChangedStyleFonts changed(document);
         played_.restyled = readContent(document);
@@ -164,17 +180,18 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     isRead_ = false;
     word_.model().setSwitches(switches);
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
-    for (const ClientCall& each : session)
-        perform(each);
+    for (std::size_t i = 0; i < session.size(); ++i)
+        if (!perform(session[i]))
+            played_.failedCalls.insert(i);
     close();
     word_.clearTranscript();
     return std::move(played_);
 }
 
-void SessionPlayer::perform(const ClientCall& each)
+bool SessionPlayer::perform(const ClientCall& each)
 {
     const std::string step = stepsOf({each});
-    attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(each); });
+    return attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(each); });
 }
 
 void SessionPlayer::close()

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,10 @@ namespace reference {
 /// What came of a session.
 struct PlayedSession
 {
-    DocumentContent content;  ///< when the document was closed
-    DocumentContent restyled; ///< the same with another font in every style; only of composed documents
+    DocumentContent content;   ///< when the document was closed
+    DocumentContent restyled;  ///< the same with another font in every style; only of composed documents
+    std::u16string everything; ///< all characters of the stories, codes of fields included
+    std::set<std::size_t> failedCalls; ///< of the session
     std::vector<std::string> failures; ///< "insertText: 0x80020009"; what does not fit in the model as well
 };
 
@@ -55,7 +58,7 @@ private:
     void chooseWriter();
     void read(const standin::model::Document& document);
     [[nodiscard]] std::u16string withPaths(const ClientCall& call) const;
-    void perform(const ClientCall& call);
+    bool perform(const ClientCall& call);
     HRESULT call(const ClientCall& call);
     template <class Call>
     bool attempt(const char* name, Call&& call);

@@ -4,6 +4,7 @@
 #include "TokenAlignment.h"
 
 #include <set>
+#include <utility>
 
 namespace reference {
 
@@ -55,11 +56,10 @@ public:
 
     void checkRestyled(const StoryContent& restyled)
     {
-        const ReferenceStyle* style = nullptr;
-        for (std::size_t i = found_.tokens.size(); i-- > 0;) {
+        const std::vector<const ReferenceStyle*> styles = stylesOfTokens();
+        for (std::size_t i = 0; i < found_.tokens.size(); ++i) {
             const Token& token = found_.tokens[i];
-            if (!token.style.empty())
-                style = findStyle(token.style);
+            const ReferenceStyle* const style = styles[i];
             if (token.kind != TokenKind::character || !style || !restyled.tokens.at(i).font)
                 continue;
             const std::string kept = keptProperties(style->font, token, *restyled.tokens[i].font);
@@ -68,21 +68,56 @@ public:
         }
     }
 
-    std::vector<Difference> differences;
+    [[nodiscard]] std::vector<Difference> differences() const
+    {
+        std::vector<Difference> result;
+        for (const Finding& finding : findings_) {
+            std::string text =
+                "story " + std::to_string(number_) + ", place, as it is, " + std::to_string(finding.first);
+            if (finding.last != finding.first)
+                text += " to " + std::to_string(finding.last);
+            result.push_back({DifferenceKind::directFormat, text + ": " + finding.text});
+        }
+        return result;
+    }
 
 private:
+    /// The same at places in a row.
+    struct Finding
+    {
+        std::size_t first;
+        std::size_t last;
+        std::string text;
+    };
+
+    /// Of the paragraph that each is in.
+    [[nodiscard]] std::vector<const ReferenceStyle*> stylesOfTokens() const
+    {
+        std::vector<const ReferenceStyle*> styles(found_.tokens.size());
+        const ReferenceStyle* style = nullptr;
+        for (std::size_t i = styles.size(); i-- > 0;) {
+            if (!found_.tokens[i].style.empty())
+                style = findStyle(found_.tokens[i].style);
+            styles[i] = style;
+        }
+        return styles;
+    }
+
     void note(std::size_t place, const std::string& what, const std::string& properties)
     {
         if (fromFiles_.contains(place))
             return;
-        differences.push_back({DifferenceKind::directFormat,
-                               "story " + std::to_string(number_) + ", place, as it is, " +
-                                   std::to_string(place) + ": " + what + " (" + properties + ")"});
+        std::string text = what + " (" + properties + ")";
+        if (!findings_.empty() && findings_.back().last + 1 == place && findings_.back().text == text)
+            findings_.back().last = place;
+        else
+            findings_.push_back({place, place, std::move(text)});
     }
 
     std::size_t number_;
     const StoryContent& found_;
     std::set<std::size_t> fromFiles_;
+    std::vector<Finding> findings_;
 };
 
 } // namespace
@@ -99,7 +134,8 @@ std::vector<Difference> compareDirectFormat(const DocumentContent& expected, con
         Checker checker(number, isExpected ? *expected.stories[number] : nothing, *found.stories[number]);
         checker.checkRedundant();
         checker.checkRestyled(restyled.stories.at(number).value());
-        differences.insert(differences.end(), checker.differences.begin(), checker.differences.end());
+        const std::vector<Difference> ofStory = checker.differences();
+        differences.insert(differences.end(), ofStory.begin(), ofStory.end());
     }
     return differences;
 }

@@ -16,7 +16,7 @@
 namespace reference {
 namespace {
 
-constexpr std::uint32_t sessions = 2000;
+constexpr std::uint32_t sessions = 1000;
 
 /// Names and texts with links pass through the ANSI code page, which leaves these characters what they are.
 bool passesAnyway(char16_t character)

@@ -14,6 +14,7 @@ enum class Arguments
     none,
     text,
     number,
+    textAndNumber,
     numberAndFlag,
     textAndTarget
 };
@@ -49,6 +50,8 @@ constexpr std::array signatures = {
     Signature{"insertTag", Arguments::text},
     Signature{"insertXref", Arguments::textAndTarget},
     Signature{"insertImage", Arguments::textAndTarget},
+    Signature{"insertFile", Arguments::textAndNumber},
+    Signature{"setOrientation", Arguments::number},
 };
 
 std::string stepOf(const ClientCall& call)
@@ -63,6 +66,9 @@ std::string stepOf(const ClientCall& call)
         break;
     case Arguments::number:
         step += '\t' + std::to_string(call.number);
+        break;
+    case Arguments::textAndNumber:
+        step += '\t' + printable(call.text) + '\t' + std::to_string(call.number);
         break;
     case Arguments::numberAndFlag:
         step += '\t' + std::to_string(call.number) + '\t' + (call.isOn ? '1' : '0');

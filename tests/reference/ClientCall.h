@@ -31,14 +31,16 @@ enum class Method
     setTableRowHeight,
     insertTag,
     insertXref,
-    insertImage
+    insertImage,
+    insertFile,
+    setOrientation
 };
 
 /// One call of a client. What the method has no use for is empty.
 struct ClientCall
 {
     Method method = Method::insertText;
-    std::u16string text = {};   ///< the text, style, font, tag, label or picture
+    std::u16string text = {};   ///< the text, style, font, tag, label, picture or file
     std::u16string target = {}; ///< of insertXref and insertImage
     int number = 0;
     bool isOn = false; ///< of setFontAttribute

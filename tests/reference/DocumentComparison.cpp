@@ -40,6 +40,12 @@ std::string nameOf(const std::optional<LinkTarget>& target)
            std::to_string(target->place->position);
 }
 
+std::string nameOf(const Page& page)
+{
+    return std::string(page.isLandscape ? "landscape" : "portrait") + " with a left margin of " +
+           std::to_string(page.leftMargin);
+}
+
 std::string nameOf(const Token& token)
 {
     switch (token.kind) {
@@ -49,6 +55,8 @@ std::string nameOf(const Token& token)
         return "<page break>";
     case TokenKind::picture:
         return "<picture>";
+    case TokenKind::object:
+        return "<" + printable(token.text) + " object>";
     case TokenKind::field:
         return "<field " + printable(token.text) + ">";
     case TokenKind::entry:
@@ -79,6 +87,7 @@ DifferenceKind kindOf(const Token& token)
 {
     switch (token.kind) {
     case TokenKind::picture:
+    case TokenKind::object:
         return DifferenceKind::picture;
     case TokenKind::field:
         return DifferenceKind::field;
@@ -131,6 +140,7 @@ public:
                 note(DifferenceKind::text, 0, expected ? "its own" : "that of the section before",
                      found ? "its own" : "that of the section before");
         }
+        comparePages();
         std::vector<Difference> differences;
         std::transform(findings_.begin(), findings_.end(), std::back_inserter(differences), asDifference);
         return differences;
@@ -150,6 +160,7 @@ private:
     };
 
     static constexpr std::string_view ofExpected = "place";
+    static constexpr std::string_view ofSections = "pages of section";
     static constexpr std::string_view ofFound = "place, as it is,";
 
     void note(DifferenceKind kind, std::size_t place, std::string expected, std::string found,
@@ -164,6 +175,15 @@ private:
             }
         }
         findings_.push_back({kind, story_, of, place, place, std::move(expected), std::move(found)});
+    }
+
+    void comparePages()
+    {
+        story_ = bodyStory;
+        for (std::size_t i = 0; i < std::min(expected_.pages.size(), found_.pages.size()); ++i)
+            if (expected_.pages[i] != found_.pages[i])
+                note(DifferenceKind::page, i, nameOf(expected_.pages[i]), nameOf(found_.pages[i]),
+                     ofSections);
     }
 
     static Difference asDifference(const Finding& finding)
@@ -293,6 +313,8 @@ std::string_view nameOf(DifferenceKind kind)
         "picture",
         "anything in a header or footer",
         "a call that fails",
+        "page of a section",
+        "direct formatting that the style gives",
     };
     return names.at(static_cast<std::size_t>(kind));
 }

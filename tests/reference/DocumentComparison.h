@@ -24,9 +24,11 @@ enum class DifferenceKind
     field,
     picture,
     headerOrFooter, ///< any of the others, in a header or footer
-    failure         ///< a call failed
+    failure,        ///< a call failed
+    page,           ///< a section's orientation or margin
+    directFormat    ///< a direct property where the style says the same
 };
-inline constexpr std::size_t differenceKindCount = static_cast<std::size_t>(DifferenceKind::failure) + 1;
+inline constexpr std::size_t differenceKindCount = static_cast<std::size_t>(DifferenceKind::directFormat) + 1;
 
 std::string_view nameOf(DifferenceKind kind);
 

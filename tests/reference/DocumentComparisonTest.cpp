@@ -120,6 +120,24 @@ TEST(DocumentComparisonTest, EntriesAndTheTableOfContents)
               (Kinds{DifferenceKind::alignment, DifferenceKind::contents}));
 }
 
+TEST(DocumentComparisonTest, PagesObjectsAndFiles)
+{
+    const ClientCall landscape = {M::setOrientation, {}, {}, 1};
+    EXPECT_EQ(kinds({landscape}, {}), Kinds{DifferenceKind::page});
+    EXPECT_EQ(
+        compare(contentOf({landscape}), contentOf({}))[0].description,
+        "body, pages of section 0: expected landscape with a left margin of 130, found portrait with a left "
+        "margin of 90");
+    const ClientCall object = {M::insertFile, u"sheet.xls"};
+    EXPECT_EQ(kinds({object}, {{M::insertFile, u"sheet.xls", {}, 2}}), Kinds{DifferenceKind::picture});
+    const ClientCall letter = {M::insertFile, u"letter.rtf"};
+    EXPECT_EQ(kinds({letter, text(u"a")}, {text(u"a"), letter}), Kinds{DifferenceKind::text});
+    DocumentContent found = contentOf({letter});
+    found.stories[bodyStory]->tokens[0].font->name = u"Arial";
+    ASSERT_EQ(compare(contentOf({letter}), found).size(), 1U);
+    EXPECT_EQ(compare(contentOf({letter}), found)[0].kind, DifferenceKind::font);
+}
+
 TEST(DocumentComparisonTest, TargetsOfLinksAreFoundBehindDisplacedText)
 {
     const Session session = {

@@ -50,6 +50,7 @@ enum class TokenKind
     character,
     pageBreak,
     picture,
+    object, ///< of another program, shown as an icon
     field,
     entry,    ///< an entry of the table of contents
     contents, ///< the table of contents
@@ -63,9 +64,9 @@ enum class TokenKind
 struct Token
 {
     TokenKind kind = TokenKind::character;
-    char16_t character = 0;        ///< of a character
-    std::u16string text = {};      ///< a field's keyword; an entry's text
-    int level = 0;                 ///< of an entry
+    char16_t character = 0;   ///< of a character
+    std::u16string text = {}; ///< a field's keyword; an entry's text; "embedded" or "linked" of an object
+    int level = 0;            ///< of an entry
     std::optional<Font> font = {}; ///< of a character
     std::u16string style = {};     ///< of the paragraph that ends here
     Alignment alignment = Alignment::left;
@@ -73,6 +74,10 @@ struct Token
     bool isInTable = false;
     std::optional<LinkTarget> link = {};
     bool beginsLink = false;
+    /// What is expected: out of an inserted file. Its direct formatting is the file's own.
+    bool isFromFile = false;
+    /// What was found: direct properties that say what the style says already, with commas between them.
+    std::string redundantFormat = {};
 
     bool operator==(const Token&) const = default;
 };
@@ -95,12 +100,22 @@ struct StoryContent
     bool operator==(const StoryContent&) const = default;
 };
 
+/// How the pages of a section are.
+struct Page
+{
+    bool isLandscape = false;
+    int leftMargin = 90; ///< points
+
+    bool operator==(const Page&) const = default;
+};
+
 /// What a document holds, in a form in which what should be and what is can be compared.
 struct DocumentContent
 {
     /// The body, then of each section the header and the footer; nothing where a later section shows what the
     /// section before it does.
     std::vector<std::optional<StoryContent>> stories;
+    std::vector<Page> pages; ///< of each section
 
     bool operator==(const DocumentContent&) const = default;
 };

@@ -1,6 +1,9 @@
 #include "DocumentReading.h"
 
+#include "RedundantFormat.h"
+
 #include "Hyperlink.h"
+#include "InlineShape.h"
 #include "TableSpans.h"
 #include "VisibleText.h"
 
@@ -79,7 +82,9 @@ private:
             return place.past();
         }
         Token token;
-        if (field.type() == model::tocFieldType) {
+        if (const auto object = objectIn(place)) {
+            token = *object;
+        } else if (field.type() == model::tocFieldType) {
             token.kind = TokenKind::contents;
         } else if (field.type() == model::tocEntryFieldType) {
             token.kind = TokenKind::entry;
@@ -92,6 +97,25 @@ private:
         }
         push(std::move(token), begin);
         return place.past();
+    }
+
+    /// A field may stand around an object's one character.
+    [[nodiscard]] std::optional<Token> objectIn(const model::FieldPlace& place) const
+    {
+        if (place.end - place.resultStart() != 1)
+            return {};
+        return objectAt(place.resultStart());
+    }
+
+    [[nodiscard]] std::optional<Token> objectAt(Position at) const
+    {
+        const std::shared_ptr<model::InlineShape>& shape = story_.runAt(at).format->shape;
+        if (!shape || !shape->isObject())
+            return {};
+        Token token;
+        token.kind = TokenKind::object;
+        token.text = shape->type == model::InlineShapeType::linkedObject ? u"linked" : u"embedded";
+        return token;
     }
 
     static int levelOf(const std::u16string& text)
@@ -111,12 +135,15 @@ private:
             readEnd(token, *paragraph.format);
         } else if (character == model::mark::page) {
             token.kind = TokenKind::pageBreak;
+        } else if (const auto object = objectAt(at)) {
+            token = *object;
         } else if (character == model::mark::picture) {
             token.kind = TokenKind::picture;
         } else {
             token.character = character;
             token.font = fontAt(story_, at);
         }
+        token.redundantFormat = redundantFormat(story_, at);
         push(std::move(token), at);
         return at + 1;
     }
@@ -190,6 +217,8 @@ public:
                              [](const Tag& a, const Tag& b) { return a.start < b.start; });
             content.stories.back() = std::move(reader->content);
         }
+        for (std::int32_t number = 1; number <= document_.sectionCount(); ++number)
+            content.pages.push_back(pageOf(document_.section(number)->pageSetup));
         return content;
     }
 
@@ -216,6 +245,12 @@ private:
         StoryReader& reader = *readers_[numbers_.at(&range.story())];
         const bool endsInPlace = range.end() <= nextStart(bookmarks_, bookmark);
         reader.content.tags.push_back({reader.placeOf(range.start()), endsInPlace});
+    }
+
+    static Page pageOf(const model::PageSetup& setup)
+    {
+        return {setup.orientation == model::Orientation::landscape,
+                static_cast<int>(std::lround(setup.leftMargin))};
     }
 
     LinkTarget targetOf(const model::HyperlinkTarget& target) const

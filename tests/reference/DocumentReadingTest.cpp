@@ -80,6 +80,31 @@ TEST_F(DocumentReadingTest, TablesBreaksAndHeaders)
     EXPECT_EQ(printable(read(headerStory(1))), "h<paragraph end>");
 }
 
+TEST_F(DocumentReadingTest, ObjectsAreOneTokenWithAndWithoutAField)
+{
+    for (const bool isField : {true, false}) {
+        model::Switches switches;
+        switches.oleObjectIsField = isField;
+        document = model::Document::make(u"Document1", switches);
+        write(u"ab");
+        model::LiveRange first = range(0, 0);
+        model::addObject(first, {u"Excel.Sheet", "bytes", u"", u"label"});
+        model::LiveRange last =
+            range(document->mainStory()->length() - 1, document->mainStory()->length() - 1);
+        model::addObject(last, {u"Excel.Sheet", "", u"c:\\sheet.xls", u"label"});
+        EXPECT_EQ(printable(read()), "<embedded object>ab<linked object><paragraph end>") << isField;
+    }
+}
+
+TEST_F(DocumentReadingTest, PagesOfSections)
+{
+    write(u"ab");
+    range(1, 1).insertBreak(model::BreakType::sectionNextPage);
+    document->section(2)->pageSetup.setOrientation(model::Orientation::landscape);
+    document->section(2)->pageSetup.leftMargin = 130;
+    EXPECT_EQ(readContent(*document).pages, (std::vector<Page>{{false, 90}, {true, 130}}));
+}
+
 TEST_F(DocumentReadingTest, LinksAndTheirTargets)
 {
     write(u"abcd");

@@ -29,6 +29,10 @@ enum Feature : unsigned
 };
 constexpr unsigned allFeatures = (1 << 13) - 1;
 
+/// Steps of a session: those of a session without files, and the others.
+constexpr std::size_t plainSteps = 16;
+constexpr std::size_t allSteps = 20;
+
 constexpr std::size_t longestSession = 70;
 constexpr std::size_t longestRunOfLinks = 30;
 constexpr std::size_t longTextLength = 1500;
@@ -36,7 +40,7 @@ constexpr std::size_t longTextLength = 1500;
 class Generator
 {
 public:
-    explicit Generator(std::uint32_t seed) : numbers_(seed)
+    Generator(std::uint32_t seed, Extent extent) : numbers_(seed), extent_(extent)
     {
         features_ = static_cast<unsigned>(numbers_.below(allFeatures + 1));
         if (numbers_.onceIn(3))
@@ -46,6 +50,8 @@ public:
     Session make()
     {
         const std::size_t length = 2 + numbers_.below(longestSession);
+        if (extent_ == Extent::all && numbers_.onceIn(6))
+            file();
         while (session_.size() < length)
             step();
         if (!numbers_.onceIn(4))
@@ -68,7 +74,7 @@ private:
 
     void step()
     {
-        switch (numbers_.below(16)) {
+        switch (numbers_.below(extent_ == Extent::all ? allSteps : plainSteps)) {
         case 0:
         case 1:
         case 2:
@@ -94,9 +100,208 @@ private:
             return link();
         case 14:
             return tag();
-        default:
+        case 15:
             return fieldOrPicture();
+        case 16:
+        case 17:
+            return file();
+        case 18:
+            return meeting();
+        default:
+            if (numbers_.onceIn(6))
+                add(Method::setOrientation, static_cast<int>(numbers_.below(3)));
         }
+    }
+
+    void file()
+    {
+        const bool isContent = numbers_.onceIn(2);
+        const SessionFile& file = isContent ? contentFile() : numbers_.oneOf(sessionFiles());
+        if (numbers_.onceIn(8))
+            return add(Method::insertFile, numbers_.oneOf(words::addresses), {},
+                       numbers_.oneOf(words::fileKinds));
+        add(Method::insertFile, file.name, {}, isContent ? 0 : numbers_.oneOf(words::fileKinds));
+    }
+
+    const SessionFile& contentFile()
+    {
+        const SessionFile* file = nullptr;
+        do
+            file = &numbers_.oneOf(sessionFiles());
+        while (file->paragraphs.empty());
+        return *file;
+    }
+
+    void insertContent() { add(Method::insertFile, contentFile().name); }
+
+    /// Calls whose places touch, or that tell of one another from afar.
+    void meeting()
+    {
+        switch (numbers_.below(8)) {
+        case 0:
+        case 1:
+            return fileBehindContents();
+        case 2:
+            return fileBehindTable();
+        case 3:
+            return tableBehindFile();
+        case 4:
+            return fileInCell();
+        case 5:
+            return headerAgain();
+        case 6:
+            return tagAgain();
+        default:
+            return linksAcrossStories();
+        }
+    }
+
+    void textOrNothing()
+    {
+        if (numbers_.onceIn(2))
+            text();
+    }
+
+    void formatOrNothing()
+    {
+        switch (numbers_.below(4)) {
+        case 0:
+            return add(Method::setStyle, numbers_.oneOf(words::styles));
+        case 1:
+            return add(Method::setTextAlign, numbers_.oneOf(words::alignments));
+        case 2:
+            return add(Method::setFontSize, numbers_.oneOf(words::fontSizes));
+        default:
+            return;
+        }
+    }
+
+    void fileBehindContents()
+    {
+        textOrNothing();
+        formatOrNothing();
+        add(Method::insertTOC);
+        switch (numbers_.below(4)) {
+        case 0:
+            text();
+            break;
+        case 1:
+            add(Method::insertXref, label(), target());
+            break;
+        case 2:
+            add(Method::setStyle, numbers_.oneOf(words::styles));
+            break;
+        default:
+            break;
+        }
+        insertContent();
+        formatOrNothing();
+        textOrNothing();
+    }
+
+    void smallTable()
+    {
+        add(Method::startTable);
+        add(Method::addRow);
+        add(Method::addCell);
+        textOrNothing();
+        if (numbers_.onceIn(2)) {
+            add(Method::addCell);
+            textOrNothing();
+        }
+        add(Method::endTable);
+    }
+
+    void fileBehindTable()
+    {
+        smallTable();
+        formatOrNothing();
+        insertContent();
+        textOrNothing();
+    }
+
+    void tableBehindFile()
+    {
+        insertContent();
+        formatOrNothing();
+        smallTable();
+    }
+
+    void fileInCell()
+    {
+        formatOrNothing();
+        add(Method::startTable);
+        add(Method::addRow);
+        add(Method::addCell);
+        textOrNothing();
+        formatOrNothing();
+        insertContent();
+        formatOrNothing();
+        textOrNothing();
+        if (numbers_.onceIn(2))
+            add(Method::addCell);
+        textOrNothing();
+        if (numbers_.onceIn(2))
+            add(Method::endTable);
+    }
+
+    /// While it is open it is gone on with; once it was ended it begins anew.
+    void headerAgain()
+    {
+        const bool isHeader = numbers_.onceIn(2);
+        const Method start = isHeader ? Method::startHeader : Method::startFooter;
+        const Method end = isHeader ? Method::endHeader : Method::endFooter;
+        add(start);
+        text();
+        if (numbers_.onceIn(2))
+            add(isHeader ? Method::startFooter : Method::startHeader);
+        textOrNothing();
+        add(start);
+        formatOrNothing();
+        text();
+        add(end);
+        if (numbers_.onceIn(2)) {
+            textOrNothing();
+            add(start);
+            text();
+            add(end);
+        }
+        isInBody_ = true;
+    }
+
+    void tagAgain()
+    {
+        const std::u16string_view name = numbers_.oneOf(words::tags);
+        add(Method::insertTag, name);
+        textOrNothing();
+        if (numbers_.onceIn(2))
+            add(Method::insertXref, label(), name);
+        if (numbers_.onceIn(3))
+            header();
+        textOrNothing();
+        add(Method::insertTag, name);
+        textOrNothing();
+    }
+
+    void linksAcrossStories()
+    {
+        const std::u16string_view name = numbers_.oneOf(words::tags);
+        const bool isTagInHeader = numbers_.onceIn(2);
+        const auto write = [&](bool isTag) {
+            textOrNothing();
+            if (isTag)
+                add(Method::insertTag, name);
+            else
+                add(Method::insertXref, label(), name);
+            textOrNothing();
+        };
+        add(Method::startHeader);
+        write(isTagInHeader);
+        add(Method::endHeader);
+        isInBody_ = true;
+        write(!isTagInHeader);
+        if (numbers_.onceIn(2))
+            add(Method::insertXref, label(), name);
     }
 
     void text()
@@ -273,6 +478,7 @@ private:
     }
 
     RandomNumbers numbers_;
+    Extent extent_;
     unsigned features_ = 0;
     Session session_;
     SessionRules rules_;
@@ -390,9 +596,9 @@ private:
 
 } // namespace
 
-Session randomSession(std::uint32_t seed)
+Session randomSession(std::uint32_t seed, Extent extent)
 {
-    return Generator(seed).make();
+    return Generator(seed, extent).make();
 }
 
 Session arrangedSession(std::uint32_t seed)

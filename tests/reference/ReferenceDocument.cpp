@@ -19,7 +19,7 @@ std::u16string_view anchorTarget(std::u16string_view written)
 } // namespace
 
 ReferenceDocument::ReferenceDocument(AddressTest isAddress)
-    : isAddress_(std::move(isAddress)), body_(u"Normal"), sections_(1)
+    : isAddress_(std::move(isAddress)), body_(u"Normal"), sections_(1), pages_(1)
 {
 }
 
@@ -83,6 +83,10 @@ void ReferenceDocument::perform(const ClientCall& call)
         return insertXref(call.text, call.target);
     case Method::insertImage:
         return story.insertImage(call.target);
+    case Method::insertFile:
+        return insertFile(call.text, call.number);
+    case Method::setOrientation:
+        return setOrientation(call.number);
     }
 }
 
@@ -93,8 +97,10 @@ ReferenceStory& ReferenceDocument::current()
 
 void ReferenceDocument::startPart(Part part)
 {
-    if (body_.breakSection())
+    if (body_.breakSection()) {
         sections_.emplace_back();
+        pages_.push_back(pages_.back());
+    }
     const std::size_t last = sections_.size() - 1;
     const auto open = open_.find(part);
     if (open == open_.end() || open->second != last) {
@@ -127,7 +133,43 @@ void ReferenceDocument::insertText(std::u16string_view text)
 
 void ReferenceDocument::insertXref(std::u16string_view label, std::u16string_view target)
 {
-    current().insertText(label, std::u16string(target));
+    std::optional<RequestedLink> link;
+    if (!target.empty())
+        link = RequestedLink{std::u16string(target)};
+    current().insertText(label, link);
+}
+
+void ReferenceDocument::insertHyperlink(const std::u16string& label, const std::u16string& address)
+{
+    RequestedLink link = {address};
+    link.isAddress = true;
+    current().insertText(label, link);
+}
+
+/// What is none of the session's files is an address.
+void ReferenceDocument::insertFile(const std::u16string& name, int kind)
+{
+    constexpr int asLink = 2;
+    constexpr int asHyperlink = 4;
+    const SessionFile* const file = findSessionFile(name);
+    if (!file)
+        return insertHyperlink(name, name);
+    if (!file->exists() && kind != asHyperlink)
+        return;
+    if (file->kind == SessionFile::Kind::sheet)
+        return current().insertObject(kind == asLink);
+    if (kind == asLink || kind == asHyperlink)
+        return insertHyperlink(name, name);
+    if (file->kind == SessionFile::Kind::picture)
+        return current().insertImage({});
+    current().insertContent(*file);
+}
+
+void ReferenceDocument::setOrientation(int number)
+{
+    constexpr int leftMargin = 130;
+    for (Page& page : pages_)
+        page = {number == 1, leftMargin};
 }
 
 void ReferenceDocument::insertTag(const std::u16string& name)
@@ -160,6 +202,7 @@ DocumentContent ReferenceDocument::content() const
                 places[name] = {number, position};
 
     DocumentContent content;
+    content.pages = pages_;
     for (const auto& story : flattened) {
         content.stories.emplace_back();
         if (!story)
@@ -170,7 +213,7 @@ DocumentContent ReferenceDocument::content() const
             if (!link)
                 continue;
             const auto place = places.find(link->target);
-            if (isAddress_(link->target))
+            if (link->isAddress || isAddress_(link->target))
                 resolved.tokens[i].link = LinkTarget{link->target};
             else if (place != places.end())
                 resolved.tokens[i].link = LinkTarget{{}, place->second};

@@ -15,7 +15,7 @@ namespace reference {
 /// What a document must hold after a session of calls, each taken at its word.
 ///
 /// For sessions whose calls are valid: fields of kinds 1 to 4, well-formed anchors, pictures that are there,
-/// no page break in a header or footer.
+/// files of sessionFiles() or addresses to insert, no page break in a header or footer.
 class ReferenceDocument
 {
 public:
@@ -45,10 +45,14 @@ private:
     void insertText(std::u16string_view text);
     void insertXref(std::u16string_view label, std::u16string_view target);
     void insertTag(const std::u16string& name);
+    void insertFile(const std::u16string& name, int kind);
+    void insertHyperlink(const std::u16string& label, const std::u16string& address);
+    void setOrientation(int number);
 
     AddressTest isAddress_;
     ReferenceStory body_;
     std::vector<Section> sections_;
+    std::vector<Page> pages_;          ///< of each section
     std::map<Part, std::size_t> open_; ///< the section whose header, or footer, is being written
     std::optional<Part> currentPart_;  ///< nothing: the body
 };

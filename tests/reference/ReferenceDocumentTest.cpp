@@ -21,6 +21,10 @@ protected:
         document.perform({method, std::move(text), std::move(target)});
     }
     void say(M method, int number, bool isOn = false) { document.perform({method, {}, {}, number, isOn}); }
+    void insertFile(std::u16string name, int kind = 0)
+    {
+        document.perform({M::insertFile, std::move(name), {}, kind});
+    }
     void write(std::u16string text) { say(M::insertText, std::move(text)); }
 
     [[nodiscard]] StoryContent story(std::size_t number = bodyStory) const
@@ -421,6 +425,171 @@ TEST_F(ReferenceDocumentTest, ATagInFrontOfATableIsAtItsBeginning)
     write(u"b");
     say(M::insertTag, u"six");
     EXPECT_EQ(tags(), (std::vector<std::size_t>{2, 3}));
+}
+
+TEST_F(ReferenceDocumentTest, AFileStandsInParagraphsOfItsOwn)
+{
+    write(u"a");
+    insertFile(u"lines.txt");
+    insertFile(u"one line.txt");
+    write(u"b\n");
+    insertFile(u"one line.txt");
+    EXPECT_EQ(text(),
+              "a<paragraph end>First of file<paragraph end>Second of file<paragraph end><paragraph end>"
+              "Fourth of file<paragraph end>File of one line<paragraph end>b<paragraph end>"
+              "File of one line<paragraph end><paragraph end>");
+    EXPECT_FALSE(token(0).isFromFile);
+    EXPECT_TRUE(token(2).isFromFile);
+    EXPECT_TRUE(end(1).isFromFile);
+    EXPECT_FALSE(end(6).isFromFile);
+    EXPECT_TRUE(end(8).isFormatOpen);
+}
+
+TEST_F(ReferenceDocumentTest, AFileKeepsItsFormattingAndWhatFollowsHasWhatIsInForce)
+{
+    say(M::setStyle, u"Heading 1");
+    say(M::setTextAlign, 2);
+    say(M::setFontSize, 30);
+    write(u"a");
+    insertFile(u"letter.rtf");
+    say(M::setTextAlign, 4);
+    write(u"b");
+    EXPECT_EQ(text(), "a<paragraph end>Letter bold head<paragraph end>Subject<paragraph end>Dear reader"
+                      "<paragraph end>b<paragraph end>");
+    EXPECT_EQ(font(2), (Font{u"Verdana", 18}));
+    EXPECT_EQ(font(9), (Font{u"Verdana", 18, true}));
+    EXPECT_EQ(end(1).alignment, Alignment::centre);
+    EXPECT_EQ(end(2).style, u"Heading 2");
+    EXPECT_EQ(end(3).style, u"Normal");
+    EXPECT_EQ(end(3).alignment, Alignment::right);
+    EXPECT_EQ(end(4).style, u"Heading 1");
+    EXPECT_EQ(end(4).alignment, Alignment::justified);
+    EXPECT_EQ(story().tokens.end()[-2].font, (Font{u"Arial", 30, true}));
+}
+
+TEST_F(ReferenceDocumentTest, ATextFileSaysNothingOfFormats)
+{
+    insertFile(u"one line.txt");
+    EXPECT_FALSE(token(0).font);
+    EXPECT_TRUE(end(0).isFormatOpen);
+}
+
+TEST_F(ReferenceDocumentTest, ParagraphEndsBehindAFileAreInTheStyleInForce)
+{
+    say(M::setStyle, u"Heading 1");
+    insertFile(u"one line.txt");
+    say(M::insertEndl);
+    write(u"a");
+    insertFile(u"one line.txt");
+    say(M::insertEndl);
+    EXPECT_EQ(end(1).style, u"Normal"); // nothing was written in the style yet
+    EXPECT_EQ(end(4).style, u"Heading 1");
+}
+
+TEST_F(ReferenceDocumentTest, AFileInACellStandsInParagraphsOfItsOwn)
+{
+    say(M::startTable);
+    write(u"a");
+    insertFile(u"letter.rtf");
+    say(M::setTextAlign, 2);
+    write(u"b");
+    say(M::addRow);
+    say(M::addCell);
+    say(M::addRow);
+    say(M::addCell);
+    insertFile(u"memo.doc");
+    say(M::endTable);
+    EXPECT_EQ(text(),
+              "a<paragraph end>Letter bold head<paragraph end>Subject<paragraph end>Dear reader"
+              "<paragraph end>b<cell end><row end>Memo<paragraph end><paragraph end>done<paragraph end>"
+              "<cell end><row end><paragraph end>");
+    EXPECT_EQ(end(0).alignment, Alignment::left);
+    EXPECT_EQ(end(3).alignment, Alignment::right);
+    EXPECT_EQ(end(4).alignment, Alignment::centre);
+    EXPECT_FALSE(end(4).isFormatOpen);
+    EXPECT_EQ(end(5).alignment, Alignment::justified);
+    EXPECT_TRUE(end(8).isFormatOpen);
+    EXPECT_TRUE(token(2).isInTable);
+}
+
+TEST_F(ReferenceDocumentTest, NothingStandsBetweenAFileAndTablesOrTheTableOfContents)
+{
+    say(M::insertTOC);
+    insertFile(u"one line.txt");
+    for (int i = 0; i < 2; ++i) {
+        say(M::startTable);
+        say(M::endTable);
+        insertFile(u"one line.txt");
+    }
+    const std::string file = "File of one line<paragraph end>";
+    const std::string table = "<cell end><row end>";
+    EXPECT_EQ(text(), "Table of Contents<paragraph end><paragraph end><table of contents><paragraph end>" +
+                          file + table + file + table + file + "<paragraph end>");
+}
+
+TEST_F(ReferenceDocumentTest, ATagInFrontOfAFileIsAtItsBeginning)
+{
+    write(u"a\n");
+    say(M::insertTag, u"here");
+    insertFile(u"one line.txt");
+    say(M::insertTag, u"behind");
+    EXPECT_EQ(tags(), (std::vector<std::size_t>{2, 19}));
+}
+
+TEST_F(ReferenceDocumentTest, AFileIsNoPartOfAnEntry)
+{
+    say(M::insertTOC);
+    say(M::startTOCEntry);
+    write(u"a");
+    insertFile(u"one line.txt");
+    write(u"b");
+    insertFile(u"one line.txt", 2);
+    say(M::endTOCEntry);
+    EXPECT_NE(text().find("<entry 1 \"a bone line.txt\">"), std::string::npos) << text();
+}
+
+TEST_F(ReferenceDocumentTest, FilesThatBecomePicturesObjectsAndLinks)
+{
+    insertFile(u"picture.bmp");
+    insertFile(u"sheet.xls", 1);
+    insertFile(u"sheet.xls", 2);
+    insertFile(u"sheet.xls", 4);
+    insertFile(u"picture.bmp", 2);
+    insertFile(u"lines.txt", 4);
+    insertFile(u"http://a.example/", 0);
+    EXPECT_EQ(text(), "<picture><embedded object><linked object><embedded object>picture.bmplines.txt"
+                      "http://a.example/<paragraph end>");
+    EXPECT_FALSE(token(0).link);
+    EXPECT_EQ(token(4).link, (LinkTarget{u"picture.bmp"}));
+    EXPECT_EQ(token(15).link, (LinkTarget{u"lines.txt"}));
+    EXPECT_TRUE(token(15).beginsLink);
+    EXPECT_EQ(token(24).link, (LinkTarget{u"http://a.example/"}));
+}
+
+TEST_F(ReferenceDocumentTest, AFileThatIsMissingCanOnlyBeLinkedTo)
+{
+    for (const int kind : {0, 1, 2})
+        insertFile(u"missing.txt", kind);
+    EXPECT_EQ(text(), "<paragraph end>");
+    insertFile(u"missing.txt", 4);
+    EXPECT_EQ(text(), "missing.txt<paragraph end>");
+    EXPECT_EQ(token(0).link, (LinkTarget{u"missing.txt"}));
+}
+
+TEST_F(ReferenceDocumentTest, AnOrientationHoldsForTheSectionsThatThereAreAndForThoseMadeOfThem)
+{
+    EXPECT_EQ(document.content().pages, (std::vector<Page>{{false, 90}}));
+    const auto breakSection = [this] {
+        say(M::insertPageBreak);
+        say(M::startHeader);
+        say(M::endHeader);
+    };
+    breakSection();
+    say(M::setOrientation, 1);
+    breakSection();
+    EXPECT_EQ(document.content().pages, (std::vector<Page>{{true, 130}, {true, 130}, {true, 130}}));
+    say(M::setOrientation, 2);
+    EXPECT_EQ(document.content().pages, (std::vector<Page>{{false, 130}, {false, 130}, {false, 130}}));
 }
 
 TEST_F(ReferenceDocumentTest, APictureMayBeALink)

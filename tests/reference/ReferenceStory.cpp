@@ -54,11 +54,34 @@ Alignment alignmentOf(const Paragraph& paragraph)
     }
 }
 
+std::vector<Paragraph> paragraphsOf(const SessionFile& file)
+{
+    const bool saysFormat = file.kind == SessionFile::Kind::formatted;
+    std::vector<Paragraph> paragraphs;
+    for (const FileParagraph& each : file.paragraphs) {
+        Paragraph& paragraph = paragraphs.emplace_back();
+        paragraph.style = each.style;
+        paragraph.alignment = each.alignment;
+        paragraph.isFromFile = true;
+        paragraph.isFormatOpen = !saysFormat;
+        for (const FileRun& run : each.runs) {
+            for (const char16_t character : run.text) {
+                Item& item = paragraph.items.emplace_back();
+                item.token.character = character;
+                if (saysFormat)
+                    item.token.font = run.font;
+            }
+        }
+    }
+    return paragraphs;
+}
+
 /// Lays a story's paragraphs end to end.
 class Flattener
 {
 public:
-    void add(const Paragraph& paragraph, TokenKind end, bool isInTable, bool isLast = false)
+    /// The format of an empty one may be left open.
+    void add(const Paragraph& paragraph, TokenKind end, bool isInTable, bool isOpenWhenEmpty = false)
     {
         const Font& styleFont = findStyle(paragraph.style)->font;
         for (const Item& item : paragraph.items) {
@@ -70,6 +93,7 @@ public:
             token.isInTable = isInTable;
             if (token.font && token.font->size == 0)
                 token.font->size = styleFont.size;
+            token.isFromFile = paragraph.isFromFile;
             push(std::move(token), item.link);
         }
         Token token;
@@ -77,7 +101,8 @@ public:
         token.style = paragraph.style;
         token.alignment = alignmentOf(paragraph);
         token.isInTable = isInTable;
-        token.isFormatOpen = paragraph.isFormatOpen || (isLast && !paragraph.holdsAnything());
+        token.isFormatOpen = paragraph.isFormatOpen || (isOpenWhenEmpty && !paragraph.holdsAnything());
+        token.isFromFile = paragraph.isFromFile;
         push(std::move(token), paragraph.endLink);
     }
 
@@ -85,9 +110,11 @@ public:
     {
         for (const Row& row : table) {
             for (const Cell& cell : row)
-                for (const Paragraph& paragraph : cell)
-                    add(paragraph, &paragraph == &cell.back() ? TokenKind::cellEnd : TokenKind::paragraphEnd,
-                        true);
+                for (const Paragraph& paragraph : cell) {
+                    const bool isLast = &paragraph == &cell.back();
+                    add(paragraph, isLast ? TokenKind::cellEnd : TokenKind::paragraphEnd, true,
+                        isLast && paragraph.isBehindFile);
+                }
             Token end;
             end.kind = TokenKind::rowEnd;
             end.isInTable = true;
@@ -154,11 +181,10 @@ void ReferenceStory::endParagraphIfItHoldsAnything()
         endParagraph();
 }
 
-void ReferenceStory::insertText(std::u16string_view text, const std::u16string& target)
+void ReferenceStory::insertText(std::u16string_view text, std::optional<RequestedLink> link)
 {
-    std::optional<RequestedLink> link;
-    if (!target.empty())
-        link = RequestedLink{target, true};
+    if (link)
+        link->begins = true;
     for (const char16_t character : withSingleEnds(text)) {
         if (character == paragraphEnd) {
             endParagraph(link);
@@ -212,6 +238,28 @@ void ReferenceStory::insertField(int kind)
 void ReferenceStory::insertImage(const std::u16string& target)
 {
     writeToken(TokenKind::picture, {}, target);
+}
+
+void ReferenceStory::insertObject(bool isLinked)
+{
+    writeToken(TokenKind::object, isLinked ? u"linked" : u"embedded");
+}
+
+void ReferenceStory::insertContent(const SessionFile& file)
+{
+    if (current().holdsAnything())
+        endParagraph();
+    std::vector<Paragraph> content = paragraphsOf(file);
+    Paragraph& behind = current();
+    // Tags: their place is now the file's beginning.
+    std::vector<Item>& first = content.front().items;
+    first.insert(first.begin(), behind.items.begin(), behind.items.end());
+    behind.items.clear();
+    behind.isBehindFile = true;
+    if (isTableOpen())
+        cell().insert(cell().end() - 1, content.begin(), content.end());
+    else
+        blocks_.insert(blocks_.end() - 1, content.begin(), content.end());
 }
 
 void ReferenceStory::insertTag(const std::u16string& name)

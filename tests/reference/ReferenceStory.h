@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DocumentContent.h"
+#include "SessionFiles.h"
 
 #include <map>
 #include <string>
@@ -15,6 +16,7 @@ struct RequestedLink
 {
     std::u16string target;
     bool begins = false;
+    bool isAddress = false; ///< whatever the target looks like
 };
 
 /// Something at a place of a paragraph.
@@ -34,6 +36,8 @@ struct Paragraph
     TokenKind end = TokenKind::paragraphEnd;
     std::optional<RequestedLink> endLink = {};
     bool isFormatOpen = false;
+    bool isFromFile = false;
+    bool isBehindFile = false;
 
     [[nodiscard]] bool holdsAnything() const;
 };
@@ -51,11 +55,18 @@ class ReferenceStory
 public:
     explicit ReferenceStory(std::u16string_view style);
 
-    void insertText(std::u16string_view text, const std::u16string& target = {});
+    void insertText(std::u16string_view text, std::optional<RequestedLink> link = {});
     void insertEndl();
     void insertPageBreak();
     void insertField(int kind);
     void insertImage(const std::u16string& target);
+    /// What a file holds, in paragraphs of its own, which keep the file's formatting. Paragraphs around it
+    /// keep theirs: one that holds anything is ended first, and what follows begins a new one in the style,
+    /// font and alignment in force. Between the file and what follows there is nothing. Where nothing
+    /// follows, there is an empty paragraph, since a story, or a cell, does not end with the file's own end
+    /// of a paragraph; in a cell its format is any.
+    void insertContent(const SessionFile& file);
+    void insertObject(bool isLinked);
     void insertTag(const std::u16string& name);
     void removeTag(std::u16string_view name);
 

@@ -1,8 +1,8 @@
 #include "SessionPlayer.h"
 
+#include "ChangedStyleFonts.h"
 #include "DocumentReading.h"
-#include "RandomSession.h"
-#include "SamplePictures.h"
+#include "SessionFiles.h"
 
 #include "Invariants.h"
 #include "WordConstants.h"
@@ -58,14 +58,30 @@ std::u16string withName(std::u16string text, std::u16string_view name, std::u16s
     return text;
 }
 
-/// Links to the picture under the name that sessions give it.
-void renamePicture(DocumentContent& content, std::u16string_view file)
+/// Links to files under the names that sessions give them.
+void renameFiles(DocumentContent& content, const std::map<std::u16string_view, std::u16string>& paths)
 {
     for (std::optional<StoryContent>& story : content.stories)
         if (story)
             for (Token& token : story->tokens)
-                if (token.link && token.link->address == file)
-                    token.link->address = pictureName;
+                for (const auto& [name, path] : paths)
+                    if (token.link && token.link->address == path)
+                        token.link->address = name;
+}
+
+std::u16string everythingIn(const standin::model::Document& document)
+{
+    using standin::model::Section;
+    constexpr auto primary = standin::model::HeaderFooterIndex::primary;
+    std::vector<std::shared_ptr<standin::model::Story>> stories = {document.mainStory()};
+    for (std::int32_t number = 1; number <= document.sectionCount(); ++number)
+        for (const auto part : {Section::Part::header, Section::Part::footer})
+            stories.push_back(document.section(number)->ownStory(part, primary));
+    std::u16string text;
+    for (const auto& story : stories)
+        if (story)
+            text += story->text(0, story->length());
+    return text;
 }
 
 /// Thousands of files would take most of the time.
@@ -78,18 +94,11 @@ standin::SessionOptions withoutFiles()
 
 } // namespace
 
-SessionPlayer::SessionPlayer(Positions positions)
-    : positions_(positions), picture_(wide(folder_.write("picture.bmp", sample::bmp()))),
-      word_(withoutFiles()), registration_(word_)
+SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFiles()), registration_(word_)
 {
     MirovelSection::clearCache();
-    word_.model().whenClosing = [this](const standin::model::Document& document) {
-        played_.content = readContent(document);
-        renamePicture(played_.content, picture_);
-        if (const std::string wrong = checkInvariants(document); !wrong.empty())
-            played_.failures.push_back("the document: " + wrong);
-        isRead_ = true;
-    };
+    writeFiles();
+    word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
     makeClient();
 }
 
@@ -97,6 +106,28 @@ SessionPlayer::~SessionPlayer()
 {
     client_ = nullptr;
     word_.model().whenClosing = nullptr;
+}
+
+void SessionPlayer::writeFiles()
+{
+    for (const SessionFile& file : sessionFiles()) {
+        const std::string name(file.name.begin(), file.name.end());
+        paths_[file.name] = wide(file.exists() ? folder_.write(name, file.bytes) : folder_.file(name));
+    }
+}
+
+void SessionPlayer::read(const standin::model::Document& document)
+{
+    played_.content = readContent(document);
+    renameFiles(played_.content, paths_);
+    played_.everything = everythingIn(document);
+    if (composes()) {
+        const ChangedStyleFonts changed(document);
+        played_.restyled = readContent(document);
+    }
+    if (const std::string wrong = checkInvariants(document); !wrong.empty())
+        played_.failures.push_back("the document: " + wrong);
+    isRead_ = true;
 }
 
 void SessionPlayer::makeClient()
@@ -107,9 +138,22 @@ void SessionPlayer::makeClient()
     client_.Attach(static_cast<IDocument*>(created));
     const _bstr_t word(L"Word");
     client_->overrideRegistry(word, bstr(std::string("WordTemplateName")), bstr(std::string()), 1);
-    client_->overrideRegistry(word, bstr(std::string("TrackPositions")),
-                              bstr(std::string(positions_ == Positions::tracked ? "1" : "0")), 3);
+    chooseWriter();
     _com_util::CheckError(client_->start());
+}
+
+// Whoever gives the product the setting flips productComposes, and the other branch goes.
+void SessionPlayer::chooseWriter()
+{
+    constexpr short integer = 2;
+    constexpr short boolean = 3;
+    const _bstr_t word(L"Word");
+    if constexpr (productComposes)
+        client_->overrideRegistry(word, bstr(std::string("Compose")),
+                                  bstr(std::to_string(static_cast<int>(writer_))), integer);
+    else
+        client_->overrideRegistry(word, bstr(std::string("TrackPositions")),
+                                  bstr(std::string(writer_ == Writer::counting ? "0" : "1")), boolean);
 }
 
 template <class Call>
@@ -136,17 +180,18 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     isRead_ = false;
     word_.model().setSwitches(switches);
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
-    for (const ClientCall& each : session)
-        perform(each);
+    for (std::size_t i = 0; i < session.size(); ++i)
+        if (!perform(session[i]))
+            played_.failedCalls.insert(i);
     close();
     word_.clearTranscript();
     return std::move(played_);
 }
 
-void SessionPlayer::perform(const ClientCall& each)
+bool SessionPlayer::perform(const ClientCall& each)
 {
     const std::string step = stepsOf({each});
-    attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(each); });
+    return attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(each); });
 }
 
 void SessionPlayer::close()
@@ -164,11 +209,21 @@ void SessionPlayer::close()
     });
 }
 
+/// What the call inserts or says, with files' paths.
+std::u16string SessionPlayer::withPaths(const ClientCall& call) const
+{
+    if (call.method == Method::insertFile) {
+        const auto path = paths_.find(call.text);
+        return path == paths_.end() ? call.text : path->second;
+    }
+    return withName(call.text, pictureName, paths_.at(pictureName));
+}
+
 HRESULT SessionPlayer::call(const ClientCall& each)
 {
     IDocument& client = *client_;
-    const _bstr_t text = bstr(withName(each.text, pictureName, picture_));
-    const _bstr_t target = bstr(withName(each.target, pictureName, picture_));
+    const _bstr_t text = bstr(withPaths(each));
+    const _bstr_t target = bstr(withName(each.target, pictureName, paths_.at(pictureName)));
     const auto number = static_cast<short>(each.number);
     switch (each.method) {
     case Method::insertText:
@@ -219,6 +274,10 @@ HRESULT SessionPlayer::call(const ClientCall& each)
         return client.insertXref(text, target);
     case Method::insertImage:
         return client.insertImage(text, target);
+    case Method::insertFile:
+        return client.insertFile(text, number);
+    case Method::setOrientation:
+        return client.setOrientation(number);
     }
     return E_NOTIMPL;
 }

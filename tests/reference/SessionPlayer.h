@@ -8,8 +8,10 @@
 #include "InProcess.h"
 #include "Mirovel.h"
 
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,38 +22,51 @@ namespace reference {
 /// What came of a session.
 struct PlayedSession
 {
-    DocumentContent content;           ///< when the document was closed
+    DocumentContent content;   ///< when the document was closed
+    DocumentContent restyled;  ///< the same with another font in every style; only of composed documents
+    std::u16string everything; ///< all characters of the stories, codes of fields included
+    std::set<std::size_t> failedCalls; ///< of the session
     std::vector<std::string> failures; ///< "insertText: 0x80020009"; what does not fit in the model as well
+};
+
+/// Whether the product has the composing writer; it has the setting "Word"/"Compose" then. Until then
+/// sessions without files are played by the writer that it is to replace.
+inline constexpr bool productComposes = false;
+
+enum class Writer
+{
+    counting, ///< as by default
+    typed,    ///< composes with typed calls
+    fragments ///< composes with fragments of RTF
 };
 
 /// Plays sessions, each as a document of its own, with a client and a Word stand-in in this process.
 class SessionPlayer
 {
 public:
-    enum class Positions
-    {
-        counted, ///< the writer's own count, as by default
-        tracked  ///< "Word"/"TrackPositions"
-    };
-
-    explicit SessionPlayer(Positions positions);
+    explicit SessionPlayer(Writer writer);
     ~SessionPlayer();
     SessionPlayer(const SessionPlayer&) = delete;
     SessionPlayer& operator=(const SessionPlayer&) = delete;
 
+    [[nodiscard]] bool composes() const { return productComposes && writer_ != Writer::counting; }
     PlayedSession play(const Session& session, const standin::model::Switches& switches = {});
 
 private:
+    void writeFiles();
     void makeClient();
-    void perform(const ClientCall& call);
+    void chooseWriter();
+    void read(const standin::model::Document& document);
+    [[nodiscard]] std::u16string withPaths(const ClientCall& call) const;
+    bool perform(const ClientCall& call);
     HRESULT call(const ClientCall& call);
     template <class Call>
     bool attempt(const char* name, Call&& call);
     void close();
 
-    Positions positions_;
+    Writer writer_;
     ScratchFolder folder_;
-    std::u16string picture_; ///< a file
+    std::map<std::u16string_view, std::u16string> paths_; ///< of the files of sessions, by their names
     standin::Session word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;

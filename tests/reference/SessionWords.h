@@ -64,6 +64,8 @@ inline constexpr Word unknownStyle = u"No Such Style";
 inline constexpr std::array<Word, 3> fonts = {u"Arial", u"Courier New", u"Georgia"};
 inline constexpr std::array<int, 5> fontSizes = {8, 12, 15, 24, 0};
 inline constexpr std::array<int, 5> fontAttributes = {1, 2, 4, 8, 3};
+/// As a client gives them to insertFile: embedded (any number), linked, a hyperlink.
+inline constexpr std::array<int, 5> fileKinds = {0, 1, 2, 4, 0};
 inline constexpr std::array<int, 6> alignments = {0, 1, 2, 3, 4, 2};
 
 } // namespace reference::words

@@ -32,6 +32,7 @@ std::u16string textOf(const StoryContent& story)
             text += pageBreakMark;
             break;
         case TokenKind::picture:
+        case TokenKind::object:
             text += pictureMark;
             break;
         case TokenKind::field:

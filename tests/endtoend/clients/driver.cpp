@@ -241,6 +241,12 @@ private:
             return said((object()->*method)(text(words, 1), text(words, 2)));
         };
     }
+    Step call(HRESULT (STDMETHODCALLTYPE IDocument::*method)(BSTR, short))
+    {
+        return [this, method](const Words& words) {
+            return said((object()->*method)(text(words, 1), number(words, 2)));
+        };
+    }
     Step call(HRESULT (STDMETHODCALLTYPE IDocument::*method)(long))
     {
         return [this, method](const Words& words) { return said((object()->*method)(number(words, 1))); };
@@ -376,6 +382,8 @@ private:
         {"insertTag", call(&IDocument::insertTag)},
         {"insertXref", call(&IDocument::insertXref)},
         {"insertImage", call(&IDocument::insertImage)},
+        {"insertFile", call(&IDocument::insertFile)},
+        {"setOrientation", call(&IDocument::setOrientation)},
     };
 };
 

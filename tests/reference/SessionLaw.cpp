@@ -1,0 +1,70 @@
+#include "SessionLaw.h"
+
+#include "DirectFormatComparison.h"
+#include "RandomSession.h"
+#include "ReferenceDocument.h"
+#include "SessionShrinker.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace reference {
+
+namespace {
+
+constexpr int shownSessions = 3;
+
+/// The session as short as it can be told with a difference of that kind, and in what its document differs.
+std::string report(SessionPlayer& player, const Session& session, const standin::model::Switches& switches,
+                   DifferenceKind kind)
+{
+    const auto differs = [&](const Session& each) {
+        const std::vector<Difference> differences = differencesOf(player, each, switches);
+        return std::any_of(differences.begin(), differences.end(),
+                           [kind](const Difference& difference) { return difference.kind == kind; });
+    };
+    const Session shortest = shrink(session, differs);
+    std::string text = stepsOf(shortest);
+    for (const Difference& difference : differencesOf(player, shortest, switches))
+        text += "    " + std::string(nameOf(difference.kind)) + ": " + difference.description + "\n";
+    return text;
+}
+
+} // namespace
+
+std::vector<Difference> differencesOf(SessionPlayer& player, const Session& session,
+                                      const standin::model::Switches& switches)
+{
+    ReferenceDocument document(isAddress);
+    document.perform(session);
+    const DocumentContent expected = document.content();
+    const PlayedSession played = player.play(session, switches);
+    std::vector<Difference> differences = compare(expected, played.content);
+    if (player.composes()) {
+        const auto direct = compareDirectFormat(expected, played.content, played.restyled);
+        differences.insert(differences.end(), direct.begin(), direct.end());
+    }
+    for (const std::string& failure : played.failures)
+        differences.push_back({DifferenceKind::failure, failure});
+    return differences;
+}
+
+void SessionLaw::check(const Session& session, const std::string& name,
+                       const standin::model::Switches& switches)
+{
+    ++played_;
+    const std::vector<Difference> differences = differencesOf(player_, session, switches);
+    if (differences.empty())
+        return;
+    if (++differing_ <= shownSessions)
+        ADD_FAILURE() << name << ", shortened:\n"
+                      << report(player_, session, switches, differences.front().kind);
+}
+
+void SessionLaw::conclude() const
+{
+    EXPECT_EQ(differing_, 0) << "of " << played_ << " sessions";
+}
+
+} // namespace reference

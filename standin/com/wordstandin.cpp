@@ -118,6 +118,7 @@ void pumpFarewell()
 void serve(bool asRunningWord)
 {
     const ComApartment apartment;
+    const ITypeLibPtr library = registeredTypeLibrary();
     const auto server = Server::make({});
     readEnvironment(*server);
     server->documentsInRunningObjectTable = true;

@@ -9,6 +9,14 @@ ColumnObject::ColumnObject(std::shared_ptr<Server> server, const model::Table& t
 {
 }
 
+ColumnObject& ColumnObject::of(IUnknown* object)
+{
+    auto* column = dynamic_cast<ColumnObject*>(StandinObject::of(object));
+    if (!column)
+        throw model::WordError(model::WordErrorNumber::typeMismatch);
+    return *column;
+}
+
 long ColumnObject::getIndex()
 {
     if (index_ > table_.columnCount())

@@ -12,6 +12,10 @@ class ColumnObject : public ColumnBase
 public:
     ColumnObject(std::shared_ptr<Server> server, const model::Table& table, std::int32_t index);
 
+    /// The column behind a client's argument; raises WordError 4218 for anything else.
+    static ColumnObject& of(IUnknown* object);
+    std::int32_t index() { return getIndex(); }
+
 protected:
     long getIndex() override;
     bool getIsFirst() override { return getIndex() == 1; }

@@ -1,5 +1,6 @@
 #include "ColumnsObject.h"
 
+#include "Arguments.h"
 #include "ColumnObject.h"
 #include "TableArguments.h"
 
@@ -12,6 +13,18 @@ ColumnsObject::ColumnsObject(std::shared_ptr<Server> server, const model::Table&
 Word::ColumnPtr ColumnsObject::doItem(long index)
 {
     return columnOf(sharedServer(), table_, index);
+}
+
+Word::ColumnPtr ColumnsObject::doAdd(const VARIANT& beforeColumn)
+{
+    std::int32_t index = table_.columnCount() + 1;
+    if (isOmitted(beforeColumn)) {
+        table_.addColumn();
+    } else {
+        index = ColumnObject::of(toObject(beforeColumn)).index();
+        table_.addColumn(index);
+    }
+    return makeObject<ColumnObject>(sharedServer(), table_, index);
 }
 
 float ColumnsObject::getWidth()

@@ -16,6 +16,7 @@ protected:
     Word::ColumnPtr getFirst() override { return doItem(1); }
     Word::ColumnPtr getLast() override { return doItem(table_.columnCount()); }
     Word::ColumnPtr doItem(long index) override;
+    Word::ColumnPtr doAdd(const VARIANT& beforeColumn) override;
     float getWidth() override;
     void putWidth(float points) override;
     void doSetWidth(float points, long ruler) override;

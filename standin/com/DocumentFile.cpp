@@ -16,6 +16,11 @@ using model::WordErrorNumber;
 /// Word's number for a file that is open under the same name as another document.
 constexpr auto fileOpenElsewhere = static_cast<WordErrorNumber>(5356);
 
+// Formats of later versions of Word.
+constexpr long formatXmlDocument = 12;
+constexpr long formatDocumentDefault = 16;
+constexpr long formatPdf = 17;
+
 bool isSameFile(const model::Document& document, const FileName& file)
 {
     const std::wstring full = file.full();
@@ -41,6 +46,11 @@ std::u16string_view extensionOf(long format)
         return u".dot";
     case Word::wdFormatRTF:
         return u".rtf";
+    case formatXmlDocument:
+    case formatDocumentDefault:
+        return u".docx";
+    case formatPdf:
+        return u".pdf";
     default:
         throw model::NotSupported("this file format is not part of the stand-in");
     }

@@ -37,7 +37,8 @@ FontTarget FontObject::targetOf(const model::LiveRange& range)
 {
     auto own = std::make_shared<model::LiveRange>(range);
     return {[own] { return own->font(); },
-            [own](const model::FontProperties& properties) { own->setFont(properties); }};
+            [own](const model::FontProperties& properties) { own->setFont(properties); },
+            [own] { own->resetFont(); }};
 }
 
 FontTarget FontObject::targetOf(model::DocumentPtr document, model::StylePtr style)
@@ -47,6 +48,13 @@ FontTarget FontObject::targetOf(model::DocumentPtr document, model::StylePtr sty
                 styleOfOpen(document, style).font.overlay(properties);
                 document->touched();
             }};
+}
+
+void FontObject::doReset()
+{
+    if (!target_.reset)
+        return FontBase::doReset();
+    target_.reset();
 }
 
 float FontObject::getSize()

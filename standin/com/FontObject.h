@@ -12,6 +12,7 @@ struct FontTarget
 {
     std::function<model::FontProperties()> read;
     std::function<void(const model::FontProperties&)> write;
+    std::function<void()> reset = {}; ///< a style has no direct formatting to take away
 };
 
 /// A flag as Word answers it: -1, 0, or 9999999 when it differs within a range.
@@ -28,6 +29,7 @@ public:
     static FontTarget targetOf(model::DocumentPtr document, model::StylePtr style);
 
 protected:
+    void doReset() override;
     std::u16string getName() override { return read().name.value_or(u""); }
     void putName(std::u16string_view name) override
     {

@@ -13,7 +13,10 @@
 #include "ParagraphFormatObject.h"
 #include "SectionsObject.h"
 #include "StyleObject.h"
+#include "TableArguments.h"
+#include "TableObject.h"
 #include "TablesObject.h"
+#include "TextToTable.h"
 
 namespace standin {
 namespace {
@@ -46,6 +49,43 @@ std::vector<model::SectionPtr> sectionsTouched(const model::LiveRange& range)
     for (auto index = document.sectionIndexAt(range.start()); index <= document.sectionIndexAt(last); ++index)
         sections.push_back(document.section(index));
     return sections;
+}
+
+/// What ends a cell: a WdTableFieldSeparator or a character; none where paragraphs do. Word's usual one is
+/// the hyphen.
+std::optional<char16_t> separatorOf(const VARIANT& argument)
+{
+    if (isOmitted(argument))
+        return u'-';
+    if (!isNumber(argument)) {
+        const std::u16string text = toText(argument);
+        if (text.size() != 1)
+            throw WordError(WordErrorNumber::valueOutOfRange);
+        return text == u"\r" ? std::nullopt : std::optional(text.front());
+    }
+    switch (toLong(argument)) {
+    case 0: // wdSeparateByParagraphs
+        return std::nullopt;
+    case 1: // wdSeparateByTabs
+        return model::mark::tab;
+    case 2: // wdSeparateByCommas
+    case 3: // wdSeparateByDefaultListSeparator
+        return u',';
+    default:
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    }
+}
+
+/// Of the formats that Word has for tables only the one with nothing but lines is known here.
+bool formatHasBorders(const VARIANT& format, const VARIANT& applyBorders)
+{
+    constexpr long none = 0;   // wdTableFormatNone
+    constexpr long grid1 = 16; // wdTableFormatGrid1
+    const std::optional<long> number = optionalLong(format);
+    if (number && *number != none && *number != grid1)
+        throw model::NotSupported("this format of tables is not part of the stand-in");
+    const bool hasLines = number.value_or(grid1) == grid1;
+    return hasLines && optionalBool(applyBorders).value_or(number.has_value());
 }
 
 bool contains(const model::LiveRange& outer, const model::LiveRange& inner)
@@ -249,6 +289,41 @@ bool RangeObject::doIsEqual(Word::Range* range)
 long RangeObject::doDelete(const VARIANT& unit, const VARIANT& count)
 {
     return range_.remove(optionalUnit(unit), optionalLong(count));
+}
+
+Word::TablePtr RangeObject::doConvertToTable(const VARIANT& separator, const VARIANT& rows,
+                                             const VARIANT& columns, const VARIANT& columnWidth,
+                                             const VARIANT& format, const VARIANT& applyBorders,
+                                             const VARIANT&, const VARIANT&, const VARIANT&, const VARIANT&,
+                                             const VARIANT&, const VARIANT&, const VARIANT&,
+                                             const VARIANT& autoFit, const VARIANT& autoFitBehavior,
+                                             const VARIANT& defaultTableBehavior)
+{
+    if (optionalBool(autoFit).value_or(false))
+        throw model::NotSupported("fitting columns to their text needs a layout, which the stand-in has not");
+    refuseFitting(autoFitBehavior);
+    model::TextToTableOptions options;
+    options.separator = separatorOf(separator);
+    options.rows = optionalLong(rows);
+    options.columns = optionalLong(columns);
+    options.columnWidth = isOmitted(columnWidth) ? 0 : toFloat(columnWidth);
+    options.borders = bordersOf(defaultTableBehavior);
+    if (formatHasBorders(format, applyBorders))
+        options.borders = model::Table::Borders::single;
+    return makeObject<TableObject>(sharedServer(), model::convertToTable(range_, options));
+}
+
+Word::TablePtr RangeObject::doConvertToTableOld(const VARIANT& separator, const VARIANT& rows,
+                                                const VARIANT& columns, const VARIANT& columnWidth,
+                                                const VARIANT& format, const VARIANT& applyBorders,
+                                                const VARIANT& applyShading, const VARIANT& applyFont,
+                                                const VARIANT& applyColor, const VARIANT& applyHeadingRows,
+                                                const VARIANT& applyLastRow, const VARIANT& applyFirstColumn,
+                                                const VARIANT& applyLastColumn, const VARIANT& autoFit)
+{
+    return doConvertToTable(separator, rows, columns, columnWidth, format, applyBorders, applyShading,
+                            applyFont, applyColor, applyHeadingRows, applyLastRow, applyFirstColumn,
+                            applyLastColumn, autoFit, Word::missing, Word::missing);
 }
 
 void RangeObject::doWholeStory()

@@ -60,6 +60,21 @@ protected:
     bool doIsEqual(Word::Range* range) override;
     long doDelete(const VARIANT& unit, const VARIANT& count) override;
     void doWholeStory() override;
+    Word::TablePtr doConvertToTable(const VARIANT& separator, const VARIANT& rows, const VARIANT& columns,
+                                    const VARIANT& columnWidth, const VARIANT& format,
+                                    const VARIANT& applyBorders, const VARIANT& applyShading,
+                                    const VARIANT& applyFont, const VARIANT& applyColor,
+                                    const VARIANT& applyHeadingRows, const VARIANT& applyLastRow,
+                                    const VARIANT& applyFirstColumn, const VARIANT& applyLastColumn,
+                                    const VARIANT& autoFit, const VARIANT& autoFitBehavior,
+                                    const VARIANT& defaultTableBehavior) override;
+    Word::TablePtr doConvertToTableOld(const VARIANT& separator, const VARIANT& rows, const VARIANT& columns,
+                                       const VARIANT& columnWidth, const VARIANT& format,
+                                       const VARIANT& applyBorders, const VARIANT& applyShading,
+                                       const VARIANT& applyFont, const VARIANT& applyColor,
+                                       const VARIANT& applyHeadingRows, const VARIANT& applyLastRow,
+                                       const VARIANT& applyFirstColumn, const VARIANT& applyLastColumn,
+                                       const VARIANT& autoFit) override;
     void doInsertParagraph() override { range_.insertParagraph(); }
     void doInsertParagraphAfter() override { range_.insertParagraphAfter(); }
     void doInsertParagraphBefore() override { range_.insertParagraphBefore(); }

@@ -108,4 +108,11 @@ void unregisterServer()
     deleteTree(classKey);
     UnRegisterTypeLib(wordLibraryId, 8, 1, 0, SYS_WIN64);
 }
+
+ITypeLibPtr registeredTypeLibrary()
+{
+    ITypeLibPtr library;
+    LoadRegTypeLib(wordLibraryId, 8, 1, 0, &library);
+    return library;
+}
 } // namespace standin

@@ -2,6 +2,7 @@
 
 #include "Table.h"
 
+#include <comdef.h>
 #include <optional>
 
 /// Reading and answering what tables, rows and cells have in common.
@@ -9,6 +10,10 @@ namespace standin {
 /// Raise WordError 4608 for a number that is none of the enumeration's.
 model::RowHeightRule heightRule(long number);
 model::RulerStyle rulerStyle(long number);
+/// The borders that a WdDefaultTableBehavior gives; left out, none.
+model::Table::Borders bordersOf(const VARIANT& behavior);
+/// Raises NotSupported for what would fit columns to their text: that needs a layout.
+void refuseFitting(const VARIANT& autoFitBehavior);
 
 /// A value that is 9999999 when the parts asked differ in it.
 template <typename Parts, typename Read>

@@ -1,27 +1,10 @@
 #include "TablesObject.h"
 
-#include "Arguments.h"
 #include "RangeObject.h"
+#include "TableArguments.h"
 #include "TableObject.h"
 
 namespace standin {
-namespace {
-constexpr long word8Behavior = 0; ///< without borders
-constexpr long word9Behavior = 1; ///< with borders, the columns fitted to their text
-
-model::Table::Borders bordersOf(const VARIANT& behavior)
-{
-    switch (optionalLong(behavior).value_or(word8Behavior)) {
-    case word8Behavior:
-        return model::Table::Borders::none;
-    case word9Behavior:
-        return model::Table::Borders::single;
-    default:
-        throw model::WordError(model::WordErrorNumber::valueOutOfRange);
-    }
-}
-} // namespace
-
 TablesObject::TablesObject(std::shared_ptr<Server> server, const model::LiveRange& scope)
     : TablesBase(std::move(server)), scope_(scope)
 {
@@ -43,8 +26,7 @@ Word::TablePtr TablesObject::doItem(long index)
 Word::TablePtr TablesObject::doAdd(Word::Range* range, long rows, long columns, const VARIANT& behavior,
                                    const VARIANT& autoFit)
 {
-    if (optionalLong(autoFit).value_or(0) != 0)
-        throw model::NotSupported("fitting columns to their text needs a layout, which the stand-in has not");
+    refuseFitting(autoFit);
     const model::Table::Borders borders = bordersOf(behavior);
     return makeObject<TableObject>(sharedServer(),
                                    model::Table::add(RangeObject::of(range), rows, columns, borders));

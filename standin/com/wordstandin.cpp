@@ -1,6 +1,7 @@
 #include "ApplicationFactory.h"
 #include "Registration.h"
 #include "Server.h"
+#include "SwitchNames.h"
 #include "TranscriptFile.h"
 
 #include <cstdio>
@@ -50,6 +51,13 @@ void readEnvironment(Server& server)
     if (const std::string ordinal = environmentText(L"WORDSTANDIN_EXIT"); !ordinal.empty())
         server.faults.exitAtCall(std::stol(ordinal));
     server.transcript = transcriptFileFromEnvironment();
+}
+
+model::Switches switchesFromEnvironment()
+{
+    model::Switches switches;
+    model::readSwitches(switches, environmentText(L"WORDSTANDIN_SWITCHES"));
+    return switches;
 }
 
 /// Entered in the running object table unless another Word is there already.
@@ -118,7 +126,8 @@ void pumpFarewell()
 void serve(bool asRunningWord)
 {
     const ComApartment apartment;
-    const auto server = Server::make({});
+    const ITypeLibPtr library = registeredTypeLibrary();
+    const auto server = Server::make(switchesFromEnvironment());
     readEnvironment(*server);
     server->documentsInRunningObjectTable = true;
     server->start(asRunningWord);

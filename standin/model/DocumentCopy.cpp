@@ -56,17 +56,17 @@ private:
 class Copier
 {
 public:
-    Copier(const Document& from, const std::shared_ptr<Story>& to, Position at)
-        : from_(from), source_(*from.mainStory()), document_(to->document()), target_(to), story_(*to),
-          start_(at), at_(at), styles_(document_.styles()), inTable_(isInTable(story_, at)),
-          flat_(inTable_ || story_.type() != StoryType::mainText)
+    Copier(const Document& from, const std::shared_ptr<Story>& to, Position at,
+           const DocumentCopyOptions& options)
+        : options_(options), from_(from), source_(*from.mainStory()), document_(to->document()), target_(to),
+          story_(*to), start_(at), at_(at), styles_(document_.styles()), inTable_(isInTable(story_, at))
     {
     }
 
     /// Returns the place behind the copy.
     Position copy()
     {
-        if (source_.paragraph(0).format->inTable && !flat_ && story_.paragraphAt(at_).start != at_) {
+        if (source_.paragraph(0).format->inTable && !inTable_ && story_.paragraphAt(at_).start != at_) {
             story_.insertPart(at_++, {&mark::paragraph, 1});
             start_ = at_;
         }
@@ -74,11 +74,11 @@ public:
             copyParagraph(source_.paragraph(i));
         }
         story_.enterFields(start_, at_);
-        for (std::size_t i = 0; i < source_.runCount(); ++i) {
-            const CharacterRun run = source_.run(i);
-            story_.setCharacterFormat(start_ + run.start, start_ + run.end, mapped(*run.format));
-        }
+        copyCharacterFormats();
         copyBookmarks();
+        if (options_.lastParagraph == LastParagraph::surplus) {
+            addEmptyParagraph();
+        }
         return at_;
     }
 
@@ -89,14 +89,17 @@ private:
         story_.insertPart(at_, text);
         at_ += static_cast<Position>(text.size());
         const ParagraphEnd end = paragraph.format->end;
-        if (end == ParagraphEnd::cell && flat_) {
+        if (paragraph.end == source_.length() && options_.lastParagraph == LastParagraph::dropped) {
+            return;
+        }
+        if (end == ParagraphEnd::cell && inTable_) {
             story_.insertPart(at_++, {&mark::tab, 1});
             return;
         }
-        if (end == ParagraphEnd::section && !flat_) {
+        if (end == ParagraphEnd::section && !inTable_ && story_.type() == StoryType::mainText) {
             copySection(paragraph);
         } else {
-            const bool structure = (end == ParagraphEnd::cell || end == ParagraphEnd::row) && !flat_;
+            const bool structure = (end == ParagraphEnd::cell || end == ParagraphEnd::row) && !inTable_;
             story_.insertParagraphEnd(at_, structure ? mark::cell : mark::paragraph,
                                       structure ? end : ParagraphEnd::mark);
         }
@@ -121,9 +124,44 @@ private:
         ParagraphFormat format = *story_.paragraph(index).format;
         format.style = styles_.mapped(source.style);
         format.properties = source.properties;
-        format.inTable = flat_ ? inTable_ : source.inTable;
-        format.row = flat_ ? nullptr : source.row;
+        format.inTable = inTable_ || source.inTable;
+        format.row = inTable_ ? nullptr : source.row;
         story_.setParagraphFormat(index, format);
+    }
+
+    void addEmptyParagraph()
+    {
+        const ParagraphFormat format = *story_.paragraphAt(at_ - 1).format;
+        const CharacterFormat characters = *story_.runAt(at_ - 1).format;
+        story_.insertParagraphEnd(at_, mark::paragraph, ParagraphEnd::mark);
+        story_.setParagraphFormat(story_.paragraphIndexAt(at_), format);
+        story_.setCharacterFormat(at_, at_ + 1, characters);
+        ++at_;
+    }
+
+    void copyCharacterFormats()
+    {
+        for (Position at = 0; at < at_ - start_;) {
+            const CharacterRun run = source_.runAt(at);
+            Position past = std::min(run.end, at_ - start_);
+            CharacterFormat format = mapped(*run.format);
+            if (options_.creepingFont) {
+                past = std::min(past, source_.paragraphAt(at).end);
+                creep(format.font, source_.effectiveFont(at));
+            }
+            story_.setCharacterFormat(start_ + at, start_ + past, format);
+            at = past;
+        }
+    }
+
+    void creep(FontProperties& direct, const FontProperties& seen) const
+    {
+        if (seen.name == options_.creepingFont->name) {
+            direct.name = seen.name;
+        }
+        if (seen.size == options_.creepingFont->size) {
+            direct.size = seen.size;
+        }
     }
 
     CharacterFormat mapped(CharacterFormat format)
@@ -135,18 +173,19 @@ private:
         return format;
     }
 
-    /// Those whose names are still free.
     void copyBookmarks()
     {
         for (const BookmarkPtr& bookmark : from_.bookmarks().all()) {
-            if (&bookmark->range().story() == &source_ && !document_.bookmarks().find(bookmark->name())) {
+            const bool isFree = !document_.bookmarks().find(bookmark->name());
+            if (&bookmark->range().story() == &source_ && (isFree || options_.movesBookmarks)) {
                 const LiveRange& place = bookmark->range();
-                document_.bookmarks().add(bookmark->name(),
-                                          {target_, start_ + place.start(), start_ + place.end()});
+                document_.bookmarks().add(
+                    bookmark->name(), {target_, start_ + place.start(), std::min(start_ + place.end(), at_)});
             }
         }
     }
 
+    const DocumentCopyOptions& options_;
     const Document& from_;
     const Story& source_;
     Document& document_;
@@ -155,20 +194,19 @@ private:
     Position start_;
     Position at_;
     StyleMap styles_;
-    bool inTable_;
-    bool flat_;
+    bool inTable_; ///< tables are not put into tables
 };
 
 } // namespace
 
-void insertDocument(LiveRange& range, const Document& other)
+void insertDocument(LiveRange& range, const Document& other, const DocumentCopyOptions& options)
 {
     if (!range.isCollapsed()) {
         range.remove();
     }
     const Position start = std::min(range.start(), range.story().length() - 1);
-    const Position past = Copier(other, range.storyPtr(), start).copy();
-    range.setRange(start, past);
+    const Position past = Copier(other, range.storyPtr(), start, options).copy();
+    range.setRange(start, options.coversText ? past : start);
 }
 
 } // namespace standin::model

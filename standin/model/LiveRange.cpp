@@ -381,6 +381,11 @@ void LiveRange::setFont(const FontProperties& properties)
     changeCharacters([&properties](CharacterFormat& format) { format.font.overlay(properties); });
 }
 
+void LiveRange::resetFont()
+{
+    changeCharacters([](CharacterFormat& format) { format.font = {}; });
+}
+
 ParagraphProperties LiveRange::paragraphFormat() const
 {
     const Story& owner = story();

@@ -80,6 +80,9 @@ public:
     /// Puts every property that is set. In a collapsed range only the paragraph mark of an empty paragraph is
     /// reached.
     void setFont(const FontProperties& properties);
+    /// Takes direct formatting from the characters: they look as their styles say, character styles included.
+    /// Hidden is such formatting, too.
+    void resetFont();
 
     /// The effective paragraph properties of all paragraphs touched; one that differs is left open.
     ParagraphProperties paragraphFormat() const;

@@ -71,6 +71,16 @@ public:
 
     const FieldMarks& fields() const { return fields_; }
 
+    /// \name Direct formatting: what the place has of its own, as it was put, also where its styles say the
+    /// same. What is left open comes from the styles.
+    ///@{
+    const FontProperties& directFont(Position position) const { return runAt(position).format->font; }
+    const ParagraphProperties& directParagraph(Position position) const
+    {
+        return paragraphAt(position).format->properties;
+    }
+    ///@}
+
     /// The font in effect for the character at `position`.
     FontProperties effectiveFont(Position position) const;
     /// The font that text inserted at `at` would get.

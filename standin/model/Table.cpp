@@ -10,21 +10,6 @@ namespace standin::model {
 
 namespace {
 
-constexpr std::int32_t mostRows = 32767;
-
-RowFormat newRow(float textWidth, std::int32_t columns, Table::Borders borders)
-{
-    CellFormat cell;
-    cell.width = (textWidth + 2 * RowFormat::padding) / static_cast<float>(columns);
-    const bool lines = borders == Table::Borders::single;
-    for (Border* border : {&cell.top, &cell.left, &cell.bottom, &cell.right}) {
-        border->isVisible = lines;
-    }
-    RowFormat row;
-    row.cells.assign(static_cast<std::size_t>(columns), cell);
-    return row;
-}
-
 /// An empty row at `at`, formatted as the paragraph that starts there; returns the place behind it.
 Position insertRow(Story& story, Position at, const RowFormat& format)
 {
@@ -70,6 +55,19 @@ Table Table::add(LiveRange& range, std::int32_t rows, std::int32_t columns, Bord
         at = insertRow(story, at, format);
     }
     return {range.storyPtr(), start};
+}
+
+RowFormat Table::newRow(float textWidth, std::int32_t columns, Borders borders)
+{
+    CellFormat cell;
+    cell.width = (textWidth + 2 * RowFormat::padding) / static_cast<float>(columns);
+    const bool lines = borders == Borders::single;
+    for (Border* border : {&cell.top, &cell.left, &cell.bottom, &cell.right}) {
+        border->isVisible = lines;
+    }
+    RowFormat row;
+    row.cells.assign(static_cast<std::size_t>(columns), cell);
+    return row;
 }
 
 LiveRange Table::range() const
@@ -160,6 +158,25 @@ TableRow Table::addRow(const TableRow* before)
     }
     insertRowMark(story, behind, format);
     return {anchor_.storyPtr(), behind};
+}
+
+void Table::addColumn(std::optional<std::int32_t> before)
+{
+    std::vector<TableRow> all = rows();
+    const bool hasRoom = std::ranges::all_of(all, [](const TableRow& row) {
+        return row.cellCount() < static_cast<std::int32_t>(RowFormat::mostCells);
+    });
+    if (!hasRoom) {
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    }
+    for (TableRow& row : all) {
+        if (before && *before <= row.cellCount()) {
+            const TableCell cell = row.cell(*before);
+            row.addCell(&cell);
+        } else {
+            row.addCell();
+        }
+    }
 }
 
 void Table::remove()

@@ -2,6 +2,8 @@
 
 #include "TableRow.h"
 
+#include <optional>
+
 namespace standin::model {
 
 /// A table of a story, followed through edits. Raises 5825 once nothing of it is left.
@@ -14,6 +16,8 @@ public:
         single
     };
 
+    static constexpr std::int32_t mostRows = 32767;
+
     /// The table that holds the character at `position` of a story; there must be one.
     Table(const std::shared_ptr<Story>& story, Position position);
 
@@ -22,6 +26,9 @@ public:
     /// table has.
     static Table add(LiveRange& range, std::int32_t rows, std::int32_t columns,
                      Borders borders = Borders::none);
+
+    /// The format of a row of a new table, whose columns share the text's width equally.
+    static RowFormat newRow(float textWidth, std::int32_t columns, Borders borders);
 
     LiveRange range() const;
     std::int32_t rowCount() const;
@@ -39,6 +46,10 @@ public:
 
     /// An empty row in front of `before`, or behind the last one, formatted as that row is.
     TableRow addRow(const TableRow* before = nullptr);
+    /// An empty column in front of the 1-based one, or behind the last one, formatted as that is. Positions:
+    /// each row gets one mark more; a row that ends before that column gets its cell at the end. Raises 4608
+    /// when a row is full.
+    void addColumn(std::optional<std::int32_t> before = {});
     void remove();
 
 private:

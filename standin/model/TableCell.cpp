@@ -11,9 +11,6 @@ namespace standin::model {
 
 namespace {
 
-/// Narrower than this a cell has no room for its text.
-constexpr float leastWidth = 2 * RowFormat::padding + 0.1f;
-
 /// Makes the cells share `room` anew.
 void share(std::span<CellFormat> cells, float room, RulerStyle ruler)
 {
@@ -36,7 +33,7 @@ void share(std::span<CellFormat> cells, float room, RulerStyle ruler)
         case RulerStyle::none:
             break;
         }
-        cell.width = std::max(cell.width, leastWidth);
+        cell.width = std::max(cell.width, RowFormat::leastWidth);
     }
 }
 
@@ -90,7 +87,7 @@ void TableCell::setWidth(float points, RulerStyle ruler)
     for (const CellFormat& cell : from.subspan(1)) {
         behind += cell.width;
     }
-    from.front().width = std::max(points, leastWidth);
+    from.front().width = std::max(points, RowFormat::leastWidth);
     share(from.subspan(1), behind, ruler);
     row.setFormat(format);
 }

@@ -42,6 +42,7 @@ struct RowFormat
 {
     static constexpr float padding = 5.4f; ///< between a cell's edge and its text, left and right
     static constexpr std::size_t mostCells = 63;
+    static constexpr float leastWidth = 2 * padding + 0.1f; ///< narrower a cell has no room for its text
     static constexpr float largest = 1584; ///< the largest width of a cell and height of a row
 
     float leftEdge = -padding; ///< of the first cell, from the left margin

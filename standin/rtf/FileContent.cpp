@@ -22,6 +22,21 @@ std::u16string endedText(std::string_view bytes)
     return text;
 }
 
+model::DocumentCopyOptions optionsOf(const model::Switches& switches, const RtfFragment& fragment)
+{
+    model::DocumentCopyOptions options;
+    options.lastParagraph = switches.insertFileLastParagraph;
+    if (options.lastParagraph == model::LastParagraph::surplus && !fragment.endsParagraph) {
+        options.lastParagraph = model::LastParagraph::mark;
+    }
+    if (!switches.insertFileLeavesDefaultFont) {
+        options.creepingFont = fragment.defaultFont;
+    }
+    options.coversText = switches.insertFileRangeCoversText;
+    options.movesBookmarks = switches.insertFileMovesBookmarks;
+    return options;
+}
+
 } // namespace
 
 void insertFileContent(model::LiveRange& range, std::string_view bytes)
@@ -33,9 +48,13 @@ void insertFileContent(model::LiveRange& range, std::string_view bytes)
         range.setText(endedText(bytes));
         return;
     }
-    const model::DocumentPtr document = model::Document::make(u"", range.story().document().switches());
-    readRtf(bytes, *document);
-    model::insertDocument(range, *document);
+    const model::Switches switches = range.story().document().switches();
+    if (!switches.insertFileTakesRtf) {
+        throw model::WordError(model::WordErrorNumber::commandFailed);
+    }
+    const model::DocumentPtr document = model::Document::make(u"", switches);
+    const RtfFragment fragment = readRtfFragment(bytes, *document);
+    model::insertDocument(range, *document, optionsOf(switches, fragment));
 }
 
 } // namespace standin::rtf

@@ -6,8 +6,10 @@
 #include "RtfFields.h"
 #include "RtfLexer.h"
 #include "RtfObjects.h"
+#include "RtfPageWords.h"
 #include "RtfPictures.h"
 #include "RtfTables.h"
+#include "RtfTextFormat.h"
 #include "TableMarks.h"
 #include "TableSpans.h"
 #include "WordError.h"
@@ -34,54 +36,6 @@ std::optional<char16_t> characterOf(std::string_view word)
     return found == characters.end() ? std::nullopt : std::optional(found->second);
 }
 
-float points(std::int32_t twips)
-{
-    return static_cast<float>(twips) / 20;
-}
-
-/// Leaves open what `base` has as well.
-FontProperties fontBeyond(const FontProperties& wanted, const FontProperties& base)
-{
-    FontProperties own = wanted;
-    const auto drop = [](auto& mine, const auto& other) {
-        if (mine == other) {
-            mine.reset();
-        }
-    };
-    drop(own.name, base.name);
-    drop(own.size, base.size);
-    drop(own.bold, base.bold);
-    drop(own.italic, base.italic);
-    drop(own.strikeThrough, base.strikeThrough);
-    drop(own.hidden, base.hidden);
-    drop(own.underline, base.underline);
-    drop(own.color, base.color);
-    return own;
-}
-
-ParagraphProperties paragraphBeyond(const ParagraphProperties& wanted, const ParagraphProperties& base)
-{
-    ParagraphProperties own = wanted;
-    const auto drop = [](auto& mine, const auto& other) {
-        if (mine == other) {
-            mine.reset();
-        }
-    };
-    drop(own.alignment, base.alignment);
-    drop(own.leftIndent, base.leftIndent);
-    drop(own.rightIndent, base.rightIndent);
-    drop(own.firstLineIndent, base.firstLineIndent);
-    drop(own.spaceBefore, base.spaceBefore);
-    drop(own.spaceAfter, base.spaceAfter);
-    drop(own.keepWithNext, base.keepWithNext);
-    drop(own.pageBreakBefore, base.pageBreakBefore);
-    drop(own.outlineLevel, base.outlineLevel);
-    drop(own.tabs, base.tabs);
-    drop(own.topBorder, base.topBorder);
-    drop(own.bottomBorder, base.bottomBorder);
-    return own;
-}
-
 enum class Destination
 {
     text,
@@ -99,61 +53,16 @@ enum class Destination
     objectData
 };
 
-/// RTF's own defaults, from which \plain and \pard start.
-FontProperties plainFont()
-{
-    return {.name = u"Times New Roman",
-            .size = 12.0f,
-            .bold = false,
-            .italic = false,
-            .strikeThrough = false,
-            .hidden = false,
-            .underline = 0,
-            .color = FontProperties::automaticColor};
-}
-
-ParagraphProperties plainParagraph()
-{
-    return {.alignment = Alignment::left,
-            .leftIndent = 0.0f,
-            .rightIndent = 0.0f,
-            .firstLineIndent = 0.0f,
-            .spaceBefore = 0.0f,
-            .spaceAfter = 0.0f,
-            .keepWithNext = false,
-            .pageBreakBefore = false,
-            .outlineLevel = 10,
-            .tabs = std::vector<TabStop>(),
-            .topBorder = Border(),
-            .bottomBorder = Border()};
-}
-
 /// What a closing brace restores.
 struct GroupState
 {
     Destination destination = Destination::text;
-    FontProperties font = plainFont();
-    ParagraphProperties paragraph = plainParagraph();
-    TabStop nextTab;
-    std::optional<Border> ParagraphProperties::*border = nullptr; ///< which one the words for lines mean
-    const Style* paragraphStyle = nullptr;
-    const Style* characterStyle = nullptr;
+    TextFormat format;
     std::int32_t fallbackLength = 1; ///< characters that follow a \uN for readers without Unicode
     bool opensHeader = false;
     bool opensField = false;
     bool opensPicture = false;
     bool opensObject = false;
-    bool inTable = false;
-};
-
-/// A style of the sheet while its entry is being read.
-struct StyleEntry
-{
-    std::int32_t number = 0;
-    StyleType type = StyleType::paragraph;
-    std::int32_t base = -1;
-    std::int32_t next = -1;
-    std::u16string name;
 };
 
 [[noreturn]] void refuse(const char* reason)
@@ -165,20 +74,37 @@ class Reader
 {
 public:
     Reader(std::string_view bytes, Document& document)
-        : lexer_(bytes), document_(document), story_(document.mainStory())
+        : lexer_(bytes), document_(document),
+          story_(document.mainStory()), tables_{.styles = StyleSheetReader(document)}, pages_(document)
     {
-        state_.paragraphStyle = &document.styles().normal();
+        state_.format.paragraphStyle = &document.styles().normal();
     }
 
     void read()
     {
         try {
             readAll();
+            pages_.findLandscapes();
         } catch (...) {
             endRow(lastParagraphStart()); // what was read so far holds together
             throw;
         }
     }
+
+    /// Of a fragment Normal says nothing but what the fragment says of it.
+    void readFragment()
+    {
+        isFragment_ = true;
+        keepsAllStated_ = !document_.switches().insertFileKeepsDifferencesOnly;
+        Style& normal = *document_.styles().find(document_.styles().normal().name());
+        normal.font = plainFont();
+        normal.paragraph = plainParagraph();
+        read();
+    }
+
+    /// The text ended with the word for the end of a paragraph.
+    bool endsParagraph() const { return endsParagraph_; }
+    FontProperties defaultFont() const { return tables_.plain(); }
 
 private:
     void readAll()
@@ -263,17 +189,32 @@ private:
         } else if (state_.opensObject) {
             finishObject();
         } else if (state_.destination == Destination::styles) {
-            finishStyle();
+            tables_.styles.finish(state_.format.font, state_.format.paragraph, tables_.plain());
         } else if (state_.opensHeader) {
             finishStory();
             story_ = document_.mainStory();
         }
         if (groups_.size() == 1) {
+            endsParagraph_ = endedWithMark_ && markedStory_ == story_;
             finishStory();
-            findLandscapes();
         }
+        const bool wasFonts = state_.destination == Destination::fonts;
         state_ = std::move(groups_.back());
         groups_.pop_back();
+        if (wasFonts && state_.destination != Destination::fonts) {
+            takeDefaultFont();
+        }
+    }
+
+    /// What comes behind the table of fonts, styles included, starts from the file's default font.
+    void takeDefaultFont()
+    {
+        if (!state_.format.statedFont.name) {
+            state_.format.font.name = tables_.plain().name;
+        }
+        if (isFragment_ && !tables_.styles.definesNormal()) {
+            document_.styles().find(document_.styles().normal().name())->font.name = tables_.plain().name;
+        }
     }
 
     /// After \*: a reader may skip the destination when it does not know it.
@@ -306,10 +247,10 @@ private:
         } else if (token.word == "uc") {
             state_.fallbackLength = std::clamp(number, 0, 100);
         } else if (state_.destination == Destination::colors) {
-            colorWord(token.word, number);
+            tables_.colors.word(token.word, number);
         } else if (state_.destination == Destination::fonts) {
-            fontTableWord(token.word, number);
-        } else if (!styleSheetWord(token.word, number)) {
+            tables_.fonts.word(token.word, number);
+        } else if (state_.destination != Destination::styles || !tables_.styles.take(token.word, number)) {
             flush();
             textWord(token, number);
         }
@@ -546,20 +487,16 @@ private:
             pending_ += c;
             return;
         case Destination::fonts:
-            fontCharacter(c);
+            tables_.fonts.character(c);
             return;
         case Destination::colors:
-            if (c == u';') {
-                colors_.push_back(colorIsSet_ ? color_ : FontProperties::automaticColor);
-                color_ = 0;
-                colorIsSet_ = false;
-            }
+            tables_.colors.character(c);
             return;
         case Destination::styles:
             if (c == u';') {
-                finishStyle();
+                tables_.styles.finish(state_.format.font, state_.format.paragraph, tables_.plain());
             } else {
-                style_.name += c;
+                tables_.styles.character(c);
             }
             return;
         case Destination::contentsEntry:
@@ -583,114 +520,6 @@ private:
         }
     }
 
-    void fontTableWord(std::string_view name, std::int32_t number)
-    {
-        if (name == "f") {
-            font_ = number;
-            fontName_.clear();
-        }
-    }
-
-    void fontCharacter(char16_t c)
-    {
-        if (c != u';') {
-            fontName_ += c;
-        } else {
-            fonts_[font_] = std::move(fontName_);
-            fontName_.clear();
-        }
-    }
-
-    void colorWord(std::string_view name, std::int32_t number)
-    {
-        const int shift = name == "red" ? 0 : (name == "green" ? 8 : (name == "blue" ? 16 : -1));
-        if (shift >= 0) {
-            color_ |= std::clamp(number, 0, 255) << shift;
-            colorIsSet_ = true;
-        }
-    }
-
-    /// The words that only the style sheet gives a meaning of its own.
-    bool styleSheetWord(std::string_view name, std::int32_t number)
-    {
-        if (state_.destination != Destination::styles) {
-            return false;
-        }
-        if (name == "s" || name == "cs") {
-            style_.number = number;
-            style_.type = name == "s" ? StyleType::paragraph : StyleType::character;
-            return true;
-        }
-        if (name == "sbasedon") {
-            style_.base = number;
-            return true;
-        }
-        if (name == "snext") {
-            style_.next = number;
-            return true;
-        }
-        return false;
-    }
-
-    void finishStyle()
-    {
-        const std::size_t first = style_.name.find_first_not_of(u' ');
-        if (first != std::u16string::npos) {
-            defineStyle(style_.name.substr(first));
-        }
-        style_ = {};
-    }
-
-    void defineStyle(const std::u16string& name)
-    {
-        StylePtr style = document_.styles().find(name);
-        if (style && style->type() != style_.type) {
-            return;
-        }
-        if (!style) {
-            style = document_.styles().add(name, style_.type);
-        }
-        styles_[style_.number] = style;
-        if (style_.type == StyleType::paragraph) {
-            defineParagraphStyle(*style);
-        } else {
-            style->font = characterStyleFont();
-        }
-    }
-
-    void defineParagraphStyle(Style& style)
-    {
-        const auto base = styles_.find(style_.base);
-        const bool isNormal = &style == &document_.styles().normal();
-        if (!isNormal && base != styles_.end() && base->second->type() == StyleType::paragraph &&
-            !buildsOn(*base->second, style)) {
-            style.setBase(base->second.get());
-        }
-        if (isNormal || !style.base()) {
-            style.font = state_.font;
-            style.paragraph = state_.paragraph;
-        } else {
-            style.font = fontBeyond(state_.font, style.base()->resolvedFont());
-            style.paragraph = paragraphBeyond(state_.paragraph, style.base()->resolvedParagraph());
-        }
-        const auto next = styles_.find(style_.next);
-        if (next != styles_.end()) {
-            style.setNext(next->second.get());
-        }
-    }
-
-    static bool buildsOn(const Style& style, const Style& wanted)
-    {
-        for (const Style* each = &style; each; each = each->base()) {
-            if (each == &wanted) {
-                return true;
-            }
-        }
-        return false;
-    }
-
-    FontProperties characterStyleFont() const { return fontBeyond(state_.font, plainFont()); }
-
     void textWord(const RtfToken& token, std::int32_t number)
     {
         const std::string_view name = token.word;
@@ -706,199 +535,10 @@ private:
             endRow(fields_.insertionPoint(*story_));
         } else if (name == "tcl" || name == "tcf") {
             (name == "tcl" ? entry_.level : entry_.table) = number;
-        } else if (!fontWord(token, number) && !paragraphWord(name, number) &&
-                   !rowDefinition_.take(name, number)) {
-            pageWord(name, number);
-        }
-    }
-
-    bool fontWord(const RtfToken& token, std::int32_t number)
-    {
-        const std::string_view name = token.word;
-        const bool on = token.number.value_or(1) != 0;
-        FontProperties& font = state_.font;
-        if (name == "plain") {
-            font = plainFont();
-            state_.characterStyle = nullptr;
-        } else if (name == "f") {
-            const auto found = fonts_.find(number);
-            if (found != fonts_.end() && !found->second.empty()) {
-                font.name = found->second;
-            }
-        } else if (name == "fs") {
-            font.size = static_cast<float>(std::clamp(number, 2, 3276)) / 2;
-        } else if (name == "b") {
-            font.bold = on;
-        } else if (name == "i") {
-            font.italic = on;
-        } else if (name == "strike") {
-            font.strikeThrough = on;
-        } else if (name == "v") {
-            font.hidden = on;
-        } else if (name == "ulnone") {
-            font.underline = 0;
-        } else if (name == "ul") {
-            font.underline = on ? 1 : 0;
-        } else if (name == "cf") {
-            const bool known = number >= 0 && number < static_cast<std::int32_t>(colors_.size());
-            font.color = known ? colors_[static_cast<std::size_t>(number)] : FontProperties::automaticColor;
-        } else if (name == "cs") {
-            const Style* style = styleOf(number, StyleType::character);
-            state_.characterStyle =
-                style && style->builtinNumber() == Styles::defaultParagraphFont ? nullptr : style;
-        } else {
-            return false;
-        }
-        return true;
-    }
-
-    const Style* styleOf(std::int32_t number, StyleType type) const
-    {
-        const auto found = styles_.find(number);
-        return found != styles_.end() && found->second->type() == type ? found->second.get() : nullptr;
-    }
-
-    bool paragraphWord(std::string_view name, std::int32_t number)
-    {
-        ParagraphProperties& paragraph = state_.paragraph;
-        if (name == "pard") {
-            paragraph = plainParagraph();
-            state_.border = nullptr;
-            state_.paragraphStyle = &document_.styles().normal();
-            state_.inTable = false;
-        } else if (name == "intbl") {
-            state_.inTable = true;
-        } else if (name == "s") {
-            const Style* style = styleOf(number, StyleType::paragraph);
-            state_.paragraphStyle = style ? style : &document_.styles().normal();
-        } else if (name == "ql") {
-            paragraph.alignment = Alignment::left;
-        } else if (name == "qc") {
-            paragraph.alignment = Alignment::center;
-        } else if (name == "qr") {
-            paragraph.alignment = Alignment::right;
-        } else if (name == "qj") {
-            paragraph.alignment = Alignment::justify;
-        } else if (name == "li") {
-            paragraph.leftIndent = points(number);
-        } else if (name == "ri") {
-            paragraph.rightIndent = points(number);
-        } else if (name == "fi") {
-            paragraph.firstLineIndent = points(number);
-        } else if (name == "sb") {
-            paragraph.spaceBefore = points(number);
-        } else if (name == "sa") {
-            paragraph.spaceAfter = points(number);
-        } else if (name == "keepn") {
-            paragraph.keepWithNext = true;
-        } else if (name == "pagebb") {
-            paragraph.pageBreakBefore = true;
-        } else if (name == "outlinelevel") {
-            paragraph.outlineLevel = std::clamp(number, 0, 9) + 1;
-        } else {
-            return tabWord(name, number) || borderWord(name, number);
-        }
-        return true;
-    }
-
-    bool borderWord(std::string_view name, std::int32_t number)
-    {
-        if (name == "brdrt" || name == "brdrb") {
-            state_.border =
-                name == "brdrt" ? &ParagraphProperties::topBorder : &ParagraphProperties::bottomBorder;
-        } else if (name == "brdrl" || name == "brdrr" || name.starts_with("clbrdr")) {
-            state_.border = nullptr;
-            return false;
-        } else if (!state_.border) {
-            return false;
-        } else if (name == "brdrs" || name == "brdrnone") {
-            (state_.paragraph.*state_.border)->isVisible = name == "brdrs";
-        } else if (name == "brdrw") {
-            (state_.paragraph.*state_.border)->width = points(std::clamp(number, 1, 75));
-        } else {
-            return false;
-        }
-        return true;
-    }
-
-    bool tabWord(std::string_view name, std::int32_t number)
-    {
-        TabStop& tab = state_.nextTab;
-        if (name == "tqc") {
-            tab.kind = TabStop::Kind::center;
-        } else if (name == "tqr") {
-            tab.kind = TabStop::Kind::right;
-        } else if (name == "tldot") {
-            tab.leader = TabStop::Leader::dots;
-        } else if (name == "tlhyph") {
-            tab.leader = TabStop::Leader::dashes;
-        } else if (name == "tlul") {
-            tab.leader = TabStop::Leader::lines;
-        } else if (name == "tlth") {
-            tab.leader = TabStop::Leader::heavy;
-        } else if (name == "tlmdot") {
-            tab.leader = TabStop::Leader::middleDot;
-        } else if (name == "tx") {
-            addTab(number);
-        } else {
-            return false;
-        }
-        return true;
-    }
-
-    void addTab(std::int32_t number)
-    {
-        static constexpr std::size_t mostTabs = 64; // as many as Word keeps in a paragraph
-        std::vector<TabStop>& tabs = *state_.paragraph.tabs;
-        if (tabs.size() < mostTabs) {
-            state_.nextTab.position = points(number);
-            tabs.push_back(state_.nextTab);
-        }
-        state_.nextTab = {};
-    }
-
-    void pageWord(std::string_view name, std::int32_t number)
-    {
-        static const std::map<std::string_view, float PageSetup::*> ofDocument = {
-            {"paperw", &PageSetup::pageWidth}, {"paperh", &PageSetup::pageHeight},
-            {"margl", &PageSetup::leftMargin}, {"margr", &PageSetup::rightMargin},
-            {"margt", &PageSetup::topMargin},  {"margb", &PageSetup::bottomMargin}};
-        static const std::map<std::string_view, float PageSetup::*> ofSection = {
-            {"pgwsxn", &PageSetup::pageWidth},       {"pghsxn", &PageSetup::pageHeight},
-            {"marglsxn", &PageSetup::leftMargin},    {"margrsxn", &PageSetup::rightMargin},
-            {"margtsxn", &PageSetup::topMargin},     {"margbsxn", &PageSetup::bottomMargin},
-            {"headery", &PageSetup::headerDistance}, {"footery", &PageSetup::footerDistance}};
-        PageSetup& setup = lastSection()->pageSetup;
-        if (const auto length = ofDocument.find(name); length != ofDocument.end()) {
-            defaults_.*length->second = points(number);
-            setup.*length->second = points(number);
-        } else if (const auto own = ofSection.find(name); own != ofSection.end()) {
-            setup.*own->second = points(number);
-        } else if (name == "landscape") {
-            defaults_.orientation = setup.orientation = Orientation::landscape;
-        } else if (name == "lndscpsxn") {
-            setup.orientation = Orientation::landscape;
-        } else if (name == "facingp") {
-            defaults_.oddAndEvenPages = true;
-            document_.setOddAndEvenPages(true);
-        } else if (name == "titlepg") {
-            setup.differentFirstPage = true;
-        } else if (name == "sectd") {
-            setup = defaults_;
-        } else {
-            sectionStartWord(name, setup);
-        }
-    }
-
-    static void sectionStartWord(std::string_view name, PageSetup& setup)
-    {
-        static const std::map<std::string_view, SectionStart> starts = {{"sbknone", SectionStart::continuous},
-                                                                        {"sbkcol", SectionStart::newColumn},
-                                                                        {"sbkpage", SectionStart::newPage},
-                                                                        {"sbkeven", SectionStart::evenPage},
-                                                                        {"sbkodd", SectionStart::oddPage}};
-        if (const auto found = starts.find(name); found != starts.end()) {
-            setup.sectionStart = found->second;
+        } else if (name == "deff") {
+            tables_.defaultFont = number;
+        } else if (!takeFormatWord(state_.format, tables_, token) && !rowDefinition_.take(name, number)) {
+            pages_.take(name, number);
         }
     }
 
@@ -923,18 +563,14 @@ private:
 
     CharacterFormat characterFormat() const
     {
-        FontProperties base = state_.paragraphStyle->resolvedFont();
-        if (state_.characterStyle) {
-            base.overlay(state_.characterStyle->resolvedFont());
-        }
-        return {state_.characterStyle, fontBeyond(state_.font, base)};
+        return {state_.format.characterStyle, state_.format.ownFont(keepsAllStated_)};
     }
 
     void formatLastParagraph()
     {
         ParagraphFormat format;
-        format.style = state_.paragraphStyle;
-        format.properties = paragraphBeyond(state_.paragraph, format.style->resolvedParagraph());
+        format.style = state_.format.paragraphStyle;
+        format.properties = state_.format.ownParagraph(keepsAllStated_);
         story_->setParagraphFormat(story_->paragraphCount() - 1, format);
     }
 
@@ -944,13 +580,13 @@ private:
             return;
         }
         flush();
-        if (!state_.inTable) {
+        if (!state_.format.inTable) {
             endRow(lastParagraphStart());
         }
         formatLastParagraph();
         const char16_t paragraphMark = mark::paragraph;
         insert({&paragraphMark, 1});
-        if (state_.inTable) {
+        if (state_.format.inTable) {
             rowIsOpen_ = true;
             putIntoTable(story_->paragraphCount() - 2);
         }
@@ -1030,17 +666,6 @@ private:
         markedStory_.reset();
     }
 
-    /// Some writers turn a page by its size alone.
-    void findLandscapes()
-    {
-        for (std::int32_t index = 1; index <= document_.sectionCount(); ++index) {
-            PageSetup& setup = document_.section(index)->pageSetup;
-            if (setup.pageWidth > setup.pageHeight) {
-                setup.orientation = Orientation::landscape;
-            }
-        }
-    }
-
     RtfLexer lexer_;
     Document& document_;
     std::shared_ptr<Story> story_;
@@ -1062,15 +687,12 @@ private:
     bool rowIsOpen_ = false;
     std::size_t rowCells_ = 0;
 
-    std::map<std::int32_t, std::u16string> fonts_;
-    std::int32_t font_ = 0;
-    std::u16string fontName_;
-    std::vector<std::int32_t> colors_;
-    std::int32_t color_ = 0;
-    bool colorIsSet_ = false;
-    std::map<std::int32_t, StylePtr> styles_;
-    StyleEntry style_;
-    PageSetup defaults_;
+    bool isFragment_ = false;
+    bool keepsAllStated_ = false;
+    bool endsParagraph_ = false;
+
+    TextTables tables_;
+    PageReader pages_;
 };
 
 } // namespace
@@ -1079,6 +701,13 @@ void readRtf(std::string_view bytes, Document& document)
 {
     Reader(bytes, document).read();
     document.setSaved(true);
+}
+
+RtfFragment readRtfFragment(std::string_view bytes, Document& document)
+{
+    Reader reader(bytes, document);
+    reader.readFragment();
+    return {reader.endsParagraph(), reader.defaultFont()};
 }
 
 } // namespace standin::rtf

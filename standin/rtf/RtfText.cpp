@@ -104,4 +104,9 @@ std::string control(std::string_view word, std::int32_t number)
     return text;
 }
 
+float points(std::int32_t twips)
+{
+    return static_cast<float>(twips) / 20;
+}
+
 } // namespace standin::rtf

@@ -12,6 +12,7 @@ std::string escapeText(std::u16string_view text);
 
 /// Points as the whole number of twips that RTF counts in.
 std::int32_t twips(float points);
+float points(std::int32_t twips);
 
 /// A control word with its number, e.g. "\fs24".
 std::string control(std::string_view word, std::int32_t number);

@@ -178,6 +178,34 @@ TEST_F(Hyperlinks, CanBeListedChangedAndRemoved)
     EXPECT_EQ(range(0, 2)->GetHyperlinks()->GetCount(), 0);
 }
 
+TEST_F(Hyperlinks, OfAHeaderAreItsOwn)
+{
+    const Word::RangePtr header =
+        document->GetSections()->Item(1)->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange();
+    header->InsertAfter(L"see there");
+    document->GetBookmarks()->Add(L"here", Word::object(header));
+    EXPECT_EQ(document->GetBookmarks()->Exists(L"here"), VARIANT_TRUE);
+    const Word::BookmarkPtr mark = document->GetBookmarks()->Item(Word::text(L"here"));
+    EXPECT_EQ(mark->GetStoryType(), 7);
+    const Word::RangePtr anchor = header->GetDuplicate();
+    anchor->SetRange(4, 9);
+    header->GetHyperlinks()->Add(anchor, Word::missing, Word::text(L"here"));
+    EXPECT_EQ(header->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->GetCount(), 0);
+    const Word::HyperlinkPtr link = header->GetHyperlinks()->Item(Word::integer(1));
+    EXPECT_EQ(link->GetSubAddress(), _bstr_t(L"here"));
+    EXPECT_EQ(link->GetAddress(), _bstr_t(L""));
+    const Word::RangePtr shown = link->GetRange();
+    EXPECT_EQ(shown->GetText(), _bstr_t(L"there"));
+    EXPECT_EQ(shown->GetFields()->Item(1)->GetResult()->GetUnderline(), 1);
+    link->Delete();
+    EXPECT_EQ(header->GetText(), _bstr_t(L"see there\r"));
+    EXPECT_EQ(shown->GetText(), _bstr_t(L"there"));
+    EXPECT_EQ(shown->GetUnderline(), 0);
+    mark->Delete();
+    EXPECT_EQ(document->GetBookmarks()->Exists(L"here"), VARIANT_FALSE);
+}
+
 TEST_F(Hyperlinks, InsideAnotherFieldAreMadeAndRemarkedOn)
 {
     write(L"one two three");

@@ -241,6 +241,29 @@ TEST_F(InProcess, FontsReadAndWriteARangesText)
     EXPECT_EQ(failureOf([&] { font->PutSize(0.0f); }), wordError(4608));
 }
 
+TEST_F(InProcess, ResettingTakesDirectFormattingOnly)
+{
+    const Word::_DocumentPtr document = addDocument();
+    document->Range()->InsertAfter(L"one two");
+    document->Range()->PutStyle(Word::integer(-2));
+    const Word::RangePtr one = document->Range(Word::integer(0), Word::integer(3));
+    one->PutStyle(Word::integer(-86));
+    one->GetFont()->PutSize(40);
+    one->PutItalic(-1);
+    one->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphRight);
+    EXPECT_EQ(document->Range()->GetItalic(), 9999999);
+    EXPECT_EQ(document->Range()->GetUnderline(), 9999999);
+    document->Range()->GetFont()->Reset();
+    EXPECT_EQ(document->Range()->GetItalic(), 0);
+    EXPECT_EQ(document->Range()->GetBold(), -1);
+    EXPECT_EQ(one->GetFont()->GetSize(), 16);
+    EXPECT_EQ(one->GetUnderline(), 1);
+    document->Range()->GetParagraphFormat()->Reset();
+    EXPECT_EQ(one->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphLeft);
+    EXPECT_EQ(failureOf([&] { document->GetStyles()->Item(Word::integer(-1))->GetFont()->Reset(); }),
+              E_NOTIMPL);
+}
+
 TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
 {
     const Word::_DocumentPtr document = addDocument();
@@ -326,6 +349,21 @@ TEST_F(InProcess, SaveAsWritesAndNamesTheDocument)
     EXPECT_NE(bytesOf(folder.file(L"report.doc")).find("contentmore"), std::string::npos);
 }
 
+TEST_F(InProcess, EveryFormatThatKeepsFormattingIsRtf)
+{
+    const ScratchFolder folder;
+    const Word::_DocumentPtr document = addDocument();
+    const std::pair<long, const wchar_t*> formats[] = {{0, L".doc"},   {1, L".dot"},   {6, L".rtf"},
+                                                       {12, L".docx"}, {16, L".docx"}, {17, L".pdf"}};
+    for (const auto& [format, extension] : formats) {
+        document->SaveAs(Word::text(folder.file(L"a").c_str()), Word::integer(format));
+        EXPECT_EQ(document->GetName(), _bstr_t(L"a") + extension);
+        EXPECT_EQ(bytesOf(folder.file(std::wstring(L"a") + extension)).rfind("{\\rtf1", 0), 0u);
+    }
+    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"a"), Word::integer(2)); }), E_NOTIMPL);
+    document->UndoClear();
+}
+
 TEST_F(InProcess, ASavedDocumentOpensAgain)
 {
     const ScratchFolder folder;
@@ -388,6 +426,12 @@ TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
     EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_FALSE);
     EXPECT_EQ(application->GetOptions()->GetCheckGrammarAsYouType(), VARIANT_TRUE);
     EXPECT_FALSE(session.model().options.checkSpellingAsYouType);
+    EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_FALSE);
+    application->GetOptions()->PutConfirmConversions(true);
+    EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_TRUE);
+    EXPECT_EQ(application->GetScreenUpdating(), VARIANT_TRUE);
+    application->PutScreenUpdating(false);
+    EXPECT_EQ(application->GetScreenUpdating(), VARIANT_FALSE);
     EXPECT_EQ(application->GetVisible(), VARIANT_FALSE);
     EXPECT_EQ(application->GetName(), _bstr_t(L"Microsoft Word"));
     EXPECT_EQ(application->GetVersion(), _bstr_t(L"9.0"));

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 namespace {
+using standin::model::FontProperties;
 using standin_test::failureOf;
 using standin_test::wordError;
 using testing::ElementsAre;
@@ -40,6 +41,48 @@ TEST_F(InsertFile, KeepsWhatLiesBehindInItsOwnRange)
     EXPECT_EQ(range(0, 3)->GetBold(), -1);
     EXPECT_EQ(range(0, 3)->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphCenter);
     EXPECT_EQ(range(4, 5)->GetBold(), 0);
+}
+
+constexpr char fragment[] =
+    "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Courier New;}}{\\stylesheet{\\s0 Normal;}{\\s1\\sbasedon0 heading "
+    "1;}}"
+    "\\pard\\plain\\s1 {\\*\\bkmkstart tag}one{\\*\\bkmkend tag}\\par\\pard\\plain\\qc\\b two\\par}";
+
+TEST_F(InsertFile, AFragmentLeavesTheLookToTheDocument)
+{
+    document->Range()->InsertAfter(L"#behind");
+    range(0, 0)->InsertFile(write(L"a.rtf", fragment).c_str());
+    EXPECT_EQ(text(), u"one\rtwo\r#behind\r");
+    EXPECT_EQ(document->GetBookmarks()->Item(Word::text(L"tag"))->GetRange()->GetText(), _bstr_t(L"one"));
+    const auto story = session.model(document)->mainStory();
+    EXPECT_EQ(story->directFont(0), FontProperties());
+    EXPECT_EQ(story->directFont(4), FontProperties{.bold = true});
+    EXPECT_EQ(range(0, 3)->GetFont()->GetName(), _bstr_t(L"Arial"));
+    EXPECT_EQ(range(0, 3)->GetFont()->GetSize(), 16);
+    EXPECT_EQ(range(8, 9)->GetBold(), 0);
+    const Word::RangePtr header =
+        document->GetSections()->Item(1)->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange();
+    const Word::RangePtr start = header->GetDuplicate();
+    start->SetRange(0, 0);
+    start->InsertFile(folder.file(L"a.rtf").c_str());
+    EXPECT_EQ(header->GetText(), _bstr_t(L"one\rtwo\r\r"));
+}
+
+TEST_F(InsertFile, IsReadAsTheSwitchesSay)
+{
+    const std::wstring file = write(L"a.rtf", fragment);
+    const auto addWith = [this](const standin::model::Switches& switches) {
+        session.model().setSwitches(switches);
+        return session.application()->GetDocuments()->Add();
+    };
+    const Word::_DocumentPtr joined =
+        addWith({.insertFileLastParagraph = standin::model::LastParagraph::dropped});
+    joined->Range()->InsertFile(file.c_str());
+    EXPECT_EQ(text(joined), u"one\rtwo\r");
+    const Word::_DocumentPtr refused = addWith({.insertFileTakesRtf = false});
+    EXPECT_EQ(failureOf([&] { refused->Range()->InsertFile(file.c_str()); }),
+              static_cast<HRESULT>(0x800A1066));
+    EXPECT_EQ(text(refused), u"\r");
 }
 
 TEST_F(InsertFile, GoesIntoACell)

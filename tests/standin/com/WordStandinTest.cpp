@@ -91,7 +91,8 @@ protected:
 
     void TearDown() override
     {
-        for (const wchar_t* name : {L"WORDSTANDIN_TRANSCRIPT", L"WORDSTANDIN_FAIL", L"WORDSTANDIN_EXIT"})
+        for (const wchar_t* name :
+             {L"WORDSTANDIN_TRANSCRIPT", L"WORDSTANDIN_FAIL", L"WORDSTANDIN_EXIT", L"WORDSTANDIN_SWITCHES"})
             SetEnvironmentVariableW(name, nullptr);
         EXPECT_EQ(runToEnd(L"/unregserver"), 0u);
         EXPECT_FALSE(isRegistered());
@@ -177,6 +178,18 @@ TEST_F(WordStandin, ARunningWordIsFoundWithItsDocuments)
     context->Release();
     application->Quit();
     EXPECT_EQ(running.exitCode(), 0u);
+}
+
+TEST_F(WordStandin, TakesItsReadingsFromTheEnvironment)
+{
+    SetEnvironmentVariableW(L"WORDSTANDIN_SWITCHES", L"deleteAnswersOne=0");
+    const Word::_ApplicationPtr application = createApplication();
+    const Word::_DocumentPtr document = application->GetDocuments()->Add();
+    document->Range()->InsertAfter(L"abc");
+    EXPECT_EQ(document->Range(Word::integer(0), Word::integer(3))->Delete(), 3);
+    application->Quit();
+    SetEnvironmentVariableW(L"WORDSTANDIN_SWITCHES", L"nonsense=0");
+    EXPECT_EQ(runToEnd(L"/run"), 1u);
 }
 
 TEST_F(WordStandin, FailsAndEndsOnDemand)

@@ -79,5 +79,23 @@ TEST_F(StoryTest, RunsAndParagraphsTellTheirBorders)
     EXPECT_EQ(story().runAt(5).end, 8);
 }
 
+TEST_F(StoryTest, DirectFormattingIsKeptAlsoWhereTheStyleSaysTheSame)
+{
+    write(u"ab");
+    const Story& story = *document->mainStory();
+    EXPECT_EQ(story.directFont(0), FontProperties());
+    EXPECT_EQ(story.directParagraph(0), ParagraphProperties());
+    range(0, 1).setFont({.size = 12.0f, .bold = false});
+    range(0, 1).setParagraphFormat({.alignment = Alignment::left});
+    EXPECT_EQ(story.directFont(0), (FontProperties{.size = 12.0f, .bold = false}));
+    EXPECT_EQ(story.effectiveFont(0), story.effectiveFont(1));
+    EXPECT_EQ(story.directFont(1), FontProperties());
+    EXPECT_EQ(story.directParagraph(2), ParagraphProperties{.alignment = Alignment::left});
+    range(0, 2).resetFont();
+    range(0, 2).resetParagraphFormat();
+    EXPECT_EQ(story.directFont(0), FontProperties());
+    EXPECT_EQ(story.directParagraph(0), ParagraphProperties());
+}
+
 } // namespace
 } // namespace standin::model

@@ -170,5 +170,260 @@ TEST_F(FileContentTest, NothingGoesInFrontOfARowsMark)
     EXPECT_EQ(errorOf([&] { insert(1, "x"); }), 5251);
 }
 
+/// Fragments as programs write them that leave the look to the document.
+class FragmentTest : public FileContentTest
+{
+protected:
+    static std::string fragment(const std::string& body)
+    {
+        return "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0 Courier New;}{\\f1 Arial;}}"
+               "{\\colortbl;\\red0\\green0\\blue255;}{\\stylesheet{\\s0 Normal;}"
+               "{\\s1\\sbasedon0\\snext0 heading 1;}{\\s2\\b\\qc\\sbasedon0 heading 2;}"
+               "{\\s20\\sbasedon0 Own Text;}{\\*\\cs18\\additive\\ul\\cf1 Hyperlink;}}" +
+               body + "}";
+    }
+    /// Puts it into a document with these switches.
+    void insertWith(const Switches& switches, Position at, const std::string& body)
+    {
+        const std::u16string before = document->mainStory()->text(0, document->mainStory()->length() - 1);
+        document = Document::make(u"Document1", switches);
+        write(before);
+        insert(at, fragment(body));
+    }
+    const Story& story() const { return *document->mainStory(); }
+    const FontProperties& direct(Position at) const { return story().directFont(at); }
+    const ParagraphProperties& directParagraph(Position at) const { return story().directParagraph(at); }
+    std::u16string all() const { return story().text(0, story().length()); }
+    const std::u16string& styleAt(Position at) const { return story().paragraphAt(at).format->style->name(); }
+};
+
+TEST_F(FragmentTest, WhatSaysNothingHasNoDirectFormatting)
+{
+    document->styles().find(u"Normal")->font.name = u"Verdana";
+    insert(0, fragment("\\pard\\plain\\s1 one\\par\\pard\\plain two\\par\\pard\\plain\\s20 three\\par"));
+    EXPECT_EQ(all(), u"one\rtwo\rthree\r\r");
+    EXPECT_EQ(story().run(0).end, story().length());
+    EXPECT_EQ(direct(0), FontProperties());
+    for (const Position at : {0, 4, 8}) {
+        EXPECT_EQ(directParagraph(at), ParagraphProperties()) << at;
+    }
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(styleAt(4), u"Normal");
+    EXPECT_EQ(styleAt(8), u"Own Text");
+    EXPECT_EQ(range(8, 9).font().name, u"Verdana");
+    EXPECT_EQ(range(0, 1).font().size, 16.0f);
+}
+
+TEST_F(FragmentTest, WithoutAStyleSheetThereIsNoneEither)
+{
+    document->styles().find(u"Normal")->font.name = u"Verdana";
+    insert(0, "{\\rtf1\\deff1{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}}\\pard\\plain one\\par two\\par}");
+    EXPECT_EQ(direct(0), FontProperties());
+    EXPECT_EQ(range(0, 3).font().name, u"Verdana");
+}
+
+TEST_F(FragmentTest, DirectIsWhatTheTextSaysBeyondItsStylesEntry)
+{
+    insert(0, fragment("\\pard\\plain\\s2\\b\\qc a{\\b0 b}{\\i\\fs40\\f1\\strike\\ul\\cf1 c}\\par"
+                       "\\pard\\plain\\s2\\b\\ql d\\par\\pard\\plain\\s1\\qj\\b0 e\\par"));
+    EXPECT_EQ(direct(0), FontProperties());
+    EXPECT_EQ(direct(1), FontProperties{.bold = false});
+    EXPECT_EQ(direct(2), (FontProperties{.name = u"Arial",
+                                         .size = 20.0f,
+                                         .italic = true,
+                                         .strikeThrough = true,
+                                         .underline = 1,
+                                         .color = 0xFF0000}));
+    EXPECT_EQ(directParagraph(0), ParagraphProperties());
+    EXPECT_EQ(directParagraph(4), ParagraphProperties{.alignment = Alignment::left});
+    EXPECT_EQ(directParagraph(6), ParagraphProperties{.alignment = Alignment::justify});
+    EXPECT_EQ(direct(6), FontProperties()); // its style's entry is not bold
+}
+
+TEST_F(FragmentTest, OrWhateverTheTextSays)
+{
+    insertWith({.insertFileKeepsDifferencesOnly = false}, 0,
+               "\\pard\\plain\\s2\\b\\qc a\\par\\pard\\plain\\s1\\ql\\b0 b\\par");
+    EXPECT_EQ(direct(0), FontProperties{.bold = true});
+    EXPECT_EQ(directParagraph(0), ParagraphProperties{.alignment = Alignment::center});
+    EXPECT_EQ(direct(2), FontProperties{.bold = false});
+    EXPECT_EQ(directParagraph(2), ParagraphProperties{.alignment = Alignment::left});
+}
+
+TEST_F(FragmentTest, TheDefaultFontStaysBehindOrCreepsIn)
+{
+    insertWith({.insertFileLeavesDefaultFont = false}, 0, "\\pard\\plain\\s1 a{\\f1 b}{\\fs40\\b c}\\par");
+    EXPECT_EQ(direct(0), (FontProperties{.name = u"Courier New", .size = 12.0f}));
+    EXPECT_EQ(direct(1), (FontProperties{.name = u"Arial", .size = 12.0f}));
+    EXPECT_EQ(direct(2), (FontProperties{.name = u"Courier New", .size = 20.0f, .bold = true}));
+}
+
+TEST_F(FragmentTest, StylesOfTheDocumentKeepTheirMeaningWhateverTheirCase)
+{
+    const StylePtr own = document->styles().add(u"OWN text", StyleType::paragraph);
+    own->font.italic = true;
+    const std::int32_t count = document->styles().count();
+    insert(0, fragment("\\pard\\plain\\s20 a\\par\\pard\\plain\\s2\\b\\qc b\\par"));
+    EXPECT_EQ(document->styles().count(), count);
+    EXPECT_EQ(styleAt(0), u"OWN text");
+    EXPECT_EQ(range(0, 1).font().italic, true);
+    EXPECT_EQ(range(2, 3).font().size, 14.0f);
+    EXPECT_EQ(range(2, 3).paragraphFormat().alignment, Alignment::left);
+}
+
+TEST_F(FragmentTest, TheLastParagraphEndsWithItsMark)
+{
+    write(u"aX");
+    insert(1, fragment("\\pard\\qc one\\par two\\par"));
+    EXPECT_EQ(all(), u"aone\rtwo\rX\r");
+    insert(0, fragment("no word for the end"));
+    EXPECT_EQ(all(), u"no word for the end\raone\rtwo\rX\r");
+}
+
+TEST_F(FragmentTest, OrJoinsWhatStandsBehind)
+{
+    write(u"aX");
+    insertWith({.insertFileLastParagraph = LastParagraph::dropped}, 1,
+               "\\pard\\qc one\\par\\pard\\qr\\b two{\\*\\bkmkstart m}three{\\*\\bkmkend m}\\par");
+    EXPECT_EQ(all(), u"aone\rtwothreeX\r");
+    EXPECT_EQ(directParagraph(0).alignment, Alignment::center);
+    EXPECT_EQ(directParagraph(5), ParagraphProperties());
+    EXPECT_EQ(direct(12).bold, true);
+    EXPECT_EQ(direct(13), FontProperties());
+    EXPECT_EQ(document->bookmarks().find(u"m")->range().text(), u"three");
+}
+
+TEST_F(FragmentTest, OrLeavesAnEmptyParagraphBehindIt)
+{
+    write(u"aX");
+    insertWith({.insertFileLastParagraph = LastParagraph::surplus}, 1, "\\pard\\qc one\\par");
+    EXPECT_EQ(all(), u"aone\r\rX\r");
+    EXPECT_EQ(directParagraph(5).alignment, Alignment::center);
+    insertWith({.insertFileLastParagraph = LastParagraph::surplus}, 0, "one");
+    EXPECT_EQ(all().substr(0, 4), u"one\r");
+    EXPECT_NE(all()[4], u'\r');
+}
+
+TEST_F(FragmentTest, GoesInFrontOfASentinelAndToTheStorysEnd)
+{
+    write(u"before #behind");
+    const LiveRange sentinel = range(7, 8);
+    document->bookmarks().add(u"sentinel", sentinel);
+    insert(7, fragment("\\pard\\plain\\s1 one\\par"));
+    EXPECT_EQ(all(), u"before one\r#behind\r");
+    EXPECT_EQ(sentinel.end(), 12);
+    EXPECT_EQ(document->bookmarks().find(u"sentinel")->range().end(), 12);
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(styleAt(12), u"Normal");
+    insert(story().length() - 1, fragment("\\pard\\plain end\\par"));
+    EXPECT_EQ(all(), u"before one\r#behindend\r\r");
+}
+
+TEST_F(FragmentTest, TheRangeCoversTheTextOrLiesInFront)
+{
+    write(u"aX");
+    LiveRange place = range(1, 1);
+    insertFileContent(place, fragment("one\\par"));
+    EXPECT_EQ(place.end(), 5);
+    document = Document::make(u"Document1", {.insertFileRangeCoversText = false});
+    write(u"abX");
+    LiveRange other = range(1, 2);
+    insertFileContent(other, fragment("one\\par"));
+    EXPECT_EQ(all(), u"aone\rX\r");
+    EXPECT_EQ(other.start(), 1);
+    EXPECT_EQ(other.end(), 1);
+}
+
+TEST_F(FragmentTest, ABookmarkMovesOrIsDroppedWhenItsNameIsTaken)
+{
+    const std::string body = "{\\*\\bkmkstart M}one{\\*\\bkmkend M}{\\*\\bkmkstart p}{\\*\\bkmkend p}\\par";
+    for (const bool moves : {true, false}) {
+        document = Document::make(u"Document1", {.insertFileMovesBookmarks = moves});
+        write(u"aX");
+        document->bookmarks().add(u"m", range(1, 2));
+        insert(0, fragment(body));
+        EXPECT_EQ(document->bookmarks().find(u"M")->range().text(), moves ? u"one" : u"X");
+        EXPECT_EQ(document->bookmarks().find(u"p")->range().start(), 3);
+    }
+}
+
+TEST_F(FragmentTest, APolicyRefusesRtf)
+{
+    document = Document::make(u"Document1", {.insertFileTakesRtf = false});
+    write(u"abc");
+    EXPECT_EQ(errorOf([&] { insert(range(1, 2), fragment("one\\par")); }), 4198);
+    EXPECT_EQ(text(), u"abc\r");
+    insert(range(1, 2), "text");
+    EXPECT_EQ(text(), u"atext\rc\r");
+}
+
+TEST_F(FragmentTest, FieldsComeAsTheyAre)
+{
+    insert(
+        0,
+        fragment(
+            "\\pard\\plain {\\v\\field{\\*\\fldinst{ TC \"t\" \\\\l 2 }}}"
+            "{\\field{\\*\\fldinst{ DATE \\\\@ \"yyyy\" }}{\\fldrslt{2000}}}"
+            "{\\field{\\*\\fldinst{ HYPERLINK  \\\\l \"there\" }}{\\fldrslt{\\cs18\\ul\\cf1 link}}}\\par"));
+    EXPECT_EQ(text(), u"2000link\r\r");
+    EXPECT_EQ(all(), u"\x13 TC \"t\" \\l 2 \x15\x13 DATE \\@ \"yyyy\" \x14"
+                     u"2000\x15\x13 HYPERLINK  \\l \"there\" \x14link\x15\r\r");
+    EXPECT_EQ(direct(1), FontProperties{.hidden = true});
+    const std::size_t link = all().find(u"link");
+    EXPECT_EQ(direct(static_cast<Position>(link)), FontProperties());
+    EXPECT_EQ(story().runAt(static_cast<Position>(link)).format->style->name(), u"Hyperlink");
+}
+
+TEST_F(FragmentTest, CharactersComeByTheirNumbers)
+{
+    insert(0, fragment(
+                  "\\u8364?\\u-10179?\\u-8704?\\u-257?{\\uc0\\u233}\\'e9\\{\\\\\\}\\tab\\line\\page x\\par"));
+    EXPECT_EQ(all(), u"\u20ac\U0001F600\uFEFF\u00e9\u00e9{\\}\t\v\fx\r\r");
+}
+
+TEST_F(FragmentTest, TablesKeepTheirRowsAndParagraphs)
+{
+    write(u"aX");
+    insert(1,
+           fragment("\\trowd\\trgaph108\\trleft-108\\trrh-567\\clbrdrt\\brdrs\\brdrw10\\cellx2000\\cellx5000"
+                    "\\pard\\plain\\intbl one\\par\\pard\\plain\\intbl\\s1 two\\cell"
+                    "\\pard\\plain\\intbl\\qr x\\cell\\row"
+                    "\\trowd\\trrh300\\cellx2000\\cellx5000\\pard\\plain\\intbl y\\cell z\\cell\\row"
+                    "\\pard\\plain tail\\par"));
+    EXPECT_EQ(all(), u"a\rone\rtwo\ax\a\ay\az\a\atail\rX\r");
+    const Table table(document->mainStory(), 2);
+    EXPECT_EQ(table.row(1).format().heightRule, RowHeightRule::exactly);
+    EXPECT_FLOAT_EQ(table.row(1).format().height, 28.35f);
+    EXPECT_EQ(table.row(2).format().heightRule, RowHeightRule::atLeast);
+    EXPECT_FLOAT_EQ(table.cell(1, 2).format().width, 150);
+    EXPECT_TRUE(table.cell(1, 1).format().top.isVisible);
+    EXPECT_EQ(table.cell(1, 1).range().text(), u"one\rtwo\r\a");
+    EXPECT_EQ(styleAt(6), u"Heading 1");
+    EXPECT_EQ(direct(6), FontProperties());
+}
+
+TEST_F(FragmentTest, GoesIntoAHeaderWithItsTable)
+{
+    const auto header = document->section(1)->story(Section::Part::header, HeaderFooterIndex::primary);
+    insert(LiveRange(header, 0, 0),
+           fragment("\\trowd\\cellx2000\\pard\\plain\\intbl x\\cell\\row\\pard\\plain one\\sect two\\par"));
+    EXPECT_EQ(header->text(0, header->length()), u"x\a\aone\rtwo\r\r");
+    EXPECT_EQ(tablesOf(rangeOf(header)).size(), 1u);
+    EXPECT_EQ(document->sectionCount(), 1);
+}
+
+TEST_F(FragmentTest, GoesIntoACellInTheMiddleOfItsText)
+{
+    write(u"X");
+    LiveRange start = range(0, 0);
+    const Table table = Table::add(start, 1, 2);
+    table.cell(1, 1).range().insertAfter(u"ab");
+    insert(1, fragment("\\pard\\plain\\s1 one\\par\\pard\\plain two\\par"));
+    EXPECT_EQ(all(), u"aone\rtwo\rb\a\a\aX\r");
+    EXPECT_EQ(table.cell(1, 1).range().text(), u"aone\rtwo\rb\r\a");
+    EXPECT_EQ(styleAt(0), u"Heading 1");
+    EXPECT_EQ(styleAt(9), u"Normal");
+}
+
 } // namespace
 } // namespace standin::rtf

@@ -1,0 +1,100 @@
+#include "DocumentFixture.h"
+
+#include "TableFormats.h"
+
+#include <WordConstants.h>
+
+namespace {
+using standin_test::failureOf;
+using standin_test::wordError;
+
+class ConvertToTable : public standin_test::DocumentFixture
+{
+protected:
+    Word::RangePtr write(const wchar_t* content) const
+    {
+        document->Range()->InsertAfter(content);
+        return range(0, document->Range()->GetEnd() - 1);
+    }
+};
+
+TEST_F(ConvertToTable, ParagraphsBecomeCells)
+{
+    const Word::RangePtr place = write(L"a\nb\nc\nd\n");
+    document->GetBookmarks()->Add(L"first", Word::object(range(0, 0)));
+    range(4, 5)->PutBold(-1);
+    const Word::TablePtr table = place->ConvertToTable(
+        Word::integer(0), Word::integer(2), Word::integer(2), Word::missing, Word::missing, Word::missing,
+        Word::missing, Word::missing, Word::missing, Word::missing, Word::missing, Word::missing,
+        Word::missing, Word::missing, Word::integer(0), Word::integer(1));
+    EXPECT_EQ(text(), u"a\ab\a\ac\ad\a\a\r");
+    EXPECT_EQ(place->GetStart(), 0);
+    EXPECT_EQ(place->GetEnd(), 10);
+    EXPECT_EQ(table->GetRange()->GetEnd(), 10);
+    EXPECT_EQ(table->Cell(2, 1)->GetRange()->GetText(), _bstr_t(L"c\r\a"));
+    EXPECT_EQ(range(5, 6)->GetBold(), -1);
+    EXPECT_EQ(document->GetBookmarks()->Item(Word::text(L"first"))->GetRange()->GetStart(), 0);
+    EXPECT_TRUE(session.model(document)->mainStory()->paragraph(2).format->row->cells[0].top.isVisible);
+    table->GetRows()->SetHeight(30, Word::wdRowHeightExactly);
+    table->GetColumns()->PutWidth(72);
+    EXPECT_FLOAT_EQ(table->GetColumns()->GetWidth(), 72);
+    EXPECT_FLOAT_EQ(table->GetRows()->Item(2)->GetHeight(), 30);
+    EXPECT_EQ(table->GetRows()->Item(2)->GetRange()->GetStart(), 5);
+}
+
+TEST_F(ConvertToTable, SeparatorsAreNumbersOrCharacters)
+{
+    write(L"a\tb\n")->ConvertToTable(Word::integer(1));
+    EXPECT_EQ(text(), u"a\ab\a\a\r");
+    document->Range()->Delete();
+    write(L"a,b\n")->ConvertToTable(Word::integer(2));
+    EXPECT_EQ(text(), u"a\ab\a\a\r");
+    document->Range()->Delete();
+    write(L"a|b\n")->ConvertToTable(Word::text(L"|"));
+    EXPECT_EQ(text(), u"a\ab\a\a\r");
+    document->Range()->Delete();
+    write(L"a-b\n")->ConvertToTableOld();
+    EXPECT_EQ(text(), u"a\ab\a\a\r");
+    document->Range()->Delete();
+    write(L"a-b\n")->ConvertToTable(Word::text(L"\r"), Word::missing, Word::missing, _variant_t(100.5f));
+    EXPECT_EQ(text(), u"a-b\a\a\r");
+    EXPECT_FLOAT_EQ(document->GetTables()->Item(1)->Cell(1, 1)->GetWidth(), 100.5f);
+}
+
+TEST_F(ConvertToTable, WorksInAHeader)
+{
+    const Word::RangePtr header =
+        document->GetSections()->Item(1)->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange();
+    header->InsertAfter(L"a\nb");
+    const Word::TablePtr table = header->ConvertToTable(Word::integer(0), Word::missing, Word::integer(2));
+    EXPECT_EQ(header->GetText(), _bstr_t(L"a\r\ab\r\a\r\a"));
+    EXPECT_EQ(header->GetStoryLength(), 6);
+    EXPECT_EQ(text(), u"\r");
+}
+
+TEST_F(ConvertToTable, ColumnsCanBeAdded)
+{
+    const Word::TablePtr table =
+        write(L"a\nb\n")->ConvertToTable(Word::integer(0), Word::missing, Word::integer(2));
+    EXPECT_EQ(table->GetColumns()->Add()->GetIndex(), 3);
+    EXPECT_EQ(text(), u"a\ab\a\a\a\r");
+    EXPECT_EQ(table->GetColumns()->Add(Word::object(table->GetColumns()->Item(2)))->GetIndex(), 2);
+    EXPECT_EQ(text(), u"a\a\ab\a\a\a\r");
+    EXPECT_EQ(failureOf([&] { table->GetColumns()->Add(Word::object(table)); }), wordError(4218));
+}
+
+TEST_F(ConvertToTable, RefusesWhatItCannotMake)
+{
+    const Word::RangePtr place = write(L"a\nb\n");
+    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::integer(4)); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::text(L"ab")); }), wordError(4608));
+    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::integer(0), Word::missing, Word::integer(64)); }),
+              wordError(4608));
+    EXPECT_EQ(failureOf([&] {
+                  place->ConvertToTable(Word::integer(0), Word::missing, Word::missing, Word::missing,
+                                        Word::integer(3));
+              }),
+              E_NOTIMPL);
+    EXPECT_EQ(text(), u"a\rb\r\r");
+}
+} // namespace

@@ -21,15 +21,27 @@ function(mirovel_windows_library name)
   endif()
 endfunction()
 
+# Compiles the code of a target, which is never shipped, as fast as the compiler can.
+function(mirovel_unoptimised name)
+  if(NOT MSVC)
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
+endfunction()
+
 # A test program: GoogleTest, one CTest entry. TIMEOUT is a guard against hanging, not a measure. With DISPLAY it is run
-# where windows are drawn and take input.
+# where windows are drawn and take input. The test's own code is not optimised, unless it is OPTIMISED: most of it runs
+# once, and compiling it takes longer than running it.
 function(mirovel_portable_test name)
-  cmake_parse_arguments(arg "DISPLAY" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "DISPLAY;OPTIMISED" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS} mirovel_test_main)
+  if(NOT arg_OPTIMISED)
+    mirovel_unoptimised(${name})
+    target_precompile_headers(${name} REUSE_FROM mirovel_test_main)
+  endif()
   if(arg_DISPLAY AND CMAKE_CROSSCOMPILING_EMULATOR)
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${CMAKE_CROSSCOMPILING_EMULATOR};--display")
   endif()

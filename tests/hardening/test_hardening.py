@@ -213,6 +213,7 @@ class SmashedStack(EndToEndTest):
 class Registration(EndToEndTest):
     def test_there_is_no_application_id_and_no_surrogate(self):
         self.run_vbscript('Set mirovel = CreateObject("Mirovel.Mirovel")\r\n')
+        self.let_prefixes_rest()
         ours = [block for block in _registry_keys(self.folder / "prefix" / "system.reg")
                 if re.search(r"5C2E7A1[0-9]-|mirovel", block, re.IGNORECASE)]
         self.assertTrue([block for block in ours if "InprocServer32" in block])

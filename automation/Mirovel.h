@@ -23,11 +23,10 @@ class FontData;
 /// the call into the trace and hands the work to the current writer or to Word.
 ///
 /// Failures, seen by a client that calls the virtual table:
-///  - A method called in the wrong state does nothing and returns S_OK, except `create` without `start`:
-///  E_FAIL.
-///  - A failed Word call leaves most methods as a `QdxException` that names the activity; see
-///  docs/interface.md for the few
-///    that let `_com_error` through. A null Word pointer counts as a failed call with E_POINTER.
+///  - A method called in the wrong state does nothing and returns S_OK, except `create` without `start`,
+///    which returns E_FAIL.
+///  - A failed Word call leaves most methods as a `QdxException` that names the activity; docs/interface.md
+///    has the few that let `_com_error` through. A null Word pointer counts as a failed call with E_POINTER.
 /// Through `IDispatch::Invoke` the same failures come back as DISP_E_EXCEPTION.
 ///
 /// Threading: single-threaded apartment; every call arrives on the thread that made the object.
@@ -109,7 +108,6 @@ private:
     void deleteTemporaryFiles();
 
     void writeText(BSTR text);
-    void writeAnchors(std::string_view text);
     void writeTail(std::string_view text);
     bool splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail);
 

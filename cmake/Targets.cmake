@@ -58,7 +58,8 @@ function(mirovel_windows_test name)
   endif()
 endfunction()
 
-# A libFuzzer target; in the tests it runs a fixed number of inputs from a fixed seed, so that a run repeats exactly.
+# A libFuzzer target; in the tests it runs a fixed number of inputs from a fixed seed, so that a run repeats exactly. A long
+# run (make soak) takes a new seed each time, and says which.
 function(mirovel_fuzzer name)
   if(NOT MIROVEL_FUZZERS)
     return()
@@ -73,4 +74,6 @@ function(mirovel_fuzzer name)
   target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS})
   add_test(NAME ${name} COMMAND ${name} -runs=${arg_RUNS} -seed=1 -verbosity=0)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  add_test(NAME ${name}_long COMMAND ${name} -max_total_time=300 CONFIGURATIONS soak)
+  set_tests_properties(${name}_long PROPERTIES LABELS soak TIMEOUT 900)
 endfunction()

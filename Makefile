@@ -1,6 +1,6 @@
 # The front door. Everything a run makes lies in build/ and out/; packages are installed when one is missing.
 .DEFAULT_GOAL := build
-.PHONY: help bootstrap configure build native demo settings package test bench lint tidy clean
+.PHONY: help bootstrap configure build native demo settings package check test soak bench lint tidy clean
 
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
@@ -8,10 +8,12 @@ jobs := $(shell nproc)
 
 help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
-	@echo 'make demo      build, write a report through COM and show it: results in out/demo/'
+	@echo 'make demo      build what it takes, write a report through COM and show it: results in out/demo/'
 	@echo 'make settings  show the settings program; needs a display'
-	@echo 'make package   make the installer and the archive: results in out/package/'
+	@echo 'make package   make the installer and the archive, and build them a second time: results in out/package/'
+	@echo 'make check     the quick part of make test: natively, in process under Wine, formatting'
 	@echo 'make test      build and run all tests: natively under sanitizers, then under Wine'
+	@echo 'make soak      what takes long: long runs of the fuzzers, a second build'
 	@echo 'make bench     measure; the results are described in docs/performance.md'
 	@echo 'make lint      formatting, line endings, headers that compile alone, a second compiler'
 	@echo 'make tidy      clang-tidy over the portable code'
@@ -32,7 +34,8 @@ native: bootstrap
 	@cmake --preset native-asan -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >build/configure-native.log 2>&1 || { cat build/configure-native.log; false; }
 	@cmake --build --preset native-asan
 
-demo: build
+# It installs and builds less than the others, by itself.
+demo:
 	@scripts/demo
 
 settings: build
@@ -40,10 +43,22 @@ settings: build
 
 package: build
 	@scripts/package
+	@ctest --preset mingw-release -C soak -R '^package_reproducible$$'
+
+# End-to-end tests start clients and take their time.
+check: native build
+	@scripts/lint --quick
+	@ctest --preset native-asan -j$(jobs)
+	@ctest --preset mingw-release -j$(jobs) -LE endtoend
 
 test: native build
+	@scripts/lint --quick
 	@ctest --preset native-asan -j$(jobs)
 	@ctest --preset mingw-release -j$(jobs)
+
+soak: native build
+	@ctest --preset native-asan -C soak -L soak -j$(jobs)
+	@ctest --preset mingw-release -C soak -L soak
 
 bench: build
 	@scripts/bench

@@ -118,7 +118,6 @@ private:
     void deleteTemporaryFiles();
 
     void writeText(BSTR text);
-    void writeAnchors(std::string_view text);
     void writeTail(std::string_view text);
     bool splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail);
 

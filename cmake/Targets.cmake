@@ -21,16 +21,28 @@ function(mirovel_windows_library name)
   endif()
 endfunction()
 
+# Compiles the code of a target, which is never shipped, as fast as the compiler can.
+function(mirovel_unoptimised name)
+  if(NOT MSVC)
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
+endfunction()
+
 # A test program: GoogleTest, one CTest entry, or as many as SHARDS says, which share the tests and run side by side,
-# each in a Wine prefix of its own.
-# TIMEOUT is a guard against hanging, not a measure. With DISPLAY it is run where windows are drawn and take input.
+# each in a Wine prefix of its own. TIMEOUT is a guard against hanging, not a measure. With DISPLAY it is run where
+# windows are drawn and take input. The test's own code is not optimised, unless it is OPTIMISED: most of it runs
+# once, and compiling it takes longer than running it.
 function(mirovel_portable_test name)
-  cmake_parse_arguments(arg "DISPLAY" "TIMEOUT;SHARDS" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "DISPLAY;OPTIMISED" "TIMEOUT;SHARDS" "SOURCES;DEPENDS" ${ARGN})
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS} mirovel_test_main)
+  if(NOT arg_OPTIMISED)
+    mirovel_unoptimised(${name})
+    target_precompile_headers(${name} REUSE_FROM mirovel_test_main)
+  endif()
   if(arg_DISPLAY AND CMAKE_CROSSCOMPILING_EMULATOR)
     set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR "${CMAKE_CROSSCOMPILING_EMULATOR};--display")
   endif()
@@ -62,7 +74,8 @@ function(mirovel_windows_test name)
   endif()
 endfunction()
 
-# A libFuzzer target; in the tests it runs a fixed number of inputs from a fixed seed, so that a run repeats exactly.
+# A libFuzzer target; in the tests it runs a fixed number of inputs from a fixed seed, so that a run repeats exactly. A long
+# run (make soak) takes a new seed each time, and says which.
 function(mirovel_fuzzer name)
   if(NOT MIROVEL_FUZZERS)
     return()
@@ -77,4 +90,6 @@ function(mirovel_fuzzer name)
   target_link_libraries(${name} PRIVATE mirovel_options ${arg_DEPENDS})
   add_test(NAME ${name} COMMAND ${name} -runs=${arg_RUNS} -seed=1 -verbosity=0)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  add_test(NAME ${name}_long COMMAND ${name} -max_total_time=300 CONFIGURATIONS soak)
+  set_tests_properties(${name}_long PROPERTIES LABELS soak TIMEOUT 900)
 endfunction()

@@ -7,11 +7,10 @@
 ///
 /// Conversions are tolerant and never fail:
 ///  1. A text reads as an integer by its leading decimal number (0 without one, clamped to 32 bits), as a
-///  boolean when
-///     it is "1", "true", "yes" or "on" in any case.
+///     boolean when it is "1", "true", "yes" or "on" in any case.
 ///  2. An integer reads as its decimal text, as a boolean when it is not 0.
 ///  3. A boolean is true when its text is one of the words of rule 1 or its integer is not 0; it reads as 1
-///  or 0.
+///     or 0.
 class RegEntry : public QdxObject
 {
 public:

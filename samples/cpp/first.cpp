@@ -1,4 +1,7 @@
-// Writes a document of two pages, from a C++ host that calls the interface's virtual table:
+// Writes a document of two pages, from a C++ host that calls the interface's virtual table. On Windows, with
+// mirovelcom installed:
+//   sample_first.exe C:\Documents\first.doc
+// Where mirovelcom is built, with the Word stand-in under Wine:
 //   scripts/run-client build/mingw-release/samples/sample_first.exe --log /tmp/first.log --
 //       'Z:\tmp\first.doc'
 //

@@ -1,4 +1,6 @@
-// Writes a document of two pages, from a script host:
+// Writes a document of two pages, from a script host. On Windows, with mirovelcom installed:
+//   cscript first.js C:\Documents\first.doc
+// Where mirovelcom is built, with the Word stand-in under Wine:
 //   scripts/run-client samples/jscript/first.js --log /tmp/first.log -- 'Z:\tmp\first.doc'
 function writeDocument(fileName) {
     var mirovel = new ActiveXObject("Mirovel.Mirovel");

@@ -1,5 +1,5 @@
 // letter DOCUMENT NAME: writes a letter to NAME, with the registered mirovelcom.
-#include "Letter.h"
+#include "LetterText.h"
 
 #include <comdef.h>
 

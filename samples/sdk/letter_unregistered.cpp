@@ -1,6 +1,6 @@
 // letter_unregistered DOCUMENT NAME MANIFEST: the same letter, without anything registered. MANIFEST is the
 // full path of mirovelcom.manifest, and the DLL lies beside it.
-#include "Letter.h"
+#include "LetterText.h"
 
 #include <comdef.h>
 

@@ -1,4 +1,6 @@
-' Writes a document of two pages, from a script host:
+' Writes a document of two pages, from a script host. On Windows, with mirovelcom installed:
+'   cscript first.vbs C:\Documents\first.doc
+' Where mirovelcom is built, with the Word stand-in under Wine:
 '   scripts/run-client samples/vbscript/first.vbs --log /tmp/first.log -- 'Z:\tmp\first.doc'
 Option Explicit
 

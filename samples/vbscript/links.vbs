@@ -1,4 +1,6 @@
-' Writes links of every kind, from a script host:
+' Writes links of every kind, from a script host. On Windows, with mirovelcom installed:
+'   cscript links.vbs C:\Documents\links.doc ...\samples\report-files
+' Where mirovelcom is built, with the Word stand-in under Wine:
 '   scripts/run-client samples/vbscript/links.vbs --log /tmp/links.log -- 'Z:\tmp\links.doc' \
 '       'Z:\...\samples\report-files'
 '

@@ -1,4 +1,6 @@
-' Writes a report with everything that a document can hold, from a script host:
+' Writes a report with everything that a document can hold, from a script host. On Windows, with mirovelcom installed:
+'   cscript report.vbs C:\Documents\report.doc ...\samples\report-files
+' Where mirovelcom is built, with the Word stand-in under Wine:
 '   scripts/run-client samples/vbscript/report.vbs --log /tmp/report.log -- 'Z:\tmp\report.doc' \
 '       'Z:\...\samples\report-files'
 '

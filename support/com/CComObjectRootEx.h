@@ -8,11 +8,11 @@
 ///  1. `CComObjectRootEx<CComSingleThreadModel>`,
 ///  2. `CComCoClass<Class, &CLSID_Class>` (see there),
 ///  3. its interfaces, each through an implementation base where there is one (`IDispatchImpl`,
-///  `IPropertyPageImpl`),
+///     `IPropertyPageImpl`),
 ///
 /// and provides
 ///  - `using Interfaces = InterfaceList<IFirst, ...>;` (public): what QueryInterface hands out, see
-///  `InterfaceList`;
+///    `InterfaceList`;
 ///  - a public default constructor, which may throw: creation then fails with the exception's HRESULT;
 ///  - if it needs one, `void finalConstruct()`, which hides the empty one below.
 ///

@@ -21,7 +21,6 @@ struct DispatchRequest
 ///    VT_BYREF | VT_BSTR), which receives the value; or, when it is the last one, leaves it away and gets the
 ///    value as the result of the call;
 ///  - a C++ exception, and a failure that the method returns, come back as DISP_E_EXCEPTION with `exception`
-///  filled in
-///    from `currentExceptionToExcepInfo`; `source` names the object there.
+///    filled in from `currentExceptionToExcepInfo`; `source` names the object there.
 HRESULT callByTypeInfo(ITypeInfo& typeInfo, void* object, const DispatchRequest& request,
                        const wchar_t* source) noexcept;

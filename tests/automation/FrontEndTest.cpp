@@ -30,8 +30,8 @@ public:
     {
         _com_util::CheckError(CoInitialize(nullptr));
         std::wstring path = L"Z:";
-        for (const char c : std::string(MIROVELCOM_TYPELIB))
-            path += c == '/' ? L'\\' : static_cast<wchar_t>(c);
+        for (const wchar_t c : std::wstring(MIROVELCOM_TYPELIB))
+            path += c == L'/' ? L'\\' : c;
         _com_util::CheckError(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, &library_));
     }
 

@@ -5,7 +5,7 @@ import subprocess
 import tempfile
 import unittest
 
-from support.endtoend import BUILD, ROOT, EndToEndTest, windows
+from support.endtoend import BUILD, ROOT, STANDIN, EndToEndTest, windows
 
 ENVIRONMENT = 'WScript.Echo CreateObject("WScript.Shell").ExpandEnvironmentStrings("%{}%")\r\n'
 
@@ -80,6 +80,24 @@ class KeptPrefix(EndToEndTest):
         third = self.session(document)
         self.assertEqual(first.transcript, third.transcript)
         self.assertAllOk(third)
+
+    def test_wine_stays_awake_and_registers_once(self):
+        self.assertAllOk(self.session(self.new_document()))
+        before = self.registrations()
+        self.assertEqual(2, len(before))
+        self.assertAllOk(self.session(self.new_document()))
+        self.assertEqual(before, self.registrations())
+
+    def test_a_word_that_a_client_leaves_is_not_the_next_clients(self):
+        left = self.drive([("run", windows(STANDIN), "/run"), ("isWordRunning",)])
+        self.assertEqual("isWordRunning -> yes", left.output[-1])
+        before = self.registrations()
+        self.assertEqual(["isWordRunning -> no"], self.drive([("isWordRunning",)]).output)
+        self.assertNotEqual(before, self.registrations())
+
+    def registrations(self):
+        """When what was registered."""
+        return {path.name: path.stat().st_mtime_ns for path in (self.folder / "prefix").glob("registered-*")}
 
     def test_the_client_sees_the_environment(self):
         outcome = self.run_vbscript(ENVIRONMENT.format("MIROVEL_SAYS"), env={"MIROVEL_SAYS": "a b=c"})

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import shutil
 import struct
 import subprocess
@@ -60,7 +61,7 @@ def compilations():
     for entry in json.loads((BUILD / "compile_commands.json").read_text()):
         source = pathlib.Path(entry["file"])
         if source.is_relative_to(ROOT) and source.suffix == ".cpp":
-            yield source.relative_to(ROOT).parts[0], source, entry["command"].split()
+            yield source.relative_to(ROOT).parts[0], source, shlex.split(entry["command"])
 
 
 NAMESPACE = {"a": "urn:schemas-microsoft-com:asm.v1"}
@@ -213,8 +214,9 @@ class SmashedStack(EndToEndTest):
 class Registration(EndToEndTest):
     def test_there_is_no_application_id_and_no_surrogate(self):
         self.run_vbscript('Set mirovel = CreateObject("Mirovel.Mirovel")\r\n')
+        self.let_prefixes_rest()
         ours = [block for block in _registry_keys(self.folder / "prefix" / "system.reg")
-                if re.search(r"5C2E7A1[0-9]-|mirovel", block, re.IGNORECASE)]
+                if re.search(r"5C2E7A1[0-9]-|^\[[^\]]*mirovel|mirovelcom\.dll", block, re.IGNORECASE)]
         self.assertTrue([block for block in ours if "InprocServer32" in block])
         self.assertEqual([], [block for block in ours
                               if re.search(r"AppID|Surrogate|LocalServer|LocalService|RunAs", block, re.IGNORECASE)])

@@ -110,6 +110,31 @@ class Sdk(EndToEndTest):
                                  and not path.is_relative_to(self.installation)
                                  and not path.is_relative_to(self.project)})
 
+    # The page
+
+    def test_the_page_shows_a_whole_client(self):
+        page = (ROOT / "docs" / "sdk.md").read_text()
+        project, toolchain = re.findall(r"^```cmake\n(.*?)^```", page, re.MULTILINE | re.DOTALL)
+        client = re.search(r"`hello\.cpp`:\n\n```cpp\n(.*?)^```", page, re.MULTILINE | re.DOTALL)[1]
+        source = self.folder / "page"
+        source.mkdir()
+        for name, text in (("CMakeLists.txt", project), ("mingw.cmake", toolchain), ("hello.cpp", client)):
+            (source / name).write_text(text)
+        commands = re.search(r"^```\n(cmake -S .*?)^```", page, re.MULTILINE | re.DOTALL)[1].splitlines()
+        words = commands[0].replace("FOLDER", "@").split()
+        words = [word.replace("@", str(self.installation)) for word in words] + ["-DCMAKE_TOOLCHAIN_FILE=mingw.cmake"]
+        for command in (words, commands[1].split()):
+            result = run(os.environ["MIROVEL_CMAKE"], *command[1:], cwd=source)
+            self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+        document = self.new_document()
+        outcome = self.run_client(source / "build" / "hello.exe", windows(document))
+        self.assertEqual([], outcome.output)
+        self.assertEqual("Hello", documents.text_of(document).strip())
+        failing = next(i for i, line in enumerate(outcome.transcript, 1) if ".InsertAfter(" in line)
+        outcome = self.run_client(source / "build" / "hello.exe", windows(self.new_document()), status=1,
+                                  env={"WORDSTANDIN_FAIL": f"{failing}:0x800a1066"})
+        self.assertEqual(["insertText", "COMERROR 0x800a1066"], outcome.output[:2])
+
     # The example
 
     def test_with_the_registered_dll(self):

@@ -7,6 +7,8 @@ output, whatever the language:
     insertText -> insertText\\nCOMERROR 0x800706be\\n...
 """
 
+import re
+
 
 class Expression(str):
     """An argument given in the client's own language, e.g. Expression('String(100, "x")')."""
@@ -31,9 +33,10 @@ def vbscript(calls):
 def _vbscript_word(argument):
     if isinstance(argument, Expression) or not isinstance(argument, str):
         return str(argument)
-    if not argument.isascii() or "\n" in argument or "\r" in argument:
-        raise ValueError(f"Wine's VBScript cannot write {argument!r}")
-    return '"' + argument.replace('"', '""') + '"'
+    # Wine's VBScript reads ASCII only.
+    pieces = re.findall(r"[ -~]+|[^ -~]", argument) or [""]
+    return " & ".join('"' + piece.replace('"', '""') + '"' if " " <= piece[:1] <= "~" or not piece
+                      else " & ".join(f"ChrW({unit})" for unit in _utf16(piece)) for piece in pieces)
 
 
 def jscript(calls):

@@ -37,15 +37,30 @@ class Outcome:
 
 
 class EndToEndTest(unittest.TestCase):
-    """Each module has a folder of its own, fresh in every run, and in it a prefix that its clients share."""
+    """Each module has a folder of its own, fresh for each class, and in it a prefix that its clients share."""
 
     maxDiff = None
+    _begun = set()
 
     @classmethod
     def setUpClass(cls):
         cls.folder = BUILD / "endtoend" / cls.__module__
-        shutil.rmtree(cls.folder, ignore_errors=True)
-        cls.folder.mkdir(parents=True)
+        if cls.folder not in cls._begun:
+            cls._begun.add(cls.folder)
+            cls.let_prefixes_rest()
+            shutil.rmtree(cls.folder, ignore_errors=True)
+            unittest.addModuleCleanup(cls.let_prefixes_rest)
+        cls.folder.mkdir(parents=True, exist_ok=True)
+        earlier = [path for path in cls.folder.iterdir() if path.name != "prefix"]
+        if any((path / "system.reg").exists() for path in earlier):
+            cls.let_prefixes_rest()
+        for path in earlier:
+            shutil.rmtree(path) if path.is_dir() else path.unlink()
+
+    @classmethod
+    def let_prefixes_rest(cls):
+        """Ends what runs in the module's prefixes; their registries are saved then."""
+        subprocess.run([ROOT / "tests" / "common" / "wine-prefixes", "stop", cls.folder], check=True, timeout=PATIENCE)
 
     def run_client(self, client, *arguments, **options):
         """Runs a client of any kind.

@@ -1,4 +1,4 @@
-#include "Letter.h"
+#include "LetterText.h"
 
 #include "general/QdxException.h"
 

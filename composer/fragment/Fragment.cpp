@@ -29,7 +29,6 @@ public:
         rtf_.word("ansi");
         rtf_.word("ansicpg", 1252);
         rtf_.word("uc", 1);
-        rtf_.word("deff", 0);
         styles_.writeTables(rtf_);
         for (std::size_t index = 0; index < blocks_.size(); ++index) {
             if (const auto* table = std::get_if<Table>(&blocks_[index]))

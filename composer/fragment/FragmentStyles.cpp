@@ -10,7 +10,8 @@ namespace compose {
 
 namespace {
 
-/// The font of text that names none. It is never one that a text names, so that none becomes the default.
+/// The font of text that names none: the first one, and never one that a text names. It is not called the
+/// default (\deff), since readers take a default that is named for direct formatting.
 constexpr std::u16string_view defaultFont = u"Times New Roman";
 
 /// That of RTF, and that of styles that state none in old documents.

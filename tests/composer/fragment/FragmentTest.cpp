@@ -21,7 +21,7 @@ std::string fragment(Blocks blocks, std::vector<LinkTarget> links = {}, bool isL
 std::string textOf(Blocks blocks, std::vector<LinkTarget> links = {}, bool isLinked = true)
 {
     static const std::string start =
-        "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fnil Times New Roman;}}\n";
+        "{\\rtf1\\ansi\\ansicpg1252\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n";
     const std::string rtf = fragment(std::move(blocks), std::move(links), isLinked);
     EXPECT_TRUE(rtf.starts_with(start)) << rtf;
     const std::size_t sheet = rtf.find("{\\stylesheet{\\s0 Normal;}");
@@ -49,7 +49,7 @@ TEST(Fragment, OfPlainTextStatesStylesByNameAlone)
 {
     EXPECT_EQ(fragment({Paragraph{.items = {text(u"a", {.style = u"Heading 1"})}, .style = u"Heading 1"},
                         Paragraph{.items = {text(u"b{")}}}),
-              "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fnil Times New Roman;}}\n"
+              "{\\rtf1\\ansi\\ansicpg1252\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n"
               "{\\stylesheet{\\s0 Normal;}{\\s1 heading 1;}}\n"
               "\\pard\\plain\\s1 a\\par\n"
               "\\pard\\plain\\s0 b\\{\\par\n"

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Font.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+/// What the calls of a client come to, before anything is said about how Word is made to hold it: blocks of
+/// paragraphs and tables, and in the paragraphs what stands there in its order. Nothing here has a position.
+namespace compose {
+
+/// Number of a link within its story; what one link covers lies side by side and has the same number.
+using LinkNumber = std::int32_t;
+inline constexpr LinkNumber noLink = -1;
+
+/// Where a link leads.
+struct LinkTarget
+{
+    std::u16string address;  ///< of a page or a file; empty: a bookmark
+    std::u16string bookmark; ///< of a tag, placed or yet to be placed
+
+    bool operator==(const LinkTarget&) const = default;
+};
+
+/// \name What can stand in a paragraph
+/// @{
+/// Text without paragraph ends.
+struct Text
+{
+    std::u16string characters;
+};
+struct PageBreak
+{
+};
+/// Of a client's number: 1 date, 2 time, 3 file name, 4 page; any other: Word decides.
+struct Field
+{
+    int number = 0;
+};
+/// An entry of the table of contents, which shows in that table alone.
+struct Entry
+{
+    std::u16string text;
+    int level = 1; ///< 1 to 9
+};
+/// The place that a bookmark stands for.
+struct Tag
+{
+    std::u16string bookmark;
+};
+/// The place of the table of contents.
+struct Contents
+{
+};
+/// @}
+
+struct Item
+{
+    std::variant<Text, PageBreak, Field, Entry, Tag, Contents> what;
+    FontWishPtr font = {}; ///< of texts and fields
+    LinkNumber link = noLink;
+};
+
+enum class ParagraphEnd
+{
+    mark,
+    section ///< the next paragraph begins a section on a new page
+};
+
+struct Paragraph
+{
+    std::vector<Item> items = {};
+    std::u16string style = u"Normal";
+    std::optional<int> alignment = {}; ///< the client's number; nothing: what the style gives
+    ParagraphEnd end = ParagraphEnd::mark;
+    LinkNumber endLink = noLink; ///< of a link that goes on behind the paragraph's end
+    bool holdsWritten = false;   ///< Its beginning is in Word already, pictures and files included.
+    bool isClosed = false;       ///< Behind it begins another one.
+
+    /// Whether it holds more than tags.
+    [[nodiscard]] bool holdsAnything() const;
+};
+
+using Cell = std::vector<Paragraph>;
+using Row = std::vector<Cell>;
+
+struct Table
+{
+    std::vector<Row> rows = {};
+    std::vector<int> heights = {};   ///< one for each row, in points; 0: Word decides
+    std::size_t writtenRows = 0;     ///< Those that are in Word already. The last of them is `rows.front()`,
+                                     ///< with what has come to its cells since.
+    std::size_t writtenColumns = 0;  ///< of these
+
+    /// Every row has as many cells as the first one.
+    [[nodiscard]] std::size_t columns() const { return rows.empty() ? 0 : rows.front().size(); }
+};
+
+using Block = std::variant<Paragraph, Table>;
+using Blocks = std::vector<Block>;
+
+inline bool Paragraph::holdsAnything() const
+{
+    if (holdsWritten)
+        return true;
+    for (const Item& item : items)
+        if (!std::holds_alternative<Tag>(item.what))
+            return true;
+    return false;
+}
+
+} // namespace compose

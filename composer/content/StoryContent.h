@@ -1,0 +1,157 @@
+#pragma once
+
+#include "Content.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace compose {
+
+/// Takes a client's calls for one story (the body, a header or a footer) at their word, and keeps what they
+/// come to until it is taken to be written into Word.
+///
+/// The calls have the names and the meaning that they have for clients. Texts are UTF-16; CR, LF and CR LF
+/// end a paragraph each.
+///
+/// Threading: one thread at a time.
+class StoryContent
+{
+public:
+    /// The story begins in the paragraph style `style`.
+    explicit StoryContent(std::u16string_view style);
+
+    /// \name Text
+    /// @{
+    /// `target`: where the text leads; null: nowhere.
+    void insertText(std::u16string_view text, const LinkTarget* target = nullptr);
+    void insertEndl();
+    /// In a table: nothing.
+    void insertPageBreak();
+    void insertField(int number);
+    void insertTag(const std::u16string& bookmark);
+    /// Takes away the place of a bookmark that is placed anew elsewhere, unless it is in Word already.
+    void removeTag(std::u16string_view bookmark);
+    /// @}
+
+    /// \name Formatting
+    /// @{
+    /// Ends an open paragraph that holds anything; comes in front of `setStyle` and happens even where the
+    /// style turns out to be unknown.
+    void prepareStyle(std::u16string_view name);
+    [[nodiscard]] const std::u16string& style() const { return style_; }
+    void setStyle(std::u16string_view name);
+    void setFontName(std::u16string_view name);
+    void setFontSize(int points);
+    /// 1 bold, 2 italic, 4 underlined, 8 struck; any other number: nothing.
+    void setFontAttribute(int attribute, bool isOn);
+    /// 2 centred, 3 right, 4 justified, any other number left.
+    void setTextAlign(int number);
+    /// @}
+
+    /// \name Tables
+    /// Calls out of order are ignored.
+    /// @{
+    [[nodiscard]] bool isTableOpen() const { return isTableOpen_; }
+    void startTable();
+    void addRow();
+    void addCell();
+    void endTable();
+    /// Of the current row and of those that follow in this table; 0: Word decides for those that follow.
+    void setTableRowHeight(int points);
+    /// Row and column of the cell being written, from 0.
+    struct CellPlace
+    {
+        std::size_t row = 0;
+        std::size_t column = 0;
+    };
+    [[nodiscard]] CellPlace currentCell() const;
+    /// @}
+
+    /// \name Table of contents
+    /// @{
+    /// Writes `title` as a heading of it. What was asked for earlier is dropped; true when its place is in
+    /// Word already.
+    bool insertTOC(std::u16string_view title);
+    void startTOCEntry();
+    void endTOCEntry();
+    /// @}
+
+    /// \name What is put into Word at once
+    /// @{
+    /// The paragraph in hand will hold something that is no text: its style and alignment are settled.
+    void settleParagraph();
+    /// It has come to stand at the end of what was taken.
+    void objectWritten();
+    /// A file is to stand in paragraphs of its own: ends an open paragraph that holds anything.
+    void prepareFile();
+    /// @}
+
+    /// What became of the last page break.
+    enum class LastBreak
+    {
+        none,
+        waiting, ///< not yet taken; it now ends a section
+        written  ///< in Word: it must be made one there
+    };
+    /// The page break written last is to end a section; nothing when there is none since the last time.
+    LastBreak breakSection();
+
+    /// \name Taking
+    /// @{
+    [[nodiscard]] const Blocks& blocks() const { return blocks_; }
+    [[nodiscard]] const std::vector<LinkTarget>& links() const { return links_; }
+    /// Whether there is anything to write.
+    [[nodiscard]] bool isPending() const;
+    /// Bytes that wait, roughly.
+    [[nodiscard]] std::size_t waiting() const { return waiting_; }
+    /// All that waits has been taken: what goes on behind it goes on in its last paragraph, and in its table.
+    void taken();
+    /// @}
+
+private:
+    Table& table() { return std::get<Table>(blocks_[blocks_.size() - 2]); }
+    [[nodiscard]] const Table& table() const { return std::get<Table>(blocks_[blocks_.size() - 2]); }
+    Cell& cell() { return table().rows.back()[column_]; }
+    Paragraph& outside() { return std::get<Paragraph>(blocks_.back()); }
+    Paragraph& current() { return isTableOpen_ ? cell().back() : outside(); }
+
+    void write(Item item);
+    void writeCharacters(std::u16string_view characters, LinkNumber link);
+    void endParagraph(LinkNumber link = noLink);
+    void endParagraphIfItHoldsAnything();
+    void beginStyle(std::u16string_view name);
+    void beginRow();
+    void collect(std::u16string_view text);
+    void changeFont(FontWish font);
+
+    Blocks blocks_ = {Paragraph()}; ///< the last one is the open paragraph; in front of it an open table
+    std::vector<LinkTarget> links_;
+    std::size_t waiting_ = 0;
+
+    std::u16string style_;
+    bool isStyleFresh_ = false; ///< another style than Normal began, and nothing was written in it
+    FontWishPtr font_;
+    int alignmentNumber_ = 0;
+    std::optional<int> alignment_;
+
+    bool isTableOpen_ = false;
+    std::size_t rowsBegun_ = 0;
+    std::size_t cellsBegun_ = 0; ///< in the current row
+    std::size_t column_ = 0;
+    int rowHeight_ = 0;
+
+    LastBreak lastBreak_ = LastBreak::none;
+    std::size_t lastBreakBlock_ = 0;
+    std::size_t lastBreakItem_ = 0;
+
+    bool hasContents_ = false;
+    bool isContentsWritten_ = false;
+    bool isCollecting_ = false;
+    std::u16string entry_; ///< paragraph ends are CRs
+};
+
+} // namespace compose

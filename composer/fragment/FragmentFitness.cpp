@@ -1,0 +1,110 @@
+#include "FragmentFitness.h"
+
+#include "EscapedText.h"
+#include "FieldCode.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+namespace compose {
+
+namespace {
+
+constexpr int largestSize = 1638;   // points, of a font
+constexpr int largestHeight = 1584; // points, of a row
+constexpr std::size_t mostRows = 32767;
+constexpr std::size_t mostColumns = 63;
+
+constexpr bool isControl(char16_t c)
+{
+    return c < u' ' || c == 0x7F;
+}
+
+bool isOneLine(std::u16string_view text)
+{
+    return std::ranges::none_of(text, isControl) && rtf::isEscapable(text);
+}
+
+/// Of a style or a font: RTF's tables end a name with a semicolon.
+bool isName(std::u16string_view text)
+{
+    return !text.empty() && isOneLine(text) && text.find(u';') == text.npos;
+}
+
+bool fits(const Entry& entry)
+{
+    const std::u16string code = entryCode(entry);
+    return entry.level >= 1 && entry.level <= 9 && rtf::isEscapable(code) &&
+           std::ranges::none_of(code, [](char16_t c) { return isControl(c) && c != u'\t'; });
+}
+
+bool fits(const FontWish& wish)
+{
+    return (!wish.name || isName(*wish.name)) && wish.size.value_or(0) >= 0 &&
+           wish.size.value_or(0) <= largestSize;
+}
+
+class Fitness
+{
+public:
+    explicit Fitness(const std::vector<LinkTarget>& links) : links_(links) {}
+
+    bool operator()(const Paragraph& paragraph) const { return fits(paragraph, false); }
+    bool operator()(const Table& table) const
+    {
+        return table.writtenRows == 0 && !table.rows.empty() && table.rows.size() <= mostRows &&
+               table.columns() > 0 && table.columns() <= mostColumns &&
+               std::ranges::all_of(table.heights,
+                                   [](int height) { return height >= 0 && height <= largestHeight; }) &&
+               std::ranges::all_of(table.rows, [this](const Row& row) {
+                   return std::ranges::all_of(row, [this](const Cell& cell) { return fits(cell); });
+               });
+    }
+
+private:
+    [[nodiscard]] bool fits(const Cell& cell) const
+    {
+        return std::ranges::all_of(cell,
+                                   [this](const Paragraph& paragraph) { return fits(paragraph, true); });
+    }
+    [[nodiscard]] bool fits(const Paragraph& paragraph, bool isInCell) const
+    {
+        return !paragraph.holdsWritten && paragraph.end == ParagraphEnd::mark && isName(paragraph.style) &&
+               fitsLink(paragraph.endLink) &&
+               std::ranges::all_of(paragraph.items, [&](const Item& item) { return fits(item, isInCell); });
+    }
+    [[nodiscard]] bool fits(const Item& item, bool isInCell) const
+    {
+        if ((item.font && !compose::fits(*item.font)) || !fitsLink(item.link))
+            return false;
+        if (const auto* text = std::get_if<Text>(&item.what))
+            return rtf::isEscapable(text->characters) &&
+                   !(isInCell && text->characters.find(u'\f') != std::u16string::npos);
+        if (const auto* field = std::get_if<Field>(&item.what))
+            return !fieldCode(field->number).empty();
+        if (const auto* entry = std::get_if<Entry>(&item.what))
+            return compose::fits(*entry);
+        if (const auto* tag = std::get_if<Tag>(&item.what))
+            return !tag->bookmark.empty() && isOneLine(tag->bookmark);
+        return std::holds_alternative<PageBreak>(item.what) && !isInCell;
+    }
+    [[nodiscard]] bool fitsLink(LinkNumber number) const
+    {
+        if (number == noLink)
+            return true;
+        const LinkTarget& target = links_.at(static_cast<std::size_t>(number));
+        return isOneLine(target.address) && isOneLine(target.bookmark);
+    }
+
+    const std::vector<LinkTarget>& links_;
+};
+
+} // namespace
+
+bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links)
+{
+    return std::visit(Fitness(links), block);
+}
+
+} // namespace compose

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Content.h"
+
+#include <vector>
+
+namespace compose {
+
+/// Whether a fragment can carry the block, so that the document comes to be what typed calls make of it.
+///
+/// It cannot carry the end of a section, the place of the table of contents, fields without a name of their
+/// own, what has begun to stand in Word, a page break in a cell, control characters and halves of surrogate
+/// pairs, and what Word refuses (its error belongs to a call): names that no font or style can have, lengths
+/// and tables beyond Word's limits.
+bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links);
+
+} // namespace compose

@@ -1,0 +1,197 @@
+#include "FragmentStyles.h"
+
+#include "StyleName.h"
+
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace compose {
+
+namespace {
+
+/// The font of text that names none: the first one, and never one that a text names. It is not called the
+/// default (\deff), since readers take a default that is named for direct formatting.
+constexpr std::u16string_view defaultFont = u"Times New Roman";
+
+/// That of RTF, and that of styles that state none in old documents.
+bool isDefaultSize(float points)
+{
+    return points == 12 || points == 10;
+}
+
+std::string_view alignmentWord(int wordNumber)
+{
+    static constexpr std::array<std::string_view, 4> words = {"ql", "qc", "qr", "qj"};
+    return words.at(static_cast<std::size_t>(wordNumber));
+}
+
+void writeSwitch(rtf::RtfBuilder& rtf, std::string_view name, std::optional<bool> isOn)
+{
+    if (!isOn)
+        return;
+    if (*isOn)
+        rtf.word(name);
+    else
+        rtf.word(name, 0);
+}
+
+void writeNamed(rtf::RtfBuilder& rtf, std::u16string_view name)
+{
+    rtf.text(name);
+    rtf.text(u";");
+    rtf.close();
+}
+
+} // namespace
+
+FragmentStyles::FragmentStyles(StyleSheet& styles) : sheet_(styles)
+{
+    style(u"Normal"); // has number 0 by convention, used or not
+}
+
+FragmentStyles::Style& FragmentStyles::style(const std::u16string& name)
+{
+    Style*& known = byName_[name];
+    if (!known) {
+        const auto [place, isNew] = styles_.try_emplace(rtfStyleName(name));
+        known = &place->second;
+        if (isNew) {
+            known->name = place->first;
+            known->number = static_cast<std::int32_t>(inOrder_.size());
+            inOrder_.push_back(known);
+        }
+    }
+    return *known;
+}
+
+void FragmentStyles::note(const Paragraph& paragraph)
+{
+    Style& own = style(paragraph.style);
+    if (directAlignment(paragraph) == 0)
+        own.alignment = sheet_.alignmentOf(paragraph.style);
+    for (const Item& item : paragraph.items) {
+        const auto [place, isNew] = own.changes.try_emplace(item.font.get());
+        if (!isNew)
+            continue;
+        place->second = compose::changeOf(item.font.get(), paragraph.style, sheet_);
+        noteFont(place->second.name);
+        stateWhatIsDefault(own, paragraph.style, place->second);
+    }
+}
+
+void FragmentStyles::stateWhatIsDefault(Style& style, const std::u16string& name, const FontChange& change)
+{
+    if (change.isEmpty())
+        return;
+    const Font& font = sheet_.fontOf(name);
+    if (change.name == defaultFont) {
+        style.stated.name = font.name;
+        noteFont(font.name);
+    }
+    if (change.size && isDefaultSize(*change.size))
+        style.stated.size = font.size;
+    if (change.isBold == false)
+        style.stated.isBold = font.isBold;
+    if (change.isItalic == false)
+        style.stated.isItalic = font.isItalic;
+    if (change.isUnderlined == false)
+        style.stated.isUnderlined = font.isUnderlined;
+    if (change.isStruck == false)
+        style.stated.isStruck = font.isStruck;
+}
+
+void FragmentStyles::noteFont(const std::optional<std::u16string>& name)
+{
+    if (!name)
+        return;
+    const auto [place, isNew] = fonts_.try_emplace(*name);
+    if (isNew) {
+        fontsInOrder_.push_back(&place->first);
+        place->second = static_cast<std::int32_t>(fontsInOrder_.size());
+    }
+}
+
+std::optional<int> FragmentStyles::directAlignment(const Paragraph& paragraph)
+{
+    if (!paragraph.alignment)
+        return {};
+    const int wanted = wordAlignment(*paragraph.alignment);
+    return wanted == sheet_.alignmentOf(paragraph.style) ? std::nullopt : std::optional(wanted);
+}
+
+void FragmentStyles::writeTables(rtf::RtfBuilder& rtf) const
+{
+    rtf.open();
+    rtf.word("fonttbl");
+    rtf.open();
+    rtf.word("f", 0);
+    rtf.word("fnil");
+    writeNamed(rtf, defaultFont);
+    for (const std::u16string* name : fontsInOrder_) {
+        rtf.open();
+        rtf.word("f", fonts_.at(*name));
+        rtf.word("fnil");
+        writeNamed(rtf, *name);
+    }
+    rtf.close();
+    rtf.endLine();
+
+    rtf.open();
+    rtf.word("stylesheet");
+    for (const Style* style : inOrder_) {
+        rtf.open();
+        rtf.word("s", style->number);
+        if (style->alignment)
+            rtf.word(alignmentWord(*style->alignment));
+        writeChange(rtf, style->stated);
+        writeNamed(rtf, style->name);
+    }
+    if (hasLinks_) {
+        rtf.openIgnorable();
+        writeLinkStyle(rtf);
+        rtf.word("additive");
+        writeNamed(rtf, u"Hyperlink");
+    }
+    rtf.close();
+    rtf.endLine();
+}
+
+void FragmentStyles::writeParagraphStart(rtf::RtfBuilder& rtf, const Paragraph& paragraph, bool isInTable)
+{
+    const Style& own = style(paragraph.style);
+    rtf.word("pard");
+    rtf.word("plain");
+    if (isInTable)
+        rtf.word("intbl");
+    rtf.word("s", own.number);
+    const std::optional<int> direct = directAlignment(paragraph);
+    if (const std::optional<int> alignment = direct ? direct : own.alignment)
+        rtf.word(alignmentWord(*alignment));
+    writeChange(rtf, own.stated);
+}
+
+const FontChange& FragmentStyles::changeOf(const Item& item, const Paragraph& paragraph)
+{
+    return style(paragraph.style).changes.at(item.font.get());
+}
+
+void FragmentStyles::writeChange(rtf::RtfBuilder& rtf, const FontChange& change) const
+{
+    if (change.name)
+        rtf.word("f", fonts_.at(*change.name));
+    if (change.size)
+        rtf.word("fs", static_cast<std::int32_t>(std::lround(*change.size * 2)));
+    writeSwitch(rtf, "b", change.isBold);
+    writeSwitch(rtf, "i", change.isItalic);
+    if (change.isUnderlined)
+        rtf.word(*change.isUnderlined ? "ul" : "ulnone");
+    writeSwitch(rtf, "strike", change.isStruck);
+}
+
+void FragmentStyles::writeLinkStyle(rtf::RtfBuilder& rtf) const
+{
+    rtf.word("cs", linkStyleNumber());
+}
+
+} // namespace compose

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Font.h"
+
+#include <string>
+
+namespace compose {
+
+/// What a plan has to know of the document's paragraph styles. Asked only where the client said something
+/// that a style may say already.
+class StyleSheet
+{
+public:
+    virtual ~StyleSheet() = default;
+
+    virtual const Font& fontOf(const std::u16string& style) = 0;
+    /// Word's number: 0 left, 1 centred, 2 right, 3 justified.
+    virtual int alignmentOf(const std::u16string& style) = 0;
+};
+
+/// Word's number of a client's alignment (2 centred, 3 right, 4 justified, any other left).
+constexpr int wordAlignment(int clientNumber)
+{
+    return clientNumber >= 2 && clientNumber <= 4 ? clientNumber - 1 : 0;
+}
+
+} // namespace compose

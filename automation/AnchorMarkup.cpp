@@ -1,17 +1,17 @@
 #include "AnchorMarkup.h"
 
-std::optional<AnchorMarkup> parseAnchor(std::string_view text, std::size_t anchorPos)
+std::optional<AnchorMarkup> parseAnchor(std::wstring_view text, std::size_t anchorPos)
 {
-    constexpr std::string_view closing = "</a>";
+    constexpr std::wstring_view closing = L"</a>";
 
     const std::size_t quote = anchorPos + AnchorMarkup::opening.size();
     const std::size_t innerBegin = quote + 1;
     const std::size_t innerEnd = text.find(closing);
-    if (innerEnd == text.npos || innerEnd < innerBegin || text[quote] != '"')
+    if (innerEnd == text.npos || innerEnd < innerBegin || text[quote] != L'"')
         return std::nullopt;
 
-    const std::string_view inner = text.substr(innerBegin, innerEnd - innerBegin);
-    const std::size_t bracket = inner.find('>');
+    const std::wstring_view inner = text.substr(innerBegin, innerEnd - innerBegin);
+    const std::size_t bracket = inner.find(L'>');
     if (bracket == inner.npos)
         return std::nullopt;
 

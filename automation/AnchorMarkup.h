@@ -7,11 +7,11 @@
 /// What a text says from its first anchor on: `<a href="target">label</a>tail`. The views lie in that text.
 struct AnchorMarkup
 {
-    static constexpr std::string_view opening = "<a href=";
+    static constexpr std::wstring_view opening = L"<a href=";
 
-    std::string_view label;
-    std::string_view target;
-    std::string_view tail;
+    std::wstring_view label;
+    std::wstring_view target;
+    std::wstring_view tail;
 };
 
 /// Takes the anchor that begins at `anchorPos` (where `AnchorMarkup::opening` was found) apart. Nothing when
@@ -20,4 +20,4 @@ struct AnchorMarkup
 ///
 /// The target is all that stands between the opening quote and the ">", less its last character, whatever
 /// that is.
-std::optional<AnchorMarkup> parseAnchor(std::string_view text, std::size_t anchorPos);
+std::optional<AnchorMarkup> parseAnchor(std::wstring_view text, std::size_t anchorPos);

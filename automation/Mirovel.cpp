@@ -1,15 +1,16 @@
 #include "Mirovel.h"
 
 #include "MirovelCall.h"
-#include "StubCall.h"
 
-#include "mirovelsection.h"
+#include "DocumentWriter.h"
 
 namespace {
 
 constexpr wchar_t propertyPageClass[] = L"{5C2E7A11-3B41-4D8E-9F62-A1B3C4D5E6F7}";
+/// How often an object that is destroyed tries to complete its document: once for each part that may fail.
+constexpr int mostCompletions = 4;
+
 constexpr wchar_t documentType[] = L"Word";
-constexpr wchar_t programId[] = L"Mirovel.Mirovel";
 
 void returnText(BSTR* out, const wchar_t* text)
 {
@@ -22,7 +23,7 @@ void returnText(BSTR* out, const wchar_t* text)
 
 } // namespace
 
-Mirovel::Mirovel() : IDispatchImpl(programId), session_(std::make_unique<DocSession>()) {}
+Mirovel::Mirovel() : IDispatchImpl(L"Mirovel.Mirovel"), session_(std::make_unique<DocSession>()) {}
 
 Mirovel::~Mirovel()
 {
@@ -38,47 +39,31 @@ Mirovel::~Mirovel()
             framed("Stopping Word", [&] { stop(); });
         }
     }
-    // A writer that fails leaves the others to be destroyed.
-    while (session.hasSections())
-        framed("Completing the document", [&] { session.releaseSections(); });
-}
-
-HRESULT Mirovel::failed(const void* caller)
-{
-    return leaveMethod(caller, IID_IDocument, programId);
-}
-
-STDMETHODIMP Mirovel::InterfaceSupportsErrorInfo(REFIID iid) noexcept
-{
-    return IsEqualIID(iid, IID_IDocument) ? S_OK : S_FALSE;
+    // What fails leaves the rest to be completed.
+    for (int i = 0; i < mostCompletions && session.writer && !session.writer->isFinished(); ++i)
+        framed("Completing the document", [&] { session.writer->finish(); });
 }
 
 STDMETHODIMP Mirovel::getPropPages(BSTR* bstrCLSID)
-try {
+{
     returnText(bstrCLSID, propertyPageClass);
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::getDocType(BSTR* docType)
-try {
+{
     returnText(docType, documentType);
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 // Kept for clients that were written against them.
 
 STDMETHODIMP Mirovel::insertDiagram(long /*ptr*/, short /*width*/, short /*height*/)
-try {
+{
     if (!session_->documentOpen)
         return S_OK;
     runInDiagramFrame(*session_, "Inserting diagram", [] {});
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setOption(BSTR /*option*/, BSTR /*value*/)

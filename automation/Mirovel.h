@@ -15,31 +15,26 @@
 #include <memory>
 #include <string_view>
 
-class MirovelSection;
-struct LinkDestination;
+class DocumentWriter;
 struct DocSession;
-class FontData;
 
 /// The document generator that clients create as "Mirovel.Mirovel": checks the state of the session, echoes
 /// the call into the trace and hands the work to the current writer or to Word.
 ///
 /// Failures, seen by a client that calls the virtual table:
-///  - A method called in the wrong state does nothing and returns S_OK, except `create` without `start`:
-///  E_FAIL.
-///  - A failed Word call leaves most methods as a `QdxException` that names the activity; see
-///  docs/interface.md for the few
-///    that let `_com_error` through. A null Word pointer counts as a failed call with E_POINTER.
-/// Through `IDispatch::Invoke` the same failures come back as DISP_E_EXCEPTION, and to a client in another
-/// apartment as a HRESULT with an error object.
+///  - A method called in the wrong state does nothing and returns S_OK, except `create` without `start`,
+///    which returns E_FAIL.
+///  - A failed Word call leaves most methods as a `QdxException` that names the activity; docs/interface.md
+///    has the few that let `_com_error` through. A null Word pointer counts as a failed call with E_POINTER.
+/// Through `IDispatch::Invoke` the same failures come back as DISP_E_EXCEPTION.
 ///
 /// Threading: single-threaded apartment; every call arrives on the thread that made the object.
 class Mirovel : public CComObjectRootEx<CComSingleThreadModel>,
                 public CComCoClass<Mirovel, &CLSID_Mirovel>,
-                public IDispatchImpl<IDocument, &IID_IDocument, &LIBID_MIROVELCOMLib, 1, 0>,
-                public ISupportErrorInfo
+                public IDispatchImpl<IDocument, &IID_IDocument, &LIBID_MIROVELCOMLib, 1, 0>
 {
 public:
-    using Interfaces = InterfaceList<IDocument, IDispatch, ISupportErrorInfo>;
+    using Interfaces = InterfaceList<IDocument, IDispatch>;
 
     Mirovel();
 
@@ -87,17 +82,11 @@ public:
     STDMETHODIMP pushDirectory(BSTR directoryName) override;
     STDMETHODIMP popDirectory() override;
 
-    // ISupportErrorInfo
-    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
-
 protected:
     /// Closes the document and stops Word, unless the user can see Word. Errors go to the trace.
     ~Mirovel();
 
 private:
-    /// How an exception leaves a method; only within its handler.
-    static HRESULT failed(const void* caller);
-
     bool echoes() const;
     template <class... Arguments>
     void echo(const char* method, const Arguments&... arguments);
@@ -112,20 +101,14 @@ private:
     void restoreProofing();
     void closeRunningCopy();
     void addDocument();
-    void saveDocument();
-    void startMainSection();
+    void saveDocument(const DocumentWriter& writer);
+    void completeDocument();
     void closeAllDocuments();
     void deleteTemporaryFiles();
 
     void writeText(BSTR text);
-    void writeTail(std::string_view text);
-    bool splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail);
-
-    using HeadersFooters = Word::HeadersFootersPtr (Word::Section::*)();
-    void startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters);
-    void endHeaderFooter(MirovelSection*& slot);
-
-    LinkDestination resolveLinkTarget(BSTR text);
+    void writeTail(std::wstring_view text);
+    bool splitAnchorMarkup(std::wstring_view text, std::size_t anchorPos, std::wstring_view& tail);
 
     std::unique_ptr<DocSession> session_;
 };

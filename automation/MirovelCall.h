@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CallFrame.h"
-#include "CallerAddress.h"
 #include "DocSession.h"
 #include "EchoLine.h"
 #include "Mirovel.h"
@@ -59,6 +58,6 @@ void Mirovel::framed(const char* activity, Work&& work)
 template <class Work>
 void Mirovel::withWriter(Work&& work)
 {
-    if (session_->currentSection)
-        work(*session_->currentSection);
+    if (session_->writer)
+        work(*session_->writer);
 }

@@ -3,96 +3,125 @@
 #include "AnchorMarkup.h"
 #include "MirovelCall.h"
 
-#include "mirovelsection.h"
+#include "DocumentWriter.h"
 
 #include <cwchar>
+#include <string>
 
 namespace {
 
 /// `setStyle` calls after which the document is saved, so that a long generation does not lose everything.
 constexpr std::int32_t styleChangesPerSave = 100;
 
-constexpr wchar_t wideAnchorOpening[] = L"<a href=";
-
 const wchar_t* textOf(BSTR text)
 {
     return text ? text : L"";
 }
 
+_bstr_t pieceOf(std::wstring_view text)
+{
+    const BSTR piece = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (!piece)
+        _com_issue_error(E_OUTOFMEMORY);
+    return {piece, false};
+}
+
+/// "#GUID 7" names the tag "GUID 7".
+std::wstring withoutGuidMarks(std::wstring_view written)
+{
+    constexpr std::wstring_view marked = L"#GUID ";
+    std::wstring target(written);
+    if (!target.starts_with(marked))
+        return target;
+    for (std::size_t at = 0; (at = target.find(marked, at)) != target.npos; at += marked.size() - 1)
+        target.erase(at, 1);
+    return target;
+}
+
+/// As it is echoed.
+const char* attributeName(short attribute)
+{
+    switch (attribute) {
+    case 1:
+        return "DocBold,";
+    case 2:
+        return "DocItalic,";
+    case 4:
+        return "DocUnderline,";
+    case 8:
+        return "DocStrike,";
+    default:
+        return "";
+    }
+}
+
 } // namespace
 
-MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::insertText(BSTR text)
-try {
+STDMETHODIMP Mirovel::insertText(BSTR text)
+{
     if (!session_->documentOpen)
         return S_OK;
     echo("insertText", text);
     framed("insertText", [&] { writeText(text); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::writeText(BSTR text)
 {
-    if (std::wcsstr(textOf(text), wideAnchorOpening) == nullptr) {
-        session_->writer().insertText(textOf(text));
+    DocumentWriter& writer = session_->currentWriter();
+    if (std::wcsstr(textOf(text), AnchorMarkup::opening.data()) == nullptr) {
+        writer.insertText(text);
         return;
     }
-    const QdxString narrow = session_->held(text);
-    const std::string_view view(narrow.data(), narrow.length());
-    std::string_view tail;
-    if (splitAnchorMarkup(view, view.find(AnchorMarkup::opening), tail))
+    const std::wstring understood = writer.understood(text);
+    std::wstring_view tail;
+    if (splitAnchorMarkup(understood, understood.find(AnchorMarkup::opening), tail))
         writeTail(tail);
     else
-        session_->writer().insertText(textOf(text));
+        writer.insertText(text);
 }
 
 // What stands in front of a malformed anchor is written here and once more with the whole text: so it has
 // always been.
-bool Mirovel::splitAnchorMarkup(std::string_view text, std::size_t anchorPos, std::string_view& tail)
+bool Mirovel::splitAnchorMarkup(std::wstring_view text, std::size_t anchorPos, std::wstring_view& tail)
 {
-    insertText(session_->said(text.substr(0, anchorPos)));
+    insertText(pieceOf(text.substr(0, anchorPos)));
     const std::optional<AnchorMarkup> anchor = parseAnchor(text, anchorPos);
     if (!anchor)
         return false;
-    QdxString target(anchor->target.data(), anchor->target.size());
-    if (target.startsWith("#GUID "))
-        target.replaceStr("#GUID ", "GUID ");
-    insertXref(session_->said(anchor->label), session_->said({target.data(), target.length()}));
+    insertXref(pieceOf(anchor->label), pieceOf(withoutGuidMarks(anchor->target)));
     tail = anchor->tail;
     return true;
 }
 
 // Each tail counts as a call of insertText of its own, with echo, guard and frame. The loop takes the place
 // of that recursion, whose depth the client's text would decide.
-void Mirovel::writeTail(std::string_view text)
+void Mirovel::writeTail(std::wstring_view text)
 {
     framed("insertText", [&] {
-        for (std::string_view rest = text; session_->documentOpen;) {
+        for (std::wstring_view rest = text; session_->documentOpen;) {
             if (echoes())
-                echo("insertText", _bstr_t(session_->said(rest)).GetBSTR());
+                echo("insertText", pieceOf(rest).GetBSTR());
             const std::size_t anchorPos = rest.find(AnchorMarkup::opening);
             if (anchorPos != rest.npos && splitAnchorMarkup(rest, anchorPos, rest))
                 continue;
-            session_->writer().insertText(session_->said(rest));
+            session_->currentWriter().insertText(pieceOf(rest));
             return;
         }
     });
 }
 
 STDMETHODIMP Mirovel::insertEndl()
-try {
+{
     if (!session_->documentOpen)
         return S_OK;
     echo("insertEndl");
-    framed("insertEndl", [&] { session_->writer().insertEndl(); });
+    framed("insertEndl", [&] { session_->currentWriter().insertEndl(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertPageBreak()
-try {
+{
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -103,76 +132,61 @@ try {
         session.trace << "// Page " << static_cast<long>(session.pageNumber) << std::endl;
     }
     framed("insertPageBreak", [&] {
-        session.writer().insertPageBreak();
-        session.document->UndoClear();
+        session.currentWriter().insertPageBreak();
     });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertField(short field)
-try {
+{
     if (!session_->documentOpen)
         return S_OK;
     echo("insertField", field);
-    framed("insertField", [&] { session_->writer().insertField(field); });
+    framed("insertField", [&] { session_->currentWriter().insertField(field); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setStyle(BSTR style)
-try {
+{
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
     echo("setStyle", style);
     if (++session.styleChangeCount > styleChangesPerSave) {
         framed("Saving document because of style changes", [&] {
-            saveDocument();
+            DocumentWriter& writer = session.currentWriter();
+            writer.prepareSave();
+            saveDocument(writer);
             session.styleChangeCount = 0;
         });
     }
-    if (session.currentSection == session.mainSection)
-        framed("setStyle", [&] { session.writer().setStyle(toNarrow(style), false); });
+    framed("setStyle", [&] { session.currentWriter().setStyle(textOf(style)); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontName(BSTR name)
-try {
+{
     if (!session_->documentOpen)
         return S_OK;
     echo("setFontName", name);
-    framed("setFontName", [&] {
-        FontData font;
-        font.name = toNarrow(name);
-        session_->writer().setFont(font);
-    });
+    framed("setFontName", [&] { session_->currentWriter().setFontName(textOf(name)); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontSize(short size)
-try {
+{
     if (!session_->documentOpen)
         return S_OK;
     framed("setFontSize", [&] {
-        FontData font = session_->writer().getFont();
-        font.size = size;
+        DocumentWriter& writer = session_->currentWriter();
         echo("setFontSize", size);
-        session_->writer().setFont(font);
+        writer.setFontSize(size);
     });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
-try {
+{
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -181,125 +195,82 @@ try {
         EchoLine<Trace> line(session.trace);
         if (echoes())
             line.begin("setFontAttribute");
-        FontData font = session.writer().getFont();
-        const char* attribute = "";
-        switch (att) {
-        case 1:
-            attribute = "DocBold,";
-            font.bold = on;
-            break;
-        case 2:
-            attribute = "DocItalic,";
-            font.italic = on;
-            break;
-        case 4:
-            attribute = "DocUnderline,";
-            font.underline = on;
-            break;
-        case 8:
-            attribute = "DocStrike,";
-            font.strikeThrough = on;
-            break;
-        default:
-            break;
-        }
+        DocumentWriter& writer = session.currentWriter();
         if (echoes()) {
-            session.trace << attribute << (on ? "true" : "false");
+            session.trace << attributeName(att) << (on ? "true" : "false");
             line.end();
         }
-        session.writer().setFont(font);
+        writer.setFontAttribute(att, on);
     });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTextAlign(short textAlign)
-try {
+{
     echo("setTextAlign", textAlign);
-    withWriter([&](MirovelSection& writer) { writer.setTextAlign(textAlign); });
+    withWriter([&](DocumentWriter& writer) { writer.setTextAlign(textAlign); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertFile(BSTR fileName, short insertAsType)
-try {
+{
     echo("insertFile", fileName, insertAsType);
-    withWriter([&](MirovelSection& writer) { writer.insertFile(toNarrow(fileName), insertAsType); });
+    withWriter([&](DocumentWriter& writer) { writer.insertFile(fileName, insertAsType); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertTOC()
-try {
+{
     echo("insertTOC");
-    withWriter([&](MirovelSection& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
+    withWriter([&](DocumentWriter& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTOCEntry()
-try {
+{
     echo("startTOCEntry");
-    withWriter([](MirovelSection& writer) { writer.startTOCEntry(); });
+    withWriter([](DocumentWriter& writer) { writer.startTOCEntry(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTOCEntry()
-try {
+{
     echo("endTOCEntry");
-    withWriter([](MirovelSection& writer) { writer.endTOCEntry(); });
+    withWriter([](DocumentWriter& writer) { writer.endTOCEntry(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTable()
-try {
+{
     echo("startTable");
-    withWriter([](MirovelSection& writer) { writer.startTable(); });
+    withWriter([](DocumentWriter& writer) { writer.startTable(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTable()
-try {
+{
     echo("endTable");
-    withWriter([](MirovelSection& writer) { writer.endTable(); });
+    withWriter([](DocumentWriter& writer) { writer.endTable(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addCell()
-try {
+{
     echo("addCell");
-    withWriter([](MirovelSection& writer) { writer.addCell(); });
+    withWriter([](DocumentWriter& writer) { writer.addCell(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addRow()
-try {
+{
     echo("addRow");
-    withWriter([](MirovelSection& writer) { writer.addRow(); });
+    withWriter([](DocumentWriter& writer) { writer.addRow(); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTableRowHeight(long points)
-try {
+{
     echo("setTableRowHeight");
-    withWriter([&](MirovelSection& writer) { writer.setTableRowHeight(points); });
+    withWriter([&](DocumentWriter& writer) { writer.setTableRowHeight(points); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }

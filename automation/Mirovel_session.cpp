@@ -3,10 +3,9 @@
 #include "MirovelCall.h"
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
+#include "WriterChoice.h"
 
-#include "Placement.h"
 #include "WordConstants.h"
-#include "mirovelsection.h"
 #include "sysSupport/SysCOMSupport.h"
 #include "sysSupport/SysFile.h"
 
@@ -44,8 +43,8 @@ bool isWordDocument(const QdxString& fileName)
 
 } // namespace
 
-MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::start()
-try {
+STDMETHODIMP Mirovel::start()
+{
     if (session_->wordStarted)
         return S_OK;
     echo("start");
@@ -56,8 +55,6 @@ try {
                    reportComError(*session_, "Cannot open Word", error);
                });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::connectToWord()
@@ -77,7 +74,7 @@ void Mirovel::connectToWord()
 }
 
 STDMETHODIMP Mirovel::create(BSTR fileName)
-try {
+{
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
@@ -95,17 +92,15 @@ try {
 
     closeRunningCopy();
     addDocument();
-    framed("Saving document", [&] { saveDocument(); });
+    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.registry, session.trace);
+    framed("Saving document", [&] { saveDocument(*writer); });
     session.tocLevel = session.registry.read("Word", "TOCLevel", 50);
     session.saveEmf = session.registry.read("Diagram", "SaveEmf", "");
-    const bool trackPositions = session.registry.read("Word", "TrackPositions", "");
-    session.placement = trackPositions ? &Placement::tracked() : &Placement::counted();
-    startMainSection();
+    completeDocument();
+    writer->begin(session.application, session.document);
+    session.writer = std::move(writer);
     session.documentOpen = true;
-    session.bookmarks.clear();
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::switchProofingOff()
@@ -168,45 +163,38 @@ void Mirovel::addDocument()
     framed("Adding document", [&] { session.document = session.documents->Add(); });
 }
 
-void Mirovel::saveDocument()
+void Mirovel::saveDocument(const DocumentWriter& writer)
 {
-    session_->document->SaveAs(Word::text(toWide(session_->fileName)));
+    const _bstr_t fileName = toWide(session_->fileName);
+    session_->document->SaveAs(fileName, writer.saveFormat({fileName, fileName.length()}));
 }
 
-void Mirovel::startMainSection()
+// A writer that fails stays, so that it can go on.
+void Mirovel::completeDocument()
 {
     DocSession& session = *session_;
-    session.releaseSections();
-    session.headerSectionNumber = session.footerSectionNumber = 0;
-    const bool clearFirst = session.placement->readsFontsOfThisDocument();
-    if (clearFirst)
-        MirovelSection::clearCache();
-    session.mainSection = new MirovelSection(session.application, session.document, session.document->Range(),
-                                             *session.placement);
-    if (!clearFirst)
-        MirovelSection::clearCache();
-    session.currentSection = session.mainSection;
-    // What the template put into the new document goes.
-    session.currentSection->deleteRange();
+    if (session.writer)
+        session.writer->finish();
+    session.writer.reset();
 }
 
-MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::close()
-try {
+STDMETHODIMP Mirovel::close()
+{
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
     echo("close");
     framed("Saving document", [&] {
-        session.releaseSections();
+        DocumentWriter& writer = session.currentWriter();
+        writer.finish();
         restoreProofing();
-        saveDocument();
+        saveDocument(writer);
         session.document->Close();
+        session.writer.reset();
         session.documentOpen = false;
     });
     deleteTemporaryFiles();
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 // Word holds on to the files it has inserted until it ends.
@@ -222,8 +210,8 @@ void Mirovel::deleteTemporaryFiles()
     files.clear();
 }
 
-MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::stop()
-try {
+STDMETHODIMP Mirovel::stop()
+{
     if (!session_->wordStarted)
         return S_OK;
     echo("stop");
@@ -231,8 +219,6 @@ try {
     session_->application->Quit();
     session_->wordStarted = false;
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::closeAllDocuments()
@@ -242,7 +228,7 @@ void Mirovel::closeAllDocuments()
 }
 
 STDMETHODIMP Mirovel::showLast()
-try {
+{
     const DocSession& session = *session_;
     const bool wordDocument = isWordDocument(session.fileName);
     if (wordDocument && !session.wordStarted)
@@ -251,6 +237,4 @@ try {
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }

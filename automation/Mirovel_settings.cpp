@@ -3,7 +3,7 @@
 #include "MirovelCall.h"
 
 #include "RegEntry.h"
-#include "mirovelsection.h"
+#include "DocumentWriter.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ try {
 } // namespace
 
 STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
-try {
+{
     echo("overrideRegistry", group, name, value, valueType);
     RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
     switch (valueType) {
@@ -37,12 +37,10 @@ try {
     }
     session_->registry.override(entry);
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::trace(short level)
-try {
+{
     Trace& trace = session_->trace;
     const QdxString logName = session_->registry.read("Log", "LogName", "");
     Trace::purgeBefore(logName);
@@ -52,9 +50,6 @@ try {
         openTrace(trace, logName);
     if (level >= 0)
         trace.setLevel(level);
-    if (session_->mainSection)
-        session_->mainSection->setTrace(trace);
+    withWriter([&](DocumentWriter& writer) { writer.setTrace(trace); });
     return S_OK;
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -3,7 +3,6 @@
 #include "FontData.h"
 #include "FontSave.h"
 #include "PendingLinks.h"
-#include "Placement.h"
 #include "SaveAlign.h"
 
 #include "QdxString.h"
@@ -21,11 +20,9 @@ struct MirovelSectionData
     Word::_DocumentPtr document;
     Word::_ApplicationPtr application;
     Word::RangePtr range; ///< The output range: text outside tables goes after it.
-    const Placement* placement = &Placement::counted(); ///< The writer's mode.
 
     std::list<FontSave> fontRuns; ///< Recorded, not yet applied, in the order of recording.
     FontData pendingFont;         ///< The font in force.
-    FontData plainFont;           ///< The font of Normal, in which every table begins.
     std::list<SaveAlign> alignRuns;
 
     Word::StylesPtr styles;
@@ -59,7 +56,6 @@ struct MirovelSectionData
     std::int16_t tableColumns = 0; ///< Cells of the first row.
     std::int32_t rowHeight = 0;    ///< Exact height of new rows in points; 0: Word decides.
     std::int32_t tableIndex = -1;  ///< Where the open table began; -1: no table is open.
-    std::int32_t tableEnd = 0;     ///< Just behind the last closed table; 0: not known.
     float textWidth = 0;           ///< Usable width of a line in points.
 
     PendingLinks links;

@@ -14,7 +14,6 @@ class SaveAlign : public QdxObject
 public:
     std::int32_t start = 0; ///< Position at which the alignment begins, as Word reported it.
     std::int16_t align = 0; ///< The client's alignment number.
-    bool isSet = true;      ///< False: nothing was said, the paragraphs' styles decide.
     Word::RangePtr range;   ///< The range the run belongs to: the writer's output range, or a cell's.
 
     /// @name Comparisons

@@ -20,21 +20,13 @@ constexpr float lineReserve = 2.0F;
 
 MirovelSection::MirovelSection(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document,
                                const Word::RangePtr& range)
-    : MirovelSection(application, document, range, Placement::counted())
-{
-}
-
-MirovelSection::MirovelSection(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document,
-                               const Word::RangePtr& range, const Placement& placement)
     : owned_(std::make_unique<MirovelSectionData>()), data_(owned_.get())
 {
     data_->document = document;
     data_->application = application;
-    data_->placement = &placement;
     setRange(range);
     passStyles(document->GetStyles());
     setStyle("Normal", false);
-    data_->plainFont = data_->pendingFont;
     data_->installDir = RegisterDynamic().read("Settings", "InstallDir", RegEntry(QdxString()), false);
 
     const Word::PageSetupPtr page = document->GetPageSetup();
@@ -63,23 +55,17 @@ void MirovelSection::finish()
 {
     if (!owned_)
         return;
-    settle();
-    data_->placement->draw(*this);
+    applyRuns();
+    endLastTag();
+    drawHyperLinks();
+    drawTOC();
 }
 
-void MirovelSection::settle()
+void MirovelSection::applyRuns()
 {
-    data_->placement->writingEnds(*this);
     applyStyle();
     applyFont();
     applyAlign();
-    data_->placement->endLastTag(*data_);
-}
-
-void MirovelSection::abandonDrawing()
-{
-    data_->links.clear();
-    data_->tocPos = 0;
 }
 
 void MirovelSection::setTrace(const Trace& trace)
@@ -114,43 +100,19 @@ void MirovelSection::insertText(const wchar_t* text)
 
 void MirovelSection::loInsertText(const wchar_t* text)
 {
-    writeText(text);
-    collectEntryText(text);
-}
-
-void MirovelSection::writeText(const wchar_t* text)
-{
     if (isTableOpen()) {
         data_->cellRange->InsertAfter(text);
     } else {
         data_->range->InsertAfter(text);
-        data_->placement->textWritten(*data_, text);
+        data_->pos += positionGrowth(std::wstring_view(text));
     }
-}
-
-void MirovelSection::collectEntryText(const wchar_t* text)
-{
     if (data_->collectingTocEntry)
-        data_->tocText.append(toNarrow(text, data_->placement->narrowForm()));
+        data_->tocText.append(toNarrow(text));
 }
 
 void MirovelSection::insertPlaceholder()
 {
-    constexpr wchar_t placeholder[] = L"X";
-    writeText(placeholder);
-    if (data_->placement->entriesHoldPlaceholders())
-        collectEntryText(placeholder);
-}
-
-void MirovelSection::onPlaceholder(const std::function<void()>& work)
-{
-    insertPlaceholder();
-    try {
-        work();
-    } catch (const _com_error&) {
-        data_->placement->placeholderLeft(*this);
-        throw;
-    }
+    insertText(L"X");
 }
 
 void MirovelSection::insertEndl()
@@ -178,7 +140,8 @@ void MirovelSection::clearUndoAfterEndl()
 // since: clients have always had it so.
 void MirovelSection::checkForEndl()
 {
-    if (data_->placement->needsEndl(*data_) && !isTableOpen())
+    const MirovelSectionData& d = *data_;
+    if (d.pos != d.lastEndlPos && d.pos != d.stylePos && d.lastEndlPos != d.stylePos && !isTableOpen())
         insertEndl();
 }
 
@@ -199,7 +162,7 @@ void MirovelSection::insertPageBreak()
         data_->pos = range->GetEnd();
         data_->lastPageBreakPos = data_->pos;
     }
-    data_->placement->pageBreakPassed(*this);
+    reopenStyle();
 }
 
 void MirovelSection::changeLastPageBreak()
@@ -208,7 +171,11 @@ void MirovelSection::changeLastPageBreak()
         return;
     const Word::RangePtr& range = data_->range;
     const std::int32_t breakPos = data_->lastPageBreakPos - 1;
-    data_->placement->breakSection(*data_, breakPos);
+    range->PutStart(breakPos);
+    range->PutEnd(breakPos + 1);
+    range->Delete(Word::wdCharacter, 1L);
+    range->PutStart(breakPos);
+    range->InsertBreak(Word::wdSectionBreakNextPage);
     ++data_->sectionCount;
     data_->lastPageBreakPos = 0;
     range->PutEnd(data_->pos);

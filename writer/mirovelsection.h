@@ -8,13 +8,11 @@
 #include "Word.h"
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 
 class FontSave;
 class HyperLink;
-class Placement;
 class Trace;
 struct MirovelSectionData;
 
@@ -36,12 +34,9 @@ class MirovelSection : public QdxObject
 {
 public:
     /// Starts writing behind `range`, in the style "Normal". All three must be non-null; the writer keeps
-    /// references. In the mode of `Placement::tracked()` the document equals what is written; the other mode,
-    /// which stands in for none given, counts as writers always have.
+    /// references.
     MirovelSection(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document,
                    const Word::RangePtr& range);
-    MirovelSection(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document,
-                   const Word::RangePtr& range, const Placement& placement);
 
     /// A copy shares the state of the writer it was copied from and leaves the pending work to it; it must
     /// not outlive it.
@@ -65,17 +60,6 @@ public:
     virtual void applyFont();
     /// Closes the open style run and applies it, with the font runs on top.
     virtual void applyStyle();
-
-    /// @name Ending in two steps
-    /// A writer with links to tags that other writers have yet to place can be kept until they are placed.
-    /// @{
-    /// Does the pending work except the drawing of links and of the table of contents.
-    void settle();
-    /// Whether links wait for tags that are not placed.
-    bool awaitsTags() const;
-    /// Forgets the links and the table of contents: the text that they stood in is gone.
-    void abandonDrawing();
-    /// @}
 
     /// Gives the writer a copy of a trace, for what it has to report itself.
     void setTrace(const Trace& trace);
@@ -150,8 +134,7 @@ public:
 
     /// @name Links and tags
     /// @{
-    /// Writes `text` and notes that it is to lead to `destination`. The text is in the form that the mode of
-    /// writing holds text in (`Placement::narrowForm`).
+    /// Writes `text` and notes that it is to lead to `destination`.
     void insertHyperLink(const QdxString& text, const LinkDestination& destination);
     /// Places a bookmark at the insertion position and ends the one before it. False, and nothing placed,
     /// when the name has 10 or more characters or the document has no bookmarks.
@@ -162,21 +145,17 @@ public:
 
 private:
     friend class MirovelSectionProbe; // lets tests read the counters
-    friend class Placement;
-    friend class TrackedPlacement;
 
     void setRange(const Word::RangePtr& range);
     void loInsertText(const wchar_t* text);
-    void writeText(const wchar_t* text);
-    void collectEntryText(const wchar_t* text);
     void insertPlaceholder();
-    void onPlaceholder(const std::function<void()>& work);
+    /// Everything in front gets its formatting: style, fonts, alignments.
+    void applyRuns();
     void checkForEndl();
     void deleteLastChar();
     void clearUndoAfterEndl();
 
     static QdxString getRealStyle(const QdxString& name);
-    QdxString styleInDocument(const QdxString& name) const;
     static int getLevel(const QdxString& prefix, const QdxString& name);
     static _variant_t styleArgument(const QdxString& name);
     void passStyles(const Word::StylesPtr& styles);
@@ -188,16 +167,16 @@ private:
     void reopenStyle();
 
     void applyAlign();
-    void addFieldBehind(const _variant_t& type, const _variant_t& text);
+    void insertFieldInCell(const _variant_t& type);
 
     Word::RangePtr cellRange(std::int16_t row, std::int16_t col);
-    Word::RangePtr placeInCell() const;
+    void applyFontToTable(const FontSave& run, const FontSave* next);
     static void putFont(const Word::RangePtr& range, std::int32_t start, std::int32_t end,
                         const FontData& font);
-    void makeTable();
     void enterRow(const Word::RowPtr& row);
     void resizeTableColumns();
 
+    void writeEntry();
     void drawTOC();
 
     void wordInsertFile(const QdxString& fileName, bool link);
@@ -208,6 +187,8 @@ private:
 
     void insertLink(const LinkDestination& destination, std::int32_t start, std::int32_t end,
                     const Word::RangePtr& range);
+    void endLastTag();
+    void drawHyperLinks();
     void drawAHyperLink(const HyperLink& link);
     void clearUndoAfterLink(int& drawn);
 

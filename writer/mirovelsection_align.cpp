@@ -49,7 +49,7 @@ void MirovelSection::setTextAlign(std::int16_t align)
 
     SaveAlign run;
     run.range = isTableOpen() ? data_->cellRange : data_->range;
-    run.start = data_->placement->alignmentStart(*data_);
+    run.start = run.range->GetEnd();
     run.align = align;
     data_->alignRuns.push_back(run);
     data_->alignment = align;
@@ -65,9 +65,7 @@ void MirovelSection::applyAlign()
         else if (run->range == data_->range)
             end = data_->pos;
         else
-            end = data_->placement->lastAlignmentEnd(*data_);
-        if (!run->isSet || (run->start == end && !data_->placement->appliesEmptyRuns()))
-            continue;
+            end = run->range->GetEnd();
         run->range->PutStart(run->start);
         run->range->PutEnd(end);
         run->range->GetParagraphFormat()->PutAlignment(wordAlignment(run->align));
@@ -78,21 +76,27 @@ void MirovelSection::applyAlign()
 
 void MirovelSection::insertField(std::int16_t kind)
 {
-    if (isTableOpen())
-        data_->placement->insertFieldInCell(*this, fieldType(kind));
-    else
-        addFieldBehind(fieldType(kind), Word::missing);
-}
-
-void MirovelSection::addFieldBehind(const _variant_t& type, const _variant_t& text)
-{
+    if (isTableOpen()) {
+        insertFieldInCell(fieldType(kind));
+        return;
+    }
     const Word::RangePtr& range = data_->range;
     range->Collapse(Word::wdCollapseEnd);
-    onPlaceholder([&] {
-        const Word::RangePtr place = range->GetDuplicate();
-        place->PutEnd(data_->pos - 1);
-        range->GetFields()->Add(place, type, text);
-        data_->pos = range->GetEnd();
-    });
+    insertPlaceholder();
+    const Word::RangePtr place = range->GetDuplicate();
+    place->PutEnd(data_->pos - 1);
+    range->GetFields()->Add(place, fieldType(kind));
+    data_->pos = range->GetEnd();
     deleteLastChar();
+}
+
+// The placeholder stays in the cell; documents in use depend on that.
+void MirovelSection::insertFieldInCell(const _variant_t& type)
+{
+    const Word::RangePtr& range = data_->cellRange;
+    range->PutStart(range->GetEnd() - 1);
+    insertPlaceholder();
+    const Word::RangePtr place = range->GetDuplicate();
+    place->PutEnd(place->GetEnd() - 1);
+    range->GetFields()->Add(place, type);
 }

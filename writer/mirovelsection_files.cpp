@@ -55,75 +55,61 @@ void MirovelSection::insertImage(const QdxString& name, const LinkDestination& d
         return;
 
     const bool inTable = isTableOpen();
+    if (!inTable)
+        insertPlaceholder();
     const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
-    const auto insert = [&] {
-        const std::int32_t start = (inTable ? target->GetEnd() : data_->pos) - 1;
-        target->PutStart(start);
+    const std::int32_t start = (inTable ? target->GetEnd() : data_->pos) - 1;
+    target->PutStart(start);
 
-        const Word::InlineShapePtr picture =
-            target->GetInlineShapes()->AddPicture(toWide(fileName), false, true);
-        if (!inTable)
-            ++data_->pos;
-        if (width != 0)
-            picture->PutWidth(width);
-        if (height != 0)
-            picture->PutHeight(height);
-        insertLink(destination, start, start + 1, target);
-    };
-    if (inTable) {
-        insert();
-        return;
-    }
-    onPlaceholder(insert);
-    deleteLastChar();
+    const Word::InlineShapePtr picture = target->GetInlineShapes()->AddPicture(toWide(fileName), false, true);
+    if (!inTable)
+        ++data_->pos;
+    if (width != 0)
+        picture->PutWidth(width);
+    if (height != 0)
+        picture->PutHeight(height);
+    insertLink(destination, start, start + 1, target);
+    if (!inTable)
+        deleteLastChar();
 }
 
 void MirovelSection::insertOleObject(const QdxString& fileName, const QdxString& classType,
                                      const QdxString& iconProgram, bool link)
 {
     const bool inTable = isTableOpen();
+    if (!inTable)
+        insertPlaceholder();
     const Word::RangePtr& target = inTable ? data_->cellRange : data_->range;
-    const auto insert = [&] {
-        target->PutStart((inTable ? target->GetEnd() : data_->pos) - 1);
+    target->PutStart((inTable ? target->GetEnd() : data_->pos) - 1);
 
-        const _variant_t objectClass = link ? _variant_t() : _variant_t(toWide(classType));
-        const bool displayAsIcon = true;
-        target->GetInlineShapes()->AddOLEObject(objectClass, toWide(fileName), link, displayAsIcon,
-                                                toWide(iconProgram), defaultIcon,
-                                                toWide(SysFile::stripDir(fileName)));
-    };
-    if (inTable) {
-        insert();
+    const _variant_t objectClass = link ? _variant_t() : _variant_t(toWide(classType));
+    const bool displayAsIcon = true;
+    target->GetInlineShapes()->AddOLEObject(objectClass, toWide(fileName), link, displayAsIcon,
+                                            toWide(iconProgram), defaultIcon,
+                                            toWide(SysFile::stripDir(fileName)));
+    if (inTable)
         return;
-    }
-    onPlaceholder([&] {
-        insert();
-        data_->pos = target->GetEnd();
-    });
+    data_->pos = target->GetEnd();
     deleteLastChar();
 }
 
 void MirovelSection::wordInsertFile(const QdxString& fileName, bool link)
 {
-    const Placement& placement = *data_->placement;
-    const auto insert = [&](std::int32_t place) {
+    const auto insert = [&](long place) {
         const bool confirmConversions = false;
         const bool asAttachment = false;
-        placement.filePlace(*data_, place)
+        data_->document->Range(place, place)
             ->InsertFile(toWide(fileName), L"", confirmConversions, link, asAttachment);
     };
     if (isTableOpen()) {
         insert(data_->cellRange->GetEnd() - 1);
         return;
     }
-    const std::int32_t alignment = data_->alignment;
-    placement.finishBeforeFile(*this);
-    onPlaceholder([&] {
-        insert(data_->pos - 1);
-        data_->pos = data_->range->GetEnd();
-    });
+    applyRuns();
+    insertPlaceholder();
+    insert(data_->pos - 1);
+    data_->pos = data_->range->GetEnd();
     deleteLastChar();
-    placement.fileInserted(*this, alignment);
 }
 
 // Only pictures are looked for in the installation, and only under a bare name.

@@ -3,12 +3,13 @@
 #include "MirovelSectionData.h"
 #include "TextConversion.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr std::size_t longestBookmarkName = 9;
 constexpr int linksPerUndoClear = 101;
+
+/// By how many characters one drawn link is taken to lengthen the text in front of the table of contents.
+constexpr std::int32_t linkGrowth = 42;
 
 } // namespace
 
@@ -16,15 +17,13 @@ void MirovelSection::insertHyperLink(const QdxString& text, const LinkDestinatio
 {
     const bool inTable = isTableOpen();
     const Word::RangePtr& range = inTable ? data_->cellRange : data_->range;
-    const Placement& placement = *data_->placement;
-    const _bstr_t wide = toWide(text, placement.narrowForm());
+    const _bstr_t wide = toWide(text);
     if (!inTable)
-        placement.writingLinkText(*data_, {wide, wide.length()});
+        data_->pos += static_cast<std::int32_t>(wide.length());
     const std::int32_t endMark = inTable ? 1 : 0;
     const std::int32_t start = range->GetEnd() - endMark;
     range->InsertAfter(wide);
     const std::int32_t end = range->GetEnd() - endMark;
-    placement.linkTextWritten(*data_, wide, end);
     insertLink(destination, start, end, range);
 }
 
@@ -43,7 +42,10 @@ bool MirovelSection::insertTag(const QdxString& name)
     const Word::BookmarksPtr bookmarks = d.document->GetBookmarks();
     if (!bookmarks || name.length() > longestBookmarkName)
         return false;
-    d.placement->placeTag(*this, bookmarks, name);
+    const Word::BookmarkPtr bookmark = bookmarks->Add(toWide(name));
+    bookmark->PutStart(d.pos);
+    endLastTag();
+    d.lastTagBookmark = bookmark;
     return true;
 }
 
@@ -52,10 +54,29 @@ void MirovelSection::resolve(const QdxString& name)
     data_->links.resolve(name);
 }
 
-bool MirovelSection::awaitsTags() const
+void MirovelSection::endLastTag()
 {
-    return std::ranges::any_of(data_->links,
-                               [](const HyperLink& link) { return !link.destination.resolved; });
+    if (data_->lastTagBookmark)
+        data_->lastTagBookmark->PutEnd(data_->pos - 1);
+}
+
+// Word makes a field of each link; the places of the links behind it are not moved.
+void MirovelSection::drawHyperLinks()
+{
+    MirovelSectionData& d = *data_;
+    d.document->UndoClear();
+    int drawn = 0;
+    for (auto link = d.links.begin(); link != d.links.end();) {
+        if (!link->destination.resolved) {
+            ++link;
+            continue;
+        }
+        if (link->end < d.tocStartPos)
+            d.tocPos += linkGrowth;
+        drawAHyperLink(*link);
+        link = d.links.erase(link);
+        clearUndoAfterLink(drawn);
+    }
 }
 
 void MirovelSection::drawAHyperLink(const HyperLink& link)

@@ -86,11 +86,6 @@ void MirovelSection::toFontPtr(const Word::_FontPtr& target, const FontData& fon
     target->PutStrikeThrough(font.strikeThrough);
 }
 
-QdxString MirovelSection::styleInDocument(const QdxString& name) const
-{
-    return data_->placement->isHeading(name) ? getRealStyle(name) : name;
-}
-
 void MirovelSection::setStyle(const QdxString& name, bool force)
 {
     if (name == data_->styleName && !force)
@@ -107,12 +102,11 @@ void MirovelSection::setStyle(const QdxString& name, bool force)
 void MirovelSection::startStyle(const QdxString& name)
 {
     checkForEndl();
-    const FontData font = findFont(styleInDocument(name));
+    const FontData font = findFont(getRealStyle(name));
     if (!isTableOpen())
         applyStyle();
     data_->styleName = name;
-    if (!isTableOpen() || data_->placement->tablesHoldStyleRuns())
-        data_->stylePos = data_->pos;
+    data_->stylePos = data_->pos;
     setFont(font);
 }
 
@@ -130,22 +124,18 @@ void MirovelSection::applyStyle()
 {
     if (data_->stylePos == -1)
         return;
-    const Placement& placement = *data_->placement;
-    if (placement.styleRunEndsParagraph())
-        checkForEndl();
-    if (data_->stylePos != data_->pos || placement.appliesEmptyStyleRun(*data_)) {
-        const Word::RangePtr& range = data_->range;
-        range->PutStart(data_->stylePos);
-        range->PutEnd(data_->pos);
-        range->PutStyle(styleArgument(styleInDocument(data_->styleName)));
-    }
+    checkForEndl();
+    const Word::RangePtr& range = data_->range;
+    range->PutStart(data_->stylePos);
+    range->PutEnd(data_->pos);
+    range->PutStyle(styleArgument(getRealStyle(data_->styleName)));
     applyFont();
     data_->stylePos = -1;
 }
 
 void MirovelSection::setFont(const FontData& font)
 {
-    if (!isTableOpen() && data_->placement->isFontInForce(*data_, font))
+    if (!isTableOpen() && !(font != data_->pendingFont))
         return;
     storeFont(font);
     if (data_->styleName.isEmpty())
@@ -183,12 +173,12 @@ void MirovelSection::applyFont()
         const Word::RangePtr& range = run->getRange();
         if (range.GetInterfacePtr() == data_->range.GetInterfacePtr()) {
             const std::int32_t end = isLast ? data_->pos : next->getStart();
-            if (run->getStart() != end || data_->placement->appliesEmptyRuns())
-                putFont(range, run->getStart(), end, run->getFont());
+            putFont(range, run->getStart(), end, run->getFont());
         } else {
-            data_->placement->applyFontToTable(*this, *run, isLast ? nullptr : &*next);
+            applyFontToTable(*run, isLast ? nullptr : &*next);
         }
     }
     data_->fontRuns.clear();
-    data_->placement->fontRunsApplied(*data_);
+    // Without a name it differs from every font, so that the next one begins a run.
+    data_->pendingFont.name = "";
 }

@@ -15,28 +15,20 @@ void MirovelSection::startTable()
     if (isTableOpen())
         return;
     MirovelSectionData& d = *data_;
-    d.placement->finishBeforeTable(*this);
+    applyRuns();
+    setStyle("Normal", false);
     d.tableRows = d.tableColumn = d.tableColumns = 0;
     d.tableIndex = d.pos;
     d.rowHeight = 0;
-    try {
-        d.placement->makeRoomForTable(d);
-        makeTable();
-        d.placement->tableMade(d);
-    } catch (const _com_error&) {
-        d.placement->tableFailed(d);
-        throw;
-    }
-}
-
-void MirovelSection::makeTable()
-{
-    MirovelSectionData& d = *data_;
+    // A character behind the table, so that writing can go on there.
+    d.range->InsertAfter(L" ");
+    ++d.pos;
     const Word::RangePtr place = d.range->GetDuplicate();
     place->PutEnd(d.tableIndex);
     place->PutStart(d.tableIndex);
     d.table = place->GetTables()->Add(place, 1, 1);
     enterRow(d.table->GetRows()->Item(1));
+    d.pos = d.range->GetEnd();
 }
 
 void MirovelSection::enterRow(const Word::RowPtr& row)
@@ -95,7 +87,7 @@ void MirovelSection::endTable()
         return;
     applyAlign();
     resizeTableColumns();
-    data_->placement->leaveTable(*data_);
+    data_->pos = data_->range->GetEnd();
     data_->styleName = "Normal";
     data_->tableRows = 0;
     data_->tableIndex = -1;
@@ -116,13 +108,23 @@ Word::RangePtr MirovelSection::cellRange(std::int16_t row, std::int16_t col)
     return data_->table->Cell(wordRow, wordCol)->GetRange();
 }
 
-Word::RangePtr MirovelSection::placeInCell() const
+void MirovelSection::applyFontToTable(const FontSave& run, const FontSave* next)
 {
-    const Word::RangePtr place = data_->cellRange->GetDuplicate();
-    const std::int32_t mark = place->GetEnd() - 1;
-    place->PutStart(mark);
-    place->PutEnd(mark);
-    return place;
+    const Word::TablePtr& table = run.getTable();
+    const long lastRow = next ? next->getRow() : table->GetRows()->GetCount();
+    const long lastCol = next ? next->getCol() : table->GetColumns()->GetCount();
+
+    // Wider than the numbers they count, so that the largest of those is not the last one for ever.
+    for (long row = run.getRow(); row <= lastRow; ++row) {
+        const bool firstRow = row == run.getRow();
+        for (long col = firstRow ? run.getCol() : 1; col <= lastCol; ++col) {
+            const bool firstCell = firstRow && col == run.getCol();
+            const Word::RangePtr range =
+                cellRange(static_cast<std::int16_t>(row), static_cast<std::int16_t>(col));
+            const long start = firstCell ? run.getStart() : range->GetStart();
+            putFont(range, start, range->GetEnd(), run.getFont());
+        }
+    }
 }
 
 void MirovelSection::putFont(const Word::RangePtr& range, std::int32_t start, std::int32_t end,

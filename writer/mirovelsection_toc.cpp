@@ -1,15 +1,23 @@
 #include "mirovelsection.h"
 
 #include "MirovelSectionData.h"
+#include "StyleNumber.h"
 #include "TextConversion.h"
+#include "TocFieldText.h"
 #include "WordConstants.h"
 
 #include <algorithm>
+#include <windows.h>
 
 namespace {
 
 constexpr std::int16_t centred = 2;
 constexpr std::int16_t deepestLevel = 9;
+
+bool isLeadByte(unsigned char byte)
+{
+    return IsDBCSLeadByte(byte) != 0;
+}
 
 } // namespace
 
@@ -18,20 +26,18 @@ void MirovelSection::insertTOC(std::int16_t level)
     if (isTableOpen())
         return;
     const QdxString style = data_->styleName;
-    const FontData font = data_->pendingFont;
     setStyle("Normal", true);
     const auto align = static_cast<std::int16_t>(data_->alignment);
     setTextAlign(centred);
     insertText(L"Table of Contents");
     insertEndl();
     insertEndl();
-    data_->placement->alignAgain(*this, align);
+    setTextAlign(align);
     data_->tocPos = data_->pos;
     data_->tocStartPos = data_->tocPos;
     data_->tocLevel = level;
     insertEndl();
     setStyle(style, true);
-    data_->placement->fontInForceAgain(*this, font);
 }
 
 void MirovelSection::startTOCEntry()
@@ -44,12 +50,27 @@ void MirovelSection::startTOCEntry()
 
 void MirovelSection::endTOCEntry()
 {
-    if (data_->tocPos == 0 || !data_->placement->marksEntry(*data_))
+    if (data_->tocPos == 0)
         return;
     data_->collectingTocEntry = false;
     if (!data_->document->GetTablesOfContents() || data_->tocText.isEmpty())
         return;
-    data_->placement->writeEntry(*this);
+    writeEntry();
+}
+
+void MirovelSection::writeEntry()
+{
+    MirovelSectionData& d = *data_;
+    const Word::RangePtr& range = d.range;
+    range->Collapse(Word::wdCollapseEnd);
+    range->InsertAfter(L"X");
+    ++d.pos;
+    const QdxString text = tocFieldText(d.tocText, styleNumber("Heading ", d.styleName), isLeadByte);
+    const Word::RangePtr place = range->GetDuplicate();
+    place->PutEnd(d.pos);
+    range->GetFields()->Add(place, Word::wdFieldTOCEntry, toWide(text));
+    d.pos = range->GetEnd();
+    deleteLastChar();
 }
 
 void MirovelSection::drawTOC()

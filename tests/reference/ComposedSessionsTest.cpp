@@ -12,7 +12,7 @@
 namespace reference {
 namespace {
 
-constexpr Extent extent = productComposes ? Extent::all : Extent::withoutFiles;
+constexpr Extent extent = Extent::all;
 
 // Sessions come in lots, so that the lots can be played side by side.
 constexpr std::uint32_t lots = 16;
@@ -84,15 +84,8 @@ std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
     return (writer == Writer::typed ? "Typed" : "Fragments") + std::to_string(lot);
 }
 
-std::vector<Writer> composers()
-{
-    if (productComposes)
-        return {Writer::typed, Writer::fragments};
-    return {Writer::typed};
-}
-
 INSTANTIATE_TEST_SUITE_P(Lots, ComposedSessionsTest,
-                         testing::Combine(testing::ValuesIn(composers()), testing::Range(0U, lots)), nameOf);
+                         testing::Combine(testing::Values(Writer::typed, Writer::fragments), testing::Range(0U, lots)), nameOf);
 
 } // namespace
 } // namespace reference

@@ -31,8 +31,8 @@ std::string redundantFormat(const model::Story& story, model::Position position)
 {
     const model::Paragraph paragraph = story.paragraphAt(position);
     const model::CharacterFormat& run = *story.runAt(position).format;
-    const model::FontProperties styles =
-        model::Story::effectiveFont(*paragraph.format, {.style = run.style, .font = {}});
+    // The paragraph's: a link may be underlined in a paragraph that is not.
+    const model::FontProperties styles = model::Story::effectiveFont(*paragraph.format, {});
     Names names;
     names.add("name", run.font.name, styles.name);
     names.add("size", run.font.size, styles.size);

@@ -142,18 +142,12 @@ void SessionPlayer::makeClient()
     _com_util::CheckError(client_->start());
 }
 
-// Whoever gives the product the setting flips productComposes, and the other branch goes.
 void SessionPlayer::chooseWriter()
 {
     constexpr short integer = 2;
-    constexpr short boolean = 3;
     const _bstr_t word(L"Word");
-    if constexpr (productComposes)
-        client_->overrideRegistry(word, bstr(std::string("Compose")),
-                                  bstr(std::to_string(static_cast<int>(writer_))), integer);
-    else
-        client_->overrideRegistry(word, bstr(std::string("TrackPositions")),
-                                  bstr(std::string(writer_ == Writer::counting ? "0" : "1")), boolean);
+    client_->overrideRegistry(word, bstr(std::string("Compose")),
+                              bstr(std::to_string(static_cast<int>(writer_))), integer);
 }
 
 template <class Call>

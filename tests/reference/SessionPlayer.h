@@ -29,10 +29,6 @@ struct PlayedSession
     std::vector<std::string> failures; ///< "insertText: 0x80020009"; what does not fit in the model as well
 };
 
-/// Whether the product has the composing writer; it has the setting "Word"/"Compose" then. Until then
-/// sessions without files are played by the writer that it is to replace.
-inline constexpr bool productComposes = false;
-
 enum class Writer
 {
     counting, ///< as by default
@@ -49,7 +45,7 @@ public:
     SessionPlayer(const SessionPlayer&) = delete;
     SessionPlayer& operator=(const SessionPlayer&) = delete;
 
-    [[nodiscard]] bool composes() const { return productComposes && writer_ != Writer::counting; }
+    [[nodiscard]] bool composes() const { return writer_ != Writer::counting; }
     PlayedSession play(const Session& session, const standin::model::Switches& switches = {});
 
 private:

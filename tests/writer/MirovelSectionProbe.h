@@ -12,7 +12,7 @@ public:
     static void setRange(MirovelSection& writer, const Word::RangePtr& range) { writer.setRange(range); }
     static void checkForEndl(MirovelSection& writer) { writer.checkForEndl(); }
     static void deleteLastChar(MirovelSection& writer) { writer.deleteLastChar(); }
-    static void drawHyperLinks(MirovelSection& writer) { writer.data_->placement->draw(writer); }
+    static void drawHyperLinks(MirovelSection& writer) { writer.drawHyperLinks(); }
     static void applyAlign(MirovelSection& writer) { writer.applyAlign(); }
 
     static QdxString realStyle(const char* name) { return MirovelSection::getRealStyle(name); }

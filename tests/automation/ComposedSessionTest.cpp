@@ -1,4 +1,4 @@
-// The setting "Word"/"TrackPositions": what the writers of one document know of each other, and text in all
+// The setting "Word"/"Compose": what the writers of one document know of each other, and text in all
 // characters.
 #include "FrontEndTest.h"
 
@@ -14,12 +14,12 @@ namespace model = standin::model;
 
 using StoryPtr = std::shared_ptr<model::Story>;
 
-class TrackedSessionTest : public FrontEndTest
+class ComposedSessionTest : public FrontEndTest
 {
 protected:
-    TrackedSessionTest()
+    ComposedSessionTest()
     {
-        setting("Word", "TrackPositions", "1", 3);
+        setting("Word", "Compose", "1", 2);
         openDocument();
         document_ = word.model().documents().front();
     }
@@ -60,7 +60,7 @@ private:
     }
 };
 
-TEST_F(TrackedSessionTest, DrawsLinksToTagsOfAllWriters)
+TEST_F(ComposedSessionTest, DrawsLinksToTagsOfAllWriters)
 {
     client->insertXref(L"to header"_b, L"in header"_b);
     client->startHeader();
@@ -84,7 +84,7 @@ TEST_F(TrackedSessionTest, DrawsLinksToTagsOfAllWriters)
     EXPECT_EQ(document_->bookmarks().find(u"b2")->range().storyPtr(), body());
 }
 
-TEST_F(TrackedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
+TEST_F(ComposedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
 {
     client->startHeader();
     client->insertXref(L"nowhere"_b, L"never"_b);
@@ -93,7 +93,7 @@ TEST_F(TrackedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
     EXPECT_EQ(shown(header()), u"nowhere");
 }
 
-TEST_F(TrackedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
+TEST_F(ComposedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
 {
     client->startHeader();
     client->insertText(L"one "_b);
@@ -110,7 +110,7 @@ TEST_F(TrackedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
     EXPECT_EQ(shown(body()), u"body");
 }
 
-TEST_F(TrackedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
+TEST_F(ComposedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
 {
     client->startHeader();
     client->insertXref(L"a long label of a link"_b, L"tag"_b);
@@ -123,7 +123,7 @@ TEST_F(TrackedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
     EXPECT_EQ(shown(header()), u"x");
 }
 
-TEST_F(TrackedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
+TEST_F(ComposedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
 {
     client->startHeader();
     client->setTextAlign(2);
@@ -136,7 +136,7 @@ TEST_F(TrackedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
     EXPECT_EQ(model::LiveRange(header(), 0, 1).paragraphFormat().alignment, model::Alignment::left);
 }
 
-TEST_F(TrackedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
+TEST_F(ComposedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
 {
     client->insertTag(L"tag"_b);
     client->insertText(L"a long text in the body"_b);
@@ -152,7 +152,7 @@ TEST_F(TrackedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
     EXPECT_EQ(place.end(), 2);
 }
 
-TEST_F(TrackedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
+TEST_F(ComposedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
 {
     client->insertText(L"one"_b);
     client->insertPageBreak();
@@ -171,7 +171,7 @@ TEST_F(TrackedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
     EXPECT_EQ(shown(body()), u"one\ftwo");
 }
 
-TEST_F(TrackedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
+TEST_F(ComposedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
 {
     client->insertText(L"\x3b1<a href=\"\x3b2\">\x3b3</a>\x3b4<a href=\"\x3b5\">\x3b6</a>\x3b7"_b);
     client->insertTag(L"\x3b2"_b);
@@ -181,7 +181,7 @@ TEST_F(TrackedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
     EXPECT_EQ(shown(body()), u"\x3b1[\x3b3>b1]\x3b4[\x3b6>b2]\x3b7\r");
 }
 
-TEST_F(TrackedSessionTest, EchoesAnchorsInTheCodePage)
+TEST_F(ComposedSessionTest, EchoesAnchorsInTheCodePage)
 {
     trace(10);
     client->insertText(L"<a href=\"http://a.example/\">\xe4\x3b1</a>\xe4\x3b2"_b);
@@ -189,21 +189,21 @@ TEST_F(TrackedSessionTest, EchoesAnchorsInTheCodePage)
                                           "mirovel->insertText(\"\xe4?\");\r\n"));
 }
 
-TEST_F(TrackedSessionTest, ReadsTheSettingAtCreate)
+TEST_F(ComposedSessionTest, ReadsTheSettingAtCreate)
 {
     client->close();
-    setting("Word", "TrackPositions", "0", 3);
+    setting("Word", "Compose", "0", 2);
     openDocument();
     client->insertText(L"text"_b);
     client->insertTag(L"tag"_b);
     EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b1\", missing)")));
-    setting("Word", "TrackPositions", "yes");
+    setting("Word", "Compose", "yes");
     client->insertTag(L"other"_b);
     EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b2\", missing)")));
 }
 
 /// Normal's font may have been another one in an earlier document of this process.
-TEST_F(TrackedSessionTest, AsksEachDocumentForNormalsFont)
+TEST_F(ComposedSessionTest, AsksEachDocumentForNormalsFont)
 {
     client->close();
     document_.reset();

@@ -1,0 +1,18 @@
+#include "WriterChoice.h"
+
+#include "Composer.h"
+#include "CountingWriter.h"
+#include "TextConversion.h"
+#include "registry/RegisterCache.h"
+#include "tracedll/Trace.h"
+
+std::unique_ptr<DocumentWriter> chooseWriter(RegisterCache& settings, const Trace& trace)
+{
+    using compose::Composer;
+    const int mode = settings.read("Word", "Compose", 0);
+    if (mode != 1 && mode != 2)
+        return std::make_unique<CountingWriter>(trace);
+    const QdxString installDir = settings.read("Settings", "InstallDir", "");
+    return std::make_unique<Composer>(mode == 1 ? Composer::Pen::typed : Composer::Pen::fragments, trace,
+                                      static_cast<const wchar_t*>(toWide(installDir)));
+}

@@ -43,7 +43,9 @@ enum WdSaveFormat : long
     wdFormatDOSText = 4,
     wdFormatRTF = 6,
     wdFormatUnicodeText = 7,
-    wdFormatHTML = 8
+    wdFormatHTML = 8,
+    wdFormatXMLDocument = 12,
+    wdFormatPDF = 17
 };
 
 enum WdBuiltinStyle : long
@@ -108,6 +110,22 @@ enum WdRulerStyle : long
     wdAdjustProportional = 1,
     wdAdjustFirstColumn = 2,
     wdAdjustSameWidth = 3
+};
+
+enum WdTableFieldSeparator : long
+{
+    wdSeparateByParagraphs = 0,
+    wdSeparateByTabs = 1
+};
+
+enum WdAutoFitBehavior : long
+{
+    wdAutoFitFixed = 0
+};
+
+enum WdDefaultTableBehavior : long
+{
+    wdWord8TableBehavior = 0
 };
 
 enum WdRowHeightRule : long

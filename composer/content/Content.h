@@ -20,8 +20,8 @@ inline constexpr LinkNumber noLink = -1;
 /// Where a link leads.
 struct LinkTarget
 {
-    std::u16string address;  ///< of a page or a file; empty: a bookmark
-    std::u16string bookmark; ///< of a tag, placed or yet to be placed
+    std::u16string address = {};  ///< of a page or a file; empty: a bookmark
+    std::u16string bookmark = {}; ///< of a tag, placed or yet to be placed
 
     bool operator==(const LinkTarget&) const = default;
 };
@@ -35,6 +35,7 @@ struct Text
 };
 struct PageBreak
 {
+    bool isLast = false; ///< No other one was asked for since; it can still become the end of a section.
 };
 /// Of a client's number: 1 date, 2 time, 3 file name, 4 page; any other: Word decides.
 struct Field
@@ -78,8 +79,9 @@ struct Paragraph
     std::optional<int> alignment = {}; ///< the client's number; nothing: what the style gives
     ParagraphEnd end = ParagraphEnd::mark;
     LinkNumber endLink = noLink; ///< of a link that goes on behind the paragraph's end
-    bool holdsWritten = false;   ///< Its beginning is in Word already, pictures and files included.
-    bool isClosed = false;       ///< Behind it begins another one.
+    bool holdsWritten = false;   ///< Its beginning is in Word already, be it text or a picture.
+    bool isSettled = false;      ///< Its style and alignment are to be put even while it holds nothing.
+    bool isAligned = false;      ///< Word has its alignment already.
 
     /// Whether it holds more than tags.
     [[nodiscard]] bool holdsAnything() const;
@@ -91,10 +93,10 @@ using Row = std::vector<Cell>;
 struct Table
 {
     std::vector<Row> rows = {};
-    std::vector<int> heights = {};   ///< one for each row, in points; 0: Word decides
-    std::size_t writtenRows = 0;     ///< Those that are in Word already. The last of them is `rows.front()`,
-                                     ///< with what has come to its cells since.
-    std::size_t writtenColumns = 0;  ///< of these
+    std::vector<int> heights = {};  ///< one for each row, in points; 0: Word decides
+    std::size_t writtenRows = 0;    ///< Those that are in Word already. The last of them is `rows.front()`,
+                                    ///< with what has come to its cells since.
+    std::size_t writtenColumns = 0; ///< of these
 
     /// Every row has as many cells as the first one.
     [[nodiscard]] std::size_t columns() const { return rows.empty() ? 0 : rows.front().size(); }

@@ -3,8 +3,8 @@
 #include "Content.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,11 +39,13 @@ public:
 
     /// \name Formatting
     /// @{
-    /// Ends an open paragraph that holds anything; comes in front of `setStyle` and happens even where the
-    /// style turns out to be unknown.
-    void prepareStyle(std::u16string_view name);
-    [[nodiscard]] const std::u16string& style() const { return style_; }
-    void setStyle(std::u16string_view name);
+    /// Whether `setStyle` with that name changes anything.
+    [[nodiscard]] bool isInForce(std::u16string_view styleName) const { return styleName == styleName_; }
+    /// Ends an open paragraph that holds anything; comes in front of `setStyle`, and even where the style turns
+    /// out to be unknown.
+    void prepareStyle();
+    /// `name` as the client said it, `style` the one that it means.
+    void setStyle(std::u16string_view name, std::u16string_view style);
     void setFontName(std::u16string_view name);
     void setFontSize(int points);
     /// 1 bold, 2 italic, 4 underlined, 8 struck; any other number: nothing.
@@ -88,6 +90,8 @@ public:
     void objectWritten();
     /// A file is to stand in paragraphs of its own: ends an open paragraph that holds anything.
     void prepareFile();
+    /// It stands at the end of what was taken, in front of the open paragraph.
+    void fileWritten(bool endsInTable);
     /// @}
 
     /// What became of the last page break.
@@ -123,8 +127,8 @@ private:
     void writeCharacters(std::u16string_view characters, LinkNumber link);
     void endParagraph(LinkNumber link = noLink);
     void endParagraphIfItHoldsAnything();
-    void beginStyle(std::u16string_view name);
-    void beginRow();
+    void beginStyle(std::u16string_view name, std::u16string_view style);
+    void addWaiting(std::size_t bytes) { waiting_ += bytes; }
     void collect(std::u16string_view text);
     void changeFont(FontWish font);
 
@@ -132,6 +136,7 @@ private:
     std::vector<LinkTarget> links_;
     std::size_t waiting_ = 0;
 
+    std::u16string styleName_; ///< as the client said it
     std::u16string style_;
     bool isStyleFresh_ = false; ///< another style than Normal began, and nothing was written in it
     FontWishPtr font_;
@@ -146,7 +151,8 @@ private:
 
     LastBreak lastBreak_ = LastBreak::none;
     std::size_t lastBreakBlock_ = 0;
-    std::size_t lastBreakItem_ = 0;
+    bool isBehindTable_ = false; ///< The open paragraph follows a table that has been taken.
+    std::set<std::u16string, std::less<>> waitingTags_;
 
     bool hasContents_ = false;
     bool isContentsWritten_ = false;

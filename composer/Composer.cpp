@@ -1,0 +1,487 @@
+#include "Composer.h"
+
+#include "FileLookup.h"
+#include "WideText.h"
+
+#include "TextConversion.h"
+#include "WordConstants.h"
+#include "general/QdxException.h"
+
+#include <array>
+#include <charconv>
+#include <ostream>
+#include <utility>
+
+namespace compose {
+
+namespace {
+
+constexpr std::u16string_view contentsTitle = u"Table of Contents";
+constexpr short asLink = 2;
+constexpr short asHyperLink = 4;
+
+std::u16string heard(const wchar_t* text)
+{
+    return text ? portable(std::wstring_view(text)) : std::u16string();
+}
+
+/// Headings deeper than the ninth are the ninth.
+std::u16string meantStyle(const std::u16string& name)
+{
+    constexpr std::u16string_view prefix = u"Heading ";
+    if (!name.starts_with(prefix) || name.size() == prefix.size())
+        return name;
+    const std::u16string_view number = std::u16string_view(name).substr(prefix.size());
+    const bool isNumber = number.find_first_not_of(u"0123456789") == number.npos;
+    const bool isDeep = number.size() > 1 && number.front() != u'0';
+    return isNumber && isDeep ? std::u16string(prefix) + u"9" : name;
+}
+
+} // namespace
+
+/// A part of the document with text of its own: what is said of it, and the pen that writes it.
+struct Composer::Story
+{
+    Story(const Word::_DocumentPtr& document, const Word::RangePtr& range, std::u16string_view style,
+          Ground around)
+        : content(style), ground(std::move(around)), pen(document, range)
+    {
+    }
+
+    [[nodiscard]] TypedPen::Place place() const
+    {
+        if (!content.isTableOpen())
+            return {};
+        const StoryContent::CellPlace cell = content.currentCell();
+        return Passage::Cell{cell.row, cell.column};
+    }
+
+    StoryContent content;
+    Ground ground; ///< behind what was taken
+    Plan plan;     ///< what is left of it
+    TypedPen pen;
+};
+
+Composer::Composer(const Word::_DocumentPtr& document, Pen pen, std::wstring installDir)
+    : document_(document), pen_(pen), installDir_(std::move(installDir)), styles_(document)
+{
+    const Word::RangePtr whole = document->Range();
+    whole->Delete(); // what the template put into the new document
+    body_ = std::make_unique<Story>(document, whole, u"Normal", Ground());
+    current_ = body_.get();
+}
+
+Composer::~Composer() = default;
+
+std::wstring Composer::understood(const wchar_t* text) const
+{
+    return text ? text : L"";
+}
+
+StoryContent& Composer::content()
+{
+    return current_->content;
+}
+
+// Text
+
+void Composer::insertText(const wchar_t* text)
+{
+    content().insertText(heard(text));
+    flushIfMuchWaits();
+}
+
+void Composer::insertEndl()
+{
+    content().insertEndl();
+    flushIfMuchWaits();
+}
+
+void Composer::insertPageBreak()
+{
+    content().insertPageBreak();
+}
+
+void Composer::insertField(short number)
+{
+    content().insertField(number);
+}
+
+// Formatting
+
+// Headers and footers keep their own style.
+void Composer::setStyle(const wchar_t* name)
+{
+    if (current_ != body_.get())
+        return;
+    const std::u16string said = heard(name);
+    if (content().isInForce(said))
+        return;
+    content().prepareStyle();
+    const std::u16string style = meantStyle(said);
+    if (!styles_.holds(style)) {
+        QdxString message("ERR Unknown style: ");
+        message.append(toNarrow(name));
+        throw QdxException(message);
+    }
+    content().setStyle(said, style);
+}
+
+void Composer::setFontName(const wchar_t* name)
+{
+    content().setFontName(heard(name));
+}
+
+void Composer::setFontSize(short points)
+{
+    content().setFontSize(points);
+}
+
+void Composer::setFontAttribute(short attribute, bool isOn)
+{
+    content().setFontAttribute(attribute, isOn);
+}
+
+void Composer::setTextAlign(short number)
+{
+    content().setTextAlign(number);
+}
+
+// Tables
+
+void Composer::startTable()
+{
+    content().startTable();
+}
+
+void Composer::addRow()
+{
+    content().addRow();
+    flushIfMuchWaits();
+}
+
+void Composer::addCell()
+{
+    content().addCell();
+}
+
+void Composer::endTable()
+{
+    content().endTable();
+}
+
+void Composer::setTableRowHeight(long points)
+{
+    content().setTableRowHeight(static_cast<int>(points));
+}
+
+// Table of contents
+
+void Composer::insertTOC(short level)
+{
+    if (content().isTableOpen())
+        return;
+    tocLevel_ = level;
+    if (content().insertTOC(contentsTitle))
+        current_->pen.dropContents();
+}
+
+void Composer::startTOCEntry()
+{
+    content().startTOCEntry();
+}
+
+void Composer::endTOCEntry()
+{
+    content().endTOCEntry();
+}
+
+// Headers and footers
+
+void Composer::startHeader()
+{
+    startPart(Part::header);
+}
+
+void Composer::endHeader()
+{
+    endPart(Part::header);
+}
+
+void Composer::startFooter()
+{
+    startPart(Part::footer);
+}
+
+void Composer::endFooter()
+{
+    endPart(Part::footer);
+}
+
+// The part belongs to the document's last section, which begins behind the last page break.
+void Composer::startPart(Part part)
+{
+    const StoryContent::LastBreak lastBreak = body_->content.breakSection();
+    if (lastBreak != StoryContent::LastBreak::none)
+        ++sections_;
+    isSectionDue_ = isSectionDue_ || lastBreak == StoryContent::LastBreak::written;
+    if (sections_ > sectionsInWord_) {
+        flush(*body_);
+        sectionsInWord_ = sections_;
+    }
+
+    const PartPlace place{sections_, part};
+    const auto open = openParts_.find(part);
+    if (open == openParts_.end() || open->second != sections_) {
+        std::unique_ptr<Story> story = makePart(place);
+        std::unique_ptr<Story>& kept = parts_[place];
+        if (kept)
+            tags_.forget(kept.get());
+        kept = std::move(story);
+        openParts_[part] = sections_;
+    }
+    current_ = parts_.at(place).get();
+}
+
+void Composer::endPart(Part part)
+{
+    openParts_.erase(part);
+    current_ = body_.get();
+}
+
+std::unique_ptr<Composer::Story> Composer::makePart(PartPlace place)
+{
+    const bool isHeader = place.part == Part::header;
+    const Word::SectionPtr section = document_->GetSections()->Item(place.section);
+    const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
+    const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
+    primary->PutLinkToPrevious(VARIANT_FALSE);
+    auto story = std::make_unique<Story>(document_, primary->GetRange(), isHeader ? u"Header" : u"Footer",
+                                         Ground{.style = u""});
+    story->pen.clear();
+    return story;
+}
+
+// Files, links and tags
+
+LinkTarget Composer::targetOf(const std::u16string& name)
+{
+    const std::wstring target = wide(name);
+    if (isAddress(target) || isFileThere(target))
+        return {.address = name};
+    return {.bookmark = tags_.bookmarkOf(name)};
+}
+
+void Composer::insertLink(std::u16string_view text, const LinkTarget& target)
+{
+    content().insertText(text, &target);
+    flushIfMuchWaits();
+}
+
+void Composer::insertXref(const wchar_t* text, const wchar_t* tagName)
+{
+    const std::u16string tag = heard(tagName);
+    if (tag.empty())
+        insertText(text);
+    else if (text && *text)
+        insertLink(heard(text), targetOf(tag));
+}
+
+void Composer::insertTag(const wchar_t* tagName)
+{
+    const std::u16string& bookmark = tags_.bookmarkOf(heard(tagName));
+    body_->content.removeTag(bookmark);
+    for (const auto& [place, story] : parts_)
+        story->content.removeTag(bookmark);
+    content().insertTag(bookmark);
+    tags_.place(bookmark, current_);
+}
+
+void Composer::insertFile(const wchar_t* fileName, short insertAsType)
+{
+    const std::wstring name = fileName ? fileName : L"";
+    if (name.empty())
+        return;
+    if (isAddress(name)) {
+        insertLink(portable(name), {.address = portable(name)});
+        return;
+    }
+    const std::optional<std::wstring> file = findFile(name, installDir_);
+    if (!file && insertAsType != asHyperLink) {
+        reportMissing(fileName);
+        return;
+    }
+    const std::wstring path = file.value_or(name);
+    const std::wstring_view extension = extensionOf(path);
+    if (file && extension == L".ppt")
+        insertObject(path, u"PowerPoint.Show", u"PowerPnt.exe", insertAsType == asLink);
+    else if (file && extension == L".xls")
+        insertObject(path, u"Excel.Sheet", u"excel.exe", insertAsType == asLink);
+    else if (insertAsType == asLink || insertAsType == asHyperLink)
+        insertLink(portable(withoutFolder(path)), {.address = portable(path)});
+    else if (isPicture(path))
+        insertPicture(path, nullptr);
+    else
+        insertContentsOf(path);
+}
+
+void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUrl)
+{
+    const std::u16string target = heard(fileOrUrl);
+    LinkTarget link;
+    if (!target.empty())
+        link = targetOf(target);
+    const std::optional<std::wstring> file = findFile(imageFileName ? imageFileName : L"", installDir_);
+    if (file)
+        insertPicture(*file, target.empty() ? nullptr : &link);
+    else if (imageFileName && *imageFileName)
+        reportMissing(imageFileName);
+}
+
+void Composer::reportMissing(const wchar_t* fileName)
+{
+    if (trace_.isTrace(1))
+        trace_ << "ERR File not found: " << toNarrow(fileName) << std::endl;
+}
+
+void Composer::insertPicture(const std::wstring& file, const LinkTarget* link)
+{
+    Story& story = *current_;
+    story.content.settleParagraph();
+    flush(story);
+    story.pen.addPicture(story.place(), portable(fullPathOf(file)));
+    story.content.objectWritten();
+    if (!link)
+        return;
+    story.ground.isPlain = false;
+    if (leadsSomewhere(*link))
+        story.pen.linkPicture(*link);
+}
+
+void Composer::insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
+                            bool isLinked)
+{
+    Story& story = *current_;
+    story.content.settleParagraph();
+    flush(story);
+    story.pen.addObject(story.place(), {.file = portable(fullPathOf(file)),
+                                        .classType = classType,
+                                        .iconProgram = iconProgram,
+                                        .label = portable(withoutFolder(file)),
+                                        .isLinked = isLinked});
+    story.content.objectWritten();
+    story.ground.isPlain = false;
+}
+
+void Composer::insertContentsOf(const std::wstring& file)
+{
+    Story& story = *current_;
+    story.content.prepareFile();
+    flush(story);
+    const Ground ground = story.content.isTableOpen() ? Ground{.style = u""} : story.ground;
+    const bool endsInTable = story.pen.addFile(story.place(), portable(fullPathOf(file)), ground);
+    story.content.fileWritten(endsInTable);
+}
+
+// Bringing it into Word
+
+void Composer::flushIfMuchWaits()
+{
+    const StoryContent& waits = content();
+    if (waits.waiting() > (waits.isTableOpen() ? mostWaitingInTable : mostWaiting))
+        flush(*current_);
+}
+
+void Composer::flush(Story& story)
+{
+    story.pen.carryOut(story.plan);
+    if (isSectionDue_ && &story == body_.get()) {
+        story.pen.breakSection();
+        isSectionDue_ = false;
+    }
+    if (!story.content.isPending())
+        return;
+    const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
+    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, styles_);
+    story.content.taken();
+    story.ground = story.plan.after;
+    story.pen.carryOut(story.plan);
+}
+
+// A link to a tag that may still come is made, and taken away again should the tag never come.
+bool Composer::leadsSomewhere(const LinkTarget& target)
+{
+    if (target.bookmark.empty())
+        return true;
+    if (isFinishing_)
+        return tags_.isPlaced(target.bookmark);
+    linkedBookmarks_.insert(target.bookmark);
+    return true;
+}
+
+void Composer::flushAll()
+{
+    flush(*body_);
+    for (const auto& [place, story] : parts_)
+        flush(*story);
+}
+
+void Composer::prepareSave()
+{
+    flushAll();
+}
+
+_variant_t Composer::saveFormat(std::wstring_view fileName) const
+{
+    struct Format
+    {
+        std::wstring_view extension;
+        Word::WdSaveFormat number;
+    };
+    static constexpr std::array<Format, 4> formats = {{
+        {L".doc", Word::wdFormatDocument},
+        {L".docx", Word::wdFormatXMLDocument},
+        {L".rtf", Word::wdFormatRTF},
+        {L".pdf", Word::wdFormatPDF},
+    }};
+    const std::wstring_view extension = extensionOf(fileName);
+    for (const Format& format : formats)
+        if (extension.size() == format.extension.size() &&
+            _wcsnicmp(extension.data(), format.extension.data(), extension.size()) == 0)
+            return Word::integer(format.number);
+    return Word::missing;
+}
+
+// The table of contents comes last, when nothing moves any more.
+void Composer::finish()
+{
+    isFinishing_ = true;
+    try {
+        flushAll();
+        removeDeadLinks();
+        if (body_->pen.hasContents())
+            body_->pen.makeContents(tocLevel_);
+        for (const auto& [place, story] : parts_)
+            if (story->pen.hasContents())
+                story->pen.makeContents(tocLevel_);
+        document_->UndoClear();
+    } catch (...) {
+        isFinishing_ = false;
+        throw;
+    }
+    isFinishing_ = false;
+    isFinished_ = true;
+}
+
+void Composer::removeDeadLinks()
+{
+    std::erase_if(linkedBookmarks_, [this](const auto& bookmark) { return tags_.isPlaced(bookmark); });
+    if (linkedBookmarks_.empty())
+        return;
+    body_->pen.removeLinks(linkedBookmarks_);
+    for (const auto& [place, story] : parts_)
+        story->pen.removeLinks(linkedBookmarks_);
+    linkedBookmarks_.clear();
+}
+
+} // namespace compose

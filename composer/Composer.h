@@ -1,0 +1,134 @@
+#pragma once
+
+#include "DocumentWriter.h"
+#include "StoryContent.h"
+#include "TagNames.h"
+
+#include "Plan.h"
+#include "StyleBook.h"
+#include "TypedPen.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace compose {
+
+/// The composing writer: keeps what the client says until Word has to have it, and brings it into the document
+/// then in as few calls as possible, so that the document equals what was said.
+///
+/// Word has to have it when the document is saved or closed; before a picture, a file or an object, whose
+/// failure belongs to its own call; before a header whose section is yet to begin; and when more waits than
+/// `mostWaiting`.
+///
+/// A failure of Word's reaches the call during which it happened. What had not been done by then is done the
+/// next time.
+class Composer : public DocumentWriter
+{
+public:
+    /// How a text is brought into Word.
+    enum class Pen
+    {
+        typed,    ///< call by call
+        fragments ///< as a piece of rich text that Word reads in, where that is possible
+    };
+
+    /// Bytes, roughly.
+    static constexpr std::size_t mostWaiting = 1U << 20U;
+    /// The same for an open table, which costs more once it is in Word.
+    static constexpr std::size_t mostWaitingInTable = 16U << 20U;
+
+    /// Empties the document and writes into it.
+    Composer(const Word::_DocumentPtr& document, Pen pen, std::wstring installDir);
+    ~Composer() override;
+
+    // DocumentWriter
+    void finish() override;
+    [[nodiscard]] bool isFinished() const override { return isFinished_; }
+    void prepareSave() override;
+    [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
+    void setTrace(const Trace& trace) override { trace_ = trace; }
+    [[nodiscard]] std::wstring understood(const wchar_t* text) const override;
+    void insertText(const wchar_t* text) override;
+    void insertEndl() override;
+    void insertPageBreak() override;
+    void insertField(short number) override;
+    void startHeader() override;
+    void endHeader() override;
+    void startFooter() override;
+    void endFooter() override;
+    void setStyle(const wchar_t* name) override;
+    void setFontName(const wchar_t* name) override;
+    void setFontSize(short points) override;
+    void setFontAttribute(short attribute, bool isOn) override;
+    void setTextAlign(short number) override;
+    void startTable() override;
+    void addRow() override;
+    void addCell() override;
+    void endTable() override;
+    void setTableRowHeight(long points) override;
+    void insertTOC(short level) override;
+    void startTOCEntry() override;
+    void endTOCEntry() override;
+    void insertFile(const wchar_t* fileName, short insertAsType) override;
+    void insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUrl) override;
+    void insertXref(const wchar_t* text, const wchar_t* tagName) override;
+    void insertTag(const wchar_t* tagName) override;
+
+private:
+    struct Story;
+
+    enum class Part
+    {
+        header,
+        footer
+    };
+    struct PartPlace
+    {
+        int section;
+        Part part;
+        auto operator<=>(const PartPlace&) const = default;
+    };
+
+    StoryContent& content();
+    void startPart(Part part);
+    void endPart(Part part);
+    std::unique_ptr<Story> makePart(PartPlace place);
+
+    void insertLink(std::u16string_view text, const LinkTarget& target);
+    [[nodiscard]] LinkTarget targetOf(const std::u16string& name);
+    void insertPicture(const std::wstring& file, const LinkTarget* link);
+    void insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
+                      bool isLinked);
+    void insertContentsOf(const std::wstring& file);
+    void reportMissing(const wchar_t* fileName);
+
+    void flushIfMuchWaits();
+    void flush(Story& story);
+    void flushAll();
+    void removeDeadLinks();
+    [[nodiscard]] bool leadsSomewhere(const LinkTarget& target);
+
+    Word::_DocumentPtr document_;
+    Pen pen_;
+    std::wstring installDir_;
+    Trace trace_;
+    StyleBook styles_;
+    TagNames tags_;
+    std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
+    int tocLevel_ = 0;
+
+    std::unique_ptr<Story> body_;
+    std::map<PartPlace, std::unique_ptr<Story>> parts_;
+    std::map<Part, int> openParts_; ///< the section of the header, or footer, that is being written
+    Story* current_;                ///< where content goes
+    int sections_ = 1;
+    int sectionsInWord_ = 1;
+    bool isSectionDue_ = false; ///< A page break in Word is still to become a section's end.
+    bool isFinishing_ = false;
+    bool isFinished_ = false;
+};
+
+} // namespace compose

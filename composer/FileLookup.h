@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace compose {
+
+/// An address with a scheme of two or more letters, or one that begins with "www."; no file name.
+bool isAddress(std::wstring_view name);
+
+bool isFileThere(const std::wstring& name);
+
+/// With its dot, as it is written; empty: none.
+std::wstring_view extensionOf(std::wstring_view fileName);
+std::wstring_view withoutFolder(std::wstring_view fileName);
+
+/// By the extension, whose case counts: .bmp, .jpg, .jpeg, .gif, .emf.
+bool isPicture(std::wstring_view fileName);
+
+/// The file that a client means: as named, or, for a picture named without a folder, in the folder "pix" of the
+/// installation.
+std::optional<std::wstring> findFile(const std::wstring& name, const std::wstring& installDir);
+
+/// From the process's own directory, which is not Word's.
+std::wstring fullPathOf(const std::wstring& name);
+
+} // namespace compose

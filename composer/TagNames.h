@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace compose {
+
+/// The bookmarks that stand for a client's tags, and where they have been placed.
+class TagNames
+{
+public:
+    /// The bookmark of a tag; a new one when the tag was never named before. Names are told apart by case.
+    const std::u16string& bookmarkOf(const std::u16string& tag)
+    {
+        std::u16string& bookmark = bookmarks_[tag];
+        if (bookmark.empty()) {
+            bookmark = u"b";
+            for (const char digit : std::to_string(bookmarks_.size()))
+                bookmark += static_cast<char16_t>(digit);
+        }
+        return bookmark;
+    }
+
+    /// `story`: what tells the places apart that can lose all they hold.
+    void place(const std::u16string& bookmark, const void* story) { places_[bookmark] = story; }
+    /// The story is gone, and its tags with it.
+    void forget(const void* story)
+    {
+        std::erase_if(places_, [story](const auto& place) { return place.second == story; });
+    }
+    [[nodiscard]] bool isPlaced(const std::u16string& bookmark) const { return places_.contains(bookmark); }
+
+private:
+    std::map<std::u16string, std::u16string> bookmarks_;
+    std::map<std::u16string, const void*> places_;
+};
+
+} // namespace compose

@@ -1,0 +1,531 @@
+#include "StoryContent.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace compose {
+
+namespace {
+
+constexpr std::u16string_view normal = u"Normal";
+constexpr std::u16string_view headingPrefix = u"Heading ";
+constexpr int centred = 2;
+constexpr int deepestLevel = 9;
+constexpr char16_t paragraphEnd = u'\r';
+
+/// What an item and a paragraph take up beside their characters, roughly.
+constexpr std::size_t itemSize = sizeof(Item);
+constexpr std::size_t paragraphSize = sizeof(Paragraph) + sizeof(Block);
+
+bool endsParagraph(char16_t unit)
+{
+    return unit == u'\r' || unit == u'\n';
+}
+
+/// What Word takes as text, and keeps as one character.
+bool isPlain(char16_t unit)
+{
+    constexpr char16_t nonBreakingHyphen = 30;
+    constexpr char16_t optionalHyphen = 31;
+    return unit >= u' ' || unit == u'\t' || unit == u'\v' || unit == nonBreakingHyphen ||
+           unit == optionalHyphen;
+}
+
+/// Each run of paragraph ends as one space: an entry is one line.
+std::u16string asEntry(std::u16string_view collected)
+{
+    std::u16string entry;
+    for (std::size_t i = 0; i < collected.size(); ++i) {
+        if (collected[i] != paragraphEnd)
+            entry += collected[i];
+        else if (i == 0 || collected[i - 1] != paragraphEnd)
+            entry += u' ';
+    }
+    return entry;
+}
+
+/// n for the style "Heading n", else 1.
+int entryLevel(std::u16string_view style)
+{
+    if (!style.starts_with(headingPrefix))
+        return 1;
+    int level = 0;
+    for (const char16_t digit : style.substr(headingPrefix.size())) {
+        if (digit < u'0' || digit > u'9')
+            return 1;
+        level = std::min(level * 10 + (digit - u'0'), deepestLevel);
+    }
+    return std::max(level, 1);
+}
+
+template <class What>
+bool holds(const Item& item)
+{
+    return std::holds_alternative<What>(item.what);
+}
+
+bool isSameFont(const FontWishPtr& a, const FontWishPtr& b)
+{
+    return a == b || (a && b && *a == *b);
+}
+
+} // namespace
+
+StoryContent::StoryContent(std::u16string_view style)
+{
+    beginStyle(style, style);
+}
+
+void StoryContent::write(Item item)
+{
+    settleParagraph();
+    current().items.push_back(std::move(item));
+    addWaiting(itemSize);
+}
+
+// In a cell the paragraphs are plain, whatever style gives the font.
+void StoryContent::settleParagraph()
+{
+    if (isTableOpen_)
+        return;
+    Paragraph& paragraph = outside();
+    if (!paragraph.holdsAnything()) {
+        paragraph.style = style_;
+        paragraph.alignment = alignment_;
+        paragraph.isSettled = true;
+        paragraph.isAligned = false;
+    }
+    isStyleFresh_ = false;
+}
+
+void StoryContent::objectWritten()
+{
+    current().holdsWritten = true;
+}
+
+void StoryContent::prepareFile()
+{
+    if (current().holdsAnything())
+        endParagraph();
+}
+
+void StoryContent::fileWritten(bool endsInTable)
+{
+    if (!isTableOpen_)
+        isBehindTable_ = endsInTable;
+}
+
+void StoryContent::insertText(std::u16string_view text, const LinkTarget* target)
+{
+    LinkNumber link = noLink;
+    if (target && !text.empty()) {
+        link = static_cast<LinkNumber>(links_.size());
+        links_.push_back(*target);
+        addWaiting(sizeof(LinkTarget) + 2 * (target->address.size() + target->bookmark.size()));
+    }
+    while (!text.empty()) {
+        const auto end = std::ranges::find_if(text, endsParagraph);
+        const auto length = static_cast<std::size_t>(end - text.begin());
+        writeCharacters(text.substr(0, length), link);
+        text.remove_prefix(length);
+        if (!text.empty()) {
+            text.remove_prefix(text.starts_with(u"\r\n") ? 2 : 1);
+            endParagraph(link);
+        }
+    }
+}
+
+void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber link)
+{
+    while (!characters.empty()) {
+        const bool breaksPage = characters.front() == u'\f' && !isTableOpen_;
+        if (breaksPage) {
+            write({PageBreak(), {}, link});
+            collect(u" ");
+            characters.remove_prefix(1);
+            continue;
+        }
+        const std::size_t length = std::min(characters.find(u'\f', 1), characters.size());
+        std::u16string plain(characters.substr(0, length));
+        std::ranges::replace_if(plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
+        collect(plain);
+        addWaiting(plain.size() * sizeof(char16_t));
+        std::vector<Item>& items = current().items;
+        Text* const last = items.empty() ? nullptr : std::get_if<Text>(&items.back().what);
+        if (last && items.back().link == link && isSameFont(items.back().font, font_))
+            last->characters += plain;
+        else
+            write({Text{std::move(plain)}, font_, link});
+        characters.remove_prefix(length);
+    }
+}
+
+void StoryContent::insertEndl()
+{
+    endParagraph();
+}
+
+void StoryContent::endParagraph(LinkNumber link)
+{
+    Paragraph& paragraph = current();
+    paragraph.endLink = link;
+    collect({&paragraphEnd, 1});
+    addWaiting(paragraphSize);
+    if (isTableOpen_) {
+        Paragraph next;
+        next.alignment = alignment_;
+        cell().push_back(std::move(next));
+        return;
+    }
+    if (!paragraph.holdsAnything()) {
+        paragraph.style = isStyleFresh_ ? normal : style_;
+        paragraph.alignment = alignment_;
+    }
+    blocks_.emplace_back(Paragraph());
+    isBehindTable_ = false;
+}
+
+void StoryContent::endParagraphIfItHoldsAnything()
+{
+    if (outside().holdsAnything())
+        endParagraph();
+}
+
+void StoryContent::insertPageBreak()
+{
+    if (isTableOpen_)
+        return;
+    if (lastBreak_ == LastBreak::waiting)
+        for (Item& item : std::get<Paragraph>(blocks_[lastBreakBlock_]).items)
+            if (auto* const breakBefore = std::get_if<PageBreak>(&item.what))
+                breakBefore->isLast = false;
+    write({PageBreak{.isLast = true}});
+    lastBreak_ = LastBreak::waiting;
+    lastBreakBlock_ = blocks_.size() - 1;
+}
+
+void StoryContent::insertField(int number)
+{
+    write({Field{number}, font_});
+}
+
+void StoryContent::insertTag(const std::u16string& bookmark)
+{
+    current().items.push_back({Tag{bookmark}});
+    addWaiting(itemSize);
+    waitingTags_.insert(bookmark);
+}
+
+void StoryContent::removeTag(std::u16string_view bookmark)
+{
+    const auto waiting = waitingTags_.find(bookmark);
+    if (waiting == waitingTags_.end())
+        return;
+    waitingTags_.erase(waiting);
+    const auto removeFrom = [bookmark](Paragraph& paragraph) {
+        std::erase_if(paragraph.items, [bookmark](const Item& item) {
+            const auto* const tag = std::get_if<Tag>(&item.what);
+            return tag && tag->bookmark == bookmark;
+        });
+    };
+    for (Block& block : blocks_) {
+        if (auto* const paragraph = std::get_if<Paragraph>(&block)) {
+            removeFrom(*paragraph);
+            continue;
+        }
+        for (Row& row : std::get<Table>(block).rows)
+            for (Cell& each : row)
+                std::ranges::for_each(each, removeFrom);
+    }
+}
+
+void StoryContent::beginStyle(std::u16string_view name, std::u16string_view style)
+{
+    styleName_ = name;
+    style_ = style;
+    isStyleFresh_ = name != normal;
+    changeFont({.style = style_});
+}
+
+void StoryContent::prepareStyle()
+{
+    if (!isTableOpen_)
+        endParagraphIfItHoldsAnything();
+}
+
+void StoryContent::setStyle(std::u16string_view name, std::u16string_view style)
+{
+    beginStyle(name, style);
+}
+
+void StoryContent::changeFont(FontWish font)
+{
+    font_ = std::make_shared<const FontWish>(std::move(font));
+}
+
+// A face alone was said: everything else is as in a font that nobody has changed.
+void StoryContent::setFontName(std::u16string_view name)
+{
+    changeFont({.style = style_,
+                .name = std::u16string(name),
+                .size = 0,
+                .isBold = false,
+                .isItalic = false,
+                .isUnderlined = false,
+                .isStruck = false});
+}
+
+void StoryContent::setFontSize(int points)
+{
+    FontWish font = *font_;
+    font.size = points;
+    changeFont(std::move(font));
+}
+
+void StoryContent::setFontAttribute(int attribute, bool isOn)
+{
+    FontWish font = *font_;
+    switch (attribute) {
+    case 1:
+        font.isBold = isOn;
+        break;
+    case 2:
+        font.isItalic = isOn;
+        break;
+    case 4:
+        font.isUnderlined = isOn;
+        break;
+    case 8:
+        font.isStruck = isOn;
+        break;
+    default:
+        return;
+    }
+    changeFont(std::move(font));
+}
+
+// In a table the paragraph in hand is aligned too, and the cells behind it in its row.
+void StoryContent::setTextAlign(int number)
+{
+    if (number == alignmentNumber_)
+        return;
+    if (!isTableOpen_)
+        endParagraphIfItHoldsAnything();
+    alignmentNumber_ = number;
+    alignment_ = number;
+    if (!isTableOpen_)
+        return;
+    Row& row = table().rows.back();
+    for (std::size_t column = column_; column < row.size(); ++column) {
+        row[column].back().alignment = number;
+        row[column].back().isAligned = false;
+    }
+}
+
+// Word makes one table of two that touch, so a paragraph keeps them apart. Tags in front of a table move into
+// its first cell: so they stay in front of what the client wrote behind them.
+void StoryContent::startTable()
+{
+    if (isTableOpen_)
+        return;
+    endParagraphIfItHoldsAnything();
+    Paragraph inFront = std::exchange(outside(), Paragraph());
+    blocks_.pop_back();
+    const bool isBehindTable =
+        blocks_.empty() ? isBehindTable_ : std::holds_alternative<Table>(blocks_.back());
+    Paragraph first;
+    if (isBehindTable) {
+        inFront.style = normal;
+        inFront.alignment.reset();
+        blocks_.emplace_back(std::move(inFront));
+    } else {
+        first.items = std::move(inFront.items);
+    }
+    beginStyle(normal, normal);
+    alignmentNumber_ = 0;
+    alignment_.reset();
+    blocks_.emplace_back(Table{.rows = {Row{Cell{std::move(first)}}}, .heights = {0}});
+    blocks_.emplace_back(Paragraph());
+    addWaiting(2 * paragraphSize);
+    isBehindTable_ = false;
+    isTableOpen_ = true;
+    rowsBegun_ = cellsBegun_ = column_ = 0;
+    rowHeight_ = 0;
+}
+
+void StoryContent::addRow()
+{
+    if (!isTableOpen_ || (rowsBegun_ == 1 && cellsBegun_ == 0))
+        return;
+    ++rowsBegun_;
+    if (rowsBegun_ > 1) {
+        Paragraph empty;
+        empty.alignment = alignment_;
+        table().rows.push_back(Row(table().columns(), Cell{empty}));
+        table().heights.push_back(rowHeight_);
+        addWaiting(table().columns() * paragraphSize);
+    }
+    cellsBegun_ = column_ = 0;
+}
+
+// Cells beyond those of the first row are its last one.
+void StoryContent::addCell()
+{
+    if (!isTableOpen_ || rowsBegun_ == 0)
+        return;
+    ++cellsBegun_;
+    Row& row = table().rows.back();
+    if (rowsBegun_ == 1 && cellsBegun_ > 1) {
+        Paragraph empty;
+        empty.alignment = alignment_;
+        row.push_back(Cell{empty});
+        addWaiting(paragraphSize);
+    }
+    column_ = std::min(cellsBegun_, row.size()) - 1;
+}
+
+void StoryContent::endTable()
+{
+    if (!isTableOpen_)
+        return;
+    isTableOpen_ = false;
+    beginStyle(normal, normal);
+    alignmentNumber_ = 0;
+    alignment_.reset();
+}
+
+void StoryContent::setTableRowHeight(int points)
+{
+    if (!isTableOpen_)
+        return;
+    rowHeight_ = points;
+    table().heights.back() = points;
+}
+
+StoryContent::CellPlace StoryContent::currentCell() const
+{
+    const std::size_t before = table().writtenRows == 0 ? 0 : table().writtenRows - 1;
+    return {before + table().rows.size() - 1, column_};
+}
+
+bool StoryContent::insertTOC(std::u16string_view title)
+{
+    if (isTableOpen_)
+        return false;
+    const std::u16string styleName = styleName_;
+    const std::u16string style = style_;
+    const FontWishPtr font = font_;
+    const std::optional<int> alignment = alignment_;
+    for (Block& block : blocks_)
+        if (auto* const paragraph = std::get_if<Paragraph>(&block))
+            std::erase_if(paragraph->items, holds<Contents>);
+    endParagraphIfItHoldsAnything();
+    beginStyle(normal, normal);
+    alignment_ = centred;
+    insertText(title);
+    endParagraph();
+    endParagraph();
+    alignment_ = alignment;
+    write({Contents()});
+    endParagraph();
+    beginStyle(styleName, style);
+    font_ = font;
+    hasContents_ = true;
+    return std::exchange(isContentsWritten_, false);
+}
+
+void StoryContent::collect(std::u16string_view text)
+{
+    if (isCollecting_)
+        entry_ += text;
+}
+
+void StoryContent::startTOCEntry()
+{
+    if (!hasContents_)
+        return;
+    isCollecting_ = true;
+    entry_.clear();
+}
+
+void StoryContent::endTOCEntry()
+{
+    if (!isCollecting_)
+        return;
+    isCollecting_ = false;
+    if (!entry_.empty())
+        write({Entry{asEntry(entry_), entryLevel(style_)}});
+}
+
+StoryContent::LastBreak StoryContent::breakSection()
+{
+    const LastBreak found = std::exchange(lastBreak_, LastBreak::none);
+    if (found != LastBreak::waiting)
+        return found;
+    auto& paragraph = std::get<Paragraph>(blocks_[lastBreakBlock_]);
+    const auto last = std::ranges::find_if(paragraph.items, [](const Item& item) {
+        const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
+        return pageBreak && pageBreak->isLast;
+    });
+    Paragraph behind = paragraph;
+    behind.items.assign(std::next(last), paragraph.items.end());
+    behind.holdsWritten = false;
+    paragraph.items.erase(last, paragraph.items.end());
+    paragraph.end = ParagraphEnd::section;
+    paragraph.endLink = noLink;
+    blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(lastBreakBlock_) + 1, std::move(behind));
+    return found;
+}
+
+bool StoryContent::isPending() const
+{
+    if (blocks_.size() > (isTableOpen_ ? 2U : 1U))
+        return true;
+    const auto isPendingIn = [](const Paragraph& paragraph) {
+        return !paragraph.items.empty() || (paragraph.isSettled && !paragraph.isAligned);
+    };
+    if (isTableOpen_) {
+        const Table& open = table();
+        if (open.writtenRows == 0 || open.rows.size() > 1 || open.columns() > open.writtenColumns)
+            return true;
+        for (const Cell& each : open.rows.front())
+            if (each.size() > 1 || isPendingIn(each.back()) || !each.back().isAligned)
+                return true;
+        return false;
+    }
+    return isPendingIn(std::get<Paragraph>(blocks_.back()));
+}
+
+void StoryContent::taken()
+{
+    const auto keepOpen = [](Paragraph& paragraph) {
+        paragraph.holdsWritten = paragraph.holdsAnything();
+        paragraph.isAligned = true;
+        paragraph.items.clear();
+    };
+    if (isTableOpen_) {
+        Table& open = table();
+        open.writtenRows = currentCell().row + 1;
+        open.writtenColumns = open.columns();
+        open.rows.erase(open.rows.begin(), open.rows.end() - 1);
+        open.heights.erase(open.heights.begin(), open.heights.end() - 1);
+        for (Cell& each : open.rows.back()) {
+            each.erase(each.begin(), each.end() - 1);
+            keepOpen(each.back());
+        }
+        blocks_.erase(blocks_.begin(), blocks_.end() - 2);
+    } else {
+        if (blocks_.size() > 1)
+            isBehindTable_ = std::holds_alternative<Table>(blocks_[blocks_.size() - 2]);
+        blocks_.erase(blocks_.begin(), blocks_.end() - 1);
+        keepOpen(outside());
+    }
+    links_.clear();
+    waitingTags_.clear();
+    waiting_ = 0;
+    isContentsWritten_ = hasContents_;
+    if (lastBreak_ == LastBreak::waiting)
+        lastBreak_ = LastBreak::written;
+}
+
+} // namespace compose

@@ -1,0 +1,410 @@
+#include "TypedPen.h"
+
+#include "StyleBook.h"
+#include "WideText.h"
+#include "WordConstants.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace compose {
+
+namespace {
+
+constexpr int triesOfAnOperation = 2;
+constexpr bool noMergeFormat = false;
+
+_variant_t fieldType(int number)
+{
+    switch (number) {
+    case 1:
+        return Word::integer(Word::wdFieldDate);
+    case 2:
+        return Word::integer(Word::wdFieldTime);
+    case 3:
+        return Word::integer(Word::wdFieldFileName);
+    case 4:
+        return Word::integer(Word::wdFieldPage);
+    default:
+        return {};
+    }
+}
+
+/// What stands between the field's beginning and its end: quotation marks and backslashes are escaped.
+std::u16string entryCode(std::u16string_view entry, int level)
+{
+    std::u16string code = u"\"";
+    for (const char16_t unit : entry) {
+        if (unit == u'"' || unit == u'\\')
+            code += u'\\';
+        code += unit;
+    }
+    code += u"\" \\fC \\l \"";
+    code += static_cast<char16_t>(u'0' + level);
+    code += u'"';
+    return code;
+}
+
+bool endsParagraph(wchar_t unit)
+{
+    return unit == L'\r' || unit == L'\n' || unit == L'\a';
+}
+
+} // namespace
+
+TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story)
+    : document_(document), range_(story)
+{
+}
+
+void TypedPen::carryOut(Plan& plan)
+{
+    while (!plan.passages.empty()) {
+        Passage& passage = plan.passages.front();
+        if (!isBegun_) {
+            base_ = begin(passage.cell);
+            isBegun_ = true;
+        }
+        operations_ = &passage.operations;
+        while (!passage.operations.empty()) {
+            hasActed_ = false;
+            try {
+                // The operation may put another one in front of the rest.
+                const Operation operation = passage.operations.front();
+                std::visit([this](const auto& each) { perform(each); }, operation);
+            } catch (...) {
+                if (hasActed_ || ++failures_ == triesOfAnOperation) {
+                    failures_ = 0;
+                    if (std::holds_alternative<WriteText>(passage.operations.front()))
+                        passage.operations.clear(); // they are about that text
+                    else
+                        passage.operations.pop_front();
+                }
+                throw;
+            }
+            failures_ = 0;
+            passage.operations.pop_front();
+        }
+        plan.passages.pop_front();
+        isBegun_ = false;
+    }
+}
+
+/// Where text at the end of the story, or of the cell, begins.
+long TypedPen::begin(const Place& place)
+{
+    if (!place)
+        return range_->GetStoryLength() - 1;
+    return table_->Cell(static_cast<long>(place->row) + 1, static_cast<long>(place->column) + 1)
+               ->GetRange()
+               ->GetEnd() -
+           1;
+}
+
+void TypedPen::select(Span span)
+{
+    range_->SetRange(base_ + span.start, base_ + span.end);
+}
+
+void TypedPen::perform(const WriteText& text)
+{
+    const _bstr_t characters = bstr(text.text);
+    select({text.at, text.at});
+    mutate();
+    range_->InsertAfter(characters);
+}
+
+void TypedPen::perform(const ClearFont& clear)
+{
+    select(clear.span);
+    range_->GetFont()->Reset();
+}
+
+void TypedPen::perform(const PutStyle& style)
+{
+    select(style.span);
+    range_->PutStyle(StyleBook::argumentOf(style.style));
+}
+
+void TypedPen::perform(const PutAlignment& alignment)
+{
+    select(alignment.span);
+    const Word::_ParagraphFormatPtr format = range_->GetParagraphFormat();
+    if (alignment.alignment)
+        format->PutAlignment(*alignment.alignment);
+    else
+        format->Reset();
+}
+
+// The range has the properties that are said most often itself.
+void TypedPen::perform(const PutFont& font)
+{
+    select(font.span);
+    const FontChange& change = font.change;
+    if (change.isBold)
+        range_->PutBold(*change.isBold ? 1 : 0);
+    if (change.isItalic)
+        range_->PutItalic(*change.isItalic ? 1 : 0);
+    if (change.isUnderlined)
+        range_->PutUnderline(*change.isUnderlined ? Word::wdUnderlineSingle : Word::wdUnderlineNone);
+    if (!change.name && !change.size && !change.isStruck)
+        return;
+    const Word::_FontPtr target = range_->GetFont();
+    if (change.name)
+        target->PutName(bstr(*change.name));
+    if (change.size)
+        target->PutSize(*change.size);
+    if (change.isStruck)
+        target->PutStrikeThrough(*change.isStruck ? 1 : 0);
+}
+
+void TypedPen::perform(const MakeTable& table)
+{
+    const _variant_t& none = Word::missing;
+    const bool autoFit = false;
+    select(table.span);
+    mutate();
+    table_ = range_->ConvertToTable(Word::integer(Word::wdSeparateByParagraphs),
+                                    Word::integer(static_cast<long>(table.rows)),
+                                    Word::integer(static_cast<long>(table.columns)), none, none, none, none,
+                                    none, none, none, none, none, none, autoFit,
+                                    Word::integer(Word::wdAutoFitFixed),
+                                    Word::integer(Word::wdWord8TableBehavior));
+    putHeights(table.heights, 0, table.rows);
+}
+
+// New rows look like the one above them, and are to look like none.
+void TypedPen::perform(const ExtendTable& table)
+{
+    mutate();
+    if (table.columns > 0) {
+        const Word::ColumnsPtr columns = table_->GetColumns();
+        for (long count = columns->GetCount(); count < static_cast<long>(table.columns); ++count)
+            columns->Add();
+    }
+    const Word::RowsPtr rows = table_->GetRows();
+    for (std::size_t row = table.rowsBefore; row < table.rows; ++row) {
+        const Word::RangePtr added = rows->Add()->GetRange();
+        added->PutStyle(StyleBook::argumentOf(u"Normal"));
+        added->GetParagraphFormat()->Reset();
+        added->GetFont()->Reset();
+    }
+    putHeights(table.heights, table.rowsBefore - 1, table.rows);
+}
+
+void TypedPen::putHeights(const std::vector<int>& heights, std::size_t firstRow, std::size_t rows)
+{
+    const auto isSaid = [](int height) { return height != 0; };
+    if (std::ranges::none_of(heights, isSaid))
+        return;
+    const auto points = [](int height) { return static_cast<float>(height); };
+    const Word::RowsPtr all = table_->GetRows();
+    const bool isSame = std::ranges::count(heights, heights.front()) == std::ssize(heights);
+    if (isSame && heights.size() == rows) {
+        all->SetHeight(points(heights.front()), Word::wdRowHeightExactly);
+        return;
+    }
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        if (isSaid(heights[i]))
+            all->Item(static_cast<long>(firstRow + i) + 1)
+                ->SetHeight(points(heights[i]), Word::wdRowHeightExactly);
+}
+
+void TypedPen::perform(const AddField& field)
+{
+    if (field.replacesCharacter) {
+        const AddField behind{field.at + 1, field.number};
+        const RemoveText character{{field.at, field.at + 1}};
+        operations_->front() = behind;
+        operations_->insert(operations_->begin() + 1, character);
+        return perform(behind);
+    }
+    select({field.at, field.at});
+    const Word::FieldsPtr fields = range_->GetFields();
+    mutate();
+    const Word::FieldPtr added = fields->Add(range_, fieldType(field.number), Word::missing, noMergeFormat);
+    if (isTagNext())
+        pastField_ = added->GetResult()->GetEnd() + 1;
+}
+
+void TypedPen::perform(const AddEntry& entry)
+{
+    const _bstr_t code = bstr(entryCode(entry.text, entry.level));
+    select({entry.at, entry.at});
+    const Word::FieldsPtr fields = range_->GetFields();
+    mutate();
+    const Word::FieldPtr added =
+        fields->Add(range_, Word::integer(Word::wdFieldTOCEntry), code, noMergeFormat);
+    if (isTagNext())
+        pastField_ = added->GetCode()->GetEnd() + 1;
+}
+
+void TypedPen::perform(const AddLink& link)
+{
+    if (!hyperlinks_)
+        hyperlinks_ = document_->GetHyperlinks();
+    const _bstr_t address = bstr(link.target.address);
+    const _bstr_t bookmark = bstr(link.target.bookmark);
+    select(link.span);
+    mutate();
+    hyperlinks_->Add(range_, address, bookmark);
+}
+
+void TypedPen::perform(const PlaceTag& tag)
+{
+    if (!bookmarks_)
+        bookmarks_ = document_->GetBookmarks();
+    if (tag.isBehindField)
+        range_->SetRange(pastField_, pastField_);
+    else
+        select({tag.at, tag.at});
+    bookmarks_->Add(bstr(tag.bookmark), Word::object(range_));
+}
+
+// The section's end comes first, so that a tag behind the page break stays behind it.
+void TypedPen::perform(const BreakSection& section)
+{
+    select({section.at, section.at});
+    mutate();
+    range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
+    operations_->insert(operations_->begin() + 1, RemoveText{{section.at + 1, section.at + 2}});
+}
+
+void TypedPen::perform(const RemoveText& removal)
+{
+    select(removal.span);
+    mutate();
+    range_->Delete();
+    pastField_ -= removal.span.end - removal.span.start;
+}
+
+/// Whether the operation in hand is followed by a tag behind the field that it adds.
+bool TypedPen::isTagNext() const
+{
+    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next) {
+        if (std::holds_alternative<RemoveText>(*next))
+            continue;
+        const auto* const tag = std::get_if<PlaceTag>(&*next);
+        return tag && tag->isBehindField;
+    }
+    return false;
+}
+
+void TypedPen::perform(const KeepBreak& pageBreak)
+{
+    const Word::RangePtr range = range_->GetDuplicate();
+    range->SetRange(base_ + pageBreak.at, base_ + pageBreak.at + 1);
+    lastBreak_ = range;
+}
+
+void TypedPen::perform(const KeepContents& contents)
+{
+    const Word::RangePtr range = range_->GetDuplicate();
+    range->SetRange(base_ + contents.at, base_ + contents.at);
+    contents_ = range;
+}
+
+void TypedPen::breakSection()
+{
+    const long at = lastBreak_->GetStart();
+    range_->SetRange(at, at);
+    range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
+    range_->SetRange(at + 1, at + 2);
+    range_->Delete();
+    lastBreak_ = nullptr;
+}
+
+void TypedPen::addPicture(const Place& place, const std::u16string& file)
+{
+    base_ = begin(place);
+    select({0, 0});
+    const bool isLinked = false;
+    const bool isSaved = true;
+    range_->GetInlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
+}
+
+void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
+{
+    constexpr long defaultIcon = 1;
+    base_ = begin(place);
+    select({0, 0});
+    const bool isIcon = true;
+    const _variant_t classType = object.isLinked ? Word::missing : _variant_t(bstr(object.classType));
+    range_->GetInlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
+                                            bstr(object.iconProgram), Word::integer(defaultIcon),
+                                            bstr(object.label), Word::object(range_));
+}
+
+// A paragraph of the file's own takes up its last one. Where the file ends its last paragraph itself, one too
+// many is there afterwards.
+bool TypedPen::addFile(const Place& place, const std::u16string& file, const Ground& ground)
+{
+    base_ = begin(place);
+    select({0, 0});
+    range_->InsertAfter(L"\r");
+    if (ground != Ground()) {
+        select({0, 1});
+        range_->PutStyle(StyleBook::argumentOf(u"Normal"));
+        range_->GetParagraphFormat()->Reset();
+        range_->GetFont()->Reset();
+    }
+    const bool confirmConversions = false;
+    const bool isLinked = false;
+    const bool asAttachment = false;
+    select({0, 0});
+    try {
+        range_->InsertFile(bstr(file), L"", confirmConversions, isLinked, asAttachment);
+    } catch (const _com_error&) {
+        select({0, 1});
+        range_->Delete();
+        throw;
+    }
+    const long end = begin(place) - 1; // in front of the paragraph's own end
+    if (end == base_)
+        return false;
+    range_->SetRange(end - 1, end);
+    const _bstr_t last = range_->GetText();
+    if (last.length() == 0 || !endsParagraph(static_cast<const wchar_t*>(last)[0]))
+        return false;
+    const bool endsInTable = static_cast<const wchar_t*>(last)[last.length() - 1] == L'\a';
+    range_->SetRange(end, end + 1);
+    range_->Delete();
+    return endsInTable;
+}
+
+void TypedPen::makeContents(int level)
+{
+    constexpr short deepestLevel = 9;
+    constexpr short upperLevel = 1;
+    const bool useHeadingStyles = level > 0;
+    const auto lowerLevel = static_cast<short>(level > 0 ? std::min<int>(level, deepestLevel) : deepestLevel);
+    const bool useFields = true;
+    const bool rightAlignPageNumbers = true;
+    const bool includePageNumbers = true;
+    const Word::RangePtr place = std::exchange(contents_, nullptr);
+    const Word::TableOfContentsPtr table = document_->GetTablesOfContents()->Add(
+        place, useHeadingStyles, upperLevel, lowerLevel, useFields, Word::missing, rightAlignPageNumbers,
+        includePageNumbers, L"");
+    table->PutTabLeader(Word::wdTabLeaderDots);
+}
+
+void TypedPen::removeLinks(const std::set<std::u16string>& bookmarks)
+{
+    range_->WholeStory();
+    const Word::HyperlinksPtr links = range_->GetHyperlinks();
+    for (long i = links->GetCount(); i > 0; --i) {
+        const Word::HyperlinkPtr link = links->Item(Word::integer(i));
+        if (bookmarks.contains(portable(link->GetSubAddress())))
+            link->Delete();
+    }
+}
+
+void TypedPen::clear()
+{
+    range_->WholeStory();
+    range_->Delete();
+    range_->GetParagraphFormat()->Reset();
+    range_->GetFont()->Reset();
+}
+
+} // namespace compose

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Plan.h"
+
+#include "Word.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace compose {
+
+/// A file that is to stand as an icon that opens it.
+struct EmbeddedObject
+{
+    std::u16string file;
+    std::u16string classType;   ///< "Excel.Sheet"
+    std::u16string iconProgram; ///< "excel.exe"
+    std::u16string label;
+    bool isLinked = false;
+};
+
+/// Carries plans out in one story of a document, call by call.
+///
+/// Errors: a failed Word call raises `_com_error`. What had not been done by then is in the plan still, so
+/// that carrying it out again goes on behind what was done. An operation that fails twice is left out; one
+/// that may have taken effect is not tried again.
+///
+/// Threading: that of the document.
+class TypedPen
+{
+public:
+    /// Writes at the end of the story that `story` is a range of.
+    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story);
+
+    void carryOut(Plan& plan);
+
+    /// \name What is put at the end of the story, or of a cell of the table made last
+    /// @{
+    using Place = std::optional<Passage::Cell>;
+    void addPicture(const Place& place, const std::u16string& file);
+    /// The picture added last leads there.
+    void linkPicture(const LinkTarget& target) { perform(AddLink{{0, 1}, target}); }
+    void addObject(const Place& place, const EmbeddedObject& object);
+    /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when it
+    /// ends in a table.
+    bool addFile(const Place& place, const std::u16string& file, const Ground& ground);
+    /// @}
+
+    /// The page break kept last becomes the end of a section.
+    void breakSection();
+    /// Makes the table of contents at the place kept last. `level`: lowest heading level to list; 0: entries
+    /// only.
+    void makeContents(int level);
+    void dropContents() { contents_ = nullptr; }
+    [[nodiscard]] bool hasContents() const { return contents_ != nullptr; }
+    /// The text of the links to these bookmarks becomes plain.
+    void removeLinks(const std::set<std::u16string>& bookmarks);
+    /// Nothing is in the story but an empty paragraph, which is plain.
+    void clear();
+
+private:
+    long begin(const Place& place);
+    void select(Span span);
+    void mutate() { hasActed_ = true; }
+    [[nodiscard]] bool isTagNext() const;
+
+    void perform(const WriteText& text);
+    void perform(const ClearFont& clear);
+    void perform(const PutStyle& style);
+    void perform(const PutAlignment& alignment);
+    void perform(const PutFont& font);
+    void perform(const MakeTable& table);
+    void perform(const ExtendTable& table);
+    void perform(const AddField& field);
+    void perform(const AddEntry& entry);
+    void perform(const AddLink& link);
+    void perform(const PlaceTag& tag);
+    void perform(const BreakSection& section);
+    void perform(const KeepBreak& pageBreak);
+    void perform(const KeepContents& contents);
+    void perform(const RemoveText& removal);
+
+    void putHeights(const std::vector<int>& heights, std::size_t firstRow, std::size_t rows);
+
+    Word::_DocumentPtr document_;
+    Word::RangePtr range_; ///< moved to each place
+    Word::HyperlinksPtr hyperlinks_;
+    Word::BookmarksPtr bookmarks_;
+    Word::TablePtr table_;     ///< the one made last
+    Word::RangePtr lastBreak_; ///< covers the page break
+    Word::RangePtr contents_;  ///< collapsed
+    long pastField_ = 0;       ///< behind the field or entry added last
+
+    std::deque<Operation>* operations_ = nullptr; ///< of the passage being carried out
+    long base_ = 0;                               ///< where that passage begins
+    bool isBegun_ = false;
+    bool hasActed_ = false; ///< The operation in hand has changed the document, or may have.
+    int failures_ = 0;      ///< of the operation in hand
+};
+
+} // namespace compose

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Content.h"
+#include "Operation.h"
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace compose {
+
+class StyleSheet;
+
+/// The paragraph that a text is written into, as Word holds it.
+struct Ground
+{
+    std::u16string style = u"Normal";          ///< empty: unknown
+    std::optional<int> alignment = {};         ///< direct; Word's number
+    bool isAlignmentKnown = true;
+    bool isPlain = true; ///< What is written behind its text takes over no formatting.
+
+    bool operator==(const Ground&) const = default;
+};
+
+/// Operations that count from one place: the end of the story's text, or of a cell of the table made last.
+struct Passage
+{
+    struct Cell
+    {
+        std::size_t row = 0; ///< from 0
+        std::size_t column = 0;
+        bool operator==(const Cell&) const = default;
+    };
+    std::optional<Cell> cell = {}; ///< nothing: the end of the story
+    std::deque<Operation> operations = {};
+};
+
+struct Plan
+{
+    std::deque<Passage> passages;
+    Ground after; ///< of what is written behind
+};
+
+/// What a plan is made from.
+struct Source
+{
+    const Blocks& blocks;
+    const std::vector<LinkTarget>& links;
+    Ground ground;
+    /// Whether a link leads anywhere, or is to be plain text.
+    std::function<bool(const LinkTarget&)> leadsSomewhere;
+};
+
+/// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it (styles
+/// in front of direct formatting, neighbours together), then from the back to the front what lengthens it. So
+/// every position is known beforehand, and nobody has to be asked.
+///
+/// Raises what `styles` raises; otherwise cannot fail.
+Plan planOf(const Source& source, StyleSheet& styles);
+
+} // namespace compose

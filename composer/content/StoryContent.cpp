@@ -147,7 +147,8 @@ void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber li
         }
         const std::size_t length = std::min(characters.find(u'\f', 1), characters.size());
         std::u16string plain(characters.substr(0, length));
-        std::ranges::replace_if(plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
+        std::ranges::replace_if(
+            plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
         collect(plain);
         addWaiting(plain.size() * sizeof(char16_t));
         std::vector<Item>& items = current().items;

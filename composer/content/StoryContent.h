@@ -41,8 +41,8 @@ public:
     /// @{
     /// Whether `setStyle` with that name changes anything.
     [[nodiscard]] bool isInForce(std::u16string_view styleName) const { return styleName == styleName_; }
-    /// Ends an open paragraph that holds anything; comes in front of `setStyle`, and even where the style turns
-    /// out to be unknown.
+    /// Ends an open paragraph that holds anything; comes in front of `setStyle`, and even where the style
+    /// turns out to be unknown.
     void prepareStyle();
     /// `name` as the client said it, `style` the one that it means.
     void setStyle(std::u16string_view name, std::u16string_view style);

@@ -164,13 +164,13 @@ void TypedPen::perform(const MakeTable& table)
     const bool autoFit = false;
     select(table.span);
     mutate();
-    table_ = range_->ConvertToTable(Word::integer(Word::wdSeparateByParagraphs),
-                                    Word::integer(static_cast<long>(table.rows)),
-                                    Word::integer(static_cast<long>(table.columns)), none, none, none, none,
-                                    none, none, none, none, none, none, autoFit,
-                                    Word::integer(Word::wdAutoFitFixed),
-                                    Word::integer(Word::wdWord8TableBehavior));
-    putHeights(table.heights, 0, table.rows);
+    const Word::TablePtr made = range_->ConvertToTable(
+        Word::integer(Word::wdSeparateByParagraphs), Word::integer(static_cast<long>(table.rows)),
+        Word::integer(static_cast<long>(table.columns)), none, none, none, none, none, none, none, none, none,
+        none, autoFit, Word::integer(Word::wdAutoFitFixed), Word::integer(Word::wdWord8TableBehavior));
+    if (table.isLast)
+        table_ = made;
+    putHeights(made, table.heights, 0, table.rows);
 }
 
 // New rows look like the one above them, and are to look like none.
@@ -189,16 +189,17 @@ void TypedPen::perform(const ExtendTable& table)
         added->GetParagraphFormat()->Reset();
         added->GetFont()->Reset();
     }
-    putHeights(table.heights, table.rowsBefore - 1, table.rows);
+    putHeights(table_, table.heights, table.rowsBefore - 1, table.rows);
 }
 
-void TypedPen::putHeights(const std::vector<int>& heights, std::size_t firstRow, std::size_t rows)
+void TypedPen::putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
+                          std::size_t rows)
 {
     const auto isSaid = [](int height) { return height != 0; };
     if (std::ranges::none_of(heights, isSaid))
         return;
     const auto points = [](int height) { return static_cast<float>(height); };
-    const Word::RowsPtr all = table_->GetRows();
+    const Word::RowsPtr all = table->GetRows();
     const bool isSame = std::ranges::count(heights, heights.front()) == std::ssize(heights);
     if (isSame && heights.size() == rows) {
         all->SetHeight(points(heights.front()), Word::wdRowHeightExactly);
@@ -382,9 +383,9 @@ void TypedPen::makeContents(int level)
     const bool rightAlignPageNumbers = true;
     const bool includePageNumbers = true;
     const Word::RangePtr place = std::exchange(contents_, nullptr);
-    const Word::TableOfContentsPtr table = document_->GetTablesOfContents()->Add(
-        place, useHeadingStyles, upperLevel, lowerLevel, useFields, Word::missing, rightAlignPageNumbers,
-        includePageNumbers, L"");
+    const Word::TableOfContentsPtr table =
+        document_->GetTablesOfContents()->Add(place, useHeadingStyles, upperLevel, lowerLevel, useFields,
+                                              Word::missing, rightAlignPageNumbers, includePageNumbers, L"");
     table->PutTabLeader(Word::wdTabLeaderDots);
 }
 

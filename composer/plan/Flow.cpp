@@ -114,7 +114,8 @@ bool Flow::needsPlaceholder(const Paragraph& paragraph, std::size_t field)
     for (std::size_t i = field; i > 0; --i)
         if (as<Text>(paragraph.items[i - 1]))
             return changeOfItem(paragraph.items[i - 1], paragraph) != change;
-    const bool hasText = std::ranges::any_of(paragraph.items, [](const Item& item) { return as<Text>(item); });
+    const bool hasText =
+        std::ranges::any_of(paragraph.items, [](const Item& item) { return as<Text>(item); });
     return hasText || paragraph.holdsWritten || !change.isEmpty();
 }
 
@@ -253,7 +254,8 @@ void Flow::makeTable(const MadeTable& made, std::deque<Operation>& operations)
 {
     const Table& table = *made.table;
     const Span span{lines_[made.firstLine].start, lines_[made.pastLine - 1].past()};
-    operations.push_back(MakeTable{span, table.rows.size(), table.columns(), table.heights});
+    operations.push_back(
+        MakeTable{span, table.rows.size(), table.columns(), table.heights, &made == &tables_.back()});
     std::size_t line = made.pastLine;
     for (auto row = table.rows.rbegin(); row != table.rows.rend(); ++row) {
         for (auto cell = row->rbegin(); cell != row->rend(); ++cell) {

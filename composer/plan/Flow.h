@@ -38,10 +38,10 @@ private:
     struct Line
     {
         const Paragraph* paragraph;
-        Position start;      ///< In a table: as long as the table is text.
-        Position end;        ///< in front of its paragraph end
-        Position shift = 0;  ///< how much further it stands when its table is made
-        bool isLast = false; ///< It ends with a paragraph end that was there before.
+        Position start;                      ///< In a table: as long as the table is text.
+        Position end;                        ///< in front of its paragraph end
+        Position shift = 0;                  ///< how much further it stands when its table is made
+        bool isLast = false;                 ///< It ends with a paragraph end that was there before.
         std::vector<bool> placeholders = {}; ///< for each item; empty: none has one
 
         [[nodiscard]] Position past() const { return end + 1; }

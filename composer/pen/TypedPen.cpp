@@ -262,7 +262,7 @@ void TypedPen::perform(const PlaceTag& tag)
     bookmarks_->Add(bstr(tag.bookmark), Word::object(range_));
 }
 
-// The section's end comes first, so that a tag behind the page break stays behind it.
+// The section's end comes first, so that a tag behind the paragraph's end stays behind it.
 void TypedPen::perform(const BreakSection& section)
 {
     select({section.at, section.at});
@@ -307,7 +307,7 @@ void TypedPen::perform(const KeepContents& contents)
 
 void TypedPen::breakSection()
 {
-    const long at = lastBreak_->GetStart();
+    const long at = lastBreak_->GetEnd() - 1; // What was put right in front of it is in the range as well.
     range_->SetRange(at, at);
     range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
     range_->SetRange(at + 1, at + 2);

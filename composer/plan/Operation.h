@@ -98,7 +98,7 @@ struct RemoveText
 {
     Span span;
 };
-/// The page break at the place begins a new section instead.
+/// The paragraph end at the place ends a section instead.
 struct BreakSection
 {
     Position at = 0;

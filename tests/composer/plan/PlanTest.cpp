@@ -149,6 +149,33 @@ TEST_F(PlanTest, ClearsTheFontOfTextBehindFormattedText)
     EXPECT_TRUE(ground.isPlain);
 }
 
+TEST_F(PlanTest, ClearsTheFontOfTextBehindALink)
+{
+    link(u"a");
+    plan();
+    EXPECT_FALSE(ground.isPlain);
+    link(u"a\f");
+    plan();
+    EXPECT_FALSE(ground.isPlain);
+    link(u"a\n");
+    plan();
+    EXPECT_FALSE(ground.isPlain);
+    content.insertText(u"b\n");
+    plan();
+    EXPECT_TRUE(ground.isPlain);
+}
+
+TEST_F(PlanTest, EndsASectionWhoseNextParagraphLooksUnlikeItsLast)
+{
+    content.insertText(u"a");
+    content.insertPageBreak();
+    content.breakSection();
+    setStyle(u"Title");
+    content.insertTag(u"b1");
+    content.insertText(u"b");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b'", "style 2-4 Title", "tag 2 b1", "section 1"));
+}
+
 TEST_F(PlanTest, LeavesTheLastParagraphAloneWhileItHoldsNothing)
 {
     setStyle(u"Title");
@@ -198,6 +225,39 @@ TEST_F(PlanTest, GivesAFieldItsFontByACharacterInItsPlace)
     content.insertTag(u"b1");
     EXPECT_THAT(plan(),
                 ElementsAre("text 0 'aX'", "font 1-2 bold", "field 1 1 instead of X", "tag behind field b1"));
+}
+
+TEST_F(PlanTest, GivesEachFieldItsFontThatLooksUnlikeWhatIsInFront)
+{
+    content.setFontAttribute(1, true);
+    content.insertText(u"a");
+    content.setFontAttribute(1, false);
+    content.insertField(1);
+    content.setFontAttribute(1, true);
+    content.insertField(2);
+    content.insertField(3);
+    EXPECT_THAT(plan(), ElementsAre("text 0 'aXX'", "font 0-1 bold", "font 2-3 bold", "field 3 3",
+                                    "field 2 2 instead of X", "field 1 1 instead of X"));
+}
+
+TEST_F(PlanTest, GivesAFieldBehindAPageBreakItsFont)
+{
+    content.setFontAttribute(1, true);
+    content.insertText(u"a");
+    content.insertField(1);
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a^X'", "font 0-3 bold", "field 2 1 instead of X"));
+}
+
+TEST_F(PlanTest, NeedsNoCharacterForAPlainFieldInAnEmptyParagraph)
+{
+    content.setFontAttribute(1, true);
+    content.insertText(u"a\n");
+    content.setFontAttribute(1, false);
+    content.insertField(4);
+    content.insertEndl();
+    content.setFontAttribute(1, true);
+    content.insertText(u"b");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a||b'", "font 0-1 bold", "font 3-4 bold", "field 2 4"));
 }
 
 TEST_F(PlanTest, MakesOneLinkOfALabelWithParagraphEnds)
@@ -265,6 +325,32 @@ TEST_F(PlanTest, FillsACellOfSeveralParagraphsWhenItsTableIsMade)
     EXPECT_THAT(plan(), ElementsAre("text 0 'a|c|'", "alignment 2-4 1", "font 2-3 bold",
                                     "table 0-4 1x2 heights 0 last", "text 1 '|b'", "alignment 2-4 1",
                                     "font 2-3 bold", "tag 3 b1"));
+}
+
+TEST_F(PlanTest, LeavesThePlaceOfCellsParagraphsPlainBetweenFormattedCells)
+{
+    startRow(1);
+    content.setFontAttribute(1, true);
+    content.insertText(u"a");
+    content.addCell();
+    content.setFontAttribute(1, false);
+    content.insertText(u"\nb");
+    content.addCell();
+    content.setFontAttribute(1, true);
+    content.insertText(u"c");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a||c|'", "font 0-1 bold", "font 3-4 bold",
+                                    "table 0-5 1x3 heights 0 last", "text 2 '|b'"));
+}
+
+TEST_F(PlanTest, PlacesTagsRightBehindATableWhenItIsMade)
+{
+    startRow(1);
+    content.insertText(u"a");
+    content.endTable();
+    content.insertTag(u"b1");
+    content.insertText(u"b");
+    content.insertTag(u"b2");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b'", "tag 3 b2", "table 0-2 1x1 heights 0 last", "tag 3 b1"));
 }
 
 TEST_F(PlanTest, GoesOnWithAnOpenTable)

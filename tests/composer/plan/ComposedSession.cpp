@@ -85,10 +85,8 @@ void ComposedSession::call()
         return putPicture();
     case 2: {
         const std::u16string bookmark(choices_.oneOf(bookmarks));
-        return both("insertTag " + printable(bookmark), [&](StoryContent& content) {
-            content.removeTag(bookmark);
-            content.insertTag(bookmark);
-        });
+        return both("insertTag " + printable(bookmark),
+                    [&](StoryContent& content) { content.insertTag(bookmark); });
     }
     case 3: {
         const int number = 1 + static_cast<int>(choices_.below(5));

@@ -240,8 +240,11 @@ void ModelStory::perform(const MakeTable& table)
     require(table.rows > 0 && table.columns > 0, "a table without cells");
     require(table.heights.size() == table.rows, "a height for each row");
     const At start = place(table.span.start);
-    require(beginsParagraph(start), "a table in a paragraph");
-    require(start == 0 || characters_[start - 1].kind != Kind::rowEnd, "tables that touch");
+    At first = start;
+    while (first > 0 && characters_[first - 1].kind == Kind::fieldEnd)
+        --first; // of a link that covers the paragraph end in front
+    require(beginsParagraph(first), "a table in a paragraph");
+    require(first == 0 || characters_[first - 1].kind != Kind::rowEnd, "tables that touch");
     ++tables_;
     At at = start;
     for (std::size_t row = 0; row < table.rows; ++row) {
@@ -267,9 +270,7 @@ void ModelStory::perform(const MakeTable& table)
                 bookmarks_[name] = at;
     }
     require(at == place(table.span.end) + table.rows, "a table of other text");
-    require(characters_[at].kind == Kind::paragraphEnd || !isEnd(characters_[at].kind) ||
-                characters_[at].kind == Kind::sectionEnd,
-            "tables that touch");
+    require(characters_[at].table == 0, "tables that touch");
     if (table.isLast)
         openTable_ = tables_;
 }

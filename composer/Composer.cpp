@@ -62,21 +62,16 @@ struct Composer::Story
     TypedPen pen;
 };
 
-Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
-    : pen_(pen), installDir_(std::move(installDir)), trace_(trace)
+Composer::Composer(const Word::_DocumentPtr& document, Pen pen, std::wstring installDir)
+    : document_(document), pen_(pen), installDir_(std::move(installDir)), styles_(document)
 {
+    const Word::RangePtr whole = document->Range();
+    whole->Delete(); // what the template put into the new document
+    body_ = std::make_unique<Story>(document, whole, u"Normal", Ground());
+    current_ = body_.get();
 }
 
 Composer::~Composer() = default;
-
-void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_DocumentPtr& document)
-{
-    document_ = document;
-    styles_.emplace(document);
-    body_ = std::make_unique<Story>(document, document->Range(), u"Normal", Ground());
-    body_->pen.clear(); // what the template put into the new document
-    current_ = body_.get();
-}
 
 std::wstring Composer::understood(const wchar_t* text) const
 {
@@ -124,7 +119,7 @@ void Composer::setStyle(const wchar_t* name)
         return;
     content().prepareStyle();
     const std::u16string style = meantStyle(said);
-    if (!styles_->holds(style)) {
+    if (!styles_.holds(style)) {
         QdxString message("ERR Unknown style: ");
         message.append(toNarrow(name));
         throw QdxException(message);
@@ -407,7 +402,7 @@ void Composer::flush(Story& story)
     if (!story.content.isPending())
         return;
     const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
-    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, *styles_);
+    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, styles_);
     story.content.taken();
     story.ground = story.plan.after;
     story.pen.carryOut(story.plan);

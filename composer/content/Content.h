@@ -52,6 +52,7 @@ struct Entry
 struct Tag
 {
     std::u16string bookmark;
+    std::size_t number = 0; ///< of the tags of a story, in the order of their calls
 };
 /// The place of the table of contents.
 struct Contents

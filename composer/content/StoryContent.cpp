@@ -64,6 +64,12 @@ bool holds(const Item& item)
     return std::holds_alternative<What>(item.what);
 }
 
+bool isLastBreak(const Item& item)
+{
+    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
+    return pageBreak && pageBreak->isLast;
+}
+
 bool isSameFont(const FontWishPtr& a, const FontWishPtr& b)
 {
     return a == b || (a && b && *a == *b);
@@ -101,6 +107,7 @@ void StoryContent::settleParagraph()
 void StoryContent::objectWritten()
 {
     current().holdsWritten = true;
+    holdsBehindBreak_ = true;
 }
 
 void StoryContent::prepareFile()
@@ -147,7 +154,8 @@ void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber li
         }
         const std::size_t length = std::min(characters.find(u'\f', 1), characters.size());
         std::u16string plain(characters.substr(0, length));
-        std::ranges::replace_if(plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
+        std::ranges::replace_if(
+            plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
         collect(plain);
         addWaiting(plain.size() * sizeof(char16_t));
         std::vector<Item>& items = current().items;
@@ -195,10 +203,11 @@ void StoryContent::insertPageBreak()
 {
     if (isTableOpen_)
         return;
-    if (lastBreak_ == LastBreak::waiting)
-        for (Item& item : std::get<Paragraph>(blocks_[lastBreakBlock_]).items)
-            if (auto* const breakBefore = std::get_if<PageBreak>(&item.what))
-                breakBefore->isLast = false;
+    if (lastBreak_ == LastBreak::waiting) {
+        std::vector<Item>& items = std::get<Paragraph>(blocks_[lastBreakBlock_]).items;
+        const auto breakBefore = std::ranges::find_if(items.rbegin(), items.rend(), isLastBreak);
+        std::get<PageBreak>(breakBefore->what).isLast = false;
+    }
     write({PageBreak{.isLast = true}});
     lastBreak_ = LastBreak::waiting;
     lastBreakBlock_ = blocks_.size() - 1;
@@ -211,9 +220,10 @@ void StoryContent::insertField(int number)
 
 void StoryContent::insertTag(const std::u16string& bookmark)
 {
-    current().items.push_back({Tag{bookmark}});
+    removeTag(bookmark);
+    current().items.push_back({Tag{bookmark, ++lastTag_}});
     addWaiting(itemSize);
-    waitingTags_.insert(bookmark);
+    waitingTags_[bookmark] = lastTag_;
 }
 
 void StoryContent::removeTag(std::u16string_view bookmark)
@@ -222,21 +232,37 @@ void StoryContent::removeTag(std::u16string_view bookmark)
     if (waiting == waitingTags_.end())
         return;
     waitingTags_.erase(waiting);
-    const auto removeFrom = [bookmark](Paragraph& paragraph) {
-        std::erase_if(paragraph.items, [bookmark](const Item& item) {
-            const auto* const tag = std::get_if<Tag>(&item.what);
-            return tag && tag->bookmark == bookmark;
-        });
+    areTagsStale_ = true;
+}
+
+// All at once: a search for each would take longer and longer.
+void StoryContent::dropStaleTags()
+{
+    const auto isStale = [this](const Item& item) {
+        const auto* const tag = std::get_if<Tag>(&item.what);
+        if (!tag)
+            return false;
+        const auto waiting = waitingTags_.find(tag->bookmark);
+        return waiting == waitingTags_.end() || waiting->second != tag->number;
     };
+    const auto dropFrom = [&](Paragraph& paragraph) { std::erase_if(paragraph.items, isStale); };
     for (Block& block : blocks_) {
         if (auto* const paragraph = std::get_if<Paragraph>(&block)) {
-            removeFrom(*paragraph);
+            dropFrom(*paragraph);
             continue;
         }
         for (Row& row : std::get<Table>(block).rows)
             for (Cell& each : row)
-                std::ranges::for_each(each, removeFrom);
+                std::ranges::for_each(each, dropFrom);
     }
+    areTagsStale_ = false;
+}
+
+const Blocks& StoryContent::blocks()
+{
+    if (areTagsStale_)
+        dropStaleTags();
+    return blocks_;
 }
 
 void StoryContent::beginStyle(std::u16string_view name, std::u16string_view style)
@@ -396,10 +422,11 @@ void StoryContent::endTable()
 
 void StoryContent::setTableRowHeight(int points)
 {
-    if (!isTableOpen_)
+    if (!isTableOpen_ || rowsBegun_ == 0)
         return;
     rowHeight_ = points;
     table().heights.back() = points;
+    isHeightWaiting_ = true;
 }
 
 StoryContent::CellPlace StoryContent::currentCell() const
@@ -460,13 +487,12 @@ void StoryContent::endTOCEntry()
 StoryContent::LastBreak StoryContent::breakSection()
 {
     const LastBreak found = std::exchange(lastBreak_, LastBreak::none);
+    if (found == LastBreak::written && isBreakInOpenParagraph())
+        outside().holdsWritten = holdsBehindBreak_;
     if (found != LastBreak::waiting)
         return found;
     auto& paragraph = std::get<Paragraph>(blocks_[lastBreakBlock_]);
-    const auto last = std::ranges::find_if(paragraph.items, [](const Item& item) {
-        const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
-        return pageBreak && pageBreak->isLast;
-    });
+    const auto last = std::ranges::find_if(paragraph.items, isLastBreak);
     Paragraph behind = paragraph;
     behind.items.assign(std::next(last), paragraph.items.end());
     behind.holdsWritten = false;
@@ -486,7 +512,8 @@ bool StoryContent::isPending() const
     };
     if (isTableOpen_) {
         const Table& open = table();
-        if (open.writtenRows == 0 || open.rows.size() > 1 || open.columns() > open.writtenColumns)
+        if (open.writtenRows == 0 || open.rows.size() > 1 || open.columns() > open.writtenColumns ||
+            isHeightWaiting_)
             return true;
         for (const Cell& each : open.rows.front())
             if (each.size() > 1 || isPendingIn(each.back()) || !each.back().isAligned)
@@ -496,8 +523,33 @@ bool StoryContent::isPending() const
     return isPendingIn(std::get<Paragraph>(blocks_.back()));
 }
 
+bool StoryContent::isBreakInOpenParagraph() const
+{
+    return isWrittenBreakInFirst_ && !isTableOpen_ && blocks_.size() == 1;
+}
+
+/// Follows what comes to stand behind the last page break in its paragraph.
+void StoryContent::lookBehindBreak()
+{
+    const auto isAnything = [](const Item& item) { return !holds<Tag>(item); };
+    const bool isWaiting = lastBreak_ == LastBreak::waiting;
+    if (isWaiting) {
+        isWrittenBreakInFirst_ = !isTableOpen_ && lastBreakBlock_ == blocks_.size() - 1;
+        holdsBehindBreak_ = false;
+    } else {
+        isWrittenBreakInFirst_ = isBreakInOpenParagraph();
+    }
+    if (!isWrittenBreakInFirst_)
+        return;
+    const std::vector<Item>& items = outside().items;
+    const auto behind =
+        isWaiting ? std::ranges::find_if(items.rbegin(), items.rend(), isLastBreak).base() : items.begin();
+    holdsBehindBreak_ = holdsBehindBreak_ || std::any_of(behind, items.end(), isAnything);
+}
+
 void StoryContent::taken()
 {
+    lookBehindBreak();
     const auto keepOpen = [](Paragraph& paragraph) {
         paragraph.holdsWritten = paragraph.holdsAnything();
         paragraph.isAligned = true;
@@ -522,7 +574,9 @@ void StoryContent::taken()
     }
     links_.clear();
     waitingTags_.clear();
+    areTagsStale_ = false;
     waiting_ = 0;
+    isHeightWaiting_ = false;
     isContentsWritten_ = hasContents_;
     if (lastBreak_ == LastBreak::waiting)
         lastBreak_ = LastBreak::written;

@@ -32,6 +32,7 @@ public:
     /// In a table: nothing.
     void insertPageBreak();
     void insertField(int number);
+    /// The bookmark's earlier place is none any more.
     void insertTag(const std::u16string& bookmark);
     /// Takes away the place of a bookmark that is placed anew elsewhere, unless it is in Word already.
     void removeTag(std::u16string_view bookmark);
@@ -41,8 +42,8 @@ public:
     /// @{
     /// Whether `setStyle` with that name changes anything.
     [[nodiscard]] bool isInForce(std::u16string_view styleName) const { return styleName == styleName_; }
-    /// Ends an open paragraph that holds anything; comes in front of `setStyle`, and even where the style turns
-    /// out to be unknown.
+    /// Ends an open paragraph that holds anything; comes in front of `setStyle`, and even where the style
+    /// turns out to be unknown.
     void prepareStyle();
     /// `name` as the client said it, `style` the one that it means.
     void setStyle(std::u16string_view name, std::u16string_view style);
@@ -106,7 +107,7 @@ public:
 
     /// \name Taking
     /// @{
-    [[nodiscard]] const Blocks& blocks() const { return blocks_; }
+    [[nodiscard]] const Blocks& blocks();
     [[nodiscard]] const std::vector<LinkTarget>& links() const { return links_; }
     /// Whether there is anything to write.
     [[nodiscard]] bool isPending() const;
@@ -131,6 +132,9 @@ private:
     void addWaiting(std::size_t bytes) { waiting_ += bytes; }
     void collect(std::u16string_view text);
     void changeFont(FontWish font);
+    void dropStaleTags();
+    [[nodiscard]] bool isBreakInOpenParagraph() const;
+    void lookBehindBreak();
 
     Blocks blocks_ = {Paragraph()}; ///< the last one is the open paragraph; in front of it an open table
     std::vector<LinkTarget> links_;
@@ -148,11 +152,16 @@ private:
     std::size_t cellsBegun_ = 0; ///< in the current row
     std::size_t column_ = 0;
     int rowHeight_ = 0;
+    bool isHeightWaiting_ = false;
 
     LastBreak lastBreak_ = LastBreak::none;
-    std::size_t lastBreakBlock_ = 0;
-    bool isBehindTable_ = false; ///< The open paragraph follows a table that has been taken.
-    std::set<std::u16string, std::less<>> waitingTags_;
+    std::size_t lastBreakBlock_ = 0;     ///< while it waits
+    bool isWrittenBreakInFirst_ = false; ///< in the paragraph that the blocks begin with
+    bool holdsBehindBreak_ = false;      ///< more than tags, in that paragraph and in Word already
+    bool isBehindTable_ = false;         ///< The open paragraph follows a table that has been taken.
+    std::map<std::u16string, std::size_t, std::less<>> waitingTags_; ///< their numbers
+    std::size_t lastTag_ = 0;
+    bool areTagsStale_ = false; ///< There are tags in the blocks that have another place by now.
 
     bool hasContents_ = false;
     bool isContentsWritten_ = false;

@@ -164,15 +164,13 @@ void TypedPen::perform(const MakeTable& table)
     const bool autoFit = false;
     select(table.span);
     mutate();
-    const Word::TablePtr made = range_->ConvertToTable(Word::integer(Word::wdSeparateByParagraphs),
-                                    Word::integer(static_cast<long>(table.rows)),
-                                    Word::integer(static_cast<long>(table.columns)), none, none, none, none,
-                                    none, none, none, none, none, none, autoFit,
-                                    Word::integer(Word::wdAutoFitFixed),
-                                    Word::integer(Word::wdWord8TableBehavior));
+    const Word::TablePtr made = range_->ConvertToTable(
+        Word::integer(Word::wdSeparateByParagraphs), Word::integer(static_cast<long>(table.rows)),
+        Word::integer(static_cast<long>(table.columns)), none, none, none, none, none, none, none, none, none,
+        none, autoFit, Word::integer(Word::wdAutoFitFixed), Word::integer(Word::wdWord8TableBehavior));
     if (table.isLast)
         table_ = made;
-    putHeights(made, table.heights, 0);
+    putHeights(made, table.heights, 0, table.rows);
 }
 
 // New rows look like the one above them, and are to look like none.
@@ -191,10 +189,11 @@ void TypedPen::perform(const ExtendTable& table)
         added->GetParagraphFormat()->Reset();
         added->GetFont()->Reset();
     }
-    putHeights(table_, table.heights, table.rowsBefore - 1);
+    putHeights(table_, table.heights, table.rowsBefore - 1, table.rows);
 }
 
-void TypedPen::putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow)
+void TypedPen::putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
+                          std::size_t rows)
 {
     const auto isSaid = [](int height) { return height != 0; };
     if (std::ranges::none_of(heights, isSaid))
@@ -202,7 +201,7 @@ void TypedPen::putHeights(const Word::TablePtr& table, const std::vector<int>& h
     const auto points = [](int height) { return static_cast<float>(height); };
     const Word::RowsPtr all = table->GetRows();
     const bool isSame = std::ranges::count(heights, heights.front()) == std::ssize(heights);
-    if (isSame && firstRow == 0) {
+    if (isSame && heights.size() == rows) {
         all->SetHeight(points(heights.front()), Word::wdRowHeightExactly);
         return;
     }
@@ -263,7 +262,7 @@ void TypedPen::perform(const PlaceTag& tag)
     bookmarks_->Add(bstr(tag.bookmark), Word::object(range_));
 }
 
-// The section's end comes first, so that a tag behind the page break stays behind it.
+// The section's end comes first, so that a tag behind the paragraph's end stays behind it.
 void TypedPen::perform(const BreakSection& section)
 {
     select({section.at, section.at});
@@ -308,8 +307,7 @@ void TypedPen::perform(const KeepContents& contents)
 
 void TypedPen::breakSection()
 {
-    // Its end, because what was inserted right in front of the break lies in the range.
-    const long at = lastBreak_->GetEnd() - 1;
+    const long at = lastBreak_->GetEnd() - 1; // What was put right in front of it is in the range as well.
     range_->SetRange(at, at);
     range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
     range_->SetRange(at + 1, at + 2);
@@ -385,9 +383,9 @@ void TypedPen::makeContents(int level)
     const bool rightAlignPageNumbers = true;
     const bool includePageNumbers = true;
     const Word::RangePtr place = std::exchange(contents_, nullptr);
-    const Word::TableOfContentsPtr table = document_->GetTablesOfContents()->Add(
-        place, useHeadingStyles, upperLevel, lowerLevel, useFields, Word::missing, rightAlignPageNumbers,
-        includePageNumbers, L"");
+    const Word::TableOfContentsPtr table =
+        document_->GetTablesOfContents()->Add(place, useHeadingStyles, upperLevel, lowerLevel, useFields,
+                                              Word::missing, rightAlignPageNumbers, includePageNumbers, L"");
     table->PutTabLeader(Word::wdTabLeaderDots);
 }
 

@@ -35,15 +35,15 @@ public:
 
     void carryOut(Plan& plan);
 
-    /// \name What is put at the end of the story, or of a cell of the table made last
+    /// \name What is put at the end of the story, or of a cell of its last table
     /// @{
     using Place = std::optional<Passage::Cell>;
     void addPicture(const Place& place, const std::u16string& file);
     /// The picture added last leads there.
     void linkPicture(const LinkTarget& target) { perform(AddLink{{0, 1}, target}); }
     void addObject(const Place& place, const EmbeddedObject& object);
-    /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when it
-    /// ends in a table.
+    /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when
+    /// it ends in a table.
     bool addFile(const Place& place, const std::u16string& file, const Ground& ground);
     /// @}
 
@@ -81,13 +81,14 @@ private:
     void perform(const KeepContents& contents);
     void perform(const RemoveText& removal);
 
-    static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow);
+    static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
+                           std::size_t rows);
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_; ///< moved to each place
     Word::HyperlinksPtr hyperlinks_;
     Word::BookmarksPtr bookmarks_;
-    Word::TablePtr table_;     ///< the last one
+    Word::TablePtr table_;     ///< the story's last one
     Word::RangePtr lastBreak_; ///< covers the page break
     Word::RangePtr contents_;  ///< collapsed
     long pastField_ = 0;       ///< behind the field or entry added last

@@ -57,19 +57,27 @@ Flow::Line& Flow::layOut(const Paragraph& paragraph, Position shift)
 {
     const auto place = [this] { return origin_ + static_cast<Position>(text_.size()); };
     Line line{&paragraph, place(), 0, shift};
+    const bool areFieldsPlain = hasOnlyPlainFields(paragraph);
+    const Item* before = nullptr; // whose character is in front
     for (std::size_t i = 0; i < paragraph.items.size(); ++i) {
         const Item& item = paragraph.items[i];
         if (const Text* const text = as<Text>(item)) {
             text_ += text->characters;
+            before = &item;
         } else if (as<PageBreak>(item)) {
             text_ += pageBreakMark;
-        } else if (as<Field>(item) && needsPlaceholder(paragraph, i)) {
-            line.placeholders.resize(paragraph.items.size());
-            line.placeholders[i] = true;
-            text_ += placeholderMark;
+            before = nullptr;
+        } else if (as<Field>(item) && !areFieldsPlain) {
+            if (!before || changeOfItem(*before, paragraph) != changeOfItem(item, paragraph)) {
+                line.placeholders.resize(paragraph.items.size());
+                line.placeholders[i] = true;
+                text_ += placeholderMark;
+            }
+            before = &item;
         }
     }
     line.end = place();
+    line.isFilledLater = std::ranges::any_of(paragraph.items, as<Field>);
     lines_.push_back(std::move(line));
     return lines_.back();
 }
@@ -86,7 +94,7 @@ void Flow::endParagraph()
     if (!isParagraphOpen_)
         return;
     lines_.back().isLast = false;
-    text_ += lines_.back().paragraph->end == ParagraphEnd::section ? pageBreakMark : paragraphMark;
+    text_ += paragraphMark;
     isParagraphOpen_ = false;
 }
 
@@ -98,7 +106,8 @@ void Flow::add(const Table& table)
     Position row = 0;
     for (const Row& cells : table.rows) {
         for (const Cell& cell : cells) {
-            layOut(cell.front(), row);
+            Line& line = layOut(cell.front(), row);
+            line.isFilledLater = line.isFilledLater || cell.size() > 1;
             text_ += paragraphMark;
         }
         ++row;
@@ -107,15 +116,13 @@ void Flow::add(const Table& table)
     tables_.push_back(made);
 }
 
-// A field takes over the font of the character in front of it.
-bool Flow::needsPlaceholder(const Paragraph& paragraph, std::size_t field)
+// A field takes over the font of the character in front of it, and in an empty paragraph that of its end.
+bool Flow::hasOnlyPlainFields(const Paragraph& paragraph)
 {
-    const FontChange change = changeOfItem(paragraph.items[field], paragraph);
-    for (std::size_t i = field; i > 0; --i)
-        if (as<Text>(paragraph.items[i - 1]))
-            return changeOfItem(paragraph.items[i - 1], paragraph) != change;
-    const bool hasText = std::ranges::any_of(paragraph.items, [](const Item& item) { return as<Text>(item); });
-    return hasText || paragraph.holdsWritten || !change.isEmpty();
+    return !paragraph.holdsWritten && std::ranges::none_of(paragraph.items, [&](const Item& item) {
+        return as<Text>(item) || as<PageBreak>(item) ||
+               (as<Field>(item) && !changeOfItem(item, paragraph).isEmpty());
+    });
 }
 
 FontChange Flow::changeOfItem(const Item& item, const Paragraph& paragraph)
@@ -191,7 +198,8 @@ void Flow::putFonts(std::deque<Operation>& operations)
     bool goesOn = false;
     for (const Line& line : lines_) {
         const Paragraph& paragraph = *line.paragraph;
-        goesOn = goesOn && before->style == paragraph.style;
+        const bool isEndTakenOver = line.start == line.end && line.isFilledLater;
+        goesOn = goesOn && before->style == paragraph.style && !isEndTakenOver;
         before = &paragraph;
         Position at = line.start;
         for (std::size_t i = 0; i < paragraph.items.size(); ++i) {
@@ -240,8 +248,10 @@ void Flow::lengthen(std::deque<Operation>& operations)
 {
     std::size_t line = lines_.size();
     for (auto made = tables_.rbegin(); made != tables_.rend(); ++made) {
-        while (line > made->pastLine)
-            lengthenLine(--line, operations);
+        while (line > made->pastLine) {
+            --line;
+            lengthenLine(line, operations, line == made->pastLine);
+        }
         makeTable(*made, operations);
         line = made->firstLine;
     }
@@ -253,8 +263,13 @@ void Flow::makeTable(const MadeTable& made, std::deque<Operation>& operations)
 {
     const Table& table = *made.table;
     const Span span{lines_[made.firstLine].start, lines_[made.pastLine - 1].past()};
-    const bool isLast = &made == &tables_.back();
-    operations.push_back(MakeTable{span, table.rows.size(), table.columns(), table.heights, isLast});
+    operations.push_back(
+        MakeTable{span, table.rows.size(), table.columns(), table.heights, &made == &tables_.back()});
+    for (PlaceTag& tag : tagsBehindTable_) {
+        tag.at += static_cast<Position>(table.rows.size());
+        operations.push_back(std::move(tag));
+    }
+    tagsBehindTable_.clear();
     std::size_t line = made.pastLine;
     for (auto row = table.rows.rbegin(); row != table.rows.rend(); ++row) {
         for (auto cell = row->rbegin(); cell != row->rend(); ++cell) {
@@ -288,8 +303,8 @@ void Flow::fillCell(const Cell& cell, const Line& firstLine, std::deque<Operatio
 }
 
 // Word leaves a bookmark in front of what is inserted at its place, so a tag behind a field or an entry waits
-// until that is there.
-void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations)
+// until that is there; and one right behind a table, whose last row is yet to get its end.
+void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bool isBehindTable)
 {
     const Line& line = lines_[index];
     const Paragraph& paragraph = *line.paragraph;
@@ -331,7 +346,10 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations)
         if (item.link != noLink && item.link != linkInFront)
             addLink(item.link, at, operations);
     }
-    placeWaiting(false);
+    if (!isBehindTable)
+        return placeWaiting(false);
+    for (const Tag* const tag : waiting)
+        tagsBehindTable_.push_back({at, tag->bookmark});
 }
 
 LinkNumber Flow::linkBefore(std::size_t line) const
@@ -352,7 +370,7 @@ bool Flow::isPlainAtEnd(const Paragraph& paragraph, bool isPlainBefore)
         if (as<Tag>(*item))
             continue;
         if (as<PageBreak>(*item))
-            return true;
+            return item->link == noLink;
         return as<Text>(*item) && item->link == noLink && changeOfItem(*item, paragraph).isEmpty();
     }
     return isPlainBefore;
@@ -363,7 +381,8 @@ Ground Flow::groundBehind()
     if (lines_.empty())
         return ground_;
     const Line& last = lines_.back();
-    const bool isPlainBefore = lines_.size() > 1 || ground_.isPlain;
+    // A link that covers the paragraph end in front ends in the last paragraph.
+    const bool isPlainBefore = lines_.size() > 1 ? linkBefore(lines_.size() - 1) == noLink : ground_.isPlain;
     if (isFormatted(last))
         return {last.paragraph->style, directAlignment(*last.paragraph, styles_), true,
                 isPlainAtEnd(*last.paragraph, isPlainBefore)};

@@ -38,10 +38,11 @@ private:
     struct Line
     {
         const Paragraph* paragraph;
-        Position start;      ///< In a table: as long as the table is text.
-        Position end;        ///< in front of its paragraph end
-        Position shift = 0;  ///< how much further it stands when its table is made
-        bool isLast = false; ///< It ends with a paragraph end that was there before.
+        Position start;             ///< In a table: as long as the table is text.
+        Position end;               ///< in front of its paragraph end
+        Position shift = 0;         ///< how much further it stands when its table is made
+        bool isLast = false;        ///< It ends with a paragraph end that was there before.
+        bool isFilledLater = false; ///< Something will take over the look of its end, should it hold no text.
         std::vector<bool> placeholders = {}; ///< for each item; empty: none has one
 
         [[nodiscard]] Position past() const { return end + 1; }
@@ -55,7 +56,7 @@ private:
 
     Line& layOut(const Paragraph& paragraph, Position shift = 0);
     void endParagraph();
-    [[nodiscard]] bool needsPlaceholder(const Paragraph& paragraph, std::size_t field);
+    [[nodiscard]] bool hasOnlyPlainFields(const Paragraph& paragraph);
     [[nodiscard]] FontChange changeOfItem(const Item& item, const Paragraph& paragraph);
     [[nodiscard]] bool isFormatted(const Line& line) const;
     [[nodiscard]] bool isPlainAtEnd(const Paragraph& paragraph, bool isPlainBefore);
@@ -70,7 +71,7 @@ private:
     void lengthen(std::deque<Operation>& operations);
     void makeTable(const MadeTable& made, std::deque<Operation>& operations);
     void fillCell(const Cell& cell, const Line& firstLine, std::deque<Operation>& operations);
-    void lengthenLine(std::size_t index, std::deque<Operation>& operations);
+    void lengthenLine(std::size_t index, std::deque<Operation>& operations, bool isBehindTable = false);
     void addLink(LinkNumber link, Position start, std::deque<Operation>& operations);
 
     const Source& source_;
@@ -83,7 +84,8 @@ private:
     bool isParagraphOpen_ = false;
     std::vector<MadeTable> tables_;
     std::map<LinkNumber, Position> linkEnds_;
-    LinkNumber linkBefore_ = noLink; ///< of the paragraph end in front
+    std::vector<PlaceTag> tagsBehindTable_; ///< right behind the table that is made next
+    LinkNumber linkBefore_ = noLink;        ///< of the paragraph end in front
     /// What was asked for last.
     /// @{
     FontWishPtr lastWish_;

@@ -58,9 +58,10 @@ struct MakeTable
     std::size_t rows = 0;
     std::size_t columns = 0;
     std::vector<int> heights; ///< of the rows, in points; 0: Word decides
-    bool isLast = false;      ///< No other table lies behind it: more may come to it later.
+    /// The story's last one: what comes to a table later comes to this one.
+    bool isLast = false;
 };
-/// The last table's rows and columns behind those that it has.
+/// The story's last table, or rather its rows and columns behind those that it has.
 struct ExtendTable
 {
     std::size_t columns = 0; ///< in all
@@ -97,7 +98,7 @@ struct RemoveText
 {
     Span span;
 };
-/// The page break at the place begins a new section instead.
+/// The paragraph end at the place ends a section instead.
 struct BreakSection
 {
     Position at = 0;
@@ -113,8 +114,8 @@ struct KeepContents
     Position at = 0;
 };
 
-using Operation = std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, ExtendTable,
-                               AddField, AddEntry, AddLink, PlaceTag, RemoveText, BreakSection, KeepBreak,
-                 KeepContents>;
+using Operation =
+    std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, ExtendTable, AddField,
+                 AddEntry, AddLink, PlaceTag, RemoveText, BreakSection, KeepBreak, KeepContents>;
 
 } // namespace compose

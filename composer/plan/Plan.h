@@ -16,15 +16,15 @@ class StyleSheet;
 /// The paragraph that a text is written into, as Word holds it.
 struct Ground
 {
-    std::u16string style = u"Normal";          ///< empty: unknown
-    std::optional<int> alignment = {};         ///< direct; Word's number
+    std::u16string style = u"Normal";  ///< empty: unknown
+    std::optional<int> alignment = {}; ///< direct; Word's number
     bool isAlignmentKnown = true;
     bool isPlain = true; ///< What is written behind its text takes over no formatting.
 
     bool operator==(const Ground&) const = default;
 };
 
-/// Operations that count from one place: the end of the story's text, or of a cell of the last table.
+/// Operations that count from one place: the end of the story's text, or of a cell of its last table.
 struct Passage
 {
     struct Cell
@@ -53,9 +53,9 @@ struct Source
     std::function<bool(const LinkTarget&)> leadsSomewhere;
 };
 
-/// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it (styles
-/// in front of direct formatting, neighbours together), then from the back to the front what lengthens it. So
-/// every position is known beforehand, and nobody has to be asked.
+/// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it
+/// (styles in front of direct formatting, neighbours together), then from the back to the front what
+/// lengthens it. So every position is known beforehand, and nobody has to be asked.
 ///
 /// Raises what `styles` raises; otherwise cannot fail.
 Plan planOf(const Source& source, StyleSheet& styles);

@@ -1,16 +1,18 @@
 #include "Mirovel.h"
 
 #include "MirovelCall.h"
+#include "StubCall.h"
 
 #include "DocumentWriter.h"
 
 namespace {
 
 constexpr wchar_t propertyPageClass[] = L"{5C2E7A11-3B41-4D8E-9F62-A1B3C4D5E6F7}";
+constexpr wchar_t documentType[] = L"Word";
+constexpr wchar_t programId[] = L"Mirovel.Mirovel";
+
 /// How often an object that is destroyed tries to complete its document: once for each part that may fail.
 constexpr int mostCompletions = 4;
-
-constexpr wchar_t documentType[] = L"Word";
 
 void returnText(BSTR* out, const wchar_t* text)
 {
@@ -23,7 +25,7 @@ void returnText(BSTR* out, const wchar_t* text)
 
 } // namespace
 
-Mirovel::Mirovel() : IDispatchImpl(L"Mirovel.Mirovel"), session_(std::make_unique<DocSession>()) {}
+Mirovel::Mirovel() : IDispatchImpl(programId), session_(std::make_unique<DocSession>()) {}
 
 Mirovel::~Mirovel()
 {
@@ -44,26 +46,42 @@ Mirovel::~Mirovel()
         framed("Completing the document", [&] { session.writer->finish(); });
 }
 
-STDMETHODIMP Mirovel::getPropPages(BSTR* bstrCLSID)
+HRESULT Mirovel::failed(const void* caller)
 {
+    return leaveMethod(caller, IID_IDocument, programId);
+}
+
+STDMETHODIMP Mirovel::InterfaceSupportsErrorInfo(REFIID iid) noexcept
+{
+    return IsEqualIID(iid, IID_IDocument) ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP Mirovel::getPropPages(BSTR* bstrCLSID)
+try {
     returnText(bstrCLSID, propertyPageClass);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::getDocType(BSTR* docType)
-{
+try {
     returnText(docType, documentType);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 // Kept for clients that were written against them.
 
 STDMETHODIMP Mirovel::insertDiagram(long /*ptr*/, short /*width*/, short /*height*/)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     runInDiagramFrame(*session_, "Inserting diagram", [] {});
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setOption(BSTR /*option*/, BSTR /*value*/)

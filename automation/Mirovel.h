@@ -26,15 +26,17 @@ struct DocSession;
 ///    which returns E_FAIL.
 ///  - A failed Word call leaves most methods as a `QdxException` that names the activity; docs/interface.md
 ///    has the few that let `_com_error` through. A null Word pointer counts as a failed call with E_POINTER.
-/// Through `IDispatch::Invoke` the same failures come back as DISP_E_EXCEPTION.
+/// Through `IDispatch::Invoke` the same failures come back as DISP_E_EXCEPTION, and to a client in another
+/// apartment as a HRESULT with an error object.
 ///
 /// Threading: single-threaded apartment; every call arrives on the thread that made the object.
 class Mirovel : public CComObjectRootEx<CComSingleThreadModel>,
                 public CComCoClass<Mirovel, &CLSID_Mirovel>,
-                public IDispatchImpl<IDocument, &IID_IDocument, &LIBID_MIROVELCOMLib, 1, 0>
+                public IDispatchImpl<IDocument, &IID_IDocument, &LIBID_MIROVELCOMLib, 1, 0>,
+                public ISupportErrorInfo
 {
 public:
-    using Interfaces = InterfaceList<IDocument, IDispatch>;
+    using Interfaces = InterfaceList<IDocument, IDispatch, ISupportErrorInfo>;
 
     Mirovel();
 
@@ -82,11 +84,17 @@ public:
     STDMETHODIMP pushDirectory(BSTR directoryName) override;
     STDMETHODIMP popDirectory() override;
 
+    // ISupportErrorInfo
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override;
+
 protected:
     /// Closes the document and stops Word, unless the user can see Word. Errors go to the trace.
     ~Mirovel();
 
 private:
+    /// How an exception leaves a method; only within its handler.
+    static HRESULT failed(const void* caller);
+
     bool echoes() const;
     template <class... Arguments>
     void echo(const char* method, const Arguments&... arguments);

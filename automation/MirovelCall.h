@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CallFrame.h"
+#include "CallerAddress.h"
 #include "DocSession.h"
 #include "EchoLine.h"
 #include "Mirovel.h"

@@ -57,13 +57,15 @@ const char* attributeName(short attribute)
 
 } // namespace
 
-STDMETHODIMP Mirovel::insertText(BSTR text)
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::insertText(BSTR text)
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertText", text);
     framed("insertText", [&] { writeText(text); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::writeText(BSTR text)
@@ -112,16 +114,18 @@ void Mirovel::writeTail(std::wstring_view text)
 }
 
 STDMETHODIMP Mirovel::insertEndl()
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertEndl");
     framed("insertEndl", [&] { session_->currentWriter().insertEndl(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertPageBreak()
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -135,19 +139,23 @@ STDMETHODIMP Mirovel::insertPageBreak()
         session.currentWriter().insertPageBreak();
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertField(short field)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("insertField", field);
     framed("insertField", [&] { session_->currentWriter().insertField(field); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setStyle(BSTR style)
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -162,19 +170,23 @@ STDMETHODIMP Mirovel::setStyle(BSTR style)
     }
     framed("setStyle", [&] { session.currentWriter().setStyle(textOf(style)); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontName(BSTR name)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     echo("setFontName", name);
     framed("setFontName", [&] { session_->currentWriter().setFontName(textOf(name)); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontSize(short size)
-{
+try {
     if (!session_->documentOpen)
         return S_OK;
     framed("setFontSize", [&] {
@@ -183,10 +195,12 @@ STDMETHODIMP Mirovel::setFontSize(short size)
         writer.setFontSize(size);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
-{
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -203,74 +217,96 @@ STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
         writer.setFontAttribute(att, on);
     });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTextAlign(short textAlign)
-{
+try {
     echo("setTextAlign", textAlign);
     withWriter([&](DocumentWriter& writer) { writer.setTextAlign(textAlign); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertFile(BSTR fileName, short insertAsType)
-{
+try {
     echo("insertFile", fileName, insertAsType);
     withWriter([&](DocumentWriter& writer) { writer.insertFile(fileName, insertAsType); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertTOC()
-{
+try {
     echo("insertTOC");
     withWriter([&](DocumentWriter& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTOCEntry()
-{
+try {
     echo("startTOCEntry");
     withWriter([](DocumentWriter& writer) { writer.startTOCEntry(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTOCEntry()
-{
+try {
     echo("endTOCEntry");
     withWriter([](DocumentWriter& writer) { writer.endTOCEntry(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTable()
-{
+try {
     echo("startTable");
     withWriter([](DocumentWriter& writer) { writer.startTable(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTable()
-{
+try {
     echo("endTable");
     withWriter([](DocumentWriter& writer) { writer.endTable(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addCell()
-{
+try {
     echo("addCell");
     withWriter([](DocumentWriter& writer) { writer.addCell(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addRow()
-{
+try {
     echo("addRow");
     withWriter([](DocumentWriter& writer) { writer.addRow(); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTableRowHeight(long points)
-{
+try {
     echo("setTableRowHeight");
     withWriter([&](DocumentWriter& writer) { writer.setTableRowHeight(points); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -43,8 +43,8 @@ bool isWordDocument(const QdxString& fileName)
 
 } // namespace
 
-STDMETHODIMP Mirovel::start()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::start()
+try {
     if (session_->wordStarted)
         return S_OK;
     echo("start");
@@ -55,6 +55,8 @@ STDMETHODIMP Mirovel::start()
                    reportComError(*session_, "Cannot open Word", error);
                });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::connectToWord()
@@ -74,7 +76,7 @@ void Mirovel::connectToWord()
 }
 
 STDMETHODIMP Mirovel::create(BSTR fileName)
-{
+try {
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
@@ -101,6 +103,8 @@ STDMETHODIMP Mirovel::create(BSTR fileName)
     session.writer = std::move(writer);
     session.documentOpen = true;
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::switchProofingOff()
@@ -178,8 +182,8 @@ void Mirovel::completeDocument()
     session.writer.reset();
 }
 
-STDMETHODIMP Mirovel::close()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::close()
+try {
     DocSession& session = *session_;
     if (!session.documentOpen)
         return S_OK;
@@ -195,6 +199,8 @@ STDMETHODIMP Mirovel::close()
     });
     deleteTemporaryFiles();
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 // Word holds on to the files it has inserted until it ends.
@@ -210,8 +216,8 @@ void Mirovel::deleteTemporaryFiles()
     files.clear();
 }
 
-STDMETHODIMP Mirovel::stop()
-{
+MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::stop()
+try {
     if (!session_->wordStarted)
         return S_OK;
     echo("stop");
@@ -219,6 +225,8 @@ STDMETHODIMP Mirovel::stop()
     session_->application->Quit();
     session_->wordStarted = false;
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::closeAllDocuments()
@@ -228,7 +236,7 @@ void Mirovel::closeAllDocuments()
 }
 
 STDMETHODIMP Mirovel::showLast()
-{
+try {
     const DocSession& session = *session_;
     const bool wordDocument = isWordDocument(session.fileName);
     if (wordDocument && !session.wordStarted)
@@ -237,4 +245,6 @@ STDMETHODIMP Mirovel::showLast()
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -19,7 +19,7 @@ try {
 } // namespace
 
 STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
-{
+try {
     echo("overrideRegistry", group, name, value, valueType);
     RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
     switch (valueType) {
@@ -37,10 +37,12 @@ STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short 
     }
     session_->registry.override(entry);
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::trace(short level)
-{
+try {
     Trace& trace = session_->trace;
     const QdxString logName = session_->registry.read("Log", "LogName", "");
     Trace::purgeBefore(logName);
@@ -52,4 +54,6 @@ STDMETHODIMP Mirovel::trace(short level)
         trace.setLevel(level);
     withWriter([&](DocumentWriter& writer) { writer.setTrace(trace); });
     return S_OK;
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
 }

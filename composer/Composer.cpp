@@ -62,16 +62,21 @@ struct Composer::Story
     TypedPen pen;
 };
 
-Composer::Composer(const Word::_DocumentPtr& document, Pen pen, std::wstring installDir)
-    : document_(document), pen_(pen), installDir_(std::move(installDir)), styles_(document)
+Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
+    : pen_(pen), installDir_(std::move(installDir)), trace_(trace)
 {
-    const Word::RangePtr whole = document->Range();
-    whole->Delete(); // what the template put into the new document
-    body_ = std::make_unique<Story>(document, whole, u"Normal", Ground());
-    current_ = body_.get();
 }
 
 Composer::~Composer() = default;
+
+void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_DocumentPtr& document)
+{
+    document_ = document;
+    styles_.emplace(document);
+    body_ = std::make_unique<Story>(document, document->Range(), u"Normal", Ground());
+    body_->pen.clear(); // what the template put into the new document
+    current_ = body_.get();
+}
 
 std::wstring Composer::understood(const wchar_t* text) const
 {
@@ -119,7 +124,7 @@ void Composer::setStyle(const wchar_t* name)
         return;
     content().prepareStyle();
     const std::u16string style = meantStyle(said);
-    if (!styles_.holds(style)) {
+    if (!styles_->holds(style)) {
         QdxString message("ERR Unknown style: ");
         message.append(toNarrow(name));
         throw QdxException(message);
@@ -236,7 +241,8 @@ void Composer::startPart(Part part)
         std::unique_ptr<Story> story = makePart(place);
         std::unique_ptr<Story>& kept = parts_[place];
         if (kept)
-            tags_.forget(kept.get());
+            for (const std::u16string& bookmark : tags_.forget(kept.get()))
+                story->pen.removeTag(bookmark);
         kept = std::move(story);
         openParts_[part] = sections_;
     }
@@ -402,7 +408,7 @@ void Composer::flush(Story& story)
     if (!story.content.isPending())
         return;
     const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
-    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, styles_);
+    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, *styles_);
     story.content.taken();
     story.ground = story.plan.after;
     story.pen.carryOut(story.plan);

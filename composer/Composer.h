@@ -10,6 +10,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -40,11 +41,12 @@ public:
     /// The same for an open table, which costs more once it is in Word.
     static constexpr std::size_t mostWaitingInTable = 16U << 20U;
 
-    /// Empties the document and writes into it.
-    Composer(const Word::_DocumentPtr& document, Pen pen, std::wstring installDir);
+    /// `trace`: for what it has to report itself; copied.
+    Composer(Pen pen, const Trace& trace, std::wstring installDir);
     ~Composer() override;
 
     // DocumentWriter
+    void begin(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document) override;
     void finish() override;
     [[nodiscard]] bool isFinished() const override { return isFinished_; }
     void prepareSave() override;
@@ -115,7 +117,7 @@ private:
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;
-    StyleBook styles_;
+    std::optional<StyleBook> styles_;
     TagNames tags_;
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
     int tocLevel_ = 0;
@@ -123,7 +125,7 @@ private:
     std::unique_ptr<Story> body_;
     std::map<PartPlace, std::unique_ptr<Story>> parts_;
     std::map<Part, int> openParts_; ///< the section of the header, or footer, that is being written
-    Story* current_;                ///< where content goes
+    Story* current_ = nullptr;      ///< where content goes
     int sections_ = 1;
     int sectionsInWord_ = 1;
     bool isSectionDue_ = false; ///< A page break in Word is still to become a section's end.

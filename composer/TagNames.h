@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace compose {
 
@@ -24,10 +25,19 @@ public:
 
     /// `story`: what tells the places apart that can lose all they hold.
     void place(const std::u16string& bookmark, const void* story) { places_[bookmark] = story; }
-    /// The story is gone, and its tags with it.
-    void forget(const void* story)
+    /// The story has lost all it held; returns the bookmarks that were placed there.
+    std::vector<std::u16string> forget(const void* story)
     {
-        std::erase_if(places_, [story](const auto& place) { return place.second == story; });
+        std::vector<std::u16string> lost;
+        for (auto place = places_.begin(); place != places_.end();) {
+            if (place->second != story) {
+                ++place;
+                continue;
+            }
+            lost.push_back(place->first);
+            place = places_.erase(place);
+        }
+        return lost;
     }
     [[nodiscard]] bool isPlaced(const std::u16string& bookmark) const { return places_.contains(bookmark); }
 

@@ -23,6 +23,9 @@ class DocumentWriter
 public:
     virtual ~DocumentWriter() = default;
 
+    /// Empties the document and makes it the one to write; comes first, and once.
+    virtual void begin(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document) = 0;
+
     /// Brings everything that has been put off into the document; called before the document is saved for the
     /// last time. Where it fails, it can be called again and goes on behind what failed.
     virtual void finish() = 0;
@@ -31,7 +34,8 @@ public:
 
     /// A save is coming, with more content behind it.
     virtual void prepareSave() = 0;
-    /// Word's number of the format to save under that name; VT_ERROR: Word's own choice.
+    /// Word's number of the format to save under that name; a missing argument: Word's own choice. May be
+    /// asked before `begin`.
     [[nodiscard]] virtual _variant_t saveFormat(std::wstring_view fileName) const = 0;
 
     /// Gives the writer a copy of a trace, for what it has to report itself.

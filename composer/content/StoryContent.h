@@ -3,8 +3,8 @@
 #include "Content.h"
 
 #include <cstddef>
+#include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>

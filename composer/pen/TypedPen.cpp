@@ -400,6 +400,14 @@ void TypedPen::removeLinks(const std::set<std::u16string>& bookmarks)
     }
 }
 
+void TypedPen::removeTag(const std::u16string& bookmark)
+{
+    const _bstr_t name = bstr(bookmark);
+    const Word::BookmarksPtr bookmarks = document_->GetBookmarks();
+    if (bookmarks->Exists(name))
+        bookmarks->Item(Word::text(name))->Delete();
+}
+
 void TypedPen::clear()
 {
     range_->WholeStory();

@@ -56,6 +56,8 @@ public:
     [[nodiscard]] bool hasContents() const { return contents_ != nullptr; }
     /// The text of the links to these bookmarks becomes plain.
     void removeLinks(const std::set<std::u16string>& bookmarks);
+    /// The bookmark goes, wherever it is; nothing when there is none.
+    void removeTag(const std::u16string& bookmark);
     /// Nothing is in the story but an empty paragraph, which is plain.
     void clear();
 

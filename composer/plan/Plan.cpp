@@ -34,8 +34,7 @@ private:
         for (std::size_t row = 0; row < table.rows.size(); ++row) {
             for (std::size_t column = 0; column < table.columns(); ++column) {
                 const Cell& cell = table.rows[row][column];
-                const bool isNew = row > 0 || column >= table.writtenColumns;
-                Flow flow(source_, styles_, isNew ? Ground() : groundOf(cell.front()), Flow::Within::cell);
+                Flow flow(source_, styles_, row > 0 ? Ground() : groundOf(cell.front()), Flow::Within::cell);
                 for (const Paragraph& paragraph : cell)
                     flow.add(paragraph);
                 Passage passage{Passage::Cell{before + row, column}};
@@ -46,6 +45,7 @@ private:
         }
     }
 
+    /// Of a cell in a row that is there; where its column is new, it looks like its neighbour.
     Ground groundOf(const Paragraph& paragraph)
     {
         return {.alignment = directAlignment(paragraph, styles_),

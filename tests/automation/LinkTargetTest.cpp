@@ -195,6 +195,18 @@ TEST_F(LinkTargetTest, TheTagsOfADocumentAreForgottenByTheNext)
     EXPECT_EQ(linksAtClose(), Lines());
 }
 
+// The document before stays the open one.
+TEST_F(LinkTargetTest, TheTagsAreKeptWhenTheNextDocumentFails)
+{
+    client->insertText(L"x"_b);
+    client->insertTag(L"one"_b);
+    word.failCall(1, E_ACCESSDENIED);
+    EXPECT_EQ(outcome([&] { return client->create(bstr(folder.file("second.doc"))); }),
+              "_com_error 0x80070005");
+    client->insertXref(L"label"_b, L"one"_b);
+    EXPECT_EQ(linksAtClose(), Lines{"|b1"});
+}
+
 TEST_F(LinkTargetTest, ATagThatFailsIsEnteredAndNotPlaced)
 {
     client->insertXref(L"label"_b, L"tag"_b);

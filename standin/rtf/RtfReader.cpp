@@ -91,14 +91,10 @@ public:
         }
     }
 
-    /// Of a fragment Normal says nothing but what the fragment says of it.
     void readFragment()
     {
         isFragment_ = true;
         keepsAllStated_ = !document_.switches().insertFileKeepsDifferencesOnly;
-        Style& normal = *document_.styles().find(document_.styles().normal().name());
-        normal.font = plainFont();
-        normal.paragraph = plainParagraph();
         read();
     }
 
@@ -212,6 +208,7 @@ private:
         if (!state_.format.statedFont.name) {
             state_.format.font.name = tables_.plain().name;
         }
+        // A fragment's Normal says nothing but what the fragment says of it.
         if (isFragment_ && !tables_.styles.definesNormal()) {
             document_.styles().find(document_.styles().normal().name())->font.name = tables_.plain().name;
         }

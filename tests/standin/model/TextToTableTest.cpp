@@ -180,6 +180,45 @@ TEST_F(TextToTableTest, ATableLikeAnyOther)
     EXPECT_EQ(table.row(1).format().cells.size(), 4u);
 }
 
+/// Whatever the text: nothing of it is lost, every row has its columns, and what followed it still does.
+TEST_F(TextToTableTest, TextOfAnyShapeStaysWhole)
+{
+    std::uint32_t state = 1;
+    const auto random = [&state](std::uint32_t below) {
+        state = state * 1664525u + 1013904223u;
+        return (state >> 16) % below;
+    };
+    for (int round = 0; round < 300; ++round) {
+        document = Document::make(u"Document1");
+        std::u16string written;
+        for (std::uint32_t i = random(12); i > 0; --i) {
+            written += u"ab\t\r"[random(4)];
+        }
+        write(written);
+        const auto last = static_cast<std::uint32_t>(written.size());
+        const auto from = static_cast<Position>(random(last + 1));
+        const auto past = from + static_cast<Position>(random(last + 2 - static_cast<std::uint32_t>(from)));
+        const LiveRange behind = range(static_cast<Position>(last), static_cast<Position>(last) + 1);
+        TextToTableOptions options;
+        if (random(2) == 0) {
+            options.separator = u'\t';
+        }
+        if (random(2) == 0) {
+            options.columns = 1 + static_cast<std::int32_t>(random(3));
+        }
+        const Table table = convert(from, past, options);
+        ASSERT_EQ(checkInvariants(*document), "") << round;
+        EXPECT_TRUE(table.isUniform());
+        EXPECT_EQ(options.columns.value_or(table.columnCount()), table.columnCount());
+        EXPECT_EQ(behind.end(), document->mainStory()->length());
+        const auto letters = [](std::u16string from_) {
+            std::erase_if(from_, [](char16_t c) { return c < u'a'; });
+            return from_;
+        };
+        EXPECT_EQ(letters(text()), letters(written));
+    }
+}
+
 TEST_F(TextToTableTest, RefusesWhatNoTableHas)
 {
     write(u"a\rb\r");

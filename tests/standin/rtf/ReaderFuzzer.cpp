@@ -1,4 +1,5 @@
 // Reads arbitrary bytes; what was read must hold together and survive being written and read again.
+#include "FileContent.h"
 #include "Invariants.h"
 #include "RtfReader.h"
 #include "RtfWriter.h"
@@ -31,6 +32,30 @@ bool reads(std::string_view bytes, model::Document& document)
     }
 }
 
+/// The same bytes as a fragment in the middle of a text, under every reading of its end.
+void checkFragment(std::string_view bytes)
+{
+    for (const auto last :
+         {model::LastParagraph::mark, model::LastParagraph::dropped, model::LastParagraph::surplus}) {
+        const auto document = model::Document::make(
+            u"Document1", {.insertFileLastParagraph = last,
+                           .insertFileLeavesDefaultFont = last == model::LastParagraph::mark,
+                           .insertFileKeepsDifferencesOnly = last == model::LastParagraph::mark});
+        model::LiveRange place(document->mainStory(), 0, 0);
+        place.insertAfter(u"a#b");
+        place.setRange(1, 1);
+        try {
+            rtf::insertFileContent(place, bytes);
+        } catch (const model::WordError&) {
+        } catch (const model::NotSupported&) {
+        }
+        const std::string wrong = checkInvariants(*document);
+        check(wrong.empty(), wrong);
+        const std::u16string text = document->mainStory()->text(0, document->mainStory()->length());
+        check(text.starts_with(u"a") && text.ends_with(u"#b\r"), "the text around a fragment changed");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -49,5 +74,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(reads(rtf::writeRtf(*document), *again), "what was written does not read");
         check(again->mainStory()->length() == document->mainStory()->length(), "the text changed its length");
     }
+    checkFragment(bytes);
     return 0;
 }

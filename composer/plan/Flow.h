@@ -24,10 +24,12 @@ public:
     /// `origin`: where it begins, counted from where its passage does.
     Flow(const Source& source, StyleSheet& styles, const Ground& ground, Within within, Position origin = 0);
 
-    /// The paragraph that is added last stands in what was the story's, or the cell's, last paragraph.
+    /// The paragraph that is added last stands in what was the story's, or the cell's, last paragraph, unless
+    /// it is closed.
     /// @{
     void add(const Paragraph& paragraph);
     void add(const Table& table);
+    void close() { endParagraph(); }
     /// @}
 
     void plan(std::deque<Operation>& operations);

@@ -62,6 +62,8 @@ private:
             else
                 flow.add(std::get<Table>(source_.blocks[i]));
         }
+        if (!source_.endsOpen)
+            flow.close();
         Passage passage;
         flow.plan(passage.operations);
         if (!passage.operations.empty())

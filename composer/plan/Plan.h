@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -46,11 +47,14 @@ struct Plan
 /// What a plan is made from.
 struct Source
 {
-    const Blocks& blocks;
+    std::span<const Block> blocks;
     const std::vector<LinkTarget>& links;
     Ground ground;
     /// Whether a link leads anywhere, or is to be plain text.
     std::function<bool(const LinkTarget&)> leadsSomewhere;
+    /// The last paragraph is the one that was the story's last; otherwise it ends with a mark of its own, and
+    /// that paragraph stays behind it as it is.
+    bool endsOpen = true;
 };
 
 /// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it

@@ -1,14 +1,19 @@
 #include "Composer.h"
 
+#include "Division.h"
 #include "FileLookup.h"
+#include "Flow.h"
+#include "Fragment.h"
+#include "FragmentPen.h"
 #include "WideText.h"
 
 #include "TextConversion.h"
 #include "WordConstants.h"
 #include "general/QdxException.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
+#include <deque>
 #include <ostream>
 #include <utility>
 
@@ -37,6 +42,31 @@ std::u16string meantStyle(const std::u16string& name)
     return isNumber && isDeep ? std::u16string(prefix) + u"9" : name;
 }
 
+/// Whether a table is in the blocks.
+bool holdTables(std::span<const Block> blocks)
+{
+    return std::ranges::any_of(blocks, [](const Block& block) { return std::holds_alternative<Table>(block); });
+}
+
+template <class Visit>
+void forEachTag(std::span<const Block> blocks, const Visit& visit)
+{
+    const auto visitIn = [&](const Paragraph& paragraph) {
+        for (const Item& item : paragraph.items)
+            if (const auto* const tag = std::get_if<Tag>(&item.what))
+                visit(tag->bookmark);
+    };
+    for (const Block& block : blocks) {
+        if (const auto* const paragraph = std::get_if<Paragraph>(&block)) {
+            visitIn(*paragraph);
+            continue;
+        }
+        for (const Row& row : std::get<Table>(block).rows)
+            for (const Cell& cell : row)
+                std::ranges::for_each(cell, visitIn);
+    }
+}
+
 } // namespace
 
 /// A part of the document with text of its own: what is said of it, and the pen that writes it.
@@ -44,7 +74,7 @@ struct Composer::Story
 {
     Story(const Word::_DocumentPtr& document, const Word::RangePtr& range, std::u16string_view style,
           Ground around)
-        : content(style), ground(std::move(around)), pen(document, range)
+        : content(style), ground(std::move(around)), pen(document, range), fragmentPen(document, range)
     {
     }
 
@@ -56,10 +86,18 @@ struct Composer::Story
         return Passage::Cell{cell.row, cell.column};
     }
 
+    /// Something that was taken and is to be brought into Word.
+    struct Step
+    {
+        Plan plan;
+        std::optional<Fragment> fragment = {}; ///< that says the same
+    };
+
     StoryContent content;
     Ground ground; ///< behind what was taken
-    Plan plan;     ///< what is left of it
+    std::deque<Step> steps;
     TypedPen pen;
+    FragmentPen fragmentPen;
 };
 
 Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
@@ -400,18 +438,91 @@ void Composer::flushIfMuchWaits()
 
 void Composer::flush(Story& story)
 {
-    story.pen.carryOut(story.plan);
+    carryOut(story);
     if (isSectionDue_ && &story == body_.get()) {
         story.pen.breakSection();
         isSectionDue_ = false;
     }
     if (!story.content.isPending())
         return;
+    divideIntoSteps(story);
+    carryOut(story);
+}
+
+// What a fragment saves must be more than it costs itself.
+void Composer::divideIntoSteps(Story& story)
+{
+    constexpr std::size_t fewestOperations = 10;
+    const std::span<const Block> all = story.content.blocks();
+    const std::vector<LinkTarget>& links = story.content.links();
     const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
-    story.plan = planOf({story.content.blocks(), story.content.links(), story.ground, leads}, *styles_);
+    std::vector<Stretch> stretches = {{0, all.size(), false}};
+    if (pen_ == Pen::fragments && readsFragments_)
+        stretches = divide(all, links, story.content.isTableOpen());
+
+    std::deque<Story::Step> steps;
+    Ground ground = story.ground;
+    std::set<std::u16string> written = writtenTags_;
+    for (const Stretch& stretch : stretches) {
+        const std::span<const Block> blocks = all.subspan(stretch.first, stretch.past - stretch.first);
+        const bool isLast = stretch.past == all.size();
+        Story::Step step{planOf({blocks, links, ground, leads, isLast}, *styles_)};
+        std::size_t operations = 0;
+        for (const Passage& passage : step.plan.passages)
+            operations += passage.operations.size();
+        if (stretch.isFragment && operations >= fewestOperations)
+            step.fragment = makeFragment(story, blocks, ground, written);
+        forEachTag(blocks, [&](const std::u16string& bookmark) { written.insert(bookmark); });
+        ground = step.plan.after;
+        steps.push_back(std::move(step));
+    }
     story.content.taken();
-    story.ground = story.plan.after;
-    story.pen.carryOut(story.plan);
+    story.steps = std::move(steps);
+    story.ground = std::move(ground);
+    writtenTags_ = std::move(written);
+}
+
+Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
+                                const std::set<std::u16string>& written)
+{
+    const auto isLinked = [this](const std::u16string& bookmark) {
+        return leadsSomewhere({.bookmark = bookmark});
+    };
+    const float width = holdTables(blocks) ? story.fragmentPen.textWidth() : 0;
+    Fragment fragment{.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width}),
+                      .ground = ground};
+    const auto* const last = std::get_if<Paragraph>(&blocks.back());
+    fragment.endsInTable = last == nullptr;
+    if (last) {
+        fragment.lastStyle = last->style;
+        fragment.lastAlignment = directAlignment(*last, *styles_);
+    }
+    const auto* const first = std::get_if<Paragraph>(&blocks.front());
+    if (first && !first->items.empty() && std::holds_alternative<Text>(first->items.front().what) &&
+        first->items.front().link == noLink &&
+        changeOf(first->items.front().font.get(), first->style, *styles_).isEmpty())
+        fragment.firstFont = styles_->fontOf(first->style);
+    forEachTag(blocks, [&](const std::u16string& bookmark) {
+        if (written.contains(bookmark))
+            fragment.movedTags.push_back(bookmark);
+    });
+    return fragment;
+}
+
+void Composer::carryOut(Story& story)
+{
+    while (!story.steps.empty()) {
+        Story::Step& step = story.steps.front();
+        if (step.fragment && readsFragments_) {
+            if (story.fragmentPen.add(*step.fragment)) {
+                story.steps.pop_front();
+                continue;
+            }
+            readsFragments_ = false;
+        }
+        story.pen.carryOut(step.plan);
+        story.steps.pop_front();
+    }
 }
 
 // A link to a tag that may still come is made, and taken away again should the tag never come.

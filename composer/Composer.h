@@ -4,6 +4,7 @@
 #include "StoryContent.h"
 #include "TagNames.h"
 
+#include "FragmentPen.h"
 #include "Plan.h"
 #include "StyleBook.h"
 #include "TypedPen.h"
@@ -12,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -109,6 +111,10 @@ private:
 
     void flushIfMuchWaits();
     void flush(Story& story);
+    void divideIntoSteps(Story& story);
+    Fragment makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
+                          const std::set<std::u16string>& written);
+    void carryOut(Story& story);
     void flushAll();
     void removeDeadLinks();
     [[nodiscard]] bool leadsSomewhere(const LinkTarget& target);
@@ -119,6 +125,8 @@ private:
     Trace trace_;
     std::optional<StyleBook> styles_;
     TagNames tags_;
+    std::set<std::u16string> writtenTags_;     ///< They have a place in Word, or may have.
+    bool readsFragments_ = true;               ///< Word has refused none yet.
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
     int tocLevel_ = 0;
 

@@ -381,6 +381,11 @@ Ground Flow::groundBehind()
     if (lines_.empty())
         return ground_;
     const Line& last = lines_.back();
+    if (!last.isLast) {
+        Ground untouched = ground_;
+        untouched.isPlain = true;
+        return untouched;
+    }
     // A link that covers the paragraph end in front ends in the last paragraph.
     const bool isPlainBefore = lines_.size() > 1 ? linkBefore(lines_.size() - 1) == noLink : ground_.isPlain;
     if (isFormatted(last))

@@ -1,0 +1,78 @@
+#include "Division.h"
+
+#include "FragmentFitness.h"
+
+#include <algorithm>
+#include <variant>
+
+namespace compose {
+
+namespace {
+
+bool holdsLastBreak(const Paragraph& paragraph)
+{
+    return std::ranges::any_of(paragraph.items, [](const Item& item) {
+        const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
+        return pageBreak && pageBreak->isLast;
+    });
+}
+
+/// Whether what stands at its end tells a paragraph that was read in from one that was there.
+bool showsItsEnd(const Block& block)
+{
+    const auto* const paragraph = std::get_if<Paragraph>(&block);
+    if (!paragraph)
+        return true;
+    return !paragraph->items.empty() && std::holds_alternative<Text>(paragraph->items.back().what) &&
+           paragraph->items.back().link == noLink;
+}
+
+/// A link that goes on behind a paragraph end goes on in the next paragraph.
+bool endsInALink(const Block& block)
+{
+    const auto* const paragraph = std::get_if<Paragraph>(&block);
+    return paragraph && paragraph->endLink != noLink;
+}
+
+} // namespace
+
+std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
+                            bool isTableOpen)
+{
+    const std::size_t open = blocks.size() - (isTableOpen ? 2 : 1);
+    const auto fits = [&](std::size_t index) {
+        const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
+        return index < open && fitsFragment(blocks[index], links) && !(paragraph && holdsLastBreak(*paragraph));
+    };
+    std::vector<Stretch> stretches;
+    const auto add = [&](std::size_t first, std::size_t past, bool isFragment) {
+        if (first == past)
+            return;
+        if (!isFragment && !stretches.empty() && !stretches.back().isFragment)
+            stretches.back().past = past;
+        else
+            stretches.push_back({first, past, isFragment});
+    };
+    for (std::size_t first = 0; first < blocks.size();) {
+        std::size_t past = first;
+        while (past < blocks.size() && fits(past))
+            ++past;
+        if (past == first) {
+            add(first, first + 1, false);
+            ++first;
+            continue;
+        }
+        const bool beginsInALink = first > 0 && endsInALink(blocks[first - 1]);
+        std::size_t end = past;
+        while (end > first && (!showsItsEnd(blocks[end - 1]) || endsInALink(blocks[end - 1])))
+            --end;
+        if (beginsInALink)
+            end = first;
+        add(first, end, true);
+        add(end, past, false);
+        first = past;
+    }
+    return stretches;
+}
+
+} // namespace compose

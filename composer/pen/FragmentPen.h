@@ -1,0 +1,79 @@
+#pragma once
+
+#include "FontChange.h"
+#include "Plan.h"
+
+#include "Word.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace compose {
+
+/// A piece of rich text, and what has to be known to see what became of it.
+struct Fragment
+{
+    std::string text;
+    Ground ground; ///< of the empty paragraph that it is read in in front of
+    bool endsInTable = false;
+    std::u16string lastStyle;         ///< of its last paragraph, if it does not end in a table
+    std::optional<int> lastAlignment; ///< direct
+    /// The font of its first character, where that is the style's own.
+    std::optional<Font> firstFont;
+    /// Its tags that have a place already.
+    std::vector<std::u16string> movedTags;
+};
+
+/// Has Word read fragments in at the end of a story.
+///
+/// No position is computed afterwards: a character of our own stands behind the place, and tells where the end
+/// is. What readers are known to do differently with the last paragraph is looked for and mended.
+///
+/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
+class FragmentPen
+{
+public:
+    /// `story`: moved about.
+    explicit FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story)
+        : document_(document), range_(story)
+    {
+    }
+
+    /// False, and nothing is left of it, when Word does not read it in, or not as it is meant.
+    bool add(const Fragment& fragment);
+
+    /// Points; of the page at the story's end.
+    float textWidth();
+
+private:
+    enum class Stage
+    {
+        begun,    ///< nothing is there
+        marked,   ///< the character is
+        read,     ///< in front of it the fragment
+        joined,   ///< whose last paragraph has joined that of the character, formatted as it is to be
+        parted,   ///< and is one of its own again
+        ended,    ///< the fragment is as it should be
+        refused,  ///< the character has to go
+        misread   ///< all of it has to go
+    };
+
+    void mark();
+    void read(const Fragment& fragment);
+    void lookAtTheEnd(const Fragment& fragment);
+    void formatLast(const Fragment& fragment);
+    void part();
+    void restoreGround(const Fragment& fragment);
+    bool hasItsOwnFont(const Fragment& fragment);
+    void removeMark();
+    long markPlace();
+
+    Word::_DocumentPtr document_;
+    Word::RangePtr range_;
+    Stage stage_ = Stage::begun;
+    long start_ = 0;
+    bool isFontSeen_ = false; ///< Word leaves a fragment's own default font behind.
+};
+
+} // namespace compose

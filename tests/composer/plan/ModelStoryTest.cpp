@@ -11,10 +11,12 @@ namespace {
 class ModelStoryTest : public testing::Test
 {
 protected:
-    void carryOut(std::deque<Operation> operations)
+    void carryOut(const std::vector<Operation>& operations)
     {
         Plan plan;
-        plan.passages.push_back({{}, std::move(operations)});
+        Passage& passage = plan.passages.emplace_back();
+        for (const Operation& operation : operations)
+            passage.operations.push_back(operation);
         story.carryOut(plan);
     }
 

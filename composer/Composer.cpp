@@ -489,8 +489,9 @@ Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, con
         return leadsSomewhere({.bookmark = bookmark});
     };
     const float width = holdTables(blocks) ? story.fragmentPen.textWidth() : 0;
-    Fragment fragment{.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width}),
-                      .ground = ground};
+    Fragment fragment;
+    fragment.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width});
+    fragment.ground = ground;
     const auto* const last = std::get_if<Paragraph>(&blocks.back());
     fragment.endsInTable = last == nullptr;
     if (last) {

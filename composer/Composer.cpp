@@ -452,7 +452,7 @@ void Composer::flush(Story& story)
 // What a fragment saves must be more than it costs itself.
 void Composer::divideIntoSteps(Story& story)
 {
-    constexpr std::size_t fewestOperations = 10;
+    constexpr std::size_t fewestOperations = 6;
     const std::span<const Block> all = story.content.blocks();
     const std::vector<LinkTarget>& links = story.content.links();
     const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
@@ -488,7 +488,7 @@ Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, con
     const auto isLinked = [this](const std::u16string& bookmark) {
         return leadsSomewhere({.bookmark = bookmark});
     };
-    const float width = holdTables(blocks) ? story.fragmentPen.textWidth() : 0;
+    const float width = holdTables(blocks) ? story.fragmentPen.textWidth(sectionsInWord_) : 0;
     Fragment fragment;
     fragment.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width});
     fragment.ground = ground;

@@ -5,11 +5,13 @@
 #include "WideText.h"
 
 #include <string_view>
+#include <utility>
 
 namespace compose {
 
 namespace {
 
+constexpr int triesOfAFragment = 2;
 constexpr wchar_t markText[] = L"\x00a7";
 constexpr std::wstring_view paragraphEnd = L"\r";
 
@@ -31,6 +33,35 @@ void putAlignment(const Word::RangePtr& range, const std::optional<int>& alignme
 } // namespace
 
 bool FragmentPen::add(const Fragment& fragment)
+{
+    if (wasRead_)
+        return *std::exchange(wasRead_, std::nullopt);
+    try {
+        const bool isRead = goOn(fragment);
+        failures_ = 0;
+        return isRead;
+    } catch (const _com_error&) {
+        if (++failures_ == triesOfAFragment)
+            giveUp();
+        throw;
+    }
+}
+
+// What was read in by then stays.
+void FragmentPen::giveUp()
+{
+    failures_ = 0;
+    wasRead_ = stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted ||
+               stage_ == Stage::ended;
+    try {
+        if (stage_ != Stage::begun)
+            removeMark();
+    } catch (const _com_error&) { // The failure before it is the one to tell of.
+        stage_ = Stage::begun;
+    }
+}
+
+bool FragmentPen::goOn(const Fragment& fragment)
 {
     while (true) {
         switch (stage_) {
@@ -180,11 +211,9 @@ bool FragmentPen::hasItsOwnFont(const Fragment& fragment)
     return isOwn;
 }
 
-float FragmentPen::textWidth()
+float FragmentPen::textWidth(int section)
 {
-    const long end = range_->GetStoryLength();
-    range_->SetRange(end - 1, end);
-    const Word::PageSetupPtr page = range_->GetPageSetup();
+    const Word::PageSetupPtr page = document_->GetSections()->Item(section)->GetPageSetup();
     return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin();
 }
 

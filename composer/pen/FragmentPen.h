@@ -30,7 +30,8 @@ struct Fragment
 /// No position is computed afterwards: a character of our own stands behind the place, and tells where the end
 /// is. What readers are known to do differently with the last paragraph is looked for and mended.
 ///
-/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
+/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed. After
+/// a second failure it only tells what came of the fragment.
 class FragmentPen
 {
 public:
@@ -43,8 +44,8 @@ public:
     /// False, and nothing is left of it, when Word does not read it in, or not as it is meant.
     bool add(const Fragment& fragment);
 
-    /// Points; of the page at the story's end.
-    float textWidth();
+    /// Points; of a section's page.
+    float textWidth(int section);
 
 private:
     enum class Stage
@@ -59,6 +60,8 @@ private:
         misread   ///< all of it has to go
     };
 
+    bool goOn(const Fragment& fragment);
+    void giveUp();
     void mark();
     void read(const Fragment& fragment);
     void lookAtTheEnd(const Fragment& fragment);
@@ -73,6 +76,8 @@ private:
     Word::RangePtr range_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
+    int failures_ = 0;
+    std::optional<bool> wasRead_; ///< of a fragment that was given up
     bool isFontSeen_ = false; ///< Word leaves a fragment's own default font behind.
 };
 

@@ -56,12 +56,29 @@ bool StyleBook::holds(const std::u16string& style)
     }
 }
 
+template <class Property, class Read>
+const Property& StyleBook::known(Page& page, std::optional<Property>& property, const Property& unknown,
+                                 const Read& read)
+{
+    constexpr int tries = 2;
+    if (property)
+        return *property;
+    try {
+        property = read(page.style);
+    } catch (const _com_error&) {
+        if (++page.failures < tries)
+            throw;
+        property = unknown;
+    }
+    return *property;
+}
+
 const Font& StyleBook::fontOf(const std::u16string& style)
 {
     Page& page = pageOf(style);
-    if (!page.font) {
-        const Word::_FontPtr source = page.style->GetFont();
-        page.font = Font{
+    return known(page, page.font, Font(), [](const Word::StylePtr& each) {
+        const Word::_FontPtr source = each->GetFont();
+        return Font{
             .name = portable(source->GetName()),
             .size = source->GetSize(),
             .isBold = source->GetBold() != 0,
@@ -69,16 +86,16 @@ const Font& StyleBook::fontOf(const std::u16string& style)
             .isUnderlined = source->GetUnderline() != Word::wdUnderlineNone,
             .isStruck = source->GetStrikeThrough() != 0,
         };
-    }
-    return *page.font;
+    });
 }
 
 int StyleBook::alignmentOf(const std::u16string& style)
 {
+    constexpr int noAlignment = -1;
     Page& page = pageOf(style);
-    if (!page.alignment)
-        page.alignment = static_cast<int>(page.style->GetParagraphFormat()->GetAlignment());
-    return *page.alignment;
+    return known(page, page.alignment, noAlignment, [](const Word::StylePtr& each) {
+        return static_cast<int>(each->GetParagraphFormat()->GetAlignment());
+    });
 }
 
 } // namespace compose

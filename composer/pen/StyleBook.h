@@ -13,7 +13,8 @@ namespace compose {
 
 /// The paragraph styles of one document, each asked for once.
 ///
-/// Errors: a failed Word call raises `_com_error`; asking again asks Word again.
+/// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style whose font or alignment
+/// Word does not tell the second time either counts as one that nothing said equals.
 class StyleBook : public StyleSheet
 {
 public:
@@ -35,7 +36,11 @@ private:
         Word::StylePtr style; ///< null: there is none
         std::optional<Font> font = {};
         std::optional<int> alignment = {};
+        int failures = 0;
     };
+    template <class Property, class Read>
+    static const Property& known(Page& page, std::optional<Property>& property, const Property& unknown,
+                                 const Read& read);
     Page& pageOf(const std::u16string& style);
 
     Word::_DocumentPtr document_;

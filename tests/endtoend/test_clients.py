@@ -32,7 +32,7 @@ def sample_log(document):
         "mirovel->insertEndl();",
         "mirovel->close();",
         "mirovel->stop();",
-    ]).encode("ascii")
+    ]).encode("cp1252")
 
 
 class Samples(EndToEndTest):

@@ -240,7 +240,7 @@ private:
             calls_ += "insertText with a link\n";
             const compose::LinkTarget place{.address = target};
             content_.insertText(text, &place);
-            meaning_.insertText(text, target);
+            meaning_.insertText(text, reference::RequestedLink{.target = target});
             return;
         }
         case 4:

@@ -18,9 +18,9 @@ public:
     {
         if (areOver())
             return 0;
-        const std::size_t byte = bytes_.front();
+        const std::size_t choice = bytes_.front();
         bytes_ = bytes_.subspan(1);
-        return byte % count;
+        return choice % count;
     }
     bool onceIn(std::size_t count) { return below(count) == count - 1; }
     template <class List>
@@ -38,7 +38,7 @@ inline std::vector<std::uint8_t> randomBytes(std::uint32_t seed, std::size_t mos
 {
     std::mt19937 numbers(seed);
     std::vector<std::uint8_t> bytes(1 + numbers() % most);
-    for (std::uint8_t& byte : bytes)
-        byte = static_cast<std::uint8_t>(numbers() >> 11U);
+    for (std::uint8_t& each : bytes)
+        each = static_cast<std::uint8_t>(numbers() >> 11U);
     return bytes;
 }

@@ -3,8 +3,8 @@
 //   scripts/run-client build/mingw-release/samples/sample_report.exe --log /tmp/report.log --
 //       'Z:\tmp\report.doc' 'Z:\...\samples\report-files'
 //
-// It is written with positions tracked: links, tags and the table of contents stand where they were asked
-// for, and formatting reaches exactly as far as it was set.
+// It is composed (the setting Word/Compose): links, tags and the table of contents stand where they were
+// asked for, and formatting reaches exactly as far as it was set.
 //
 // By virtual table a failure in Word arrives as a QdxException; what has no text for the user stays a
 // _com_error.
@@ -27,7 +27,7 @@ constexpr short alignLeft = 1, alignCentred = 2, alignRight = 3, alignJustified 
 constexpr short bold = 1, italic = 2, underline = 4, strike = 8;
 constexpr short fieldDate = 1, fieldTime = 2, fieldFileName = 3, fieldPage = 4;
 constexpr short embedded = 0, portrait = 0;
-constexpr short textSetting = 1, numberSetting = 2, booleanSetting = 3;
+constexpr short textSetting = 1, numberSetting = 2;
 constexpr wchar_t homePage[] = L"http://www.lindholm.example/";
 
 struct Apartment
@@ -83,7 +83,7 @@ private:
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"WordTemplateName"), bstr(files_ + L"\\report.dot"),
                                    textSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TOCLevel"), bstr(L"2"), numberSetting);
-        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TrackPositions"), bstr(L"1"), booleanSetting);
+        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"Compose"), bstr(L"1"), numberSetting);
         mirovel_->trace(10);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));

@@ -4,13 +4,13 @@
 //   scripts/run-client samples/jscript/report.js --log /tmp/report.log -- 'Z:\tmp\report.doc' \
 //       'Z:\...\samples\report-files'
 //
-// It is written with positions tracked: links, tags and the table of contents stand where they were asked for, and
+// It is composed (the setting Word/Compose): links, tags and the table of contents stand where they were asked for, and
 // formatting reaches exactly as far as it was set.
 var alignLeft = 1, alignCentred = 2, alignRight = 3, alignJustified = 4;
 var bold = 1, italic = 2, underline = 4, strike = 8;
 var fieldDate = 1, fieldTime = 2, fieldFileName = 3, fieldPage = 4;
 var embedded = 0, portrait = 0;
-var textSetting = 1, numberSetting = 2, booleanSetting = 3;
+var textSetting = 1, numberSetting = 2;
 var homePage = "http://www.lindholm.example/";
 var bullet = "\u2022", dot = " \u00b7 ", degrees = " \u00b0C", deltaT = "\u0394T", sigma = "\u03c3";
 
@@ -22,7 +22,7 @@ function startDocument(fileName) {
     WScript.Echo("Settings page: " + mirovel.getPropPages());
     mirovel.overrideRegistry("Word", "WordTemplateName", files + "\\report.dot", textSetting);
     mirovel.overrideRegistry("Word", "TOCLevel", "2", numberSetting);
-    mirovel.overrideRegistry("Word", "TrackPositions", "1", booleanSetting);
+    mirovel.overrideRegistry("Word", "Compose", "1", numberSetting);
     mirovel.trace(10);
     mirovel.start();
     mirovel.create(fileName);

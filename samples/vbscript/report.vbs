@@ -4,7 +4,7 @@
 '   scripts/run-client samples/vbscript/report.vbs --log /tmp/report.log -- 'Z:\tmp\report.doc' \
 '       'Z:\...\samples\report-files'
 '
-' It is written with positions tracked: links, tags and the table of contents stand where they were asked for, and
+' It is composed (the setting Word/Compose): links, tags and the table of contents stand where they were asked for, and
 ' formatting reaches exactly as far as it was set.
 Option Explicit
 
@@ -12,7 +12,7 @@ Const AlignLeft = 1, AlignCentred = 2, AlignRight = 3, AlignJustified = 4
 Const Bold = 1, Italic = 2, Underline = 4, Strike = 8
 Const FieldDate = 1, FieldTime = 2, FieldFileName = 3, FieldPage = 4
 Const Embedded = 0, Portrait = 0
-Const TextSetting = 1, NumberSetting = 2, BooleanSetting = 3
+Const TextSetting = 1, NumberSetting = 2
 Const ForReading = 1, AsUnicode = -1
 Const HomePage = "http://www.lindholm.example/"
 
@@ -36,7 +36,7 @@ Sub StartDocument(fileName)
     WScript.Echo "Settings page: " & mirovel.getPropPages()
     mirovel.overrideRegistry "Word", "WordTemplateName", files & "\report.dot", TextSetting
     mirovel.overrideRegistry "Word", "TOCLevel", "2", NumberSetting
-    mirovel.overrideRegistry "Word", "TrackPositions", "1", BooleanSetting
+    mirovel.overrideRegistry "Word", "Compose", "1", NumberSetting
     mirovel.trace 10
     mirovel.start
     mirovel.create fileName

@@ -1,5 +1,5 @@
-// The setting "Word"/"Compose": what the writers of one document know of each other, and text in all
-// characters.
+// The setting "Word"/"Compose" at the front end: what the stories of one composed document know of each
+// other, and text in all characters.
 #include "FrontEndTest.h"
 
 #include "Bookmarks.h"
@@ -14,12 +14,14 @@ namespace model = standin::model;
 
 using StoryPtr = std::shared_ptr<model::Story>;
 
-class ComposedSessionTest : public FrontEndTest
+constexpr short integer = 2;
+
+class ComposedSessionTest : public FrontEndTest, public testing::WithParamInterface<const char*>
 {
 protected:
     ComposedSessionTest()
     {
-        setting("Word", "Compose", "1", 2);
+        setting("Word", "Compose", GetParam(), integer);
         openDocument();
         document_ = word.model().documents().front();
     }
@@ -29,7 +31,7 @@ protected:
         FrontEndTest::TearDown();
     }
 
-    /// Completes the writers' pending work. The document stays open in Word, to be looked at.
+    /// Completes the writer's pending work. The document stays open in Word, to be looked at.
     void complete() const { client->create(bstr(folder.file("next.doc"))); }
 
     StoryPtr body() const { return document_->mainStory(); }
@@ -60,7 +62,7 @@ private:
     }
 };
 
-TEST_F(ComposedSessionTest, DrawsLinksToTagsOfAllWriters)
+TEST_P(ComposedSessionTest, DrawsLinksToTagsOfAllWriters)
 {
     client->insertXref(L"to header"_b, L"in header"_b);
     client->startHeader();
@@ -84,7 +86,7 @@ TEST_F(ComposedSessionTest, DrawsLinksToTagsOfAllWriters)
     EXPECT_EQ(document_->bookmarks().find(u"b2")->range().storyPtr(), body());
 }
 
-TEST_F(ComposedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
+TEST_P(ComposedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
 {
     client->startHeader();
     client->insertXref(L"nowhere"_b, L"never"_b);
@@ -93,7 +95,7 @@ TEST_F(ComposedSessionTest, LeavesLinksToTagsThatNeverComeAsText)
     EXPECT_EQ(shown(header()), u"nowhere");
 }
 
-TEST_F(ComposedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
+TEST_P(ComposedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
 {
     client->startHeader();
     client->insertText(L"one "_b);
@@ -110,7 +112,7 @@ TEST_F(ComposedSessionTest, GoesOnInAHeaderThatIsStillBeingWritten)
     EXPECT_EQ(shown(body()), u"body");
 }
 
-TEST_F(ComposedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
+TEST_P(ComposedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
 {
     client->startHeader();
     client->insertXref(L"a long label of a link"_b, L"tag"_b);
@@ -123,7 +125,7 @@ TEST_F(ComposedSessionTest, ReplacesAHeaderThatWasEndedAndForgetsItsLinks)
     EXPECT_EQ(shown(header()), u"x");
 }
 
-TEST_F(ComposedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
+TEST_P(ComposedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
 {
     client->startHeader();
     client->setTextAlign(2);
@@ -136,7 +138,7 @@ TEST_F(ComposedSessionTest, BeginsAReplacedHeaderWithoutItsFormatting)
     EXPECT_EQ(model::LiveRange(header(), 0, 1).paragraphFormat().alignment, model::Alignment::left);
 }
 
-TEST_F(ComposedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
+TEST_P(ComposedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
 {
     client->insertTag(L"tag"_b);
     client->insertText(L"a long text in the body"_b);
@@ -152,7 +154,7 @@ TEST_F(ComposedSessionTest, MovesATagThatAnotherWriterPlacesAgain)
     EXPECT_EQ(place.end(), 2);
 }
 
-TEST_F(ComposedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
+TEST_P(ComposedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
 {
     client->insertText(L"one"_b);
     client->insertPageBreak();
@@ -171,7 +173,7 @@ TEST_F(ComposedSessionTest, TakesTheBodysLastPageBreakFromInsideAHeaderToo)
     EXPECT_EQ(shown(body()), u"one\ftwo");
 }
 
-TEST_F(ComposedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
+TEST_P(ComposedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
 {
     client->insertText(L"\x3b1<a href=\"\x3b2\">\x3b3</a>\x3b4<a href=\"\x3b5\">\x3b6</a>\x3b7"_b);
     client->insertTag(L"\x3b2"_b);
@@ -181,7 +183,7 @@ TEST_F(ComposedSessionTest, KeepsEveryCharacterOfAnchorsAndTags)
     EXPECT_EQ(shown(body()), u"\x3b1[\x3b3>b1]\x3b4[\x3b6>b2]\x3b7\r");
 }
 
-TEST_F(ComposedSessionTest, EchoesAnchorsInTheCodePage)
+TEST_P(ComposedSessionTest, EchoesAnchorsInTheCodePage)
 {
     trace(10);
     client->insertText(L"<a href=\"http://a.example/\">\xe4\x3b1</a>\xe4\x3b2"_b);
@@ -189,31 +191,45 @@ TEST_F(ComposedSessionTest, EchoesAnchorsInTheCodePage)
                                           "mirovel->insertText(\"\xe4?\");\r\n"));
 }
 
-TEST_F(ComposedSessionTest, ReadsTheSettingAtCreate)
+/// What a composing writer puts off, the counting one does at once.
+TEST_P(ComposedSessionTest, ReadsTheSettingAtCreate)
 {
+    setting("Word", "Compose", "0", integer);
+    client->insertTag(L"tag"_b);
+    EXPECT_EQ(takeTranscript(), Lines());
     client->close();
-    setting("Word", "Compose", "0", 2);
+
     openDocument();
-    client->insertText(L"text"_b);
+    setting("Word", "Compose", GetParam(), integer);
     client->insertTag(L"tag"_b);
     EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b1\", missing)")));
-    setting("Word", "Compose", "yes");
-    client->insertTag(L"other"_b);
-    EXPECT_THAT(takeTranscript(), testing::Contains(testing::HasSubstr(".Add(\"b2\", missing)")));
 }
 
-/// Normal's font may have been another one in an earlier document of this process.
-TEST_F(ComposedSessionTest, AsksEachDocumentForNormalsFont)
+/// Its styles may have had other fonts in an earlier document of this process.
+TEST_P(ComposedSessionTest, AsksEachDocumentForTheFontsOfItsStyles)
 {
+    const auto writeHeading = [this] {
+        client->setStyle(L"Heading 1"_b);
+        client->setFontSize(16);
+        client->insertText(L"heading"_b);
+    };
+    writeHeading();
     client->close();
     document_.reset();
-    word.clearTranscript();
+
     openDocument();
     document_ = word.model().documents().front();
-    client->setStyle(L"Heading 1"_b);
-    client->setStyle(L"Normal"_b);
-    for (const std::string& call : takeTranscript())
-        EXPECT_EQ(call.find(".Item(-1)"), std::string::npos) << call;
+    document_->styles().find(u"Heading 1")->font.size = 33.0F;
+    writeHeading();
+    complete();
+    EXPECT_EQ(model::LiveRange(body(), 0, 7).font().size, 16.0F);
 }
+
+std::string nameOf(const testing::TestParamInfo<const char*>& info)
+{
+    return info.param == std::string_view("1") ? "Typed" : "Fragments";
+}
+
+INSTANTIATE_TEST_SUITE_P(Pens, ComposedSessionTest, testing::Values("1", "2"), nameOf);
 
 } // namespace

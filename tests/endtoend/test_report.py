@@ -125,15 +125,25 @@ FOOTER_LINKS = [("Sources", "Sources\n"), ("www.lindholm.example", HOME_PAGE)]
 
 
 class Report(SampleTest):
-    """The file, and what LibreOffice shows of it."""
+    """The file, and what LibreOffice shows of it. Composed with typed calls, as the sample has it."""
 
-    made = None
+    pen = 1
+    made = {}
 
     def setUp(self):
-        if Report.made is None:
-            document, _ = self.run_sample(clients("report")[0], "report")
-            Report.made = document, Rtf(document), documents.pdf_of(document)
-        self.document, self.file, self.pdf = Report.made
+        for pen in (1, self.pen):
+            if pen not in Report.made:
+                document, _ = self.run_sample(self.client(pen), "report")
+                pdf = documents.pdf_of(document)
+                Report.made[pen] = document, Rtf(document), pdf, documents.places_of_words(pdf)
+        self.document, self.file, self.pdf, self.words = Report.made[self.pen]
+
+    def client(self, pen):
+        """The sample, but for the pen."""
+        sample = clients("report")[0].read_text("ascii")
+        chosen = sample.replace('"Compose", "1"', f'"Compose", "{pen}"')
+        self.assertEqual(pen == 1, chosen == sample)
+        return self._write("report.vbs", chosen, "ascii")
 
     def pages(self, *options):
         return documents.pages_of(self.pdf, *options)
@@ -333,3 +343,16 @@ class Report(SampleTest):
         self.assertEqual([margins | {3, 6}, margins | {3, 6}], pages[3:5])
         self.assertEqual({3, 4, contents, sources, HOME_PAGE}, pages[5])
         self.assertEqual({4, start, contents, 3, 5, sources, HOME_PAGE}, pages[6])
+
+
+class ReportByFragments(Report):
+    pen = 2
+
+    def test_it_looks_as_with_typed_calls(self):
+        """Every word stands in its place, but for those of the line with the time of printing."""
+        def without_time(words):
+            line = next((page, y) for page, _, y, word in words if word == "Printed")
+            return [word for word in words if (word[0], word[2]) != line]
+        typed, found = without_time(Report.made[1][-1]), without_time(self.words)
+        self.assertGreater(len(typed), 1000)
+        self.assertEqual(typed, found)

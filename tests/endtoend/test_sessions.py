@@ -1,4 +1,4 @@
-"""Random sessions in which the writer tracks positions: LibreOffice reads the text that the reference model predicts."""
+"""Random sessions that are composed, with each pen: LibreOffice reads the text that the reference model predicts."""
 
 import json
 import os
@@ -11,33 +11,44 @@ from support.endtoend import ROOT, EndToEndTest, windows
 SESSIONS = pathlib.Path(os.environ["MIROVEL_SESSIONS"])
 FIRST = 100_001
 RUNS, SESSIONS_PER_RUN = 4, 50
-PICTURE = ROOT / "samples" / "report-files" / "sign.bmp"
+TYPED, FRAGMENTS = 1, 2
 
 
 class Sessions(EndToEndTest):
-    def test_their_documents_say_what_the_calls_say(self):
-        sessions = self.sessions()
-        documents = [self.new_document(f"session{FIRST + number}.doc") for number in range(len(sessions))]
+    def test_composed_with_typed_calls_their_documents_say_what_the_calls_say(self):
+        self.check_documents(TYPED)
+
+    def test_composed_with_fragments_their_documents_say_what_the_calls_say(self):
+        self.check_documents(FRAGMENTS)
+
+    def check_documents(self, pen):
+        files = self.folder / f"files{pen}"
+        files.mkdir()
+        names, *sessions = self.sessions(files)
+        documents = [self.new_document(f"session{FIRST + number}pen{pen}.doc") for number in range(len(sessions))]
         played = list(zip(sessions, documents))
         for run in range(RUNS):
-            self.play(played[run::RUNS])
+            self.play(pen, {name: step_word(windows(files / name)) for name in names}, played[run::RUNS])
         wrong = [f"{document.stem}\n{session['steps']}expected {session['text']!r}\nfound    {text!r}"
                  for (session, document), text in zip(played, self.texts_of(documents))
                  if not re.fullmatch(pattern_of(session["text"]), text, re.DOTALL)]
         self.assertEqual(0, len(wrong), "\n".join(wrong[:3]))
 
-    def play(self, sessions):
+    def play(self, pen, paths, sessions):
         """One client writes the documents one after the other."""
-        lines = ["new", "overrideRegistry\tWord\tTrackPositions\t1\t3", "start"]
+        lines = ["new", f"overrideRegistry\tWord\tCompose\t{pen}\t2", "start"]
         for session, document in sessions:
-            lines += [f"create\t{step_word(windows(document))}",
-                      *session["steps"].replace("picture.bmp", step_word(windows(PICTURE))).splitlines(), "close"]
+            steps = session["steps"]
+            for name, path in paths.items():
+                steps = steps.replace(name, path)
+            lines += [f"create\t{step_word(windows(document))}", *steps.splitlines(), "close"]
         lines += ["stop", "release"]
         self.assertAllOk(self.run_steps("\n".join(lines) + "\n"))
 
-    def sessions(self):
-        result = subprocess.run([ROOT / "scripts" / "in-wine", SESSIONS, str(FIRST), str(RUNS * SESSIONS_PER_RUN)], check=True,
-                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, timeout=120)
+    def sessions(self, files):
+        """The names of the files that sessions insert, which are written, and the sessions."""
+        command = [ROOT / "scripts" / "in-wine", SESSIONS, str(FIRST), str(RUNS * SESSIONS_PER_RUN), windows(files)]
+        result = subprocess.run(command, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, timeout=120)
         return [json.loads(line) for line in result.stdout.decode("ascii").splitlines()]
 
     def texts_of(self, documents):

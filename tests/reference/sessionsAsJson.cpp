@@ -1,13 +1,18 @@
-// sessions_as_json FIRST COUNT: random sessions, one a line, as a JSON object with
-//   steps   for the end-to-end tests' client, from the first content call to the last
+// sessions_as_json FIRST COUNT FOLDER: writes the files that sessions insert into the folder, and prints
+// their names as a JSON list; then random sessions, one a line, as a JSON object with
+//   steps   for the end-to-end tests' client, from the first content call to the last; files as named in the
+//           list
 //   text    of the body, as the reference model says: a line for each paragraph; what is not text as private
 //           characters (see the table below)
 #include "DocumentContent.h"
 #include "PrintableText.h"
 #include "RandomSession.h"
 #include "ReferenceDocument.h"
+#include "SessionFiles.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 
 namespace reference {
@@ -58,7 +63,7 @@ std::u16string textOf(const StoryContent& story)
 }
 
 /// `printable` escapes as JSON does, but for quotes.
-std::string quoted(std::string_view printableText)
+std::string jsonText(std::string_view printableText)
 {
     std::string result = "\"";
     for (const char c : printableText) {
@@ -75,8 +80,24 @@ std::string asJson(const Session& session)
     document.perform(session);
     const std::string steps = stepsOf(session);
     const std::string text = printable(textOf(*document.content().stories.front()));
-    return "{\"steps\": " + quoted(printable(std::u16string(steps.begin(), steps.end()))) +
-           ", \"text\": " + quoted(text) + "}";
+    return "{\"steps\": " + jsonText(printable(std::u16string(steps.begin(), steps.end()))) +
+           ", \"text\": " + jsonText(text) + "}";
+}
+
+/// The names of all, those of files that sessions miss as well.
+std::string writeFiles(const std::filesystem::path& folder)
+{
+    std::string names;
+    for (const SessionFile& file : sessionFiles()) {
+        const std::string name(file.name.begin(), file.name.end());
+        names += (names.empty() ? "" : ", ") + jsonText(name);
+        if (!file.exists())
+            continue;
+        std::ofstream stream(folder / name, std::ios::binary);
+        stream.exceptions(std::ios::failbit | std::ios::badbit);
+        stream << file.bytes << std::flush;
+    }
+    return "[" + names + "]";
 }
 
 } // namespace
@@ -84,11 +105,12 @@ std::string asJson(const Session& session)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3)
+    if (argc != 4)
         return 2;
     const auto first = static_cast<std::uint32_t>(std::atoi(argv[1]));
     const auto count = static_cast<std::uint32_t>(std::atoi(argv[2]));
+    std::cout << reference::writeFiles(argv[3]) << '\n';
     for (std::uint32_t seed = first; seed < first + count; ++seed)
-        std::cout << reference::asJson(reference::randomSession(seed)) << '\n';
+        std::cout << reference::asJson(reference::randomSession(seed, reference::Extent::all)) << '\n';
     return 0;
 }

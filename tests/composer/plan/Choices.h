@@ -18,9 +18,9 @@ public:
     {
         if (areOver())
             return 0;
-        const std::size_t first = bytes_.front();
+        const std::size_t choice = bytes_.front();
         bytes_ = bytes_.subspan(1);
-        return first % count;
+        return choice % count;
     }
     bool onceIn(std::size_t count) { return below(count) == count - 1; }
     template <class List>

@@ -39,6 +39,16 @@ def pages_of(pdf, *options):
     return text.split("\f")[:-1]
 
 
+def places_of_words(pdf):
+    """(page number, x, y, word) of each word, in points."""
+    words, page = [], 0
+    for line in subprocess.run(["pdftotext", "-bbox", pdf, "-"], capture_output=True, text=True, check=True).stdout.splitlines():
+        page += "<page " in line
+        if word := re.search(r'<word xMin="(.*?)" yMin="(.*?)" .*>(.*)</word>', line):
+            words.append((page, round(float(word[1])), round(float(word[2])), word[3]))
+    return words
+
+
 def page_sizes(pdf):
     """(width, height) of each page, points."""
     report = subprocess.run(["pdfinfo", "-l", "-1", pdf], capture_output=True, text=True, check=True).stdout

@@ -1,10 +1,15 @@
 #include "TypedPen.h"
 
+#include "FragmentFile.h"
 #include "StyleBook.h"
 #include "WideText.h"
 #include "WordConstants.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
 #include <utility>
 
 namespace compose {
@@ -48,6 +53,14 @@ std::u16string entryCode(std::u16string_view entry, int level)
 bool endsParagraph(wchar_t unit)
 {
     return unit == L'\r' || unit == L'\n' || unit == L'\a';
+}
+
+bool isRichText(const std::u16string& file)
+{
+    constexpr std::string_view start = "{\\rtf";
+    std::array<char, start.size()> found{};
+    std::ifstream(std::filesystem::path(file), std::ios::binary).read(found.data(), found.size());
+    return std::string_view(found.data(), found.size()) == start;
 }
 
 } // namespace
@@ -349,12 +362,9 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
         range_->GetParagraphFormat()->Reset();
         range_->GetFont()->Reset();
     }
-    const bool confirmConversions = false;
-    const bool isLinked = false;
-    const bool asAttachment = false;
     select({0, 0});
     try {
-        range_->InsertFile(bstr(file), L"", confirmConversions, isLinked, asAttachment);
+        insertFile(wide(file));
     } catch (const _com_error&) {
         select({0, 1});
         range_->Delete();
@@ -368,9 +378,45 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     if (last.length() == 0 || !endsParagraph(static_cast<const wchar_t*>(last)[0]))
         return false;
     const bool endsInTable = static_cast<const wchar_t*>(last)[last.length() - 1] == L'\a';
-    range_->SetRange(end, end + 1);
+    const bool hasSurplus = !endsInTable && endsWithTwo(end) && isRichText(file) && leavesSurplus(end);
+    range_->SetRange(hasSurplus ? end - 1 : end, end + 1);
     range_->Delete();
     return endsInTable;
+}
+
+/// Whether the last paragraph in front of the place, which ends there, holds nothing.
+bool TypedPen::endsWithTwo(long end)
+{
+    if (end - 2 < base_)
+        return false;
+    range_->SetRange(end - 2, end - 1);
+    const _bstr_t text = range_->GetText();
+    return text.length() == 1 && static_cast<const wchar_t*>(text)[0] == L'\r';
+}
+
+// An empty paragraph at the end may be the file's own. What Word makes of a file of ours tells.
+bool TypedPen::leavesSurplus(long at)
+{
+    constexpr long ownLength = 2;
+    if (!leavesSurplus_) {
+        const FragmentFile probe("{\\rtf1\\ansi\\pard\\plain x\\par}");
+        const long before = range_->GetStoryLength();
+        range_->SetRange(at, at);
+        insertFile(probe.path());
+        const long length = range_->GetStoryLength() - before;
+        range_->SetRange(at, at + length);
+        range_->Delete();
+        leavesSurplus_ = length > ownLength;
+    }
+    return *leavesSurplus_;
+}
+
+void TypedPen::insertFile(const std::wstring& path)
+{
+    const bool confirmConversions = false;
+    const bool isLinked = false;
+    const bool asAttachment = false;
+    range_->InsertFile(path.c_str(), L"", confirmConversions, isLinked, asAttachment);
 }
 
 void TypedPen::makeContents(int level)

@@ -83,6 +83,9 @@ private:
     void perform(const KeepContents& contents);
     void perform(const RemoveText& removal);
 
+    void insertFile(const std::wstring& path);
+    bool endsWithTwo(long end);
+    bool leavesSurplus(long at);
     static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
                            std::size_t rows);
 
@@ -94,6 +97,8 @@ private:
     Word::RangePtr lastBreak_; ///< covers the page break
     Word::RangePtr contents_;  ///< collapsed
     long pastField_ = 0;       ///< behind the field or entry added last
+    std::optional<bool>
+        leavesSurplus_; ///< Word puts an empty paragraph behind rich text that ends its last one.
 
     std::deque<Operation>* operations_ = nullptr; ///< of the passage being carried out
     long base_ = 0;                               ///< where that passage begins

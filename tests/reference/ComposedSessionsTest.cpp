@@ -1,5 +1,7 @@
 // Documents of the composing writer against the reference model: what a client says is what comes of it.
+#include "RandomNumbers.h"
 #include "RandomSession.h"
+#include "SessionFiles.h"
 #include "SessionLaw.h"
 #include "SessionPlayer.h"
 
@@ -21,6 +23,12 @@ constexpr std::size_t switchCount = 11;
 constexpr std::uint32_t combinationsInALot = (1U << switchCount) / lots;
 constexpr std::uint32_t sessionsOfACombination = 2;
 constexpr std::uint32_t firstSwitchedSession = 100'001;
+constexpr unsigned readingCombinations = 3U << 5U;
+constexpr std::uint32_t readingCombinationsInALot = readingCombinations / lots;
+constexpr std::uint32_t sessionsOfAReading = 8;
+constexpr std::uint32_t firstReadingSession = 200'001;
+constexpr std::uint32_t mixedSessionsInALot = 60;
+constexpr std::uint32_t firstMixedSession = 300'001;
 
 /// Each bit the reading of one uncertain point that is not taken by default.
 standin::model::Switches switchesOf(unsigned combination)
@@ -43,6 +51,34 @@ standin::model::Switches switchesOf(unsigned combination)
     for (unsigned bit = 0; bit < all.size(); ++bit)
         *all[bit] = (combination >> bit & 1U) == 0;
     return switches;
+}
+
+/// How Word reads rich text in, where that is not certain: the rest by three is the last paragraph's end, the
+/// quotient's bits are the other points.
+void setReading(standin::model::Switches& switches, unsigned combination)
+{
+    using standin::model::LastParagraph;
+    static constexpr std::array ends = {LastParagraph::mark, LastParagraph::dropped, LastParagraph::surplus};
+    switches.insertFileLastParagraph = ends.at(combination % ends.size());
+    unsigned bits = combination / ends.size();
+    for (bool* const point : {&switches.insertFileLeavesDefaultFont, &switches.insertFileKeepsDifferencesOnly,
+                              &switches.insertFileRangeCoversText, &switches.insertFileMovesBookmarks,
+                              &switches.insertFileTakesRtf}) {
+        *point = (bits & 1U) == 0;
+        bits >>= 1U;
+    }
+}
+
+/// A Word that refuses rich text refuses the client's as well, and says so.
+Session playable(Session session, const standin::model::Switches& switches)
+{
+    const auto isRefused = [](const ClientCall& call) {
+        const SessionFile* const file = findSessionFile(call.text);
+        return call.method == Method::insertFile && file && file->kind == SessionFile::Kind::formatted;
+    };
+    if (!switches.insertFileTakesRtf)
+        std::erase_if(session, isRefused);
+    return session;
 }
 
 using WriterAndLot = std::tuple<Writer, std::uint32_t>;
@@ -78,6 +114,35 @@ TEST_P(ComposedSessionsTest, ComeOutRightWhateverWordDoesWhereThatIsUncertain)
     law.conclude();
 }
 
+TEST_P(ComposedSessionsTest, ComeOutRightHoweverWordReadsRichText)
+{
+    const std::uint32_t first = lot * readingCombinationsInALot;
+    for (std::uint32_t combination = first; combination < first + readingCombinationsInALot; ++combination)
+        for (std::uint32_t i = 0; i < sessionsOfAReading; ++i) {
+            const std::uint32_t seed = firstReadingSession + combination * sessionsOfAReading + i;
+            standin::model::Switches switches;
+            setReading(switches, combination);
+            law.check(playable(randomSession(seed, extent), switches),
+                      "session " + std::to_string(seed) + ", reading " + std::to_string(combination),
+                      switches);
+        }
+    law.conclude();
+}
+
+TEST_P(ComposedSessionsTest, ComeOutRightUnderAnyMixture)
+{
+    const std::uint32_t first = firstMixedSession + lot * mixedSessionsInALot;
+    for (std::uint32_t seed = first; seed < first + mixedSessionsInALot; ++seed) {
+        RandomNumbers numbers(seed);
+        standin::model::Switches switches =
+            switchesOf(static_cast<unsigned>(numbers.below(1U << switchCount)));
+        setReading(switches, static_cast<unsigned>(numbers.below(readingCombinations)));
+        law.check(playable(randomSession(seed, extent), switches), "session " + std::to_string(seed),
+                  switches);
+    }
+    law.conclude();
+}
+
 std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
 {
     const auto [writer, lot] = info.param;
@@ -85,7 +150,9 @@ std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
 }
 
 INSTANTIATE_TEST_SUITE_P(Lots, ComposedSessionsTest,
-                         testing::Combine(testing::Values(Writer::typed, Writer::fragments), testing::Range(0U, lots)), nameOf);
+                         testing::Combine(testing::Values(Writer::typed, Writer::fragments),
+                                          testing::Range(0U, lots)),
+                         nameOf);
 
 } // namespace
 } // namespace reference

@@ -18,8 +18,9 @@ std::u16string_view anchorTarget(std::u16string_view written)
 
 } // namespace
 
-ReferenceDocument::ReferenceDocument(AddressTest isAddress)
-    : isAddress_(std::move(isAddress)), body_(u"Normal"), sections_(1), pages_(1)
+ReferenceDocument::ReferenceDocument(AddressTest isAddress, bool areFileEndsLost)
+    : isAddress_(std::move(isAddress)), areFileEndsLost_(areFileEndsLost), body_(u"Normal"), sections_(1),
+      pages_(1)
 {
 }
 
@@ -162,7 +163,7 @@ void ReferenceDocument::insertFile(const std::u16string& name, int kind)
         return insertHyperlink(name, name);
     if (file->kind == SessionFile::Kind::picture)
         return current().insertImage({});
-    current().insertContent(*file);
+    current().insertContent(*file, areFileEndsLost_);
 }
 
 void ReferenceDocument::setOrientation(int number)

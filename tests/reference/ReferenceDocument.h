@@ -22,7 +22,8 @@ public:
     /// Tells an address or a file that is there from the name of a tag.
     using AddressTest = std::function<bool(std::u16string_view)>;
 
-    explicit ReferenceDocument(AddressTest isAddress);
+    /// `areFileEndsLost`: the last paragraph of a file of rich text may be formatted in any way.
+    explicit ReferenceDocument(AddressTest isAddress, bool areFileEndsLost = false);
 
     void perform(const ClientCall& call);
     void perform(const Session& session);
@@ -50,6 +51,7 @@ private:
     void setOrientation(int number);
 
     AddressTest isAddress_;
+    bool areFileEndsLost_;
     ReferenceStory body_;
     std::vector<Section> sections_;
     std::vector<Page> pages_;          ///< of each section

@@ -467,6 +467,18 @@ TEST_F(ReferenceDocumentTest, AFileKeepsItsFormattingAndWhatFollowsHasWhatIsInFo
     EXPECT_EQ(story().tokens.end()[-2].font, (Font{u"Arial", 30, true}));
 }
 
+TEST(ReferenceDocumentOfWordThatLosesFileEndsTest, TheLastParagraphOfRichTextIsAnyHow)
+{
+    ReferenceDocument document(isAddress, true);
+    document.perform({M::insertFile, u"letter.rtf"});
+    std::vector<bool> areOpen;
+    const DocumentContent content = document.content();
+    for (const Token& each : content.stories.at(bodyStory)->tokens)
+        if (each.kind == TokenKind::paragraphEnd)
+            areOpen.push_back(each.isFormatOpen);
+    EXPECT_EQ(areOpen, (std::vector{false, false, true, true}));
+}
+
 TEST_F(ReferenceDocumentTest, ATextFileSaysNothingOfFormats)
 {
     insertFile(u"one line.txt");

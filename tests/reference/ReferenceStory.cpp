@@ -245,11 +245,13 @@ void ReferenceStory::insertObject(bool isLinked)
     writeToken(TokenKind::object, isLinked ? u"linked" : u"embedded");
 }
 
-void ReferenceStory::insertContent(const SessionFile& file)
+void ReferenceStory::insertContent(const SessionFile& file, bool isEndLost)
 {
     if (current().holdsAnything())
         endParagraph();
     std::vector<Paragraph> content = paragraphsOf(file);
+    if (isEndLost && file.kind == SessionFile::Kind::formatted)
+        content.back().isFormatOpen = true;
     Paragraph& behind = current();
     // Tags: their place is now the file's beginning.
     std::vector<Item>& first = content.front().items;

@@ -65,7 +65,8 @@ public:
     /// font and alignment in force. Between the file and what follows there is nothing. Where nothing
     /// follows, there is an empty paragraph, since a story, or a cell, does not end with the file's own end
     /// of a paragraph; in a cell its format is any.
-    void insertContent(const SessionFile& file);
+    /// `isEndLost`: Word does not take over how the last paragraph of rich text is, which may be in any way.
+    void insertContent(const SessionFile& file, bool isEndLost = false);
     void insertObject(bool isLinked);
     void insertTag(const std::u16string& name);
     void removeTag(std::u16string_view name);

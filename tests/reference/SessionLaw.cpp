@@ -36,7 +36,8 @@ std::string report(SessionPlayer& player, const Session& session, const standin:
 std::vector<Difference> differencesOf(SessionPlayer& player, const Session& session,
                                       const standin::model::Switches& switches)
 {
-    ReferenceDocument document(isAddress);
+    using standin::model::LastParagraph;
+    ReferenceDocument document(isAddress, switches.insertFileLastParagraph == LastParagraph::dropped);
     document.perform(session);
     const DocumentContent expected = document.content();
     const PlayedSession played = player.play(session, switches);

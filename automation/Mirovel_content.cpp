@@ -135,9 +135,7 @@ try {
         ++session.pageNumber;
         session.trace << "// Page " << static_cast<long>(session.pageNumber) << std::endl;
     }
-    framed("insertPageBreak", [&] {
-        session.currentWriter().insertPageBreak();
-    });
+    framed("insertPageBreak", [&] { session.currentWriter().insertPageBreak(); });
     return S_OK;
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);

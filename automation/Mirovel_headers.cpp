@@ -2,8 +2,8 @@
 
 #include "MirovelCall.h"
 
-#include "WordConstants.h"
 #include "DocumentWriter.h"
+#include "WordConstants.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "MirovelCall.h"
 
-#include "RegEntry.h"
 #include "DocumentWriter.h"
+#include "RegEntry.h"
 
 namespace {
 

@@ -45,7 +45,8 @@ std::u16string meantStyle(const std::u16string& name)
 /// Whether a table is in the blocks.
 bool holdTables(std::span<const Block> blocks)
 {
-    return std::ranges::any_of(blocks, [](const Block& block) { return std::holds_alternative<Table>(block); });
+    return std::ranges::any_of(blocks,
+                               [](const Block& block) { return std::holds_alternative<Table>(block); });
 }
 
 template <class Visit>
@@ -333,6 +334,8 @@ void Composer::insertXref(const wchar_t* text, const wchar_t* tagName)
 
 void Composer::insertTag(const wchar_t* tagName)
 {
+    if (!tagName || !*tagName)
+        return;
     const std::u16string& bookmark = tags_.bookmarkOf(heard(tagName));
     body_->content.removeTag(bookmark);
     for (const auto& [place, story] : parts_)
@@ -570,25 +573,64 @@ _variant_t Composer::saveFormat(std::wstring_view fileName) const
     return Word::missing;
 }
 
-// The table of contents comes last, when nothing moves any more.
 void Composer::finish()
 {
+    if (isGivenUp_)
+        return;
     isFinishing_ = true;
     try {
-        flushAll();
-        removeDeadLinks();
-        if (body_->pen.hasContents())
-            body_->pen.makeContents(tocLevel_);
-        for (const auto& [place, story] : parts_)
-            if (story->pen.hasContents())
-                story->pen.makeContents(tocLevel_);
-        document_->UndoClear();
+        complete();
     } catch (...) {
         isFinishing_ = false;
+        giveUpIfStuck();
         throw;
     }
     isFinishing_ = false;
-    isFinished_ = true;
+    failuresInVain_ = 0;
+}
+
+bool Composer::isFinished() const
+{
+    return isGivenUp_ || leftToDo() == 0;
+}
+
+// The table of contents comes last, when nothing moves any more.
+void Composer::complete()
+{
+    flushAll();
+    removeDeadLinks();
+    if (body_->pen.hasContents())
+        body_->pen.makeContents(tocLevel_);
+    for (const auto& [place, story] : parts_)
+        if (story->pen.hasContents())
+            story->pen.makeContents(tocLevel_);
+    document_->UndoClear();
+}
+
+// A document that is gone, or a Word that is, must not keep the client for ever.
+void Composer::giveUpIfStuck()
+{
+    constexpr int mostFailures = 3;
+    const std::size_t left = leftToDo();
+    failuresInVain_ = left < leftAtFailure_ ? 1 : failuresInVain_ + 1;
+    leftAtFailure_ = left;
+    isGivenUp_ = failuresInVain_ >= mostFailures;
+}
+
+std::size_t Composer::leftToDo() const
+{
+    std::size_t left = linkedBookmarks_.empty() ? 0 : 1;
+    const auto count = [&left](const Story& story) {
+        left += story.content.isPending() ? 1 : 0;
+        left += story.pen.hasContents() ? 1 : 0;
+        for (const Story::Step& step : story.steps)
+            for (const Passage& passage : step.plan.passages)
+                left += 1 + passage.operations.size();
+    };
+    count(*body_);
+    for (const auto& [place, story] : parts_)
+        count(*story);
+    return left;
 }
 
 void Composer::removeDeadLinks()

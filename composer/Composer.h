@@ -19,8 +19,8 @@
 
 namespace compose {
 
-/// The composing writer: keeps what the client says until Word has to have it, and brings it into the document
-/// then in as few calls as possible, so that the document equals what was said.
+/// The composing writer: keeps what the client says until Word has to have it, and brings it into the
+/// document then in as few calls as possible, so that the document equals what was said.
 ///
 /// Word has to have it when the document is saved or closed; before a picture, a file or an object, whose
 /// failure belongs to its own call; before a header whose section is yet to begin; and when more waits than
@@ -50,7 +50,7 @@ public:
     // DocumentWriter
     void begin(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document) override;
     void finish() override;
-    [[nodiscard]] bool isFinished() const override { return isFinished_; }
+    [[nodiscard]] bool isFinished() const override;
     void prepareSave() override;
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
     void setTrace(const Trace& trace) override { trace_ = trace; }
@@ -116,6 +116,9 @@ private:
                           const std::set<std::u16string>& written);
     void carryOut(Story& story);
     void flushAll();
+    void complete();
+    void giveUpIfStuck();
+    [[nodiscard]] std::size_t leftToDo() const;
     void removeDeadLinks();
     [[nodiscard]] bool leadsSomewhere(const LinkTarget& target);
 
@@ -138,7 +141,9 @@ private:
     int sectionsInWord_ = 1;
     bool isSectionDue_ = false; ///< A page break in Word is still to become a section's end.
     bool isFinishing_ = false;
-    bool isFinished_ = false;
+    bool isGivenUp_ = false;
+    int failuresInVain_ = 0; ///< of `finish`, since it did anything
+    std::size_t leftAtFailure_ = 0;
 };
 
 } // namespace compose

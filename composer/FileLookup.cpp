@@ -65,7 +65,8 @@ std::wstring_view withoutFolder(std::wstring_view fileName)
 
 bool isPicture(std::wstring_view fileName)
 {
-    static constexpr std::array<std::wstring_view, 5> pictures = {L".bmp", L".jpg", L".jpeg", L".gif", L".emf"};
+    static constexpr std::array<std::wstring_view, 5> pictures = {L".bmp", L".jpg", L".jpeg", L".gif",
+                                                                  L".emf"};
     return std::ranges::find(pictures, extensionOf(fileName)) != pictures.end();
 }
 

@@ -18,8 +18,8 @@ std::wstring_view withoutFolder(std::wstring_view fileName);
 /// By the extension, whose case counts: .bmp, .jpg, .jpeg, .gif, .emf.
 bool isPicture(std::wstring_view fileName);
 
-/// The file that a client means: as named, or, for a picture named without a folder, in the folder "pix" of the
-/// installation.
+/// The file that a client means: as named, or, for a picture named without a folder, in the folder "pix" of
+/// the installation.
 std::optional<std::wstring> findFile(const std::wstring& name, const std::wstring& installDir);
 
 /// From the process's own directory, which is not Word's.

@@ -41,8 +41,8 @@ public:
     /// Gives the writer a copy of a trace, for what it has to report itself.
     virtual void setTrace(const Trace& trace) = 0;
 
-    /// `text` as far as the writer understands it: markup is looked for in that, and the pieces of a text with
-    /// markup are pieces of it.
+    /// `text` as far as the writer understands it: markup is looked for in that, and the pieces of a text
+    /// with markup are pieces of it.
     [[nodiscard]] virtual std::wstring understood(const wchar_t* text) const = 0;
 
     /// \name Text

@@ -217,7 +217,8 @@ void CountingWriter::endFooter()
     endHeaderFooter(footerSection_);
 }
 
-void CountingWriter::startHeaderFooter(MirovelSection*& slot, const char* style, HeadersFooters headersFooters)
+void CountingWriter::startHeaderFooter(MirovelSection*& slot, const char* style,
+                                       HeadersFooters headersFooters)
 {
     current().changeLastPageBreak();
     const long lastSection = current().getSectionCount();

@@ -7,7 +7,8 @@
 class MirovelSection;
 
 /// The counting writer: writes each call into Word at once, formats whole runs later, and finds its places by
-/// its own count of characters (`MirovelSection`). The body, a header and a footer have a section writer each.
+/// its own count of characters (`MirovelSection`). The body, a header and a footer have a section writer
+/// each.
 class CountingWriter : public DocumentWriter
 {
 public:
@@ -20,8 +21,8 @@ public:
 
     // DocumentWriter
     void begin(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document) override;
-    /// Completes the header's writer, the footer's and the body's, in that order. The first failure leaves the
-    /// ones after it; called again, it goes on with those.
+    /// Completes the header's writer, the footer's and the body's, in that order. The first failure leaves
+    /// the ones after it; called again, it goes on with those.
     void finish() override;
     [[nodiscard]] bool isFinished() const override;
     void prepareSave() override {}

@@ -42,7 +42,8 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
     const std::size_t open = blocks.size() - (isTableOpen ? 2 : 1);
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
-        return index < open && fitsFragment(blocks[index], links) && !(paragraph && holdsLastBreak(*paragraph));
+        return index < open && fitsFragment(blocks[index], links) &&
+               !(paragraph && holdsLastBreak(*paragraph));
     };
     std::vector<Stretch> stretches;
     const auto add = [&](std::size_t first, std::size_t past, bool isFragment) {

@@ -51,8 +51,8 @@ bool FragmentPen::add(const Fragment& fragment)
 void FragmentPen::giveUp()
 {
     failures_ = 0;
-    wasRead_ = stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted ||
-               stage_ == Stage::ended;
+    wasRead_ =
+        stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted || stage_ == Stage::ended;
     try {
         if (stage_ != Stage::begun)
             removeMark();

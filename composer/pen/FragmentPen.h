@@ -27,11 +27,11 @@ struct Fragment
 
 /// Has Word read fragments in at the end of a story.
 ///
-/// No position is computed afterwards: a character of our own stands behind the place, and tells where the end
-/// is. What readers are known to do differently with the last paragraph is looked for and mended.
+/// No position is computed afterwards: a character of our own stands behind the place, and tells where the
+/// end is. What readers are known to do differently with the last paragraph is looked for and mended.
 ///
-/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed. After
-/// a second failure it only tells what came of the fragment.
+/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
+/// After a second failure it only tells what came of the fragment.
 class FragmentPen
 {
 public:
@@ -50,14 +50,14 @@ public:
 private:
     enum class Stage
     {
-        begun,    ///< nothing is there
-        marked,   ///< the character is
-        read,     ///< in front of it the fragment
-        joined,   ///< whose last paragraph has joined that of the character, formatted as it is to be
-        parted,   ///< and is one of its own again
-        ended,    ///< the fragment is as it should be
-        refused,  ///< the character has to go
-        misread   ///< all of it has to go
+        begun,   ///< nothing is there
+        marked,  ///< the character is
+        read,    ///< in front of it the fragment
+        joined,  ///< whose last paragraph has joined that of the character, formatted as it is to be
+        parted,  ///< and is one of its own again
+        ended,   ///< the fragment is as it should be
+        refused, ///< the character has to go
+        misread  ///< all of it has to go
     };
 
     bool goOn(const Fragment& fragment);
@@ -78,7 +78,7 @@ private:
     long start_ = 0;
     int failures_ = 0;
     std::optional<bool> wasRead_; ///< of a fragment that was given up
-    bool isFontSeen_ = false; ///< Word leaves a fragment's own default font behind.
+    bool isFontSeen_ = false;     ///< Word leaves a fragment's own default font behind.
 };
 
 } // namespace compose

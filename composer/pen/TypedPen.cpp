@@ -76,6 +76,7 @@ void TypedPen::carryOut(Plan& plan)
         Passage& passage = plan.passages.front();
         if (!isBegun_) {
             base_ = begin(passage.cell);
+            isAtStoryEnd_ = !passage.cell;
             isBegun_ = true;
         }
         operations_ = &passage.operations;
@@ -88,6 +89,7 @@ void TypedPen::carryOut(Plan& plan)
             } catch (...) {
                 if (hasActed_ || ++failures_ == triesOfAnOperation) {
                     failures_ = 0;
+                    lengthBefore_.reset();
                     if (std::holds_alternative<WriteText>(passage.operations.front()))
                         passage.operations.clear(); // they are about that text
                     else
@@ -96,6 +98,7 @@ void TypedPen::carryOut(Plan& plan)
                 throw;
             }
             failures_ = 0;
+            lengthBefore_.reset();
             passage.operations.pop_front();
         }
         plan.passages.pop_front();
@@ -119,11 +122,17 @@ void TypedPen::select(Span span)
     range_->SetRange(base_ + span.start, base_ + span.end);
 }
 
+// Whether a text is there that Word refused is told by the story's length: so it is tried again, and never
+// written twice.
 void TypedPen::perform(const WriteText& text)
 {
+    const bool isStoryEnd = isAtStoryEnd_ && text.at == 0;
+    if (!lengthBefore_)
+        lengthBefore_ = isStoryEnd ? base_ + 1 : range_->GetStoryLength();
+    else if (range_->GetStoryLength() != *lengthBefore_)
+        return;
     const _bstr_t characters = bstr(text.text);
     select({text.at, text.at});
-    mutate();
     range_->InsertAfter(characters);
 }
 

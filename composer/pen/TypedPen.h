@@ -102,9 +102,11 @@ private:
 
     std::deque<Operation>* operations_ = nullptr; ///< of the passage being carried out
     long base_ = 0;                               ///< where that passage begins
+    bool isAtStoryEnd_ = false;
     bool isBegun_ = false;
-    bool hasActed_ = false; ///< The operation in hand has changed the document, or may have.
-    int failures_ = 0;      ///< of the operation in hand
+    std::optional<long> lengthBefore_; ///< of the story, in front of a text that is being written
+    bool hasActed_ = false;            ///< The operation in hand has changed the document, or may have.
+    int failures_ = 0;                 ///< of the operation in hand
 };
 
 } // namespace compose

@@ -129,7 +129,12 @@ StoryContent& Composer::content()
 
 // Text
 
-void Composer::insertText(const wchar_t* text)
+void Composer::insertText(BSTR text)
+{
+    write(text);
+}
+
+void Composer::write(const wchar_t* text)
 {
     content().insertText(heard(text));
     flushIfMuchWaits();
@@ -327,7 +332,7 @@ void Composer::insertXref(const wchar_t* text, const wchar_t* tagName)
 {
     const std::u16string tag = heard(tagName);
     if (tag.empty())
-        insertText(text);
+        write(text);
     else if (text && *text)
         insertLink(heard(text), targetOf(tag));
 }

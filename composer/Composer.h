@@ -55,7 +55,7 @@ public:
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
     void setTrace(const Trace& trace) override { trace_ = trace; }
     [[nodiscard]] std::wstring understood(const wchar_t* text) const override;
-    void insertText(const wchar_t* text) override;
+    void insertText(BSTR text) override;
     void insertEndl() override;
     void insertPageBreak() override;
     void insertField(short number) override;
@@ -97,6 +97,7 @@ private:
     };
 
     StoryContent& content();
+    void write(const wchar_t* text);
     void startPart(Part part);
     void endPart(Part part);
     std::unique_ptr<Story> makePart(PartPlace place);

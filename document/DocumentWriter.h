@@ -47,8 +47,8 @@ public:
 
     /// \name Text
     /// @{
-    /// `text` is ended by NUL. No markup is looked for.
-    virtual void insertText(const wchar_t* text) = 0;
+    /// Ends at its first NUL; null is an empty text. No markup is looked for.
+    virtual void insertText(BSTR text) = 0;
     virtual void insertEndl() = 0;
     virtual void insertPageBreak() = 0;
     virtual void insertField(short number) = 0;

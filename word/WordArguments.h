@@ -25,6 +25,22 @@ inline _variant_t text(const wchar_t* value)
     return _variant_t{value ? value : L""};
 }
 
+/// Somebody else's BSTR as an argument, without a copy. It must be one, with its length in front, and outlive
+/// this.
+class BorrowedText
+{
+public:
+    explicit BorrowedText(BSTR text) : text_(text, false) {}
+    ~BorrowedText() { text_.Detach(); }
+    BorrowedText(const BorrowedText&) = delete;
+    BorrowedText& operator=(const BorrowedText&) = delete;
+
+    operator const _bstr_t&() const { return text_; }
+
+private:
+    _bstr_t text_;
+};
+
 /// A VT_DISPATCH that holds a reference of its own.
 inline _variant_t object(IDispatch* value)
 {

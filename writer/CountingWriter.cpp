@@ -5,6 +5,7 @@
 #include "mirovelsection.h"
 #include "sysSupport/SysFile.h"
 
+#include <cwchar>
 #include <memory>
 #include <utility>
 
@@ -79,9 +80,13 @@ MirovelSection& CountingWriter::current() const
     return *currentSection_;
 }
 
-void CountingWriter::insertText(const wchar_t* text)
+// What a client takes for a BSTR may be a mere text, and may go on behind a NUL: then it is copied.
+void CountingWriter::insertText(BSTR text)
 {
-    current().insertText(text ? text : L"");
+    if (text && SysStringLen(text) == std::wcslen(text))
+        current().insertText(Word::BorrowedText(text));
+    else
+        current().insertText(text ? text : L"");
 }
 
 void CountingWriter::insertEndl()

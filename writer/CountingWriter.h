@@ -31,7 +31,7 @@ public:
     void setTrace(const Trace& trace) override;
     /// What the ANSI code page holds of it.
     [[nodiscard]] std::wstring understood(const wchar_t* text) const override;
-    void insertText(const wchar_t* text) override;
+    void insertText(BSTR text) override;
     void insertEndl() override;
     void insertPageBreak() override;
     void insertField(short number) override;

@@ -98,13 +98,18 @@ void MirovelSection::insertText(const wchar_t* text)
     loInsertText(text);
 }
 
-void MirovelSection::loInsertText(const wchar_t* text)
+void MirovelSection::insertText(const _bstr_t& text)
+{
+    loInsertText(text);
+}
+
+void MirovelSection::loInsertText(const _bstr_t& text)
 {
     if (isTableOpen()) {
         data_->cellRange->InsertAfter(text);
     } else {
         data_->range->InsertAfter(text);
-        data_->pos += positionGrowth(std::wstring_view(text));
+        data_->pos += positionGrowth(std::wstring_view(text, text.length()));
     }
     if (data_->collectingTocEntry)
         data_->tocText.append(toNarrow(text));

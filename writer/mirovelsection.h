@@ -75,6 +75,8 @@ public:
     /// @{
     /// Writes `text` (UTF-16, ended by NUL) as it stands; no markup is looked for.
     void insertText(const wchar_t* text);
+    /// The same text without a copy. It holds no NUL.
+    void insertText(const _bstr_t& text);
     /// Ends the paragraph. Every 101 paragraph ends Word's undo list is cleared.
     void insertEndl();
     /// Writes a page break; inside a table only closes and reopens a style run.
@@ -147,7 +149,7 @@ private:
     friend class MirovelSectionProbe; // lets tests read the counters
 
     void setRange(const Word::RangePtr& range);
-    void loInsertText(const wchar_t* text);
+    void loInsertText(const _bstr_t& text);
     void insertPlaceholder();
     /// Everything in front gets its formatting: style, fonts, alignments.
     void applyRuns();

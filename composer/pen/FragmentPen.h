@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FontChange.h"
 #include "Plan.h"
+#include "StyleSheet.h"
 
 #include "Word.h"
 
@@ -19,25 +19,24 @@ struct Fragment
     bool endsInTable = false;
     std::u16string lastStyle;         ///< of its last paragraph, if it does not end in a table
     std::optional<int> lastAlignment; ///< direct
-    /// The font of its first character, where that is the style's own.
-    std::optional<Font> firstFont;
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
 };
 
 /// Has Word read fragments in at the end of a story.
 ///
-/// No position is computed afterwards: a character of our own stands behind the place, and tells where the end
-/// is. What readers are known to do differently with the last paragraph is looked for and mended.
+/// No position is computed afterwards: a character of our own stands behind the place, and tells where the
+/// end is. What readers are known to do differently with the last paragraph is looked for and mended. What
+/// they do with formatting that a text does not say of its own is tried out in front of the first fragment.
 ///
-/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed. After
-/// a second failure it only tells what came of the fragment.
+/// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
+/// After a second failure it only tells what came of the fragment.
 class FragmentPen
 {
 public:
-    /// `story`: moved about.
-    explicit FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story)
-        : document_(document), range_(story)
+    /// `story`: moved about. `styles`: those of the document, which live longer.
+    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StyleSheet& styles)
+        : document_(document), range_(story), styles_(styles)
     {
     }
 
@@ -50,35 +49,40 @@ public:
 private:
     enum class Stage
     {
-        begun,    ///< nothing is there
-        marked,   ///< the character is
-        read,     ///< in front of it the fragment
-        joined,   ///< whose last paragraph has joined that of the character, formatted as it is to be
-        parted,   ///< and is one of its own again
-        ended,    ///< the fragment is as it should be
-        refused,  ///< the character has to go
-        misread   ///< all of it has to go
+        begun,  ///< nothing is there
+        marked, ///< the character is
+        tried,  ///< in front of it a piece of text to look at
+        judged, ///< which has been looked at and has to go
+        read,   ///< in front of it the fragment
+        joined, ///< whose last paragraph has joined that of the character, formatted as it is to be
+        parted, ///< and is one of its own again
+        ended,  ///< the fragment is as it should be
+        refused ///< the character has to go
     };
 
     bool goOn(const Fragment& fragment);
     void giveUp();
     void mark();
+    void readTrial();
+    void judgeTrial();
+    void removeTrial();
     void read(const Fragment& fragment);
+    void insert(const std::string& text, Stage next);
     void lookAtTheEnd(const Fragment& fragment);
     void formatLast(const Fragment& fragment);
     void part();
     void restoreGround(const Fragment& fragment);
-    bool hasItsOwnFont(const Fragment& fragment);
     void removeMark();
     long markPlace();
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
+    StyleSheet& styles_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
     int failures_ = 0;
-    std::optional<bool> wasRead_; ///< of a fragment that was given up
-    bool isFontSeen_ = false; ///< Word leaves a fragment's own default font behind.
+    std::optional<bool> wasRead_;    ///< of a fragment that was given up
+    std::optional<bool> keepsLooks_; ///< Text that says nothing of its own looks as its style says.
 };
 
 } // namespace compose

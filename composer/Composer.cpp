@@ -73,9 +73,10 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 /// A part of the document with text of its own: what is said of it, and the pen that writes it.
 struct Composer::Story
 {
-    Story(const Word::_DocumentPtr& document, const Word::RangePtr& range, std::u16string_view style,
-          Ground around)
-        : content(style), ground(std::move(around)), pen(document, range), fragmentPen(document, range)
+    Story(const Word::_DocumentPtr& document, const Word::RangePtr& range, StyleBook& styles,
+          std::u16string_view style, Ground around)
+        : content(style), ground(std::move(around)), pen(document, range),
+          fragmentPen(document, range, styles)
     {
     }
 
@@ -112,7 +113,7 @@ void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_
 {
     document_ = document;
     styles_.emplace(document);
-    body_ = std::make_unique<Story>(document, document->Range(), u"Normal", Ground());
+    body_ = std::make_unique<Story>(document, document->Range(), *styles_, u"Normal", Ground());
     body_->pen.clear(); // what the template put into the new document
     current_ = body_.get();
 }
@@ -306,8 +307,8 @@ std::unique_ptr<Composer::Story> Composer::makePart(PartPlace place)
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);
-    auto story = std::make_unique<Story>(document_, primary->GetRange(), isHeader ? u"Header" : u"Footer",
-                                         Ground{.style = u""});
+    auto story = std::make_unique<Story>(document_, primary->GetRange(), *styles_,
+                                         isHeader ? u"Header" : u"Footer", Ground{.style = u""});
     story->pen.clear();
     return story;
 }
@@ -506,11 +507,6 @@ Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, con
         fragment.lastStyle = last->style;
         fragment.lastAlignment = directAlignment(*last, *styles_);
     }
-    const auto* const first = std::get_if<Paragraph>(&blocks.front());
-    if (first && !first->items.empty() && std::holds_alternative<Text>(first->items.front().what) &&
-        first->items.front().link == noLink &&
-        changeOf(first->items.front().font.get(), first->style, *styles_).isEmpty())
-        fragment.firstFont = styles_->fontOf(first->style);
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (written.contains(bookmark))
             fragment.movedTags.push_back(bookmark);

@@ -15,6 +15,14 @@ constexpr int triesOfAFragment = 2;
 constexpr wchar_t markText[] = L"\x00a7";
 constexpr std::wstring_view paragraphEnd = L"\r";
 
+/// Some readers take the default font, or what a text says as the style's entry says it, for direct
+/// formatting: then the first paragraph is in another font than its style, or struck. It ends whatever
+/// becomes of the last.
+constexpr std::string_view trial = R"({\rtf1\ansi{\fonttbl{\f0\fnil Times New Roman;}})"
+                                   R"({\stylesheet{\s0 Normal;}{\s1\strike heading 1;}})"
+                                   R"(\pard\plain\s1\strike x\par\pard\plain\par})";
+constexpr char16_t trialStyle[] = u"Heading 1";
+
 std::wstring textOf(const Word::RangePtr& range)
 {
     const _bstr_t text = range->GetText();
@@ -54,6 +62,8 @@ void FragmentPen::giveUp()
     wasRead_ =
         stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted || stage_ == Stage::ended;
     try {
+        if (stage_ == Stage::tried || stage_ == Stage::judged)
+            removeTrial();
         if (stage_ != Stage::begun)
             removeMark();
     } catch (const _com_error&) { // The failure before it is the one to tell of.
@@ -69,7 +79,17 @@ bool FragmentPen::goOn(const Fragment& fragment)
             mark();
             break;
         case Stage::marked:
-            read(fragment);
+            if (keepsLooks_)
+                read(fragment);
+            else
+                readTrial();
+            break;
+        case Stage::tried:
+            judgeTrial();
+            break;
+        case Stage::judged:
+            removeTrial();
+            stage_ = *keepsLooks_ ? Stage::marked : Stage::refused;
             break;
         case Stage::read:
             lookAtTheEnd(fragment);
@@ -81,17 +101,8 @@ bool FragmentPen::goOn(const Fragment& fragment)
             restoreGround(fragment);
             break;
         case Stage::ended:
-            if (!hasItsOwnFont(fragment)) {
-                stage_ = Stage::misread;
-                break;
-            }
             removeMark();
             return true;
-        case Stage::misread:
-            range_->SetRange(start_, markPlace());
-            range_->Delete();
-            stage_ = Stage::refused;
-            break;
         case Stage::refused:
             removeMark();
             return false;
@@ -120,6 +131,27 @@ void FragmentPen::removeMark()
     stage_ = Stage::begun;
 }
 
+void FragmentPen::readTrial()
+{
+    insert(std::string(trial), Stage::tried);
+}
+
+void FragmentPen::judgeTrial()
+{
+    const Font& expected = styles_.fontOf(trialStyle);
+    range_->SetRange(start_, start_ + 1);
+    const Word::_FontPtr font = range_->GetFont();
+    keepsLooks_ = portable(font->GetName()) == expected.name && font->GetSize() == expected.size &&
+                  (font->GetStrikeThrough() != 0) == expected.isStruck;
+    stage_ = Stage::judged;
+}
+
+void FragmentPen::removeTrial()
+{
+    range_->SetRange(start_, markPlace());
+    range_->Delete();
+}
+
 // A bookmark that has its place already might keep it.
 void FragmentPen::read(const Fragment& fragment)
 {
@@ -129,15 +161,20 @@ void FragmentPen::read(const Fragment& fragment)
             if (const _bstr_t name = bstr(tag); bookmarks->Exists(name))
                 bookmarks->Item(Word::text(name))->Delete();
     }
+    insert(fragment.text, Stage::read);
+}
+
+void FragmentPen::insert(const std::string& text, Stage next)
+{
     range_->SetRange(start_, start_);
     stage_ = Stage::refused;
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
     try {
-        const FragmentFile file(fragment.text);
+        const FragmentFile file(text);
         range_->InsertFile(file.path().c_str(), L"", confirmConversions, isLinked, asAttachment);
-        stage_ = Stage::read;
+        stage_ = next;
     } catch (const _com_error&) {
         // The document is written without it.
     }
@@ -196,19 +233,6 @@ void FragmentPen::restoreGround(const Fragment& fragment)
     putAlignment(range_, fragment.ground.alignment);
     range_->GetFont()->Reset();
     stage_ = Stage::ended;
-}
-
-// Some readers give text the font that the fragment has by default, as if it had been said.
-bool FragmentPen::hasItsOwnFont(const Fragment& fragment)
-{
-    if (isFontSeen_ || !fragment.firstFont)
-        return true;
-    range_->SetRange(start_, start_ + 1);
-    const Word::_FontPtr font = range_->GetFont();
-    const bool isOwn =
-        portable(font->GetName()) == fragment.firstFont->name && font->GetSize() == fragment.firstFont->size;
-    isFontSeen_ = isOwn;
-    return isOwn;
 }
 
 float FragmentPen::textWidth(int section)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FontChange.h"
 #include "Plan.h"
+#include "StyleSheet.h"
 
 #include "Word.h"
 
@@ -19,8 +19,6 @@ struct Fragment
     bool endsInTable = false;
     std::u16string lastStyle;         ///< of its last paragraph, if it does not end in a table
     std::optional<int> lastAlignment; ///< direct
-    /// The font of its first character, where that is the style's own.
-    std::optional<Font> firstFont;
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
 };
@@ -35,9 +33,9 @@ struct Fragment
 class FragmentPen
 {
 public:
-    /// `story`: moved about.
-    explicit FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story)
-        : document_(document), range_(story)
+    /// `story`: moved about. `styles`: those of the document, which live longer.
+    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StyleSheet& styles)
+        : document_(document), range_(story), styles_(styles)
     {
     }
 
@@ -50,6 +48,7 @@ public:
 private:
     enum class Stage
     {
+<<<<<<< HEAD
         begun,   ///< nothing is there
         marked,  ///< the character is
         read,    ///< in front of it the fragment
@@ -58,27 +57,47 @@ private:
         ended,   ///< the fragment is as it should be
         refused, ///< the character has to go
         misread  ///< all of it has to go
+=======
+        begun,  ///< nothing is there
+        marked, ///< the character is
+        tried,  ///< in front of it a piece of text to look at
+        judged, ///< which has been looked at and has to go
+        read,   ///< in front of it the fragment
+        joined, ///< whose last paragraph has joined that of the character, formatted as it is to be
+        parted, ///< and is one of its own again
+        ended,  ///< the fragment is as it should be
+        refused ///< the character has to go
+>>>>>>> pens
     };
 
     bool goOn(const Fragment& fragment);
     void giveUp();
     void mark();
+    void readTrial();
+    void judgeTrial();
+    void removeTrial();
     void read(const Fragment& fragment);
+    void insert(const std::string& text, Stage next);
     void lookAtTheEnd(const Fragment& fragment);
     void formatLast(const Fragment& fragment);
     void part();
     void restoreGround(const Fragment& fragment);
-    bool hasItsOwnFont(const Fragment& fragment);
     void removeMark();
     long markPlace();
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
+    StyleSheet& styles_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
     int failures_ = 0;
+<<<<<<< HEAD
     std::optional<bool> wasRead_; ///< of a fragment that was given up
     bool isFontSeen_ = false;     ///< Word leaves a fragment's own default font behind.
+=======
+    std::optional<bool> wasRead_;    ///< of a fragment that was given up
+    std::optional<bool> keepsLooks_; ///< Text that says nothing of its own looks as its style says.
+>>>>>>> pens
 };
 
 } // namespace compose

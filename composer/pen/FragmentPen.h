@@ -26,7 +26,8 @@ struct Fragment
 /// Has Word read fragments in at the end of a story.
 ///
 /// No position is computed afterwards: a character of our own stands behind the place, and tells where the
-/// end is. What readers are known to do differently with the last paragraph is looked for and mended.
+/// end is. What readers are known to do differently with the last paragraph is looked for and mended. What
+/// they do with formatting that a text does not say of its own is tried out in front of the first fragment.
 ///
 /// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
 /// After a second failure it only tells what came of the fragment.
@@ -48,16 +49,6 @@ public:
 private:
     enum class Stage
     {
-<<<<<<< HEAD
-        begun,   ///< nothing is there
-        marked,  ///< the character is
-        read,    ///< in front of it the fragment
-        joined,  ///< whose last paragraph has joined that of the character, formatted as it is to be
-        parted,  ///< and is one of its own again
-        ended,   ///< the fragment is as it should be
-        refused, ///< the character has to go
-        misread  ///< all of it has to go
-=======
         begun,  ///< nothing is there
         marked, ///< the character is
         tried,  ///< in front of it a piece of text to look at
@@ -67,7 +58,6 @@ private:
         parted, ///< and is one of its own again
         ended,  ///< the fragment is as it should be
         refused ///< the character has to go
->>>>>>> pens
     };
 
     bool goOn(const Fragment& fragment);
@@ -91,13 +81,8 @@ private:
     Stage stage_ = Stage::begun;
     long start_ = 0;
     int failures_ = 0;
-<<<<<<< HEAD
-    std::optional<bool> wasRead_; ///< of a fragment that was given up
-    bool isFontSeen_ = false;     ///< Word leaves a fragment's own default font behind.
-=======
     std::optional<bool> wasRead_;    ///< of a fragment that was given up
     std::optional<bool> keepsLooks_; ///< Text that says nothing of its own looks as its style says.
->>>>>>> pens
 };
 
 } // namespace compose

@@ -20,6 +20,14 @@ private:
     DWORD registration_ = 0;
 };
 
+/// As the setting "Word"/"Compose" numbers them.
+enum class Writer : long
+{
+    counting,
+    typed,
+    fragments
+};
+
 /// A document generator in this process that uses Word's default template. Its `start` attaches it to the
 /// running Word.
-IDocumentPtr makeGenerator();
+IDocumentPtr makeGenerator(Writer writer = Writer::counting);

@@ -2,6 +2,7 @@
 
 #include "Client.h"
 #include "TemporaryFile.h"
+#include "Transcript.h"
 
 #include "InProcess.h"
 #include "general/QdxException.h"
@@ -236,34 +237,32 @@ void printChapter(const Chapter& chapter)
 }
 
 /// The calls for each step of the chapter, and for `close`.
-std::vector<std::size_t> callsOf(const Chapter& chapter, bool tracked)
+std::vector<std::string> callsOf(const Chapter& chapter, Writer writer)
 {
     const std::wstring file = temporaryFile(L"bench.doc");
     standin::Session word;
     const RunningWord running(*word.application());
-    const IDocumentPtr generator = makeGenerator();
-    generator->overrideRegistry(text(L"Word"), text(L"TrackPositions"), text(tracked ? L"1" : L"0"), 3);
+    const IDocumentPtr generator = makeGenerator(writer);
     generator->start();
     generator->create(text(file.c_str()));
-    std::vector<std::size_t> calls;
+    std::vector<std::string> calls;
     for (const Step& step : chapter.steps)
-        calls.push_back(take(word, *generator, step).size());
-    calls.push_back(take(word, *generator, {"close", 0, [](IDocument& d) { d.close(); }}).size());
+        calls.push_back(callsIn(take(word, *generator, step)));
+    calls.push_back(callsIn(take(word, *generator, {"close", 0, [](IDocument& d) { d.close(); }})));
     return calls;
 }
 
-void printModes(const Chapter& chapter)
+void printWriters(const Chapter& chapter)
 {
-    const std::vector<std::size_t> counted = callsOf(chapter, false);
-    const std::vector<std::size_t> tracked = callsOf(chapter, true);
-    for (std::size_t i = 0; i < counted.size(); ++i) {
-        if (counted[i] == tracked[i])
-            continue;
+    const std::vector<std::string> counting = callsOf(chapter, Writer::counting);
+    const std::vector<std::string> typed = callsOf(chapter, Writer::typed);
+    const std::vector<std::string> fragments = callsOf(chapter, Writer::fragments);
+    for (std::size_t i = 0; i < counting.size(); ++i) {
         const std::string shown = i < chapter.steps.size()
                                       ? chapter.steps[i].shown
                                       : std::string("close, in \"") + chapter.title + "\"";
-        std::printf("| %s | %u | %u |\n", shown.c_str(), static_cast<unsigned>(counted[i]),
-                    static_cast<unsigned>(tracked[i]));
+        std::printf("| %s | %s | %s | %s |\n", shown.c_str(), counting[i].c_str(), typed[i].c_str(),
+                    fragments[i].c_str());
     }
 }
 
@@ -314,8 +313,8 @@ void printWordCalls()
     for (const Chapter& chapter : chapters())
         printChapter(chapter);
 
-    std::puts("\nThe same with Word/TrackPositions on, where it differs\n");
-    std::puts("| client call | default | tracked |\n|---|---|---|");
+    std::puts("\nThe same with each writer, in brackets the calls that return an object\n");
+    std::puts("| client call | counting | typed calls | fragments |\n|---|---|---|---|");
     for (const Chapter& chapter : chapters())
-        printModes(chapter);
+        printWriters(chapter);
 }

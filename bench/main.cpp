@@ -1,4 +1,5 @@
 #include "CallCost.h"
+#include "DocumentCalls.h"
 #include "WordCalls.h"
 
 #include <windows.h>
@@ -52,6 +53,7 @@ int measure()
         return 0;
     }
     printWordCalls();
+    printDocumentCalls();
     printTimes();
     return countInAProcessOfItsOwn();
 }

@@ -39,11 +39,7 @@ std::string number(std::uintptr_t value)
 
 std::string narrow(const wchar_t* text)
 {
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string utf8(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8.data(), size, nullptr, nullptr);
-    utf8.resize(utf8.size() - 1);
-    return utf8;
+    return static_cast<const char*>(_bstr_t(text));
 }
 
 std::uint16_t x87Control()

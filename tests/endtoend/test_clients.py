@@ -42,7 +42,7 @@ class Samples(EndToEndTest):
         self.assertEqual(([], ""), (outcome.output, outcome.errors))
         self.assertEqual(sample_log(document), outcome.log)
         expected = (HERE / "expected" / "sample-transcript.txt").read_text("utf-8").splitlines()
-        target = windows(document).lower().replace("\\", "\\\\")
+        target = clients.in_transcript(windows(document).lower())
         self.assertEqual([line.replace("{document}", target) for line in expected], outcome.transcript)
         self.assertEqual(TEXT, documents.text_of(document))
         self.assertEqual(2, documents.page_count(document))

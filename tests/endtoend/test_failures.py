@@ -18,7 +18,7 @@ class WordMissing(EndToEndTest):
     def test_a_jscript_too(self):
         outcome = self.run_jscript(
             'new ActiveXObject("WScript.Shell").Run("\\"{}\\" /unregserver", 0, true);\r\n'.format(
-                windows(STANDIN).replace("\\", "\\\\")) + clients.jscript([("start",)]))
+                clients.in_transcript(windows(STANDIN))) + clients.jscript([("start",)]))
         self.assertEqual(["start -> Cannot open Word\\nPlease install Word.\\n"], outcome.output)
 
 

@@ -12,7 +12,7 @@ ENVIRONMENT = 'WScript.Echo CreateObject("WScript.Shell").ExpandEnvironmentStrin
 
 def run(*words, cwd=None):
     return subprocess.run([ROOT / "scripts" / "run-client", *words], stdin=subprocess.DEVNULL, capture_output=True,
-                          text=True, timeout=240, cwd=cwd, check=False)
+                          text=True, errors="replace", timeout=240, cwd=cwd, check=False)
 
 
 class Clients(EndToEndTest):

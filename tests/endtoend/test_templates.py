@@ -1,6 +1,7 @@
 """The template of a new document, and the questions that a missing or refused one raises, in real message boxes."""
 
 from support import documents
+from support.clients import in_transcript
 from support.endtoend import EndToEndTest, windows
 
 ABORTED = "QdxException Document generation aborted by the user."
@@ -35,7 +36,7 @@ class Templates(EndToEndTest):
         return [line.partition(" -> ")[0] for line in outcome.transcript if line.startswith("Documents@1.Add(")]
 
     def add_call(self, path):
-        return 'Documents@1.Add("{}", missing, missing, missing)'.format(windows(path).replace("\\", "\\\\"))
+        return 'Documents@1.Add("{}", missing, missing, missing)'.format(in_transcript(windows(path)))
 
     PLAIN_ADD = "Documents@1.Add(missing, missing, missing, missing)"
 

@@ -7,8 +7,6 @@ output, whatever the language:
     insertText -> insertText\\nCOMERROR 0x800706be\\n...
 """
 
-import re
-
 
 class Expression(str):
     """An argument given in the client's own language, e.g. Expression('String(100, "x")')."""
@@ -33,10 +31,11 @@ def vbscript(calls):
 def _vbscript_word(argument):
     if isinstance(argument, Expression) or not isinstance(argument, str):
         return str(argument)
-    # Wine's VBScript reads ASCII only.
-    pieces = re.findall(r"[ -~]+|[^ -~]", argument) or [""]
-    return " & ".join('"' + piece.replace('"', '""') + '"' if " " <= piece[:1] <= "~" or not piece
-                      else " & ".join(f"ChrW({unit})" for unit in _utf16(piece)) for piece in pieces)
+    # Wine's VBScript reads a script in the ANSI code page, and has no ChrW.
+    argument.encode("cp1252")
+    if not argument.isprintable():
+        raise ValueError(f"Wine's VBScript cannot write {argument!r}")
+    return '"' + argument.replace('"', '""') + '"'
 
 
 def jscript(calls):
@@ -72,6 +71,12 @@ def _driver_word(argument):
     if isinstance(argument, Expression) or not isinstance(argument, str):
         return str(argument)
     return "".join(_escaped(unit) for unit in _utf16(argument))
+
+
+def in_transcript(text):
+    """A text as transcripts have it between quotation marks; JScript takes it, too."""
+    return "".join(chr(unit) if unit not in (0x22, 0x5C) and 0x20 <= unit < 0x7F else
+                   "\\" + chr(unit) if unit in (0x22, 0x5C) else f"\\u{unit:04x}" for unit in _utf16(text))
 
 
 def _utf16(text):

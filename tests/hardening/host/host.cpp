@@ -49,6 +49,15 @@ void say(const char* kind, const std::string& text)
     std::fflush(stdout);
 }
 
+std::string utf8(const std::wstring& text)
+{
+    const int length = static_cast<int>(text.size());
+    std::string result(text.size() * 3, '\0');
+    result.resize(static_cast<std::size_t>(WideCharToMultiByte(
+        CP_UTF8, 0, text.data(), length, result.data(), static_cast<int>(result.size()), nullptr, nullptr)));
+    return result;
+}
+
 std::set<std::wstring> modules()
 {
     std::vector<HMODULE> handles(1024);
@@ -69,7 +78,7 @@ void sayModules(const char* kind, const std::set<std::wstring>& paths, const std
 {
     for (const std::wstring& each : paths)
         if (!without.contains(each))
-            say(kind, static_cast<const char*>(_bstr_t(each.c_str())));
+            say(kind, utf8(each));
 }
 
 void sayLoosePages(const void* module)

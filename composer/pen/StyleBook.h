@@ -13,8 +13,8 @@ namespace compose {
 
 /// The paragraph styles of one document, each asked for once.
 ///
-/// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style whose font or alignment
-/// Word does not tell the second time either counts as one that nothing said equals.
+/// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style whose font or
+/// alignment Word does not tell the second time either counts as one that nothing said equals.
 class StyleBook : public StyleSheet
 {
 public:

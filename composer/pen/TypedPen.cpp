@@ -74,12 +74,9 @@ void TypedPen::carryOut(Plan& plan)
 {
     while (!plan.passages.empty()) {
         Passage& passage = plan.passages.front();
-        if (!isBegun_) {
-            base_ = begin(passage.cell);
-            isAtStoryEnd_ = !passage.cell;
-            isBegun_ = true;
-        }
         operations_ = &passage.operations;
+        if (!isBegun_)
+            beginPassage(passage);
         while (!passage.operations.empty()) {
             hasActed_ = false;
             try {
@@ -87,22 +84,73 @@ void TypedPen::carryOut(Plan& plan)
                 const Operation operation = passage.operations.front();
                 std::visit([this](const auto& each) { perform(each); }, operation);
             } catch (...) {
-                if (hasActed_ || ++failures_ == triesOfAnOperation) {
-                    failures_ = 0;
-                    lengthBefore_.reset();
-                    if (std::holds_alternative<WriteText>(passage.operations.front()))
-                        passage.operations.clear(); // they are about that text
-                    else
-                        passage.operations.pop_front();
-                }
+                failed();
                 throw;
             }
-            failures_ = 0;
-            lengthBefore_.reset();
             passage.operations.pop_front();
+            failures_ = 0;
+            isDoubtful_ = false;
+            isFirst_ = false;
         }
         plan.passages.pop_front();
         isBegun_ = false;
+    }
+}
+
+void TypedPen::beginPassage(Passage& passage)
+{
+    try {
+        base_ = begin(passage.cell);
+    } catch (...) {
+        if (passage.cell && ++failures_ == triesOfAnOperation) {
+            failures_ = 0;
+            giveUpCell(passage);
+        }
+        throw;
+    }
+    failures_ = 0;
+    place_ = passage.cell;
+    isFirst_ = true;
+    isBegun_ = true;
+}
+
+// There is no such cell, because the table could not be made: its text stands behind what there is.
+void TypedPen::giveUpCell(Passage& passage)
+{
+    passage.cell.reset();
+    std::erase_if(passage.operations,
+                  [](const Operation& each) { return !std::holds_alternative<WriteText>(each); });
+}
+
+/// The operation in hand has failed.
+void TypedPen::failed()
+{
+    const Operation& operation = operations_->front();
+    isDoubtful_ = isDoubtful_ || hasActed_;
+    const bool canTell = std::holds_alternative<WriteText>(operation) ||
+                         std::holds_alternative<MakeTable>(operation) ||
+                         std::holds_alternative<ExtendTable>(operation);
+    if (++failures_ < triesOfAnOperation && (canTell || !isDoubtful_))
+        return;
+    failures_ = 0;
+    isDoubtful_ = false;
+    if (std::holds_alternative<WriteText>(operation)) {
+        operations_->clear(); // they are about that text
+        return;
+    }
+    if (std::holds_alternative<AddField>(operation) || std::holds_alternative<AddEntry>(operation))
+        releaseTags();
+    operations_->pop_front();
+}
+
+/// The tags behind the field in hand, which may not be there, stand at its place.
+void TypedPen::releaseTags()
+{
+    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next) {
+        if (auto* const tag = std::get_if<PlaceTag>(&*next); tag && tag->isBehindField)
+            tag->isBehindField = false;
+        else if (!std::holds_alternative<RemoveText>(*next))
+            return;
     }
 }
 
@@ -122,17 +170,24 @@ void TypedPen::select(Span span)
     range_->SetRange(base_ + span.start, base_ + span.end);
 }
 
-// Whether a text is there that Word refused is told by the story's length: so it is tried again, and never
-// written twice.
+/// Whether the text is there although writing it failed. That of a passage is the first thing in it; any
+/// other is a further paragraph at the end of a cell.
+bool TypedPen::isWritten(const WriteText& text)
+{
+    if (isFirst_)
+        return begin(place_) != base_;
+    select({text.at, text.at + 1});
+    const _bstr_t found = range_->GetText();
+    return found.length() == 1 && static_cast<const wchar_t*>(found)[0] == L'\r';
+}
+
 void TypedPen::perform(const WriteText& text)
 {
-    const bool isStoryEnd = isAtStoryEnd_ && text.at == 0;
-    if (!lengthBefore_)
-        lengthBefore_ = isStoryEnd ? base_ + 1 : range_->GetStoryLength();
-    else if (range_->GetStoryLength() != *lengthBefore_)
+    if (isDoubtful_ && isWritten(text))
         return;
     const _bstr_t characters = bstr(text.text);
     select({text.at, text.at});
+    mutate();
     range_->InsertAfter(characters);
 }
 
@@ -182,17 +237,28 @@ void TypedPen::perform(const PutFont& font)
 
 void TypedPen::perform(const MakeTable& table)
 {
-    const _variant_t& none = Word::missing;
-    const bool autoFit = false;
     select(table.span);
+    Word::TablePtr made;
+    if (isDoubtful_)
+        if (const Word::TablesPtr tables = range_->GetTables(); tables->GetCount() > 0)
+            made = tables->Item(1);
     mutate();
-    const Word::TablePtr made = range_->ConvertToTable(
-        Word::integer(Word::wdSeparateByParagraphs), Word::integer(static_cast<long>(table.rows)),
-        Word::integer(static_cast<long>(table.columns)), none, none, none, none, none, none, none, none, none,
-        none, autoFit, Word::integer(Word::wdAutoFitFixed), Word::integer(Word::wdWord8TableBehavior));
+    if (!made)
+        made = convert(table);
     if (table.isLast)
         table_ = made;
     putHeights(made, table.heights, 0, table.rows);
+}
+
+/// The range selected.
+Word::TablePtr TypedPen::convert(const MakeTable& table)
+{
+    const _variant_t& none = Word::missing;
+    const bool autoFit = false;
+    return range_->ConvertToTable(
+        Word::integer(Word::wdSeparateByParagraphs), Word::integer(static_cast<long>(table.rows)),
+        Word::integer(static_cast<long>(table.columns)), none, none, none, none, none, none, none, none, none,
+        none, autoFit, Word::integer(Word::wdAutoFitFixed), Word::integer(Word::wdWord8TableBehavior));
 }
 
 // New rows look like the one above them, and are to look like none.
@@ -205,7 +271,8 @@ void TypedPen::perform(const ExtendTable& table)
             columns->Add();
     }
     const Word::RowsPtr rows = table_->GetRows();
-    for (std::size_t row = table.rowsBefore; row < table.rows; ++row) {
+    const std::size_t there = isDoubtful_ ? static_cast<std::size_t>(rows->GetCount()) : table.rowsBefore;
+    for (std::size_t row = there; row < table.rows; ++row) {
         const Word::RangePtr added = rows->Add()->GetRange();
         added->PutStyle(StyleBook::argumentOf(u"Normal"));
         added->GetParagraphFormat()->Reset();

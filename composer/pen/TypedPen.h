@@ -24,7 +24,7 @@ struct EmbeddedObject
 ///
 /// Errors: a failed Word call raises `_com_error`. What had not been done by then is in the plan still, so
 /// that carrying it out again goes on behind what was done. An operation that fails twice is left out; one
-/// that may have taken effect is not tried again.
+/// that may have taken effect is not tried again, unless the document tells whether it has: text and tables.
 ///
 /// Threading: that of the document.
 class TypedPen
@@ -63,6 +63,12 @@ public:
 
 private:
     long begin(const Place& place);
+    void beginPassage(Passage& passage);
+    static void giveUpCell(Passage& passage);
+    void failed();
+    void releaseTags();
+    bool isWritten(const WriteText& text);
+    Word::TablePtr convert(const MakeTable& table);
     void select(Span span);
     void mutate() { hasActed_ = true; }
     [[nodiscard]] bool isTagNext() const;
@@ -101,12 +107,13 @@ private:
         leavesSurplus_; ///< Word puts an empty paragraph behind rich text that ends its last one.
 
     std::deque<Operation>* operations_ = nullptr; ///< of the passage being carried out
-    long base_ = 0;                               ///< where that passage begins
-    bool isAtStoryEnd_ = false;
+    Place place_;                                 ///< of that passage
+    long base_ = 0;                               ///< where it begins
     bool isBegun_ = false;
-    std::optional<long> lengthBefore_; ///< of the story, in front of a text that is being written
-    bool hasActed_ = false;            ///< The operation in hand has changed the document, or may have.
-    int failures_ = 0;                 ///< of the operation in hand
+    bool hasActed_ = false;   ///< The operation in hand has changed the document, or may have.
+    int failures_ = 0;        ///< of the operation in hand, or of beginning the passage
+    bool isDoubtful_ = false; ///< It has failed, and may have changed the document.
+    bool isFirst_ = false;    ///< of the passage
 };
 
 } // namespace compose

@@ -168,16 +168,28 @@ bool SessionPlayer::attempt(const char* name, Call&& call)
     return false;
 }
 
+long SessionPlayer::release()
+{
+    client_ = nullptr;
+    return word_.liveObjects();
+}
+
 PlayedSession SessionPlayer::play(const Session& session, const standin::model::Switches& switches)
 {
     played_ = {};
     isRead_ = false;
     word_.model().setSwitches(switches);
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
+    const long firstCall = word_.callCount();
+    if (fault_.lasts)
+        word_.failFromCall(fault_.call, fault_.result);
+    else if (fault_.call > 0)
+        word_.failCall(fault_.call, fault_.result);
     for (std::size_t i = 0; i < session.size(); ++i)
         if (!perform(session[i]))
             played_.failedCalls.insert(i);
     close();
+    wordCalls_ = word_.callCount() - firstCall;
     word_.clearTranscript();
     return std::move(played_);
 }
@@ -193,6 +205,7 @@ void SessionPlayer::close()
     for (int i = 0; i < closingAttempts; ++i)
         if (attempt("close", [this] { return client_->close(); }))
             break;
+    word_.clearFaults();
     if (isRead_)
         return;
     const Word::DocumentsPtr documents = word_.application()->GetDocuments();

@@ -48,6 +48,22 @@ public:
     [[nodiscard]] bool composes() const { return writer_ != Writer::counting; }
     PlayedSession play(const Session& session, const standin::model::Switches& switches = {});
 
+    /// \name Failures
+    ///@{
+    /// From the next session's `create` on, that many calls later: that Word call fails, or all from it on.
+    struct Fault
+    {
+        long call = 0; ///< from 1; 0: none
+        HRESULT result = E_FAIL;
+        bool lasts = false;
+    };
+    void setFault(const Fault& fault) { fault_ = fault; }
+    /// Word calls of the last session, from `create` to the end of closing.
+    [[nodiscard]] long wordCalls() const { return wordCalls_; }
+    /// Releases the client, for good; the COM objects of Word that are left.
+    long release();
+    ///@}
+
 private:
     void writeFiles();
     void makeClient();
@@ -68,6 +84,8 @@ private:
     IDocumentPtr client_;
     PlayedSession played_;
     bool isRead_ = false;
+    Fault fault_;
+    long wordCalls_ = 0;
 };
 
 } // namespace reference

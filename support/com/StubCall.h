@@ -12,6 +12,6 @@ bool isStub(const void* address) noexcept;
 /// with the method's own MIROVEL_CALLER_ADDRESS.
 ///  - A client that has called the virtual table gets the exception as it is: this rethrows.
 ///  - Through a stub no exception can pass. The thread's error object gets the text, `source` and
-///  `interfaceId`, and
-///    the method is to return the HRESULT that comes back, both as `ExceptionTranslation.h` says.
+///    `interfaceId`, and the method is to return the HRESULT that comes back, both as
+///    `ExceptionTranslation.h` says.
 HRESULT leaveMethod(const void* caller, REFIID interfaceId, const wchar_t* source);

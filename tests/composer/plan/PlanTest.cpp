@@ -364,9 +364,9 @@ TEST_F(PlanTest, GoesOnWithAnOpenTable)
     content.addCell();
     content.insertText(u"c");
     // The new column's cell may have got the look of the cell beside it.
-    EXPECT_THAT(plan(), ElementsAre("extend from 1 to 2x3 heights 0,0", "in cell 0,1", "text 0 'b'",
-                                    "clear 0-1", "in cell 0,2", "alignment 0-1 of the style", "in cell 1,0",
-                                    "text 0 'c'"));
+    EXPECT_THAT(plan(),
+                ElementsAre("extend from 1 to 2x3 heights 0,0", "in cell 0,1", "text 0 'b'", "clear 0-1",
+                            "in cell 0,2", "alignment 0-1 of the style", "in cell 1,0", "text 0 'c'"));
 }
 
 TEST_F(PlanTest, KnowsWhichTableGoesOn)

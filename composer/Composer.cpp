@@ -475,7 +475,7 @@ void Composer::divideIntoSteps(Story& story)
     for (const Stretch& stretch : stretches) {
         const std::span<const Block> blocks = all.subspan(stretch.first, stretch.past - stretch.first);
         const bool isLast = stretch.past == all.size();
-        Story::Step step{planOf({blocks, links, ground, leads, isLast}, *styles_)};
+        Story::Step step{planOf({blocks, links, ground, leads, isLast, stretch.isFragment}, *styles_)};
         std::size_t operations = 0;
         for (const Passage& passage : step.plan.passages)
             operations += passage.operations.size();

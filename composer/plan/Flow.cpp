@@ -174,16 +174,32 @@ void Flow::putStyles(std::deque<Operation>& operations)
             operations.push_back(PutStyle{span, style});
 }
 
+/// Whether the paragraphs behind the first one are freed of the alignment that they take over, all at once:
+/// then most of them need nothing more.
+bool Flow::freesOfAlignment() const
+{
+    constexpr std::size_t fewestLines = 4;
+    return within_ == Within::story && !source_.keepsGround && lines_.size() >= fewestLines &&
+           (ground_.alignment || !ground_.isAlignmentKnown);
+}
+
 void Flow::putAlignments(std::deque<Operation>& operations)
 {
+    const bool frees = freesOfAlignment();
+    if (frees) {
+        const Position past = origin_ + static_cast<Position>(text_.size()) + 1;
+        operations.push_back(PutAlignment{{lines_[1].start, past}, {}});
+    }
     std::vector<Stretch<std::optional<int>>> stretches;
     for (const Line& line : lines_) {
         if (!isFormatted(line))
             continue;
         const std::optional<int> wanted = directAlignment(*line.paragraph, styles_);
+        const bool isFreed = frees && &line != &lines_.front();
         const bool changesStyle = line.paragraph->style != ground_.style;
         const bool isKnown = ground_.isAlignmentKnown && !(changesStyle && ground_.alignment);
-        if (!isKnown || wanted != ground_.alignment)
+        const bool isRight = isFreed ? !wanted : isKnown && wanted == ground_.alignment;
+        if (!isRight)
             extend(stretches, {line.start, line.past()}, wanted);
     }
     for (const auto& [span, alignment] : stretches)
@@ -380,18 +396,21 @@ Ground Flow::groundBehind()
 {
     if (lines_.empty())
         return ground_;
+    Ground behind = ground_;
+    if (freesOfAlignment()) {
+        behind.alignment.reset();
+        behind.isAlignmentKnown = true;
+    }
     const Line& last = lines_.back();
     if (!last.isLast) {
-        Ground untouched = ground_;
-        untouched.isPlain = true;
-        return untouched;
+        behind.isPlain = true;
+        return behind;
     }
     // A link that covers the paragraph end in front ends in the last paragraph.
     const bool isPlainBefore = lines_.size() > 1 ? linkBefore(lines_.size() - 1) == noLink : ground_.isPlain;
     if (isFormatted(last))
         return {last.paragraph->style, directAlignment(*last.paragraph, styles_), true,
                 isPlainAtEnd(*last.paragraph, isPlainBefore)};
-    Ground behind = ground_;
     behind.isPlain = isPlainBefore;
     return behind;
 }

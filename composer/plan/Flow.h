@@ -68,6 +68,7 @@ private:
     void format(std::deque<Operation>& operations);
     void putStyles(std::deque<Operation>& operations);
     void putAlignments(std::deque<Operation>& operations);
+    [[nodiscard]] bool freesOfAlignment() const;
     void putFonts(std::deque<Operation>& operations);
     void findLinkEnds();
     void lengthen(std::deque<Operation>& operations);

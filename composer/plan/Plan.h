@@ -55,6 +55,8 @@ struct Source
     /// The last paragraph is the one that was the story's last; otherwise it ends with a mark of its own, and
     /// that paragraph stays behind it as it is.
     bool endsOpen = true;
+    /// That paragraph keeps what it is formatted with, whatever is written in front of it.
+    bool keepsGround = false;
 };
 
 /// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it

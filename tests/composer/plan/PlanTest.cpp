@@ -130,6 +130,16 @@ TEST_F(PlanTest, TakesAnAlignmentBackThatTheGroundHas)
     EXPECT_THAT(plan(), ElementsAre("text 0 '|b'", "alignment 1-3 of the style"));
 }
 
+// Each paragraph would need it, and the next plan's too.
+TEST_F(PlanTest, FreesManyParagraphsOfTheGroundsAlignmentAtOnce)
+{
+    ground.alignment = 1;
+    content.insertText(u"a\nb\nc\n");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b|c|'", "alignment 2-7 of the style",
+                                    "alignment 0-2 of the style"));
+    EXPECT_EQ(ground, Ground());
+}
+
 TEST_F(PlanTest, SaysStyleAndAlignmentOfAnUnknownGround)
 {
     ground = {.style = u"", .isAlignmentKnown = false};

@@ -1,0 +1,124 @@
+#include "Composer.h"
+
+#include "PenTest.h"
+
+#include "Bookmarks.h"
+#include "Section.h"
+#include "general/QdxException.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace compose {
+namespace {
+
+class ComposerTest : public PenTest
+{
+protected:
+    void SetUp() override
+    {
+        composer->begin(application, document);
+        static_cast<void>(takeCalls());
+    }
+    void TearDown() override
+    {
+        composer.reset();
+        PenTest::TearDown();
+    }
+    [[nodiscard]] std::u16string header() const
+    {
+        using standin::model::Section;
+        const auto story =
+            model().section(1)->story(Section::Part::header, standin::model::HeaderFooterIndex::primary);
+        return std::u16string(story->text(0, story->length() - 1));
+    }
+    /// The length of the longest text in one call since the last question.
+    std::size_t longestCall()
+    {
+        std::size_t longest = 0;
+        for (const std::string& call : takeCalls())
+            longest = std::max(longest, call.size());
+        return longest;
+    }
+
+    Trace trace;
+    std::unique_ptr<Composer> composer = std::make_unique<Composer>(Composer::Pen::typed, trace, L"");
+};
+
+TEST_F(ComposerTest, SavesInTheFormatThatTheNameSays)
+{
+    EXPECT_EQ(composer->saveFormat(L"C:\\a\\b.doc"), _variant_t(0L));
+    EXPECT_EQ(composer->saveFormat(L"b.docx"), _variant_t(12L));
+    EXPECT_EQ(composer->saveFormat(L"b.RTF"), _variant_t(6L));
+    EXPECT_EQ(composer->saveFormat(L"b.pdf"), _variant_t(17L));
+    for (const wchar_t* name : {L"b.html", L"b", L"", L"a.doc\\b", L"b.docm"})
+        EXPECT_EQ(composer->saveFormat(name).vt, VT_ERROR) << name;
+}
+
+TEST_F(ComposerTest, RefusesAnUnknownStyleAndGoesOnInTheOneBefore)
+{
+    composer->setStyle(L"Heading 1");
+    composer->insertText(L"a");
+    try {
+        composer->setStyle(L"no such style");
+        FAIL() << "it was accepted";
+    } catch (const QdxException& exception) {
+        EXPECT_STREQ(exception.reasonText(), "ERR Unknown style: no such style");
+    }
+    composer->insertText(L"b");
+    composer->finish();
+    EXPECT_TRUE(text().starts_with(u"a\rb"));
+    EXPECT_EQ(model().mainStory()->paragraph(1).format->style->name(), u"Heading 1");
+}
+
+TEST_F(ComposerTest, KeepsWhatIsSaidUntilMuchWaits)
+{
+    const std::wstring piece(10'000, L'x');
+    std::size_t said = 0;
+    for (; said < 20; ++said)
+        composer->insertText(piece.c_str());
+    EXPECT_EQ(takeCalls(), Calls()) << "little waits";
+    for (; said < 400; ++said)
+        composer->insertText(piece.c_str());
+    const std::size_t written = text().size();
+    EXPECT_GT(written, 0U);
+    EXPECT_LT((said * piece.size() - written) * sizeof(char16_t), Composer::mostWaiting + (64U << 10U));
+    EXPECT_LT(longestCall() * sizeof(char16_t), 2 * Composer::mostWaiting);
+    composer->finish();
+    EXPECT_EQ(text().size(), said * piece.size());
+}
+
+TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly)
+{
+    composer->insertXref(L"never", L"no tag");
+    composer->insertXref(L"later", L"tag");
+    composer->prepareSave();
+    EXPECT_EQ(document->GetHyperlinks()->GetCount(), 2);
+    composer->insertTag(L"tag");
+    composer->finish();
+    ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetTextToDisplay(), _bstr_t(L"later"));
+    EXPECT_TRUE(text().starts_with(u"never"));
+}
+
+TEST_F(ComposerTest, ForgetsTheTagsOfAHeaderThatIsReplaced)
+{
+    composer->startHeader();
+    composer->insertTag(L"tag");
+    composer->insertText(L"old");
+    composer->endHeader();
+    composer->prepareSave();
+    EXPECT_EQ(model().bookmarks().all().size(), 1U);
+    composer->startHeader();
+    composer->insertText(L"new");
+    composer->endHeader();
+    composer->insertXref(L"to the tag", L"tag");
+    composer->finish();
+    EXPECT_EQ(header(), u"new");
+    EXPECT_EQ(model().bookmarks().all().size(), 0U);
+    EXPECT_EQ(document->GetHyperlinks()->GetCount(), 0);
+    EXPECT_EQ(text(), u"to the tag");
+}
+
+} // namespace
+} // namespace compose

@@ -1,0 +1,87 @@
+#include "Division.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace compose {
+
+void PrintTo(const Stretch& stretch, std::ostream* out)
+{
+    *out << stretch.first << "-" << stretch.past << (stretch.isFragment ? " fragment" : " typed");
+}
+
+namespace {
+
+using Stretches = std::vector<Stretch>;
+
+Paragraph paragraphOf(Item item)
+{
+    Paragraph paragraph;
+    paragraph.items.push_back(std::move(item));
+    return paragraph;
+}
+
+Paragraph text(LinkNumber link = noLink)
+{
+    return paragraphOf({Text{u"text"}, {}, link});
+}
+
+Table table()
+{
+    Table made;
+    made.rows = {{{text()}}};
+    return made;
+}
+
+class DivisionTest : public testing::Test
+{
+protected:
+    [[nodiscard]] Stretches divided(const Blocks& blocks, bool isTableOpen = false) const
+    {
+        return divide(blocks, links, isTableOpen);
+    }
+    std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
+};
+
+TEST_F(DivisionTest, LeavesTheOpenParagraphOut)
+{
+    EXPECT_EQ(divided({text()}), (Stretches{{0, 1, false}}));
+    EXPECT_EQ(divided({text(), table(), Paragraph()}), (Stretches{{0, 2, true}, {2, 3, false}}));
+}
+
+TEST_F(DivisionTest, LeavesAnOpenTableOut)
+{
+    EXPECT_EQ(divided({text(), table(), Paragraph()}, true), (Stretches{{0, 1, true}, {1, 3, false}}));
+}
+
+TEST_F(DivisionTest, EndsAFragmentWithSomethingThatShows)
+{
+    EXPECT_EQ(divided({text(), Paragraph(), Paragraph()}), (Stretches{{0, 1, true}, {1, 3, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({Field{4}}), Paragraph()}),
+              (Stretches{{0, 1, true}, {1, 3, false}}));
+    EXPECT_EQ(divided({text(), text(0), Paragraph()}), (Stretches{{0, 1, true}, {1, 3, false}}));
+    EXPECT_EQ(divided({text(), Paragraph(), text(), Paragraph()}), (Stretches{{0, 3, true}, {3, 4, false}}));
+}
+
+TEST_F(DivisionTest, LeavesTheLastPageBreakOut)
+{
+    EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), text(), text()}),
+              (Stretches{{0, 1, true}, {1, 2, false}, {2, 3, true}, {3, 4, false}}));
+    EXPECT_EQ(divided({paragraphOf({PageBreak{false}}), text(), text()}),
+              (Stretches{{0, 2, true}, {2, 3, false}}));
+}
+
+TEST_F(DivisionTest, CutsNoLinkThatGoesOnBehindAParagraph)
+{
+    Paragraph ended = text();
+    ended.endLink = 0;
+    EXPECT_EQ(divided({text(), ended, text(), Paragraph()}), (Stretches{{0, 3, true}, {3, 4, false}}));
+    EXPECT_EQ(divided({text(), ended, Paragraph()}), (Stretches{{0, 1, true}, {1, 3, false}}));
+    Paragraph unfit = paragraphOf({Contents()});
+    unfit.endLink = 0;
+    EXPECT_EQ(divided({unfit, text(), Paragraph()}), (Stretches{{0, 3, false}}));
+}
+
+} // namespace
+} // namespace compose

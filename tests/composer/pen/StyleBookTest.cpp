@@ -1,0 +1,79 @@
+#include "StyleBook.h"
+
+#include "PenTest.h"
+
+#include <memory>
+
+namespace compose {
+namespace {
+
+class StyleBookTest : public PenTest
+{
+protected:
+    void TearDown() override
+    {
+        styles.reset();
+        PenTest::TearDown();
+    }
+    std::unique_ptr<StyleBook> styles = std::make_unique<StyleBook>(document);
+};
+
+TEST_F(StyleBookTest, NamesBuiltInStylesByNumber)
+{
+    EXPECT_EQ(StyleBook::argumentOf(u"Normal"), _variant_t(-1L));
+    EXPECT_EQ(StyleBook::argumentOf(u"Heading 1"), _variant_t(-2L));
+    EXPECT_EQ(StyleBook::argumentOf(u"Heading 9"), _variant_t(-10L));
+    EXPECT_EQ(StyleBook::argumentOf(u"Header"), _variant_t(-32L));
+    EXPECT_EQ(StyleBook::argumentOf(u"Footer"), _variant_t(-33L));
+    for (const wchar_t* name : {L"Heading 0", L"Heading 10", L"heading 1", L"Plain Text", L"\x3b1"})
+        EXPECT_EQ(StyleBook::argumentOf({name, name + wcslen(name)}), _variant_t(name));
+}
+
+TEST_F(StyleBookTest, AsksForEachStyleOnce)
+{
+    EXPECT_EQ(styles->fontOf(u"Heading 1"), (Font{.name = u"Arial", .size = 16, .isBold = true}));
+    EXPECT_EQ(styles->alignmentOf(u"Heading 1"), 0);
+    EXPECT_TRUE(styles->holds(u"Heading 1"));
+    EXPECT_FALSE(takeCalls().empty());
+    styles->fontOf(u"Heading 1");
+    styles->alignmentOf(u"Heading 1");
+    EXPECT_TRUE(styles->holds(u"Heading 1"));
+    EXPECT_EQ(takeCalls(), Calls());
+}
+
+TEST_F(StyleBookTest, KnowsWhichStylesThereAre)
+{
+    EXPECT_FALSE(styles->holds(u"no such style"));
+    static_cast<void>(takeCalls());
+    EXPECT_FALSE(styles->holds(u"no such style"));
+    EXPECT_EQ(takeCalls(), Calls());
+}
+
+TEST_F(StyleBookTest, DoesNotTakeAFailureForAMissingStyle)
+{
+    word.failCall(2, E_FAIL);
+    EXPECT_THROW(styles->holds(u"Heading 1"), _com_error);
+    EXPECT_TRUE(styles->holds(u"Heading 1"));
+}
+
+TEST_F(StyleBookTest, CountsAFontThatFailsTwiceAsNoOnesFont)
+{
+    styles->holds(u"Heading 1");
+    word.failCall(1, E_FAIL);
+    EXPECT_THROW(styles->fontOf(u"Heading 1"), _com_error);
+    word.failCall(1, E_FAIL);
+    EXPECT_EQ(styles->fontOf(u"Heading 1"), Font());
+    EXPECT_EQ(styles->fontOf(u"Heading 1"), Font());
+}
+
+TEST_F(StyleBookTest, CountsAnAlignmentThatFailsTwiceAsNone)
+{
+    styles->holds(u"Heading 1");
+    word.failCall(1, E_FAIL);
+    EXPECT_THROW(styles->alignmentOf(u"Heading 1"), _com_error);
+    word.failCall(1, E_FAIL);
+    EXPECT_EQ(styles->alignmentOf(u"Heading 1"), -1);
+}
+
+} // namespace
+} // namespace compose

@@ -135,8 +135,8 @@ TEST_F(PlanTest, FreesManyParagraphsOfTheGroundsAlignmentAtOnce)
 {
     ground.alignment = 1;
     content.insertText(u"a\nb\nc\n");
-    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b|c|'", "alignment 2-7 of the style",
-                                    "alignment 0-2 of the style"));
+    EXPECT_THAT(plan(),
+                ElementsAre("text 0 'a|b|c|'", "alignment 2-7 of the style", "alignment 0-2 of the style"));
     EXPECT_EQ(ground, Ground());
 }
 

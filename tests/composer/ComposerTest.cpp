@@ -58,14 +58,14 @@ TEST_F(ComposerTest, SavesInTheFormatThatTheNameSays)
 TEST_F(ComposerTest, RefusesAnUnknownStyleAndGoesOnInTheOneBefore)
 {
     composer->setStyle(L"Heading 1");
-    composer->insertText(L"a");
+    composer->insertText(_bstr_t(L"a").GetBSTR());
     try {
         composer->setStyle(L"no such style");
         FAIL() << "it was accepted";
     } catch (const QdxException& exception) {
         EXPECT_STREQ(exception.reasonText(), "ERR Unknown style: no such style");
     }
-    composer->insertText(L"b");
+    composer->insertText(_bstr_t(L"b").GetBSTR());
     composer->finish();
     EXPECT_TRUE(text().starts_with(u"a\rb"));
     EXPECT_EQ(model().mainStory()->paragraph(1).format->style->name(), u"Heading 1");
@@ -76,10 +76,10 @@ TEST_F(ComposerTest, KeepsWhatIsSaidUntilMuchWaits)
     const std::wstring piece(10'000, L'x');
     std::size_t said = 0;
     for (; said < 20; ++said)
-        composer->insertText(piece.c_str());
+        composer->insertText(_bstr_t(piece.c_str()).GetBSTR());
     EXPECT_EQ(takeCalls(), Calls()) << "little waits";
     for (; said < 400; ++said)
-        composer->insertText(piece.c_str());
+        composer->insertText(_bstr_t(piece.c_str()).GetBSTR());
     const std::size_t written = text().size();
     EXPECT_GT(written, 0U);
     EXPECT_LT((said * piece.size() - written) * sizeof(char16_t), Composer::mostWaiting + (64U << 10U));
@@ -105,12 +105,12 @@ TEST_F(ComposerTest, ForgetsTheTagsOfAHeaderThatIsReplaced)
 {
     composer->startHeader();
     composer->insertTag(L"tag");
-    composer->insertText(L"old");
+    composer->insertText(_bstr_t(L"old").GetBSTR());
     composer->endHeader();
     composer->prepareSave();
     EXPECT_EQ(model().bookmarks().all().size(), 1U);
     composer->startHeader();
-    composer->insertText(L"new");
+    composer->insertText(_bstr_t(L"new").GetBSTR());
     composer->endHeader();
     composer->insertXref(L"to the tag", L"tag");
     composer->finish();

@@ -497,7 +497,7 @@ Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, con
     const auto isLinked = [this](const std::u16string& bookmark) {
         return leadsSomewhere({.bookmark = bookmark});
     };
-    const float width = holdTables(blocks) ? story.fragmentPen.textWidth(sectionsInWord_) : 0;
+    const float width = holdTables(blocks) ? story.fragmentPen.tableWidth(sectionsInWord_) : 0;
     Fragment fragment;
     fragment.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width});
     fragment.ground = ground;

@@ -85,7 +85,7 @@ private:
     void write(const Table& table)
     {
         rtf::RowDefinition definition;
-        definition.widths.assign(table.columns(), context_.textWidth / static_cast<float>(table.columns()));
+        definition.widths.assign(table.columns(), context_.tableWidth / static_cast<float>(table.columns()));
         std::string definitionText;
         for (std::size_t row = 0; row < table.rows.size(); ++row) {
             const float height = row < table.heights.size() ? static_cast<float>(table.heights[row]) : 0;

@@ -17,7 +17,7 @@ struct FragmentContext
     const std::vector<LinkTarget>& links; ///< by number
     /// Whether a link to that bookmark is to be made; else there is its text alone.
     std::function<bool(const std::u16string& bookmark)> isLinked;
-    float textWidth; ///< points; tables are that wide, with equal columns
+    float tableWidth; ///< points; every table is that wide, with equal columns
 };
 
 /// The blocks as RTF. All must fit one (`fitsFragment`); the first begins a paragraph, each paragraph ends in

@@ -235,10 +235,11 @@ void FragmentPen::restoreGround(const Fragment& fragment)
     stage_ = Stage::ended;
 }
 
-float FragmentPen::textWidth(int section)
+float FragmentPen::tableWidth(int section)
 {
+    constexpr float padding = 5.4F; // between a cell's edge and its text
     const Word::PageSetupPtr page = document_->GetSections()->Item(section)->GetPageSetup();
-    return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin();
+    return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin() + 2 * padding;
 }
 
 } // namespace compose

@@ -43,8 +43,8 @@ public:
     /// False, and nothing is left of it, when Word does not read it in, or not as it is meant.
     bool add(const Fragment& fragment);
 
-    /// Points; of a section's page.
-    float textWidth(int section);
+    /// Points; of a new table on a section's page, whose text begins and ends where that of the page does.
+    float tableWidth(int section);
 
 private:
     enum class Stage

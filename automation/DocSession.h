@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ComPointers.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
 #include "registry/RegisterCache.h"
@@ -40,8 +39,7 @@ struct DocSession
     VARIANT_BOOL savedSpellingCheck = VARIANT_FALSE;
     std::int32_t tocLevel = 0;
 
-    RegisterCache registry;      ///< With the session's overrides.
-    ITypeLibPtr wordTypeLibrary; ///< Held while Word's objects are; null when it is not registered.
+    RegisterCache registry; ///< With the session's overrides.
     Word::_DocumentPtr document;
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;

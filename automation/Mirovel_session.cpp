@@ -3,7 +3,6 @@
 #include "MirovelCall.h"
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
-#include "WordTypeLibrary.h"
 #include "WriterChoice.h"
 
 #include "WordConstants.h"
@@ -63,7 +62,6 @@ try {
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
-    session.wordTypeLibrary = loadWordTypeLibrary();
     const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass);
     const Word::_ApplicationPtr application = running ? Word::_ApplicationPtr(running) : startWord();
     try {

@@ -32,19 +32,3 @@ QdxString tocFieldText(const QdxString& entry, int level, LeadByteTest isLeadByt
     text += suffix;
     return QdxString(text.c_str());
 }
-
-std::wstring wholeTocFieldText(std::wstring_view entry, int level)
-{
-    std::wstring text = L"\"";
-    bool behindParagraphEnd = false;
-    for (const wchar_t unit : entry) {
-        const bool paragraphEnd = unit == L'\r' || unit == L'\n';
-        if (paragraphEnd && behindParagraphEnd)
-            continue;
-        behindParagraphEnd = paragraphEnd;
-        if (unit == L'\\' || unit == L'"')
-            text += L'\\';
-        text += paragraphEnd ? L' ' : unit;
-    }
-    return text + L"\" \\fC \\l \"" + std::to_wstring(level) + L'"';
-}

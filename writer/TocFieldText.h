@@ -14,7 +14,3 @@ using LeadByteTest = bool (*)(unsigned char byte);
 /// The text has at most 1,007 bytes. A longer entry is cut so that the switches stay whole, and never in the
 /// middle of a character.
 QdxString tocFieldText(const QdxString& entry, int level, LeadByteTest isLeadByte);
-
-/// The same with the whole entry, whatever its length: quotation marks and backslashes of the entry are
-/// escaped, and every row of paragraph ends is a space, since a field's code is one line.
-std::wstring wholeTocFieldText(std::wstring_view entry, int level);

@@ -1,5 +1,6 @@
 #include "TypedPen.h"
 
+#include "FieldCode.h"
 #include "FragmentFile.h"
 #include "StyleBook.h"
 #include "WideText.h"
@@ -33,21 +34,6 @@ _variant_t fieldType(int number)
     default:
         return {};
     }
-}
-
-/// What stands between the field's beginning and its end: quotation marks and backslashes are escaped.
-std::u16string entryCode(std::u16string_view entry, int level)
-{
-    std::u16string code = u"\"";
-    for (const char16_t unit : entry) {
-        if (unit == u'"' || unit == u'\\')
-            code += u'\\';
-        code += unit;
-    }
-    code += u"\" \\fC \\l \"";
-    code += static_cast<char16_t>(u'0' + level);
-    code += u'"';
-    return code;
 }
 
 bool endsParagraph(wchar_t unit)
@@ -319,7 +305,7 @@ void TypedPen::perform(const AddField& field)
 
 void TypedPen::perform(const AddEntry& entry)
 {
-    const _bstr_t code = bstr(entryCode(entry.text, entry.level));
+    const _bstr_t code = bstr(entryArguments({entry.text, entry.level}));
     select({entry.at, entry.at});
     const Word::FieldsPtr fields = range_->GetFields();
     mutate();

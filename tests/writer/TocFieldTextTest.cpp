@@ -104,21 +104,4 @@ TEST(TocFieldTextTest, ALeadByteAtTheEndIsNoReasonToReadOn)
                                                        R"(" \fC \l "1")");
 }
 
-TEST(WholeTocFieldTextTest, HoldsTheEntryAndTheLevel)
-{
-    EXPECT_EQ(wholeTocFieldText(L"Overview", 2), LR"("Overview" \fC \l "2")");
-    const std::wstring entry(5000, L'e');
-    EXPECT_EQ(wholeTocFieldText(entry, 9), L"\"" + entry + LR"(" \fC \l "9")");
-}
-
-TEST(WholeTocFieldTextTest, EscapesWhatWouldEndTheEntry)
-{
-    EXPECT_EQ(wholeTocFieldText(LR"(a "b" \c)", 1), LR"("a \"b\" \\c" \fC \l "1")");
-}
-
-TEST(WholeTocFieldTextTest, MakesOneSpaceOfParagraphEnds)
-{
-    EXPECT_EQ(wholeTocFieldText(L"a\r\n\nb\rc \nd", 1), LR"("a b c  d" \fC \l "1")");
-}
-
 } // namespace

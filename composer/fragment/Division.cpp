@@ -37,12 +37,11 @@ bool endsInALink(const Block& block)
 } // namespace
 
 std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
-                            bool isTableOpen)
+                            std::size_t closed)
 {
-    const std::size_t open = blocks.size() - (isTableOpen ? 2 : 1);
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
-        return index < open && fitsFragment(blocks[index], links) &&
+        return index < closed && fitsFragment(blocks[index], links) &&
                !(paragraph && holdsLastBreak(*paragraph));
     };
     std::vector<Stretch> stretches;

@@ -39,7 +39,7 @@ class DivisionTest : public testing::Test
 protected:
     [[nodiscard]] Stretches divided(const Blocks& blocks, bool isTableOpen = false) const
     {
-        return divide(blocks, links, isTableOpen);
+        return divide(blocks, links, blocks.size() - (isTableOpen ? 2 : 1));
     }
     std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
 };

@@ -394,7 +394,7 @@ TEST_F(PlanTest, SaysNothingOfTheWrittenCellsOfAnOpenTableThatStayAsTheyAre)
     content.setTextAlign(3);
     plan();
     content.setTextAlign(2);
-    EXPECT_THAT(plan(), ElementsAre("extend from 1 to 1x2 heights 0", "in cell 0,1", "alignment 0-1 1"));
+    EXPECT_THAT(plan(), ElementsAre("in cell 0,1", "alignment 0-1 1")) << "as many rows and columns as before";
 }
 
 } // namespace

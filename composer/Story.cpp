@@ -42,7 +42,7 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
     : document_(document), content_(style), ground_(std::move(ground)), pen_(document.document, range),
-      fragmentPen_(document.document, range, document.styles)
+      fragmentPen_(document.document, range, document.styles, document.keepsLooks)
 {
 }
 
@@ -98,6 +98,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         stretches = divide(blocks, content_.links(), closed);
 
     std::deque<Step> steps;
+    tableWidth_.reset();
     Ground ground = ground_;
     std::set<std::u16string> tags = document_.tags;
     for (const Stretch& stretch : stretches) {
@@ -130,9 +131,12 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
     const auto isLinked = [this](const std::u16string& bookmark) {
         return document_.leadsSomewhere({.bookmark = bookmark});
     };
-    const float width = holdTables(blocks) ? fragmentPen_.tableWidth(document_.sections) : 0;
+    if (!tableWidth_ && holdTables(blocks))
+        tableWidth_ = fragmentPen_.tableWidth(document_.sections);
     Fragment fragment;
-    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, width});
+    fragment.text =
+        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0)});
+    fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
     const auto* const last = std::get_if<Paragraph>(&blocks.back());
     fragment.endsInTable = last == nullptr;
@@ -153,6 +157,8 @@ void Story::carryOut()
         Step& step = steps_.front();
         if (step.fragment && document_.readsFragments) {
             if (fragmentPen_.add(*step.fragment)) {
+                if (step.fragment->beginsWithBreak)
+                    pen_.keepBreak(fragmentPen_.takeBreak());
                 steps_.pop_front();
                 continue;
             }

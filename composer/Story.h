@@ -70,6 +70,7 @@ private:
     Ground ground_;              ///< behind what was taken
     std::optional<Draft> draft_; ///< of the table that what waits begins with
     std::deque<Step> steps_;
+    std::optional<float> tableWidth_; ///< while steps are made
     bool isSectionDue_ = false;
     TypedPen pen_;
     FragmentPen fragmentPen_;

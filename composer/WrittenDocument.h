@@ -5,6 +5,7 @@
 #include "StyleBook.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -16,6 +17,7 @@ struct WrittenDocument
     Word::_DocumentPtr document;
     StyleBook styles;
     bool readsFragments = false;         ///< They are wanted, and Word has refused none yet.
+    std::optional<bool> keepsLooks = {}; ///< of what it reads (FragmentPen)
     std::set<std::u16string> tags = {};  ///< They have a place in Word, or may have.
     int sections = 1;
     /// Whether a link leads anywhere, or is to be plain text.

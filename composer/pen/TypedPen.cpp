@@ -384,9 +384,10 @@ bool TypedPen::isTagNext() const
 
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
+    keepBreak(nullptr);
     const Word::RangePtr range = range_->GetDuplicate();
     range->SetRange(base_ + pageBreak.at, base_ + pageBreak.at + 1);
-    lastBreak_ = range;
+    keepBreak(range);
 }
 
 void TypedPen::perform(const KeepContents& contents)
@@ -398,6 +399,8 @@ void TypedPen::perform(const KeepContents& contents)
 
 void TypedPen::breakSection()
 {
+    if (!lastBreak_)
+        return;
     const long at = lastBreak_->GetEnd() - 1; // What was put right in front of it is in the range as well.
     range_->SetRange(at, at);
     range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
@@ -554,7 +557,6 @@ void TypedPen::removeTag(const std::u16string& bookmark)
 
 void TypedPen::clear()
 {
-    range_->WholeStory();
     range_->Delete();
     range_->GetParagraphFormat()->Reset();
     range_->GetFont()->Reset();

@@ -54,8 +54,10 @@ public:
     bool addFile(const Place& place, const std::u16string& file, const Ground& ground);
     /// @}
 
-    /// The page break kept last becomes the end of a section.
+    /// The page break kept last becomes the end of a section; nothing when it could not be kept.
     void breakSection();
+    /// `pageBreak` covers one that may become a section's end later; null: it could not be found.
+    void keepBreak(const Word::RangePtr& pageBreak) { lastBreak_ = pageBreak; }
     /// Makes the table of contents at the place kept last. `level`: lowest heading level to list; 0: entries
     /// only.
     void makeContents(int level);
@@ -65,7 +67,8 @@ public:
     void removeLinks(const std::set<std::u16string>& bookmarks);
     /// The bookmark goes, wherever it is; nothing when there is none.
     void removeTag(const std::u16string& bookmark);
-    /// Nothing is in the story but an empty paragraph, which is plain.
+    /// Nothing is in the story but an empty paragraph, which is plain. Comes first, while the range given
+    /// covers all.
     void clear();
 
 private:

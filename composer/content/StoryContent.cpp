@@ -145,6 +145,8 @@ void StoryContent::fileWritten(bool endsInTable)
         isBehindTable_ = endsInTable;
 }
 
+// A link ends in front of a paragraph end behind which nothing of it comes, and so never in a table that
+// follows.
 void StoryContent::insertText(std::u16string_view text, const LinkTarget* target)
 {
     LinkNumber link = noLink;
@@ -157,7 +159,7 @@ void StoryContent::insertText(std::u16string_view text, const LinkTarget* target
         text.remove_prefix(length);
         if (!text.empty()) {
             text.remove_prefix(text.starts_with(u"\r\n") ? 2 : 1);
-            endParagraph(link);
+            endParagraph(text.empty() ? noLink : link);
         }
     }
 }

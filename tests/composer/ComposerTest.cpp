@@ -119,6 +119,27 @@ TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly
     EXPECT_TRUE(text().starts_with(u"never"));
 }
 
+TEST_F(ComposerTest, EndsALinkInFrontOfATableAndNotInIt)
+{
+    composer->insertXref(L"label\r", L"http://a.example/");
+    startTable();
+    write(L"a");
+    composer->endTable();
+    composer->finish();
+    ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetTextToDisplay(), _bstr_t(L"label"));
+    const Word::RangePtr cell = document->GetTables()->Item(1)->Cell(1, 1)->GetRange();
+    EXPECT_EQ(cell->GetEnd() - cell->GetStart(), 2) << "a character and the cell's end";
+}
+
+TEST_F(ComposerTest, LeadsToASheetThatIsNotThereYet)
+{
+    composer->insertFile(L"no such sheet.xls", 4);
+    composer->finish();
+    ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetAddress(), _bstr_t(L"no such sheet.xls"));
+}
+
 TEST_F(ComposerTest, PutsAPictureIntoATableThatIsMadeWholeLater)
 {
     const std::wstring file = pictureFile();

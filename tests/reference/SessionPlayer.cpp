@@ -124,6 +124,7 @@ void SessionPlayer::read(const standin::model::Document& document)
     if (composes()) {
         const ChangedStyleFonts changed(document);
         played_.restyled = readContent(document);
+        renameFiles(played_.restyled, paths_);
     }
     if (const std::string wrong = checkInvariants(document); !wrong.empty())
         played_.failures.push_back("the document: " + wrong);

@@ -268,7 +268,11 @@ void RangeObject::doInsertFile(std::u16string_view fileName, const VARIANT& rang
         throw model::NotSupported("inserting a part of a file is not part of the stand-in");
     if (optionalBool(link).value_or(false))
         throw model::NotSupported("linked text is not part of the stand-in");
-    rtf::insertFileContent(range_, readFile(resolveFileName(fileName, u"").full()));
+    const std::wstring file = resolveFileName(fileName, u"").full();
+    const std::string bytes = readFile(file);
+    if (server().insertedFiles)
+        server().insertedFiles(file, bytes);
+    rtf::insertFileContent(range_, bytes);
 }
 
 bool RangeObject::doInStory(Word::Range* range)

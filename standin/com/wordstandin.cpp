@@ -1,4 +1,5 @@
 #include "ApplicationFactory.h"
+#include "InsertedFiles.h"
 #include "Registration.h"
 #include "Server.h"
 #include "SwitchNames.h"
@@ -51,6 +52,7 @@ void readEnvironment(Server& server)
     if (const std::string ordinal = environmentText(L"WORDSTANDIN_EXIT"); !ordinal.empty())
         server.faults.exitAtCall(std::stol(ordinal));
     server.transcript = transcriptFileFromEnvironment();
+    server.insertedFiles = insertedFilesFromEnvironment();
 }
 
 model::Switches switchesFromEnvironment()

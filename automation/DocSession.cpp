@@ -2,7 +2,9 @@
 
 #include "sysSupport/SysDirectory.h"
 
-DocSession::DocSession() : startDirectory(SysDirectory::current()) {}
+DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
+{
+}
 
 DocSession::~DocSession() = default;
 

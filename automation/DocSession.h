@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ComPointers.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
 #include "registry/RegisterCache.h"
@@ -40,8 +41,9 @@ struct DocSession
     VARIANT_BOOL savedSpellingCheck = VARIANT_FALSE;
     std::int32_t tocLevel = 0;
 
-    RegisterCache registry;  ///< With the session's overrides.
-    SettingsRecord settings; ///< In force: as `create` found them last, and before it as the object did.
+    RegisterCache registry;      ///< With the session's overrides.
+    SettingsRecord settings;     ///< In force: as `create` found them last, and before it as the object did.
+    ITypeLibPtr wordTypeLibrary; ///< Held while Word's objects are; null when it is not registered.
     Word::_DocumentPtr document;
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;

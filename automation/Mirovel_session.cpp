@@ -3,6 +3,7 @@
 #include "MirovelCall.h"
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
+#include "WordTypeLibrary.h"
 #include "WriterChoice.h"
 
 #include "WordConstants.h"
@@ -62,6 +63,7 @@ try {
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
+    session.wordTypeLibrary = loadWordTypeLibrary();
     const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass);
     const Word::_ApplicationPtr application = running ? Word::_ApplicationPtr(running) : startWord();
     try {

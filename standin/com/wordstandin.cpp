@@ -1,4 +1,5 @@
 #include "ApplicationFactory.h"
+#include "HeldInterfaces.h"
 #include "InsertedFiles.h"
 #include "Registration.h"
 #include "Server.h"
@@ -129,6 +130,7 @@ void serve(bool asRunningWord)
 {
     const ComApartment apartment;
     const ITypeLibPtr library = registeredTypeLibrary();
+    const HeldInterfaces held;
     const auto server = Server::make(switchesFromEnvironment());
     readEnvironment(*server);
     server->documentsInRunningObjectTable = true;

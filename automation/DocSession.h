@@ -6,6 +6,7 @@
 #include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
+#include "CallPolicy.h"
 #include "Word.h"
 
 #include <cstdint>
@@ -46,6 +47,11 @@ struct DocSession
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
+
+    Word::CallPolicy wordCalls; ///< As the settings say.
+
+    /// Brings what follows from the settings up to date with them.
+    void followSettings();
 
     /// The writer; raises `_com_error` with E_POINTER when there is none.
     [[nodiscard]] DocumentWriter& currentWriter() const;

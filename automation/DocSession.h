@@ -7,6 +7,7 @@
 #include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
+#include "CallPolicy.h"
 #include "Word.h"
 
 #include <cstdint>
@@ -34,7 +35,9 @@ struct DocSession
 
     bool documentOpen = false;
     bool wordStarted = false;
-    std::int32_t styleChangeCount = 0; ///< `setStyle` calls since the last intermediate save.
+    bool ownsWord = false; ///< The Word that `start` gave is this object's alone ("Word"/"OwnInstance").
+    std::list<Word::_DocumentPtr> ownDocuments; ///< In a Word of one's own: from `create` on, until closed.
+    std::int32_t styleChangeCount = 0;          ///< `setStyle` calls since the last intermediate save.
     bool quietErrors = false; ///< Word errors are traced, never thrown: the object is being destroyed.
     bool saveEmf = false;
     VARIANT_BOOL savedGrammarCheck = VARIANT_FALSE; ///< Word's options as `create` found them.
@@ -48,6 +51,11 @@ struct DocSession
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
+
+    Word::CallPolicy wordCalls; ///< As the settings say.
+
+    /// Brings what follows from the settings up to date with them.
+    void followSettings();
 
     /// The writer; raises `_com_error` with E_POINTER when there is none.
     [[nodiscard]] DocumentWriter& currentWriter() const;

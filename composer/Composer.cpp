@@ -1,19 +1,14 @@
 #include "Composer.h"
 
-#include "Division.h"
 #include "FileLookup.h"
-#include "Flow.h"
-#include "Fragment.h"
-#include "FragmentPen.h"
+
 #include "WideText.h"
 
 #include "TextConversion.h"
 #include "WordConstants.h"
 #include "general/QdxException.h"
 
-#include <algorithm>
 #include <array>
-#include <deque>
 #include <ostream>
 #include <utility>
 
@@ -42,65 +37,7 @@ std::u16string meantStyle(const std::u16string& name)
     return isNumber && isDeep ? std::u16string(prefix) + u"9" : name;
 }
 
-/// Whether a table is in the blocks.
-bool holdTables(std::span<const Block> blocks)
-{
-    return std::ranges::any_of(blocks,
-                               [](const Block& block) { return std::holds_alternative<Table>(block); });
-}
-
-template <class Visit>
-void forEachTag(std::span<const Block> blocks, const Visit& visit)
-{
-    const auto visitIn = [&](const Paragraph& paragraph) {
-        for (const Item& item : paragraph.items)
-            if (const auto* const tag = std::get_if<Tag>(&item.what))
-                visit(tag->bookmark);
-    };
-    for (const Block& block : blocks) {
-        if (const auto* const paragraph = std::get_if<Paragraph>(&block)) {
-            visitIn(*paragraph);
-            continue;
-        }
-        for (const Row& row : std::get<Table>(block).rows)
-            for (const Cell& cell : row)
-                std::ranges::for_each(cell, visitIn);
-    }
-}
-
 } // namespace
-
-/// A part of the document with text of its own: what is said of it, and the pen that writes it.
-struct Composer::Story
-{
-    Story(const Word::_DocumentPtr& document, const Word::RangePtr& range, StyleBook& styles,
-          std::u16string_view style, Ground around)
-        : content(style), ground(std::move(around)), pen(document, range),
-          fragmentPen(document, range, styles)
-    {
-    }
-
-    [[nodiscard]] TypedPen::Place place() const
-    {
-        if (!content.isTableOpen())
-            return {};
-        const StoryContent::CellPlace cell = content.currentCell();
-        return Passage::Cell{cell.row, cell.column};
-    }
-
-    /// Something that was taken and is to be brought into Word.
-    struct Step
-    {
-        Plan plan;
-        std::optional<Fragment> fragment = {}; ///< that says the same
-    };
-
-    StoryContent content;
-    Ground ground; ///< behind what was taken
-    std::deque<Step> steps;
-    TypedPen pen;
-    FragmentPen fragmentPen;
-};
 
 Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
     : pen_(pen), installDir_(std::move(installDir)), trace_(trace)
@@ -112,9 +49,13 @@ Composer::~Composer() = default;
 void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_DocumentPtr& document)
 {
     document_ = document;
-    styles_.emplace(document);
-    body_ = std::make_unique<Story>(document, document->Range(), *styles_, u"Normal", Ground());
-    body_->pen.clear(); // what the template put into the new document
+    written_ = std::make_unique<WrittenDocument>(WrittenDocument{
+        .document = document,
+        .styles = StyleBook(document),
+        .readsFragments = pen_ == Pen::fragments,
+        .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); }});
+    body_ = std::make_unique<Story>(*written_, document->Range(), u"Normal", Ground());
+    body_->pen().clear(); // what the template put into the new document
     current_ = body_.get();
 }
 
@@ -125,7 +66,7 @@ std::wstring Composer::understood(const wchar_t* text) const
 
 StoryContent& Composer::content()
 {
-    return current_->content;
+    return current_->content();
 }
 
 // Text
@@ -169,7 +110,7 @@ void Composer::setStyle(const wchar_t* name)
         return;
     content().prepareStyle();
     const std::u16string style = meantStyle(said);
-    if (!styles_->holds(style)) {
+    if (!written_->styles.holds(style)) {
         QdxString message("ERR Unknown style: ");
         message.append(toNarrow(name));
         throw QdxException(message);
@@ -233,7 +174,7 @@ void Composer::insertTOC(short level)
         return;
     tocLevel_ = level;
     if (content().insertTOC(contentsTitle))
-        current_->pen.dropContents();
+        current_->pen().dropContents();
 }
 
 void Composer::startTOCEntry()
@@ -271,13 +212,14 @@ void Composer::endFooter()
 // The part belongs to the document's last section, which begins behind the last page break.
 void Composer::startPart(Part part)
 {
-    const StoryContent::LastBreak lastBreak = body_->content.breakSection();
+    const StoryContent::LastBreak lastBreak = body_->content().breakSection();
     if (lastBreak != StoryContent::LastBreak::none)
         ++sections_;
-    isSectionDue_ = isSectionDue_ || lastBreak == StoryContent::LastBreak::written;
-    if (sections_ > sectionsInWord_) {
-        flush(*body_);
-        sectionsInWord_ = sections_;
+    if (lastBreak == StoryContent::LastBreak::written)
+        body_->endSectionAtBreak();
+    if (sections_ > written_->sections) {
+        body_->flush();
+        written_->sections = sections_;
     }
 
     const PartPlace place{sections_, part};
@@ -287,7 +229,7 @@ void Composer::startPart(Part part)
         std::unique_ptr<Story>& kept = parts_[place];
         if (kept)
             for (const std::u16string& bookmark : tags_.forget(kept.get()))
-                story->pen.removeTag(bookmark);
+                story->pen().removeTag(bookmark);
         kept = std::move(story);
         openParts_[part] = sections_;
     }
@@ -300,16 +242,16 @@ void Composer::endPart(Part part)
     current_ = body_.get();
 }
 
-std::unique_ptr<Composer::Story> Composer::makePart(PartPlace place)
+std::unique_ptr<Story> Composer::makePart(PartPlace place)
 {
     const bool isHeader = place.part == Part::header;
     const Word::SectionPtr section = document_->GetSections()->Item(place.section);
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);
-    auto story = std::make_unique<Story>(document_, primary->GetRange(), *styles_,
-                                         isHeader ? u"Header" : u"Footer", Ground{.style = u""});
-    story->pen.clear();
+    auto story = std::make_unique<Story>(*written_, primary->GetRange(), isHeader ? u"Header" : u"Footer",
+                                         Ground{.style = u""});
+    story->pen().clear();
     return story;
 }
 
@@ -343,9 +285,9 @@ void Composer::insertTag(const wchar_t* tagName)
     if (!tagName || !*tagName)
         return;
     const std::u16string& bookmark = tags_.bookmarkOf(heard(tagName));
-    body_->content.removeTag(bookmark);
+    body_->content().removeTag(bookmark);
     for (const auto& [place, story] : parts_)
-        story->content.removeTag(bookmark);
+        story->content().removeTag(bookmark);
     content().insertTag(bookmark);
     tags_.place(bookmark, current_);
 }
@@ -373,9 +315,9 @@ void Composer::insertFile(const wchar_t* fileName, short insertAsType)
     else if (insertAsType == asLink || insertAsType == asHyperLink)
         insertLink(portable(withoutFolder(path)), {.address = portable(path)});
     else if (isPicture(path))
-        insertPicture(path, nullptr);
+        current_->addPicture(portable(fullPathOf(path)), nullptr);
     else
-        insertContentsOf(path);
+        current_->addFile(portable(fullPathOf(path)));
 }
 
 void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUrl)
@@ -386,7 +328,7 @@ void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUr
         link = targetOf(target);
     const std::optional<std::wstring> file = findFile(imageFileName ? imageFileName : L"", installDir_);
     if (file)
-        insertPicture(*file, target.empty() ? nullptr : &link);
+        current_->addPicture(portable(fullPathOf(*file)), target.empty() ? nullptr : &link);
     else if (imageFileName && *imageFileName)
         reportMissing(imageFileName);
 }
@@ -397,43 +339,14 @@ void Composer::reportMissing(const wchar_t* fileName)
         trace_ << "ERR File not found: " << toNarrow(fileName) << std::endl;
 }
 
-void Composer::insertPicture(const std::wstring& file, const LinkTarget* link)
-{
-    Story& story = *current_;
-    story.content.settleParagraph();
-    flush(story);
-    story.pen.addPicture(story.place(), portable(fullPathOf(file)));
-    story.content.objectWritten();
-    if (!link)
-        return;
-    story.ground.isPlain = false;
-    if (leadsSomewhere(*link))
-        story.pen.linkPicture(*link);
-}
-
 void Composer::insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
                             bool isLinked)
 {
-    Story& story = *current_;
-    story.content.settleParagraph();
-    flush(story);
-    story.pen.addObject(story.place(), {.file = portable(fullPathOf(file)),
-                                        .classType = classType,
-                                        .iconProgram = iconProgram,
-                                        .label = portable(withoutFolder(file)),
-                                        .isLinked = isLinked});
-    story.content.objectWritten();
-    story.ground.isPlain = false;
-}
-
-void Composer::insertContentsOf(const std::wstring& file)
-{
-    Story& story = *current_;
-    story.content.prepareFile();
-    flush(story);
-    const Ground ground = story.content.isTableOpen() ? Ground{.style = u""} : story.ground;
-    const bool endsInTable = story.pen.addFile(story.place(), portable(fullPathOf(file)), ground);
-    story.content.fileWritten(endsInTable);
+    current_->addObject({.file = portable(fullPathOf(file)),
+                         .classType = classType,
+                         .iconProgram = iconProgram,
+                         .label = portable(withoutFolder(file)),
+                         .isLinked = isLinked});
 }
 
 // Bringing it into Word
@@ -442,92 +355,7 @@ void Composer::flushIfMuchWaits()
 {
     const StoryContent& waits = content();
     if (waits.waiting() > (waits.isTableOpen() ? mostWaitingInTable : mostWaiting))
-        flush(*current_);
-}
-
-void Composer::flush(Story& story)
-{
-    carryOut(story);
-    if (isSectionDue_ && &story == body_.get()) {
-        story.pen.breakSection();
-        isSectionDue_ = false;
-    }
-    if (!story.content.isPending())
-        return;
-    divideIntoSteps(story);
-    carryOut(story);
-}
-
-// What a fragment saves must be more than it costs itself.
-void Composer::divideIntoSteps(Story& story)
-{
-    constexpr std::size_t fewestOperations = 6;
-    const std::span<const Block> all = story.content.blocks();
-    const std::vector<LinkTarget>& links = story.content.links();
-    const auto leads = [this](const LinkTarget& target) { return leadsSomewhere(target); };
-    std::vector<Stretch> stretches = {{0, all.size(), false}};
-    if (pen_ == Pen::fragments && readsFragments_)
-        stretches = divide(all, links, story.content.isTableOpen());
-
-    std::deque<Story::Step> steps;
-    Ground ground = story.ground;
-    std::set<std::u16string> written = writtenTags_;
-    for (const Stretch& stretch : stretches) {
-        const std::span<const Block> blocks = all.subspan(stretch.first, stretch.past - stretch.first);
-        const bool isLast = stretch.past == all.size();
-        Story::Step step{planOf({blocks, links, ground, leads, isLast, stretch.isFragment}, *styles_)};
-        std::size_t operations = 0;
-        for (const Passage& passage : step.plan.passages)
-            operations += passage.operations.size();
-        if (stretch.isFragment && operations >= fewestOperations)
-            step.fragment = makeFragment(story, blocks, ground, written);
-        forEachTag(blocks, [&](const std::u16string& bookmark) { written.insert(bookmark); });
-        ground = step.plan.after;
-        steps.push_back(std::move(step));
-    }
-    story.content.taken();
-    story.steps = std::move(steps);
-    story.ground = std::move(ground);
-    writtenTags_ = std::move(written);
-}
-
-Fragment Composer::makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
-                                const std::set<std::u16string>& written)
-{
-    const auto isLinked = [this](const std::u16string& bookmark) {
-        return leadsSomewhere({.bookmark = bookmark});
-    };
-    const float width = holdTables(blocks) ? story.fragmentPen.tableWidth(sectionsInWord_) : 0;
-    Fragment fragment;
-    fragment.text = fragmentOf(blocks, {*styles_, story.content.links(), isLinked, width});
-    fragment.ground = ground;
-    const auto* const last = std::get_if<Paragraph>(&blocks.back());
-    fragment.endsInTable = last == nullptr;
-    if (last) {
-        fragment.lastStyle = last->style;
-        fragment.lastAlignment = directAlignment(*last, *styles_);
-    }
-    forEachTag(blocks, [&](const std::u16string& bookmark) {
-        if (written.contains(bookmark))
-            fragment.movedTags.push_back(bookmark);
-    });
-    return fragment;
-}
-
-void Composer::carryOut(Story& story)
-{
-    while (!story.steps.empty()) {
-        Story::Step& step = story.steps.front();
-        if (step.fragment && readsFragments_) {
-            if (story.fragmentPen.add(*step.fragment)) {
-                story.steps.pop_front();
-                continue;
-            }
-            readsFragments_ = false;
-        }
-        story.pen.carryOut(step.plan);
-        story.steps.pop_front();
-    }
+        current_->flush();
 }
 
 // A link to a tag that may still come is made, and taken away again should the tag never come.
@@ -543,9 +371,9 @@ bool Composer::leadsSomewhere(const LinkTarget& target)
 
 void Composer::flushAll()
 {
-    flush(*body_);
+    body_->flush();
     for (const auto& [place, story] : parts_)
-        flush(*story);
+        story->flush();
 }
 
 void Composer::prepareSave()
@@ -600,11 +428,11 @@ void Composer::complete()
 {
     flushAll();
     removeDeadLinks();
-    if (body_->pen.hasContents())
-        body_->pen.makeContents(tocLevel_);
+    if (body_->pen().hasContents())
+        body_->pen().makeContents(tocLevel_);
     for (const auto& [place, story] : parts_)
-        if (story->pen.hasContents())
-            story->pen.makeContents(tocLevel_);
+        if (story->pen().hasContents())
+            story->pen().makeContents(tocLevel_);
     document_->UndoClear();
 }
 
@@ -621,16 +449,9 @@ void Composer::giveUpIfStuck()
 std::size_t Composer::leftToDo() const
 {
     std::size_t left = linkedBookmarks_.empty() ? 0 : 1;
-    const auto count = [&left](const Story& story) {
-        left += story.content.isPending() ? 1 : 0;
-        left += story.pen.hasContents() ? 1 : 0;
-        for (const Story::Step& step : story.steps)
-            for (const Passage& passage : step.plan.passages)
-                left += 1 + passage.operations.size();
-    };
-    count(*body_);
+    left += body_->leftToDo();
     for (const auto& [place, story] : parts_)
-        count(*story);
+        left += story->leftToDo();
     return left;
 }
 
@@ -639,9 +460,9 @@ void Composer::removeDeadLinks()
     std::erase_if(linkedBookmarks_, [this](const auto& bookmark) { return tags_.isPlaced(bookmark); });
     if (linkedBookmarks_.empty())
         return;
-    body_->pen.removeLinks(linkedBookmarks_);
+    body_->pen().removeLinks(linkedBookmarks_);
     for (const auto& [place, story] : parts_)
-        story->pen.removeLinks(linkedBookmarks_);
+        story->pen().removeLinks(linkedBookmarks_);
     linkedBookmarks_.clear();
 }
 

@@ -1,19 +1,13 @@
 #pragma once
 
 #include "DocumentWriter.h"
-#include "StoryContent.h"
+#include "Story.h"
 #include "TagNames.h"
-
-#include "FragmentPen.h"
-#include "Plan.h"
-#include "StyleBook.h"
-#include "TypedPen.h"
+#include "WrittenDocument.h"
 
 #include <map>
 #include <memory>
-#include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -82,8 +76,6 @@ public:
     void insertTag(const wchar_t* tagName) override;
 
 private:
-    struct Story;
-
     enum class Part
     {
         header,
@@ -104,18 +96,11 @@ private:
 
     void insertLink(std::u16string_view text, const LinkTarget& target);
     [[nodiscard]] LinkTarget targetOf(const std::u16string& name);
-    void insertPicture(const std::wstring& file, const LinkTarget* link);
     void insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
                       bool isLinked);
-    void insertContentsOf(const std::wstring& file);
     void reportMissing(const wchar_t* fileName);
 
     void flushIfMuchWaits();
-    void flush(Story& story);
-    void divideIntoSteps(Story& story);
-    Fragment makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
-                          const std::set<std::u16string>& written);
-    void carryOut(Story& story);
     void flushAll();
     void complete();
     void giveUpIfStuck();
@@ -127,20 +112,16 @@ private:
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;
-    std::optional<StyleBook> styles_;
     TagNames tags_;
-    std::set<std::u16string> writtenTags_;     ///< They have a place in Word, or may have.
-    bool readsFragments_ = true;               ///< Word has refused none yet.
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
     int tocLevel_ = 0;
 
+    std::unique_ptr<WrittenDocument> written_;
     std::unique_ptr<Story> body_;
     std::map<PartPlace, std::unique_ptr<Story>> parts_;
     std::map<Part, int> openParts_; ///< the section of the header, or footer, that is being written
     Story* current_ = nullptr;      ///< where content goes
     int sections_ = 1;
-    int sectionsInWord_ = 1;
-    bool isSectionDue_ = false; ///< A page break in Word is still to become a section's end.
     bool isFinishing_ = false;
     bool isGivenUp_ = false;
     int failuresInVain_ = 0; ///< of `finish`, since it did anything

@@ -20,11 +20,6 @@ int checkedLength(std::size_t length)
     return static_cast<int>(length);
 }
 
-UINT codePage(NarrowForm form)
-{
-    return form == NarrowForm::utf8 ? CP_UTF8 : GetACP();
-}
-
 int narrowInto(UINT page, const wchar_t* text, int length, char* buffer, int size)
 {
     // UTF-8, which a process may have chosen as its ANSI code page too, holds everything and takes no
@@ -39,12 +34,12 @@ int narrowInto(UINT page, const wchar_t* text, int length, char* buffer, int siz
 
 } // namespace
 
-QdxString toNarrow(const wchar_t* text, NarrowForm form)
+QdxString toNarrow(const wchar_t* text)
 {
     if (!text || !*text)
         return {};
     const int length = checkedLength(std::wcslen(text));
-    const UINT page = codePage(form);
+    const UINT page = GetACP();
     // No code page needs more than four bytes for one UTF-16 unit.
     const int size = 4 * length;
     std::array<char, 2048> shortText;
@@ -58,9 +53,9 @@ QdxString toNarrow(const wchar_t* text, NarrowForm form)
     return {longText.get(), static_cast<std::size_t>(needed)};
 }
 
-_bstr_t toWide(const QdxString& text, NarrowForm form)
+_bstr_t toWide(const QdxString& text)
 {
-    const UINT page = codePage(form);
+    const UINT page = GetACP();
     const int length = checkedLength(std::strlen(text.data()));
     const int needed = length == 0 ? 0 : MultiByteToWideChar(page, 0, text.data(), length, nullptr, 0);
     if (length != 0 && needed == 0)

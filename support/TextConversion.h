@@ -7,14 +7,8 @@
 /// Text between Windows' UTF-16 and our 8-bit text. A null text counts as an empty one; every text ends
 /// at its first NUL. Both raise `_com_error` (E_OUTOFMEMORY or the conversion's own failure).
 
-/// How UTF-16 text is held in 8-bit text.
-enum class NarrowForm
-{
-    ansi, ///< In the ANSI code page; characters that it does not hold become '?', never a look-alike.
-    utf8, ///< Every character is held; half a surrogate pair becomes U+FFFD.
-};
+/// In the ANSI code page; characters that it does not hold become '?', never a look-alike. A BSTR may be
+/// passed as it is.
+[[nodiscard]] QdxString toNarrow(const wchar_t* text);
 
-/// A BSTR may be passed as it is.
-[[nodiscard]] QdxString toNarrow(const wchar_t* text, NarrowForm form = NarrowForm::ansi);
-
-[[nodiscard]] _bstr_t toWide(const QdxString& text, NarrowForm form = NarrowForm::ansi);
+[[nodiscard]] _bstr_t toWide(const QdxString& text);

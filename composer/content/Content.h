@@ -2,6 +2,7 @@
 
 #include "Font.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -58,11 +59,17 @@ struct Tag
 struct Contents
 {
 };
+/// A picture in a table that Word is yet to make: Word has the picture already, behind the text in front of
+/// it.
+struct Picture
+{
+    bool isThere = false; ///< Word has not refused it.
+};
 /// @}
 
 struct Item
 {
-    std::variant<Text, PageBreak, Field, Entry, Tag, Contents> what;
+    std::variant<Text, PageBreak, Field, Entry, Tag, Contents, Picture> what;
     FontWishPtr font = {}; ///< of texts and fields
     LinkNumber link = noLink;
 };
@@ -88,6 +95,9 @@ struct Paragraph
     [[nodiscard]] bool holdsAnything() const;
 };
 
+/// Whether it is more than a tag.
+bool isAnything(const Item& item);
+
 using Cell = std::vector<Paragraph>;
 using Row = std::vector<Cell>;
 
@@ -106,14 +116,16 @@ struct Table
 using Block = std::variant<Paragraph, Table>;
 using Blocks = std::vector<Block>;
 
+inline bool isAnything(const Item& item)
+{
+    if (const auto* const picture = std::get_if<Picture>(&item.what))
+        return picture->isThere;
+    return !std::holds_alternative<Tag>(item.what);
+}
+
 inline bool Paragraph::holdsAnything() const
 {
-    if (holdsWritten)
-        return true;
-    for (const Item& item : items)
-        if (!std::holds_alternative<Tag>(item.what))
-            return true;
-    return false;
+    return holdsWritten || std::ranges::any_of(items, isAnything);
 }
 
 } // namespace compose

@@ -6,6 +6,16 @@
 
 namespace compose {
 
+enum class FontProperty : unsigned
+{
+    name,
+    size,
+    bold,
+    italic,
+    underline,
+    strike
+};
+
 /// A font in full, as a style gives it.
 struct Font
 {

@@ -110,6 +110,29 @@ void StoryContent::objectWritten()
     holdsBehindBreak_ = true;
 }
 
+bool StoryContent::takesPictureIntoTable() const
+{
+    return isTableOpen_ && table().writtenRows == 0 && table().rows.back()[column_].size() == 1;
+}
+
+void StoryContent::addPicture()
+{
+    write({Picture()});
+}
+
+void StoryContent::pictureWritten(const LinkTarget* target)
+{
+    Item& item = current().items.back();
+    std::get<Picture>(item.what).isThere = true;
+    if (target)
+        item.link = addLink(*target);
+}
+
+void StoryContent::dropPicture()
+{
+    current().items.pop_back();
+}
+
 void StoryContent::prepareFile()
 {
     if (current().holdsAnything())
@@ -122,14 +145,13 @@ void StoryContent::fileWritten(bool endsInTable)
         isBehindTable_ = endsInTable;
 }
 
+// A link ends in front of a paragraph end behind which nothing of it comes, and so never in a table that
+// follows.
 void StoryContent::insertText(std::u16string_view text, const LinkTarget* target)
 {
     LinkNumber link = noLink;
-    if (target && !text.empty()) {
-        link = static_cast<LinkNumber>(links_.size());
-        links_.push_back(*target);
-        addWaiting(sizeof(LinkTarget) + 2 * (target->address.size() + target->bookmark.size()));
-    }
+    if (target && !text.empty())
+        link = addLink(*target);
     while (!text.empty()) {
         const auto end = std::ranges::find_if(text, endsParagraph);
         const auto length = static_cast<std::size_t>(end - text.begin());
@@ -137,9 +159,16 @@ void StoryContent::insertText(std::u16string_view text, const LinkTarget* target
         text.remove_prefix(length);
         if (!text.empty()) {
             text.remove_prefix(text.starts_with(u"\r\n") ? 2 : 1);
-            endParagraph(link);
+            endParagraph(text.empty() ? noLink : link);
         }
     }
+}
+
+LinkNumber StoryContent::addLink(const LinkTarget& target)
+{
+    links_.push_back(target);
+    addWaiting(sizeof(LinkTarget) + 2 * (target.address.size() + target.bookmark.size()));
+    return static_cast<LinkNumber>(links_.size()) - 1;
 }
 
 void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber link)
@@ -370,6 +399,7 @@ void StoryContent::startTable()
     beginStyle(normal, normal);
     alignmentNumber_ = 0;
     alignment_.reset();
+    waitingInFront_ = waiting_;
     blocks_.emplace_back(Table{.rows = {Row{Cell{std::move(first)}}}, .heights = {0}});
     blocks_.emplace_back(Paragraph());
     addWaiting(2 * paragraphSize);
@@ -531,7 +561,6 @@ bool StoryContent::isBreakInOpenParagraph() const
 /// Follows what comes to stand behind the last page break in its paragraph.
 void StoryContent::lookBehindBreak()
 {
-    const auto isAnything = [](const Item& item) { return !holds<Tag>(item); };
     const bool isWaiting = lastBreak_ == LastBreak::waiting;
     if (isWaiting) {
         isWrittenBreakInFirst_ = !isTableOpen_ && lastBreakBlock_ == blocks_.size() - 1;
@@ -575,11 +604,31 @@ void StoryContent::taken()
     links_.clear();
     waitingTags_.clear();
     areTagsStale_ = false;
-    waiting_ = 0;
+    waiting_ = waitingInFront_ = 0;
     isHeightWaiting_ = false;
+    placesTaken();
+}
+
+/// Page breaks and the table of contents stand outside of tables.
+void StoryContent::placesTaken()
+{
     isContentsWritten_ = hasContents_;
     if (lastBreak_ == LastBreak::waiting)
         lastBreak_ = LastBreak::written;
+}
+
+std::span<const Block> StoryContent::blocksInFrontOfTable()
+{
+    return std::span(blocks()).first(blocks_.size() - 2);
+}
+
+// The table's links keep their numbers.
+void StoryContent::takenInFrontOfTable()
+{
+    lookBehindBreak();
+    blocks_.erase(blocks_.begin(), blocks_.end() - 2);
+    waiting_ -= std::exchange(waitingInFront_, 0);
+    placesTaken();
 }
 
 } // namespace compose

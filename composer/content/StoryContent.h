@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,6 +90,17 @@ public:
     void settleParagraph();
     /// It has come to stand at the end of what was taken.
     void objectWritten();
+    /// \name The same in a table that can still be made whole
+    /// The text in front goes to Word first, unformatted.
+    /// @{
+    /// Whether there is one, and its cell in hand holds no more than one paragraph.
+    [[nodiscard]] bool takesPictureIntoTable() const;
+    void addPicture();
+    /// It is there, and leads to `target` if there is one.
+    void pictureWritten(const LinkTarget* target);
+    /// Nothing of what is in front of it has gone to Word.
+    void dropPicture();
+    /// @}
     /// A file is to stand in paragraphs of its own: ends an open paragraph that holds anything.
     void prepareFile();
     /// It stands at the end of what was taken, in front of the open paragraph.
@@ -115,6 +127,9 @@ public:
     [[nodiscard]] std::size_t waiting() const { return waiting_; }
     /// All that waits has been taken: what goes on behind it goes on in its last paragraph, and in its table.
     void taken();
+    /// The blocks in front of the open table.
+    [[nodiscard]] std::span<const Block> blocksInFrontOfTable();
+    void takenInFrontOfTable();
     /// @}
 
 private:
@@ -125,6 +140,7 @@ private:
     Paragraph& current() { return isTableOpen_ ? cell().back() : outside(); }
 
     void write(Item item);
+    LinkNumber addLink(const LinkTarget& target);
     void writeCharacters(std::u16string_view characters, LinkNumber link);
     void endParagraph(LinkNumber link = noLink);
     void endParagraphIfItHoldsAnything();
@@ -135,10 +151,12 @@ private:
     void dropStaleTags();
     [[nodiscard]] bool isBreakInOpenParagraph() const;
     void lookBehindBreak();
+    void placesTaken();
 
     Blocks blocks_ = {Paragraph()}; ///< the last one is the open paragraph; in front of it an open table
     std::vector<LinkTarget> links_;
     std::size_t waiting_ = 0;
+    std::size_t waitingInFront_ = 0; ///< of the open table
 
     std::u16string styleName_; ///< as the client said it
     std::u16string style_;

@@ -9,12 +9,15 @@ namespace compose {
 
 namespace {
 
+bool isLastBreak(const Item& item)
+{
+    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
+    return pageBreak && pageBreak->isLast;
+}
+
 bool holdsLastBreak(const Paragraph& paragraph)
 {
-    return std::ranges::any_of(paragraph.items, [](const Item& item) {
-        const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
-        return pageBreak && pageBreak->isLast;
-    });
+    return std::ranges::any_of(paragraph.items, isLastBreak);
 }
 
 /// Whether what stands at its end tells a paragraph that was read in from one that was there.
@@ -36,14 +39,19 @@ bool endsInALink(const Block& block)
 
 } // namespace
 
-std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
-                            bool isTableOpen)
+bool beginsWithLastBreak(const Block& block)
 {
-    const std::size_t open = blocks.size() - (isTableOpen ? 2 : 1);
+    const auto* const paragraph = std::get_if<Paragraph>(&block);
+    return paragraph && !paragraph->items.empty() && isLastBreak(paragraph->items.front());
+}
+
+std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
+                            std::size_t closed)
+{
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
-        return index < open && fitsFragment(blocks[index], links) &&
-               !(paragraph && holdsLastBreak(*paragraph));
+        return index < closed && fitsFragment(blocks[index], links) &&
+               !(paragraph && holdsLastBreak(*paragraph) && !beginsWithLastBreak(blocks[index]));
     };
     std::vector<Stretch> stretches;
     const auto add = [&](std::size_t first, std::size_t past, bool isFragment) {
@@ -56,7 +64,7 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
     };
     for (std::size_t first = 0; first < blocks.size();) {
         std::size_t past = first;
-        while (past < blocks.size() && fits(past))
+        while (past < blocks.size() && fits(past) && (past == first || !beginsWithLastBreak(blocks[past])))
             ++past;
         if (past == first) {
             add(first, first + 1, false);

@@ -186,8 +186,11 @@ private:
         }
     }
 
-    /// Does not fit.
+    /// They do not fit.
+    /// @{
     static void write(const Contents&, const Item&) {}
+    static void write(const Picture&, const Item&) {}
+    /// @}
 
     /// Leaves the field's group open for a result.
     void openField(std::u16string_view code, bool isToBeUpdated)

@@ -82,23 +82,20 @@ void FragmentStyles::note(const Paragraph& paragraph)
 
 void FragmentStyles::stateWhatIsDefault(Style& style, const std::u16string& name, const FontChange& change)
 {
-    if (change.isEmpty())
-        return;
-    const Font& font = sheet_.fontOf(name);
     if (change.name == defaultFont) {
-        style.stated.name = font.name;
-        noteFont(font.name);
+        style.stated.name = sheet_.fontOf(name, FontProperty::name).name;
+        noteFont(style.stated.name);
     }
     if (change.size && isDefaultSize(*change.size))
-        style.stated.size = font.size;
+        style.stated.size = sheet_.fontOf(name, FontProperty::size).size;
     if (change.isBold == false)
-        style.stated.isBold = font.isBold;
+        style.stated.isBold = sheet_.fontOf(name, FontProperty::bold).isBold;
     if (change.isItalic == false)
-        style.stated.isItalic = font.isItalic;
+        style.stated.isItalic = sheet_.fontOf(name, FontProperty::italic).isItalic;
     if (change.isUnderlined == false)
-        style.stated.isUnderlined = font.isUnderlined;
+        style.stated.isUnderlined = sheet_.fontOf(name, FontProperty::underline).isUnderlined;
     if (change.isStruck == false)
-        style.stated.isStruck = font.isStruck;
+        style.stated.isStruck = sheet_.fontOf(name, FontProperty::strike).isStruck;
 }
 
 void FragmentStyles::noteFont(const std::optional<std::u16string>& name)

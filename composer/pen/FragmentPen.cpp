@@ -4,6 +4,7 @@
 #include "StyleBook.h"
 #include "WideText.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -14,6 +15,8 @@ namespace {
 constexpr int triesOfAFragment = 2;
 constexpr wchar_t markText[] = L"\x00a7";
 constexpr std::wstring_view paragraphEnd = L"\r";
+constexpr std::wstring_view pageBreak = L"\f";
+constexpr std::wstring_view twoParagraphEnds = L"\r\r";
 
 /// Some readers take the default font, or what a text says as the style's entry says it, for direct
 /// formatting: then the first paragraph is in another font than its style, or struck. It ends whatever
@@ -49,6 +52,7 @@ bool FragmentPen::add(const Fragment& fragment)
         failures_ = 0;
         return isRead;
     } catch (const _com_error&) {
+        change();
         if (++failures_ == triesOfAFragment)
             giveUp();
         throw;
@@ -59,11 +63,11 @@ bool FragmentPen::add(const Fragment& fragment)
 void FragmentPen::giveUp()
 {
     failures_ = 0;
-    wasRead_ =
-        stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted || stage_ == Stage::ended;
+    wasRead_ = stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted ||
+               stage_ == Stage::ended || stage_ == Stage::found;
     try {
         if (stage_ == Stage::tried || stage_ == Stage::judged)
-            removeTrial();
+            removeText();
         if (stage_ != Stage::begun)
             removeMark();
     } catch (const _com_error&) { // The failure before it is the one to tell of.
@@ -88,7 +92,7 @@ bool FragmentPen::goOn(const Fragment& fragment)
             judgeTrial();
             break;
         case Stage::judged:
-            removeTrial();
+            removeText();
             stage_ = *keepsLooks_ ? Stage::marked : Stage::refused;
             break;
         case Stage::read:
@@ -101,6 +105,9 @@ bool FragmentPen::goOn(const Fragment& fragment)
             restoreGround(fragment);
             break;
         case Stage::ended:
+            findBreak(fragment);
+            break;
+        case Stage::found:
             removeMark();
             return true;
         case Stage::refused:
@@ -112,21 +119,26 @@ bool FragmentPen::goOn(const Fragment& fragment)
 
 void FragmentPen::mark()
 {
+    surplus_ = 0;
     start_ = range_->GetStoryLength() - 1;
     range_->SetRange(start_, start_);
+    change();
     range_->InsertAfter(markText);
     stage_ = Stage::marked;
 }
 
 long FragmentPen::markPlace()
 {
-    return range_->GetStoryLength() - 2;
+    if (!markPlace_)
+        markPlace_ = range_->GetStoryLength() - 2;
+    return *markPlace_;
 }
 
 void FragmentPen::removeMark()
 {
     const long place = markPlace();
-    range_->SetRange(place, place + 1);
+    range_->SetRange(place - surplus_, place + 1);
+    change();
     range_->Delete();
     stage_ = Stage::begun;
 }
@@ -138,17 +150,21 @@ void FragmentPen::readTrial()
 
 void FragmentPen::judgeTrial()
 {
-    const Font& expected = styles_.fontOf(trialStyle);
+    const auto expected = [&](FontProperty property) { return styles_.fontOf(trialStyle, property); };
     range_->SetRange(start_, start_ + 1);
     const Word::_FontPtr font = range_->GetFont();
-    keepsLooks_ = portable(font->GetName()) == expected.name && font->GetSize() == expected.size &&
-                  (font->GetStrikeThrough() != 0) == expected.isStruck;
+    keepsLooks_ = portable(font->GetName()) == expected(FontProperty::name).name &&
+                  font->GetSize() == expected(FontProperty::size).size &&
+                  (font->GetStrikeThrough() != 0) == expected(FontProperty::strike).isStruck;
     stage_ = Stage::judged;
 }
 
-void FragmentPen::removeTrial()
+void FragmentPen::removeText()
 {
+    if (markPlace() <= start_)
+        return;
     range_->SetRange(start_, markPlace());
+    change();
     range_->Delete();
 }
 
@@ -173,6 +189,7 @@ void FragmentPen::insert(const std::string& text, Stage next)
     const bool asAttachment = false;
     try {
         const FragmentFile file(text);
+        change();
         range_->InsertFile(file.path().c_str(), L"", confirmConversions, isLinked, asAttachment);
         stage_ = next;
     } catch (const _com_error&) {
@@ -187,24 +204,31 @@ void FragmentPen::lookAtTheEnd(const Fragment& fragment)
         stage_ = Stage::refused;
         return;
     }
-    range_->SetRange(place - 1, place);
-    const std::wstring last = textOf(range_);
-    if (fragment.endsInTable) {
-        if (last == paragraphEnd)
-            range_->Delete();
-        stage_ = Stage::ended;
-        return;
-    }
-    if (last != paragraphEnd) {
+    range_->SetRange(std::max(place - 2, start_), place);
+    const std::wstring last = textOf(range_); // the end of a cell or a row is two characters
+    const bool endsParagraph = last.ends_with(paragraphEnd);
+    if (!endsParagraph && !fragment.endsInTable) {
         formatLast(fragment);
         return;
     }
-    range_->SetRange(place - 2, place - 1);
-    if (place - 2 >= start_ && textOf(range_) == paragraphEnd) {
-        range_->SetRange(place - 1, place);
-        range_->Delete();
-    }
+    surplus_ = (fragment.endsInTable ? endsParagraph : last.ends_with(twoParagraphEnds)) ? 1 : 0;
     stage_ = Stage::ended;
+}
+
+// Where it is not, the text is not what was meant.
+void FragmentPen::findBreak(const Fragment& fragment)
+{
+    if (fragment.beginsWithBreak) {
+        range_->SetRange(start_, start_ + 1);
+        if (textOf(range_) != pageBreak) {
+            surplus_ = 0;
+            removeText();
+            stage_ = Stage::refused;
+            return;
+        }
+        break_ = range_->GetDuplicate();
+    }
+    stage_ = Stage::found;
 }
 
 void FragmentPen::formatLast(const Fragment& fragment)
@@ -220,6 +244,7 @@ void FragmentPen::part()
 {
     const long place = markPlace();
     range_->SetRange(place, place);
+    change();
     range_->InsertBefore(L"\r");
     stage_ = Stage::parted;
 }

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace compose {
@@ -21,6 +22,7 @@ struct Fragment
     std::optional<int> lastAlignment; ///< direct
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
+    bool beginsWithBreak = false; ///< the page break whose place is wanted
 };
 
 /// Has Word read fragments in at the end of a story.
@@ -34,14 +36,19 @@ struct Fragment
 class FragmentPen
 {
 public:
-    /// `story`: moved about. `styles`: those of the document, which live longer.
-    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StyleSheet& styles)
-        : document_(document), range_(story), styles_(styles)
+    /// `story`: moved about. `styles`: those of the document. `keepsLooks`: what the trial showed, which
+    /// counts for all stories of the document. Both live longer.
+    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StyleSheet& styles,
+                std::optional<bool>& keepsLooks)
+        : document_(document), range_(story), styles_(styles), keepsLooks_(keepsLooks)
     {
     }
 
     /// False, and nothing is left of it, when Word does not read it in, or not as it is meant.
     bool add(const Fragment& fragment);
+
+    /// Covers the page break that the fragment added last began with; null if there was none.
+    Word::RangePtr takeBreak() { return std::exchange(break_, nullptr); }
 
     /// Points; of a new table on a section's page, whose text begins and ends where that of the page does.
     float tableWidth(int section);
@@ -57,6 +64,7 @@ private:
         joined, ///< whose last paragraph has joined that of the character, formatted as it is to be
         parted, ///< and is one of its own again
         ended,  ///< the fragment is as it should be
+        found,  ///< so is its page break
         refused ///< the character has to go
     };
 
@@ -65,7 +73,8 @@ private:
     void mark();
     void readTrial();
     void judgeTrial();
-    void removeTrial();
+    void removeText();
+    void findBreak(const Fragment& fragment);
     void read(const Fragment& fragment);
     void insert(const std::string& text, Stage next);
     void lookAtTheEnd(const Fragment& fragment);
@@ -74,15 +83,19 @@ private:
     void restoreGround(const Fragment& fragment);
     void removeMark();
     long markPlace();
+    void change() { markPlace_.reset(); }
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
     StyleSheet& styles_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
+    long surplus_ = 0; ///< paragraph ends in front of the character that have to go with it
+    Word::RangePtr break_;
     int failures_ = 0;
-    std::optional<bool> wasRead_;    ///< of a fragment that was given up
-    std::optional<bool> keepsLooks_; ///< Text that says nothing of its own looks as its style says.
+    std::optional<long> markPlace_;   ///< as long as nothing moves it
+    std::optional<bool> wasRead_;     ///< of a fragment that was given up
+    std::optional<bool>& keepsLooks_; ///< Text that says nothing of its own looks as its style says.
 };
 
 } // namespace compose

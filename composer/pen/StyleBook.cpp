@@ -13,6 +13,30 @@ constexpr std::u16string_view headingPrefix = u"Heading ";
 constexpr HRESULT noSuchMember = 0x800A1735;
 constexpr HRESULT noSuchItem = 0x800A16CA;
 
+void read(const Word::_FontPtr& source, FontProperty property, Font& font)
+{
+    switch (property) {
+    case FontProperty::name:
+        font.name = portable(source->GetName());
+        break;
+    case FontProperty::size:
+        font.size = source->GetSize();
+        break;
+    case FontProperty::bold:
+        font.isBold = source->GetBold() != 0;
+        break;
+    case FontProperty::italic:
+        font.isItalic = source->GetItalic() != 0;
+        break;
+    case FontProperty::underline:
+        font.isUnderlined = source->GetUnderline() != Word::wdUnderlineNone;
+        break;
+    case FontProperty::strike:
+        font.isStruck = source->GetStrikeThrough() != 0;
+        break;
+    }
+}
+
 } // namespace
 
 StyleBook::StyleBook(const Word::_DocumentPtr& document) : document_(document) {}
@@ -56,46 +80,44 @@ bool StyleBook::holds(const std::u16string& style)
     }
 }
 
-template <class Property, class Read>
-const Property& StyleBook::known(Page& page, std::optional<Property>& property, const Property& unknown,
-                                 const Read& read)
+/// To no effect, when Word does not tell the second time.
+template <class Read>
+void StyleBook::tryTo(Page& page, const Read& read)
 {
     constexpr int tries = 2;
-    if (property)
-        return *property;
     try {
-        property = read(page.style);
+        read();
     } catch (const _com_error&) {
         if (++page.failures < tries)
             throw;
-        property = unknown;
     }
-    return *property;
 }
 
-const Font& StyleBook::fontOf(const std::u16string& style)
+const Font& StyleBook::fontOf(const std::u16string& style, FontProperty property)
 {
     Page& page = pageOf(style);
-    return known(page, page.font, Font(), [](const Word::StylePtr& each) {
-        const Word::_FontPtr source = each->GetFont();
-        return Font{
-            .name = portable(source->GetName()),
-            .size = source->GetSize(),
-            .isBold = source->GetBold() != 0,
-            .isItalic = source->GetItalic() != 0,
-            .isUnderlined = source->GetUnderline() != Word::wdUnderlineNone,
-            .isStruck = source->GetStrikeThrough() != 0,
-        };
+    const unsigned bit = 1U << static_cast<unsigned>(property);
+    if ((page.known & bit) != 0)
+        return page.font;
+    tryTo(page, [&] {
+        if (!page.fontInWord)
+            page.fontInWord = page.style->GetFont();
+        read(page.fontInWord, property, page.font);
     });
+    page.known |= bit;
+    return page.font;
 }
 
 int StyleBook::alignmentOf(const std::u16string& style)
 {
     constexpr int noAlignment = -1;
     Page& page = pageOf(style);
-    return known(page, page.alignment, noAlignment, [](const Word::StylePtr& each) {
-        return static_cast<int>(each->GetParagraphFormat()->GetAlignment());
-    });
+    if (!page.alignment) {
+        int found = noAlignment;
+        tryTo(page, [&] { found = page.style->GetParagraphFormat()->GetAlignment(); });
+        page.alignment = found;
+    }
+    return *page.alignment;
 }
 
 } // namespace compose

@@ -11,10 +11,10 @@
 
 namespace compose {
 
-/// The paragraph styles of one document, each asked for once.
+/// The paragraph styles of one document, each property asked for once.
 ///
-/// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style whose font or
-/// alignment Word does not tell the second time either counts as one that nothing said equals.
+/// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style of which
+/// Word does not tell a property the second time either counts as one that nothing said equals.
 class StyleBook : public StyleSheet
 {
 public:
@@ -24,7 +24,7 @@ public:
     bool holds(const std::u16string& style);
 
     // StyleSheet
-    const Font& fontOf(const std::u16string& style) override;
+    const Font& fontOf(const std::u16string& style, FontProperty property) override;
     int alignmentOf(const std::u16string& style) override;
 
     /// How Word is told of a style: built-in ones by number, since their names are those of Word's language.
@@ -34,13 +34,14 @@ private:
     struct Page
     {
         Word::StylePtr style; ///< null: there is none
-        std::optional<Font> font = {};
+        Word::_FontPtr fontInWord = {};
+        Font font = {};
+        unsigned known = 0; ///< of the font's properties; a bit for each
         std::optional<int> alignment = {};
         int failures = 0;
     };
-    template <class Property, class Read>
-    static const Property& known(Page& page, std::optional<Property>& property, const Property& unknown,
-                                 const Read& read);
+    template <class Read>
+    static void tryTo(Page& page, const Read& read);
     Page& pageOf(const std::u16string& style);
 
     Word::_DocumentPtr document_;

@@ -86,7 +86,7 @@ void TypedPen::carryOut(Plan& plan)
 void TypedPen::beginPassage(Passage& passage)
 {
     try {
-        base_ = begin(passage.cell);
+        base_ = passage.drafted ? beginDraft(*passage.drafted) : begin(passage.cell);
     } catch (...) {
         if (passage.cell && ++failures_ == triesOfAnOperation) {
             failures_ = 0;
@@ -95,6 +95,7 @@ void TypedPen::beginPassage(Passage& passage)
         throw;
     }
     failures_ = 0;
+    draft_.reset();
     place_ = passage.cell;
     isFirst_ = true;
     isBegun_ = true;
@@ -151,6 +152,19 @@ long TypedPen::begin(const Place& place)
            1;
 }
 
+/// Where the draft does.
+long TypedPen::beginDraft(Position length)
+{
+    const long end = begin({});
+    if (!draft_)
+        draft_ = end;
+    if (const long known = *draft_ + length; known < end) {
+        range_->SetRange(known, end);
+        range_->Delete();
+    }
+    return *draft_;
+}
+
 void TypedPen::select(Span span)
 {
     range_->SetRange(base_ + span.start, base_ + span.end);
@@ -161,7 +175,7 @@ void TypedPen::select(Span span)
 bool TypedPen::isWritten(const WriteText& text)
 {
     if (isFirst_)
-        return begin(place_) != base_;
+        return begin(place_) != base_ + text.at;
     select({text.at, text.at + 1});
     const _bstr_t found = range_->GetText();
     return found.length() == 1 && static_cast<const wchar_t*>(found)[0] == L'\r';
@@ -251,18 +265,20 @@ Word::TablePtr TypedPen::convert(const MakeTable& table)
 void TypedPen::perform(const ExtendTable& table)
 {
     mutate();
-    if (table.columns > 0) {
+    if (table.columns > table.columnsBefore) {
         const Word::ColumnsPtr columns = table_->GetColumns();
         for (long count = columns->GetCount(); count < static_cast<long>(table.columns); ++count)
             columns->Add();
     }
-    const Word::RowsPtr rows = table_->GetRows();
-    const std::size_t there = isDoubtful_ ? static_cast<std::size_t>(rows->GetCount()) : table.rowsBefore;
-    for (std::size_t row = there; row < table.rows; ++row) {
-        const Word::RangePtr added = rows->Add()->GetRange();
-        added->PutStyle(StyleBook::argumentOf(u"Normal"));
-        added->GetParagraphFormat()->Reset();
-        added->GetFont()->Reset();
+    if (table.rows > table.rowsBefore) {
+        const Word::RowsPtr rows = table_->GetRows();
+        const std::size_t there = isDoubtful_ ? static_cast<std::size_t>(rows->GetCount()) : table.rowsBefore;
+        for (std::size_t row = there; row < table.rows; ++row) {
+            const Word::RangePtr added = rows->Add()->GetRange();
+            added->PutStyle(StyleBook::argumentOf(u"Normal"));
+            added->GetParagraphFormat()->Reset();
+            added->GetFont()->Reset();
+        }
     }
     putHeights(table_, table.heights, table.rowsBefore - 1, table.rows);
 }
@@ -368,9 +384,10 @@ bool TypedPen::isTagNext() const
 
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
+    keepBreak(nullptr);
     const Word::RangePtr range = range_->GetDuplicate();
     range->SetRange(base_ + pageBreak.at, base_ + pageBreak.at + 1);
-    lastBreak_ = range;
+    keepBreak(range);
 }
 
 void TypedPen::perform(const KeepContents& contents)
@@ -382,6 +399,8 @@ void TypedPen::perform(const KeepContents& contents)
 
 void TypedPen::breakSection()
 {
+    if (!lastBreak_)
+        return;
     const long at = lastBreak_->GetEnd() - 1; // What was put right in front of it is in the range as well.
     range_->SetRange(at, at);
     range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
@@ -390,10 +409,30 @@ void TypedPen::breakSection()
     lastBreak_ = nullptr;
 }
 
+void TypedPen::goOnWithDraft(Position length, const std::u16string& text)
+{
+    base_ = beginDraft(length);
+    if (text.empty())
+        return;
+    select({length, length});
+    range_->InsertAfter(bstr(text));
+}
+
+void TypedPen::addPictureToDraft(Position length, const std::u16string& file)
+{
+    select({length, length});
+    insertPicture(file);
+}
+
 void TypedPen::addPicture(const Place& place, const std::u16string& file)
 {
     base_ = begin(place);
     select({0, 0});
+    insertPicture(file);
+}
+
+void TypedPen::insertPicture(const std::u16string& file)
+{
     const bool isLinked = false;
     const bool isSaved = true;
     range_->GetInlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
@@ -518,7 +557,6 @@ void TypedPen::removeTag(const std::u16string& bookmark)
 
 void TypedPen::clear()
 {
-    range_->WholeStory();
     range_->Delete();
     range_->GetParagraphFormat()->Reset();
     range_->GetFont()->Reset();

@@ -35,6 +35,13 @@ public:
 
     void carryOut(Plan& plan);
 
+    /// \name A draft (Passage::drafted) at the end of the story
+    /// What goes beyond `length`, which it has so far, was left by a failure, and goes.
+    /// @{
+    void goOnWithDraft(Position length, const std::u16string& text);
+    void addPictureToDraft(Position length, const std::u16string& file);
+    /// @}
+
     /// \name What is put at the end of the story, or of a cell of its last table
     /// @{
     using Place = std::optional<Passage::Cell>;
@@ -47,8 +54,10 @@ public:
     bool addFile(const Place& place, const std::u16string& file, const Ground& ground);
     /// @}
 
-    /// The page break kept last becomes the end of a section.
+    /// The page break kept last becomes the end of a section; nothing when it could not be kept.
     void breakSection();
+    /// `pageBreak` covers one that may become a section's end later; null: it could not be found.
+    void keepBreak(const Word::RangePtr& pageBreak) { lastBreak_ = pageBreak; }
     /// Makes the table of contents at the place kept last. `level`: lowest heading level to list; 0: entries
     /// only.
     void makeContents(int level);
@@ -58,11 +67,14 @@ public:
     void removeLinks(const std::set<std::u16string>& bookmarks);
     /// The bookmark goes, wherever it is; nothing when there is none.
     void removeTag(const std::u16string& bookmark);
-    /// Nothing is in the story but an empty paragraph, which is plain.
+    /// Nothing is in the story but an empty paragraph, which is plain. Comes first, while the range given
+    /// covers all.
     void clear();
 
 private:
     long begin(const Place& place);
+    long beginDraft(Position length);
+    void insertPicture(const std::u16string& file);
     void beginPassage(Passage& passage);
     static void giveUpCell(Passage& passage);
     void failed();
@@ -99,10 +111,11 @@ private:
     Word::RangePtr range_; ///< moved to each place
     Word::HyperlinksPtr hyperlinks_;
     Word::BookmarksPtr bookmarks_;
-    Word::TablePtr table_;     ///< the story's last one
-    Word::RangePtr lastBreak_; ///< covers the page break
-    Word::RangePtr contents_;  ///< collapsed
-    long pastField_ = 0;       ///< behind the field or entry added last
+    Word::TablePtr table_;      ///< the story's last one
+    Word::RangePtr lastBreak_;  ///< covers the page break
+    Word::RangePtr contents_;   ///< collapsed
+    std::optional<long> draft_; ///< where it begins
+    long pastField_ = 0;        ///< behind the field or entry added last
     std::optional<bool>
         leavesSurplus_; ///< Word puts an empty paragraph behind rich text that ends its last one.
 

@@ -12,6 +12,7 @@ namespace {
 constexpr char16_t paragraphMark = u'\r';
 constexpr char16_t pageBreakMark = u'\f';
 constexpr char16_t placeholderMark = u'X';
+constexpr char16_t pictureMark = u'\x01';
 
 template <class What>
 const What* as(const Item& item)
@@ -67,6 +68,10 @@ Flow::Line& Flow::layOut(const Paragraph& paragraph, Position shift)
         } else if (as<PageBreak>(item)) {
             text_ += pageBreakMark;
             before = nullptr;
+        } else if (const Picture* const picture = as<Picture>(item)) {
+            if (picture->isThere)
+                text_ += pictureMark;
+            before = nullptr;
         } else if (as<Field>(item) && !areFieldsPlain) {
             if (!before || changeOfItem(*before, paragraph) != changeOfItem(item, paragraph)) {
                 line.placeholders.resize(paragraph.items.size());
@@ -120,7 +125,7 @@ void Flow::add(const Table& table)
 bool Flow::hasOnlyPlainFields(const Paragraph& paragraph)
 {
     return !paragraph.holdsWritten && std::ranges::none_of(paragraph.items, [&](const Item& item) {
-        return as<Text>(item) || as<PageBreak>(item) ||
+        return as<Text>(item) || as<PageBreak>(item) || as<Picture>(item) ||
                (as<Field>(item) && !changeOfItem(item, paragraph).isEmpty());
     });
 }
@@ -145,10 +150,10 @@ bool Flow::isFormatted(const Line& line) const
            line.paragraph->isSettled;
 }
 
-void Flow::plan(std::deque<Operation>& operations)
+void Flow::plan(std::deque<Operation>& operations, Position drafted)
 {
-    if (!text_.empty())
-        operations.push_back(WriteText{origin_, text_});
+    if (const auto there = static_cast<std::size_t>(drafted); there < text_.size())
+        operations.push_back(WriteText{origin_ + drafted, text_.substr(there)});
     if (!text_.empty() && !ground_.isPlain)
         operations.push_back(ClearFont{{origin_, origin_ + static_cast<Position>(text_.size())}});
     format(operations);
@@ -243,6 +248,8 @@ Position Flow::lengthOf(const Line& line, std::size_t item)
         return static_cast<Position>(text->characters.size());
     if (as<PageBreak>(what))
         return 1;
+    if (const Picture* const picture = as<Picture>(what))
+        return picture->isThere ? 1 : 0;
     return !line.placeholders.empty() && line.placeholders[item] ? 1 : 0;
 }
 
@@ -342,7 +349,7 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
         const Item& item = items[i - 1];
         const Position length = lengthOf(line, i - 1);
         const bool isInserted = as<Field>(item) || as<Entry>(item);
-        if (!waiting.empty() && !isInserted && !as<Tag>(item))
+        if (!waiting.empty() && !isInserted && isAnything(item))
             placeWaiting(false);
         at -= length;
         if (const Tag* const tag = as<Tag>(item)) {
@@ -383,9 +390,9 @@ void Flow::addLink(LinkNumber link, Position start, std::deque<Operation>& opera
 bool Flow::isPlainAtEnd(const Paragraph& paragraph, bool isPlainBefore)
 {
     for (auto item = paragraph.items.rbegin(); item != paragraph.items.rend(); ++item) {
-        if (as<Tag>(*item))
+        if (!isAnything(*item))
             continue;
-        if (as<PageBreak>(*item))
+        if (as<PageBreak>(*item) || as<Picture>(*item))
             return item->link == noLink;
         return as<Text>(*item) && item->link == noLink && changeOfItem(*item, paragraph).isEmpty();
     }

@@ -32,7 +32,10 @@ public:
     void close() { endParagraph(); }
     /// @}
 
-    void plan(std::deque<Operation>& operations);
+    /// `drafted`: so much of its text is there already.
+    void plan(std::deque<Operation>& operations, Position drafted = 0);
+    /// A character of it stands for each picture.
+    [[nodiscard]] const std::u16string& text() const { return text_; }
     [[nodiscard]] Ground groundBehind();
 
 private:

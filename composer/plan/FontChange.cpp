@@ -4,34 +4,29 @@
 
 namespace compose {
 
-namespace {
-
-template <class Property>
-void setWhereDifferent(std::optional<Property>& change, const Property& wanted, const Property& given)
-{
-    if (wanted != given)
-        change = wanted;
-}
-
-} // namespace
-
 FontChange changeOf(const FontWish* wish, const std::u16string& paragraphStyle, StyleSheet& styles)
 {
-    if (!wish || (wish->style == paragraphStyle && !wish->changesAnything()))
-        return {};
-    const Font base = styles.fontOf(wish->style);
-    const Font& given = styles.fontOf(paragraphStyle);
-    const float size = wish->size ? static_cast<float>(*wish->size) : base.size;
-
     FontChange change;
-    setWhereDifferent(change.name, wish->name.value_or(base.name), given.name);
-    if (size != 0)
-        setWhereDifferent(change.size, size, given.size);
-    setWhereDifferent(change.isBold, wish->isBold.value_or(base.isBold), given.isBold);
-    setWhereDifferent(change.isItalic, wish->isItalic.value_or(base.isItalic), given.isItalic);
-    setWhereDifferent(change.isUnderlined, wish->isUnderlined.value_or(base.isUnderlined),
-                      given.isUnderlined);
-    setWhereDifferent(change.isStruck, wish->isStruck.value_or(base.isStruck), given.isStruck);
+    if (!wish)
+        return change;
+    const bool isOtherStyle = wish->style != paragraphStyle;
+    const auto set = [&](auto& changed, FontProperty property, auto Font::*member, const auto& wished) {
+        if (!wished && !isOtherStyle)
+            return;
+        const auto wanted = wished ? *wished : styles.fontOf(wish->style, property).*member;
+        if (wanted != styles.fontOf(paragraphStyle, property).*member)
+            changed = wanted;
+    };
+    set(change.name, FontProperty::name, &Font::name, wish->name);
+    if (wish->size != 0)
+        set(change.size, FontProperty::size, &Font::size,
+            wish->size ? std::optional(static_cast<float>(*wish->size)) : std::nullopt);
+    if (change.size == 0.0F) // Nobody knows the style's.
+        change.size.reset();
+    set(change.isBold, FontProperty::bold, &Font::isBold, wish->isBold);
+    set(change.isItalic, FontProperty::italic, &Font::isItalic, wish->isItalic);
+    set(change.isUnderlined, FontProperty::underline, &Font::isUnderlined, wish->isUnderlined);
+    set(change.isStruck, FontProperty::strike, &Font::isStruck, wish->isStruck);
     return change;
 }
 

@@ -68,6 +68,7 @@ struct ExtendTable
     std::size_t rows = 0;    ///< in all
     std::size_t rowsBefore = 0;
     std::vector<int> heights; ///< of the last row that it has and of the new ones
+    std::size_t columnsBefore = 0;
 };
 struct AddField
 {

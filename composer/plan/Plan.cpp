@@ -2,6 +2,8 @@
 
 #include "Flow.h"
 
+#include <algorithm>
+
 namespace compose {
 
 namespace {
@@ -29,8 +31,12 @@ private:
     void extend(const Table& table)
     {
         const std::size_t before = table.writtenRows - 1;
-        ExtendTable whole{table.columns(), before + table.rows.size(), table.writtenRows, table.heights};
-        plan_.passages.push_back({{}, {std::move(whole)}});
+        const bool isWider = table.columns() > table.writtenColumns;
+        const bool hasHeights = std::ranges::any_of(table.heights, [](int height) { return height != 0; });
+        if (isWider || table.rows.size() > 1 || hasHeights)
+            plan_.passages.push_back({{},
+                                      {ExtendTable{table.columns(), before + table.rows.size(),
+                                                   table.writtenRows, table.heights, table.writtenColumns}}});
         for (std::size_t row = 0; row < table.rows.size(); ++row) {
             for (std::size_t column = 0; column < table.columns(); ++column) {
                 const Cell& cell = table.rows[row][column];
@@ -64,8 +70,8 @@ private:
         }
         if (!source_.endsOpen)
             flow.close();
-        Passage passage;
-        flow.plan(passage.operations);
+        Passage passage{.drafted = source_.drafted};
+        flow.plan(passage.operations, source_.drafted.value_or(0));
         if (!passage.operations.empty())
             plan_.passages.push_back(std::move(passage));
         plan_.after = flow.groundBehind();

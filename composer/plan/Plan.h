@@ -36,6 +36,8 @@ struct Passage
     };
     std::optional<Cell> cell = {}; ///< nothing: the end of the story
     std::deque<Operation> operations = {};
+    /// So much of its text stands there already, as a draft; it begins where that does.
+    std::optional<Position> drafted = {};
 };
 
 struct Plan
@@ -57,6 +59,8 @@ struct Source
     bool endsOpen = true;
     /// That paragraph keeps what it is formatted with, whatever is written in front of it.
     bool keepsGround = false;
+    /// So much of the blocks' text stands in Word already, unformatted.
+    std::optional<Position> drafted = {};
 };
 
 /// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it

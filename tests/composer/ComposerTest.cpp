@@ -3,6 +3,7 @@
 #include "PenTest.h"
 
 #include "Bookmarks.h"
+#include "ScratchFolder.h"
 #include "Section.h"
 #include "general/QdxException.h"
 
@@ -41,6 +42,23 @@ protected:
         return longest;
     }
 
+    [[nodiscard]] std::wstring pictureFile() const
+    {
+        constexpr char pixel[] = "BM\x3A\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0"
+                                 "\0\0\0\0\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xFF\xFF\xFF\0";
+        const std::string file = folder.write("picture.bmp", {pixel, sizeof(pixel) - 1});
+        return {file.begin(), file.end()};
+    }
+    void write(const wchar_t* text) { composer->insertText(_bstr_t(text).GetBSTR()); }
+    /// In its first cell.
+    void startTable()
+    {
+        composer->startTable();
+        composer->addRow();
+        composer->addCell();
+    }
+
+    ScratchFolder folder;
     Trace trace;
     std::unique_ptr<Composer> composer = std::make_unique<Composer>(Composer::Pen::typed, trace, L"");
 };
@@ -99,6 +117,92 @@ TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly
     ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
     EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetTextToDisplay(), _bstr_t(L"later"));
     EXPECT_TRUE(text().starts_with(u"never"));
+}
+
+TEST_F(ComposerTest, EndsALinkInFrontOfATableAndNotInIt)
+{
+    composer->insertXref(L"label\r", L"http://a.example/");
+    startTable();
+    write(L"a");
+    composer->endTable();
+    composer->finish();
+    ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetTextToDisplay(), _bstr_t(L"label"));
+    const Word::RangePtr cell = document->GetTables()->Item(1)->Cell(1, 1)->GetRange();
+    EXPECT_EQ(cell->GetEnd() - cell->GetStart(), 2) << "a character and the cell's end";
+}
+
+TEST_F(ComposerTest, LeadsToASheetThatIsNotThereYet)
+{
+    composer->insertFile(L"no such sheet.xls", 4);
+    composer->finish();
+    ASSERT_EQ(document->GetHyperlinks()->GetCount(), 1);
+    EXPECT_EQ(document->GetHyperlinks()->Item(Word::integer(1))->GetAddress(), _bstr_t(L"no such sheet.xls"));
+}
+
+TEST_F(ComposerTest, PutsAPictureIntoATableThatIsMadeWholeLater)
+{
+    const std::wstring file = pictureFile();
+    write(L"front");
+    startTable();
+    write(L"a");
+    composer->insertImage(file.c_str(), L"");
+    EXPECT_EQ(document->GetTables()->GetCount(), 0);
+    EXPECT_EQ(document->GetInlineShapes()->GetCount(), 1);
+    EXPECT_TRUE(DeleteFileW(file.c_str()));
+    static_cast<void>(takeCalls());
+    composer->addRow();
+    composer->addCell();
+    write(L"b");
+    composer->endTable();
+    composer->finish();
+    EXPECT_EQ(text(), u"front\ra\x01\a\ab\a\a");
+    EXPECT_EQ(document->GetTables()->GetCount(), 1);
+    EXPECT_THAT(takeCalls(), testing::Not(testing::Contains(testing::HasSubstr("Cell("))));
+}
+
+TEST_F(ComposerTest, PutsPicturesIntoTablesOneBehindTheOther)
+{
+    const std::wstring file = pictureFile();
+    for (const wchar_t* const name : {L"a", L"b"}) {
+        startTable();
+        write(name);
+        composer->insertImage(file.c_str(), L"");
+        composer->endTable();
+    }
+    composer->finish();
+    EXPECT_EQ(text(), u"a\x01\a\a\rb\x01\a\a");
+}
+
+TEST_F(ComposerTest, TellsOfAPictureThatWordRefusesAndGoesOnWithTheTable)
+{
+    const std::wstring file = pictureFile();
+    startTable();
+    write(L"a");
+    constexpr long addPicture = 6;
+    word.failCall(addPicture, E_FAIL);
+    EXPECT_THROW(composer->insertImage(file.c_str(), L"http://a.example/"), _com_error);
+    write(L"b");
+    composer->endTable();
+    composer->finish();
+    EXPECT_EQ(text(), u"ab\a\a");
+}
+
+TEST_F(ComposerTest, WritesNothingTwiceWhenThePlaceOfAPictureCouldNotBeMade)
+{
+    const std::wstring file = pictureFile();
+    startTable();
+    write(L"a");
+    constexpr long insertAfter = 3;
+    word.failCall(insertAfter, E_FAIL);
+    EXPECT_THROW(composer->insertImage(file.c_str(), L""), _com_error);
+    const long end = model().mainStory()->length() - 1;
+    document->Range(Word::integer(end), Word::integer(end))->InsertAfter(L"a"); // as if it had been
+    write(L"b");
+    composer->insertImage(file.c_str(), L"");
+    composer->endTable();
+    composer->finish();
+    EXPECT_EQ(text(), u"ab\x01\a\a");
 }
 
 TEST_F(ComposerTest, ForgetsTheTagsOfAHeaderThatIsReplaced)

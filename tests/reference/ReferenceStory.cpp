@@ -185,9 +185,12 @@ void ReferenceStory::insertText(std::u16string_view text, std::optional<Requeste
 {
     if (link)
         link->begins = true;
-    for (const char16_t character : withSingleEnds(text)) {
+    const auto characters = withSingleEnds(text);
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const char16_t character = characters[i];
         if (character == paragraphEnd) {
-            endParagraph(link);
+            endParagraph(i + 1 < characters.size() ? link
+                                                   : std::nullopt); // a link ends in front of the last one
         } else {
             Item item;
             item.token.character = character;

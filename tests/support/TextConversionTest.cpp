@@ -46,24 +46,6 @@ TEST(TextConversionTest, LongTextsSurviveBothWays)
     }
 }
 
-TEST(TextConversionTest, Utf8HoldsEveryCharacterBothWays)
-{
-    constexpr wchar_t text[] = L"a\u00e4\u65e5\xd83d\xde00";
-    const QdxString narrow = toNarrow(text, NarrowForm::utf8);
-    EXPECT_STREQ(narrow.data(), "a\xc3\xa4\xe6\x97\xa5\xf0\x9f\x98\x80");
-    EXPECT_STREQ(static_cast<const wchar_t*>(toWide(narrow, NarrowForm::utf8)), text);
-    const std::wstring longText(5000, L'\u65e5');
-    EXPECT_TRUE(std::wstring(toWide(toNarrow(longText.c_str(), NarrowForm::utf8), NarrowForm::utf8)) ==
-                longText);
-}
-
-TEST(TextConversionTest, HalfASurrogatePairIsReplacedInUtf8)
-{
-    const wchar_t text[] = {L'a', 0xd800, L'b', 0};
-    EXPECT_STREQ(toNarrow(text, NarrowForm::utf8).data(), "a\xef\xbf\xbd"
-                                                          "b");
-}
-
 TEST(TextConversionTest, WidensText)
 {
     EXPECT_STREQ(toWide("abc").GetBSTR(), L"abc");

@@ -175,6 +175,10 @@ private:
         EXPECT_FALSE(reading.tags.contains(tag.bookmark)) << "two places for one tag";
         reading.tags[tag.bookmark] = reading.tokens.size();
     }
+    static void read(const compose::Picture&, const compose::Item&, const compose::Paragraph&)
+    {
+        ADD_FAILURE() << "nothing was put into Word";
+    }
     void read(const compose::Contents&, const compose::Item& item, const compose::Paragraph&)
     {
         add(printable(reference::TokenKind::contents) + " ", item.link);

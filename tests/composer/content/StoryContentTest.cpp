@@ -29,6 +29,10 @@ struct ItemPrinter
         return "entry " + std::to_string(entry.level) + " " + narrow(entry.text);
     }
     std::string operator()(const Tag& tag) const { return "#" + narrow(tag.bookmark); }
+    std::string operator()(const Picture& picture) const
+    {
+        return picture.isThere ? "picture" : "no picture";
+    }
     std::string operator()(const Contents&) const { return "contents"; }
 };
 

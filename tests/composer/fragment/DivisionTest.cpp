@@ -39,7 +39,7 @@ class DivisionTest : public testing::Test
 protected:
     [[nodiscard]] Stretches divided(const Blocks& blocks, bool isTableOpen = false) const
     {
-        return divide(blocks, links, isTableOpen);
+        return divide(blocks, links, blocks.size() - (isTableOpen ? 2 : 1));
     }
     std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
 };
@@ -66,10 +66,20 @@ TEST_F(DivisionTest, EndsAFragmentWithSomethingThatShows)
 
 TEST_F(DivisionTest, LeavesTheLastPageBreakOut)
 {
-    EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), text(), text()}),
+    Paragraph behindText = text();
+    behindText.items.push_back({PageBreak{true}});
+    EXPECT_EQ(divided({text(), behindText, text(), text()}),
               (Stretches{{0, 1, true}, {1, 2, false}, {2, 3, true}, {3, 4, false}}));
     EXPECT_EQ(divided({paragraphOf({PageBreak{false}}), text(), text()}),
               (Stretches{{0, 2, true}, {2, 3, false}}));
+}
+
+TEST_F(DivisionTest, BeginsAFragmentWithTheLastPageBreak)
+{
+    EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), text(), text()}),
+              (Stretches{{0, 1, true}, {1, 3, true}, {3, 4, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), Paragraph()}),
+              (Stretches{{0, 1, true}, {1, 3, false}}));
 }
 
 TEST_F(DivisionTest, CutsNoLinkThatGoesOnBehindAParagraph)

@@ -121,6 +121,7 @@ TEST(FragmentFitness, TablesFitIfTheirCellsDo)
     EXPECT_TRUE(fitsInCell({Text{u"a\v"}}));
     EXPECT_FALSE(fitsInCell({Text{u"\x07"}}));
     EXPECT_FALSE(fitsInCell({Contents()}));
+    EXPECT_FALSE(fitsInCell({Picture()})) << "its text is in Word already";
 }
 
 TEST(FragmentFitness, PageBreaksInCellsDoNotFit)

@@ -248,10 +248,10 @@ TEST(Fragment, HasACellForEachColumnOfTheFirstRow)
 class CountingStyles : public TestStyles
 {
 public:
-    const Font& fontOf(const std::u16string& style) override
+    const Font& fontOf(const std::u16string& style, FontProperty property) override
     {
         ++questions;
-        return TestStyles::fontOf(style);
+        return TestStyles::fontOf(style, property);
     }
     int alignmentOf(const std::u16string& style) override
     {

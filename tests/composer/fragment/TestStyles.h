@@ -23,7 +23,7 @@ public:
     /// By either name.
     static const TestStyle& find(const std::u16string& name);
 
-    const Font& fontOf(const std::u16string& style) override { return find(style).font; }
+    const Font& fontOf(const std::u16string& style, FontProperty) override { return find(style).font; }
     int alignmentOf(const std::u16string& style) override { return find(style).alignment; }
 };
 

@@ -15,6 +15,16 @@ protected:
         styles.reset();
         PenTest::TearDown();
     }
+    Font fontOf(const std::u16string& style)
+    {
+        Font font;
+        for (const FontProperty property :
+             {FontProperty::name, FontProperty::size, FontProperty::bold, FontProperty::italic,
+              FontProperty::underline, FontProperty::strike})
+            font = styles->fontOf(style, property);
+        return font;
+    }
+
     std::unique_ptr<StyleBook> styles = std::make_unique<StyleBook>(document);
 };
 
@@ -31,14 +41,24 @@ TEST_F(StyleBookTest, NamesBuiltInStylesByNumber)
 
 TEST_F(StyleBookTest, AsksForEachStyleOnce)
 {
-    EXPECT_EQ(styles->fontOf(u"Heading 1"), (Font{.name = u"Arial", .size = 16, .isBold = true}));
+    EXPECT_EQ(fontOf(u"Heading 1"), (Font{.name = u"Arial", .size = 16, .isBold = true}));
     EXPECT_EQ(styles->alignmentOf(u"Heading 1"), 0);
     EXPECT_TRUE(styles->holds(u"Heading 1"));
     EXPECT_FALSE(takeCalls().empty());
-    styles->fontOf(u"Heading 1");
+    fontOf(u"Heading 1");
     styles->alignmentOf(u"Heading 1");
     EXPECT_TRUE(styles->holds(u"Heading 1"));
     EXPECT_EQ(takeCalls(), Calls());
+}
+
+TEST_F(StyleBookTest, AsksForNoMoreThanIsWanted)
+{
+    styles->holds(u"Heading 1");
+    static_cast<void>(takeCalls());
+    styles->fontOf(u"Heading 1", FontProperty::bold);
+    EXPECT_EQ(takeCalls(), (Calls{"Style@1.Font -> Font@1", "Font@1.Bold -> -1"}));
+    styles->fontOf(u"Heading 1", FontProperty::size);
+    EXPECT_EQ(takeCalls(), Calls{"Font@1.Size -> 16f"});
 }
 
 TEST_F(StyleBookTest, KnowsWhichStylesThereAre)
@@ -60,10 +80,10 @@ TEST_F(StyleBookTest, CountsAFontThatFailsTwiceAsNoOnesFont)
 {
     styles->holds(u"Heading 1");
     word.failCall(1, E_FAIL);
-    EXPECT_THROW(styles->fontOf(u"Heading 1"), _com_error);
+    EXPECT_THROW(styles->fontOf(u"Heading 1", FontProperty::bold), _com_error);
     word.failCall(1, E_FAIL);
-    EXPECT_EQ(styles->fontOf(u"Heading 1"), Font());
-    EXPECT_EQ(styles->fontOf(u"Heading 1"), Font());
+    EXPECT_EQ(styles->fontOf(u"Heading 1", FontProperty::bold), Font());
+    EXPECT_EQ(styles->fontOf(u"Heading 1", FontProperty::bold), Font());
 }
 
 TEST_F(StyleBookTest, CountsAnAlignmentThatFailsTwiceAsNone)

@@ -27,6 +27,11 @@ ModelStory::Readings readingsBy(Choices& choices)
             .bookmarkStaysBehindTable = (number & 4U) == 0};
 }
 
+bool leads(const LinkTarget& target)
+{
+    return target.bookmark != missingBookmark;
+}
+
 LinkTarget targetBy(Choices& choices)
 {
     switch (choices.below(3)) {
@@ -210,30 +215,83 @@ void ComposedSession::breakSection()
         flush();
 }
 
+std::optional<Passage::Cell> ComposedSession::cell() const
+{
+    if (!taken_.isTableOpen())
+        return {};
+    return Passage::Cell{taken_.currentCell().row, taken_.currentCell().column};
+}
+
 void ComposedSession::putPicture()
 {
+    if (taken_.takesPictureIntoTable())
+        return putPictureIntoDraft();
     both("settleParagraph", [](StoryContent& content) { content.settleParagraph(); });
     flush();
     story_ += "picture\n";
-    std::optional<Passage::Cell> cell;
-    if (taken_.isTableOpen())
-        cell = {taken_.currentCell().row, taken_.currentCell().column};
-    model_.addPicture(cell);
+    model_.addPicture(cell());
     taken_.objectWritten();
     said_.insertField(pictureNumber);
+}
+
+// Word refuses some.
+void ComposedSession::putPictureIntoDraft()
+{
+    breakDueSection();
+    if (const std::span<const Block> inFront = taken_.blocksInFrontOfTable(); !inFront.empty()) {
+        Source source{inFront, taken_.links(), ground_, leads};
+        source.endsOpen = false;
+        if (draft_)
+            source.drafted = draft_->length;
+        const Plan plan = planOf(source, styles_);
+        taken_.takenInFrontOfTable();
+        draft_.reset();
+        ground_ = plan.after;
+        model_.carryOut(plan);
+    }
+    taken_.addPicture();
+    if (!draft_)
+        draft_.emplace();
+    const DraftStep next =
+        goOnWith(*draft_, *cell(), {taken_.blocks(), taken_.links(), ground_, leads}, styles_);
+    model_.goOnWithDraft(draft_->length, next.text);
+    draft_ = next.draft;
+    if (choices_.onceIn(4)) {
+        story_ += "picture that Word refuses\n";
+        return;
+    }
+    const LinkTarget target = targetBy(choices_);
+    const bool isLinked = choices_.onceIn(2);
+    story_ += isLinked ? "linked picture in a draft\n" : "picture in a draft\n";
+    model_.addPicture({});
+    ++draft_->length;
+    ++draft_->inCell;
+    for (StoryContent* const content : {&said_, &taken_}) {
+        if (content == &said_)
+            content->addPicture();
+        content->pictureWritten(isLinked ? &target : nullptr);
+    }
+}
+
+void ComposedSession::breakDueSection()
+{
+    if (isSectionDue_)
+        model_.breakSection();
+    isSectionDue_ = false;
 }
 
 void ComposedSession::flush()
 {
     story_ += "flush\n";
-    if (isSectionDue_)
-        model_.breakSection();
-    isSectionDue_ = false;
+    breakDueSection();
     if (!taken_.isPending())
         return;
-    const auto leads = [](const LinkTarget& target) { return target.bookmark != missingBookmark; };
-    const Plan plan = planOf({taken_.blocks(), taken_.links(), ground_, leads}, styles_);
+    Source source{taken_.blocks(), taken_.links(), ground_, leads};
+    if (draft_)
+        source.drafted = draft_->length;
+    const Plan plan = planOf(source, styles_);
     taken_.taken();
+    draft_.reset();
     ground_ = plan.after;
     model_.carryOut(plan);
 }

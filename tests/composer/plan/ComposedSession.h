@@ -4,9 +4,11 @@
 #include "ModelStory.h"
 #include "SampleStyles.h"
 
+#include "Draft.h"
 #include "Plan.h"
 #include "StoryContent.h"
 
+#include <optional>
 #include <string>
 
 /// Calls of a client, made up from choices, that two contents hear: one that keeps everything, and one that
@@ -30,6 +32,9 @@ private:
     void setStyle();
     void breakSection();
     void putPicture();
+    void breakDueSection();
+    void putPictureIntoDraft();
+    [[nodiscard]] std::optional<compose::Passage::Cell> cell() const;
     void flush();
     [[nodiscard]] std::string difference();
 
@@ -48,6 +53,7 @@ private:
     compose::StoryContent taken_;
     ModelStory model_;
     compose::Ground ground_;
+    std::optional<compose::Draft> draft_;
     bool isSectionDue_ = false;
     std::string story_;
 };

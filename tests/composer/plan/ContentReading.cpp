@@ -53,6 +53,7 @@ private:
     {
         result.tags[tag.bookmark] = result.tokens.size();
     }
+    void read(const Picture&, const Item& item, const Paragraph&) { add("picture", item.link); }
     void read(const Contents&, const Item&, const Paragraph&) { add("contents", noLink); }
 
     std::string lookOf(const Paragraph& paragraph)

@@ -34,6 +34,22 @@ TEST_F(FontChangeTest, AsksForNoStyleWithoutNeed)
     EXPECT_TRUE(change({.style = u"no such style"}, u"no such style").isEmpty());
 }
 
+TEST_F(FontChangeTest, AsksForNoPropertyWithoutNeed)
+{
+    class BoldOnly : public SampleStyles
+    {
+    public:
+        using SampleStyles::fontOf;
+        const Font& fontOf(const std::u16string& style, FontProperty property) override
+        {
+            EXPECT_EQ(property, FontProperty::bold);
+            return fontOf(style);
+        }
+    } boldOnly;
+    const FontWish wish{.style = u"Title", .size = 0, .isBold = false};
+    EXPECT_EQ(changeOf(&wish, u"Title", boldOnly), FontChange{.isBold = false});
+}
+
 TEST_F(FontChangeTest, IsEmptyForWhatTheStyleSays)
 {
     EXPECT_TRUE(change({.style = u"Normal", .name = u"Times", .size = 12, .isBold = false}).isEmpty());

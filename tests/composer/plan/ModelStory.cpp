@@ -178,6 +178,8 @@ void ModelStory::carryOut(const Plan& plan)
         require(!passage.operations.empty(), "a passage of nothing");
         const bool extends = std::holds_alternative<ExtendTable>(passage.operations.front());
         base_ = extends ? 0 : baseOf(passage.cell);
+        if (passage.drafted)
+            base_ = endDraft(*passage.drafted);
         for (const Operation& operation : passage.operations)
             std::visit([this](const auto& each) { perform(each); }, operation);
     }
@@ -344,7 +346,8 @@ void ModelStory::perform(const AddLink& link)
     require(start < end && end < characters_.size(), "a link of nothing");
     for (At at = start; at < end; ++at) {
         const Kind kind = characters_[at].kind;
-        require(kind == Kind::character || kind == Kind::pageBreak || kind == Kind::paragraphEnd,
+        require(kind == Kind::character || kind == Kind::pageBreak || kind == Kind::picture ||
+                    kind == Kind::paragraphEnd,
                 "a link over more than text");
     }
     const std::size_t number = fields_.size();
@@ -390,6 +393,21 @@ void ModelStory::perform(const KeepBreak& pageBreak)
 void ModelStory::perform(const KeepContents& contents)
 {
     contents_ = Live{place(contents.at), place(contents.at)};
+}
+
+void ModelStory::goOnWithDraft(Position length, const std::u16string& text)
+{
+    const At end = baseOf({});
+    if (!draft_)
+        draft_ = end;
+    require(*draft_ + static_cast<At>(length) == end, "a draft of another length");
+    insertText(end, text);
+}
+
+ModelStory::At ModelStory::endDraft(Position length)
+{
+    require(draft_ && *draft_ + static_cast<At>(length) == baseOf({}), "a draft of another length");
+    return *std::exchange(draft_, std::nullopt);
 }
 
 void ModelStory::addPicture(const std::optional<Passage::Cell>& cell)

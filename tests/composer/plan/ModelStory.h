@@ -41,6 +41,8 @@ public:
 
     /// \name What is done beside plans
     /// @{
+    /// Writes text of a table that is made later.
+    void goOnWithDraft(compose::Position length, const std::u16string& text);
     void addPicture(const std::optional<compose::Passage::Cell>& cell);
     void breakSection();
     void dropContents() { contents_.reset(); }
@@ -98,6 +100,7 @@ private:
     [[nodiscard]] At endOfCell(const compose::Passage::Cell& cell) const;
     [[nodiscard]] At baseOf(const std::optional<compose::Passage::Cell>& cell) const;
     At place(compose::Position at) const;
+    At endDraft(compose::Position length);
     void requireWholeParagraphs(At start, At end) const;
     void putHeights(const std::vector<int>& heights, std::size_t firstRow);
 
@@ -135,5 +138,6 @@ private:
     std::size_t tables_ = 0;
     std::size_t openTable_ = 0;
     At base_ = 0;
+    std::optional<At> draft_;
     At pastField_ = 0;
 };

@@ -169,10 +169,7 @@ TEST_F(PlanTest, ClearsTheFontOfTextBehindALink)
     EXPECT_FALSE(ground.isPlain);
     link(u"a\n");
     plan();
-    EXPECT_FALSE(ground.isPlain);
-    content.insertText(u"b\n");
-    plan();
-    EXPECT_TRUE(ground.isPlain);
+    EXPECT_TRUE(ground.isPlain) << "the link ends in front of the paragraph's end";
 }
 
 TEST_F(PlanTest, EndsASectionWhoseNextParagraphLooksUnlikeItsLast)
@@ -274,14 +271,14 @@ TEST_F(PlanTest, MakesOneLinkOfALabelWithParagraphEnds)
 {
     link(u"\na\n");
     content.insertText(u"b");
-    EXPECT_THAT(plan(), ElementsAre("text 0 '|a|b'", "link 0-3 p#"));
+    EXPECT_THAT(plan(), ElementsAre("text 0 '|a|b'", "link 0-2 p#"));
 }
 
 TEST_F(PlanTest, KeepsLinksApartThatTouch)
 {
     link(u"a\n");
     link(u"b");
-    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b'", "link 2-3 p#", "link 0-2 p#"));
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b'", "link 2-3 p#", "link 0-1 p#"));
 }
 
 TEST_F(PlanTest, LeavesTextPlainWhoseLinkLeadsNowhere)
@@ -394,7 +391,8 @@ TEST_F(PlanTest, SaysNothingOfTheWrittenCellsOfAnOpenTableThatStayAsTheyAre)
     content.setTextAlign(3);
     plan();
     content.setTextAlign(2);
-    EXPECT_THAT(plan(), ElementsAre("extend from 1 to 1x2 heights 0", "in cell 0,1", "alignment 0-1 1"));
+    EXPECT_THAT(plan(), ElementsAre("in cell 0,1", "alignment 0-1 1"))
+        << "as many rows and columns as before";
 }
 
 } // namespace

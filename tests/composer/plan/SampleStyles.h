@@ -15,7 +15,11 @@ public:
     static constexpr std::array names = {u"Normal", u"Heading 1",      u"Heading 2",
                                          u"Title",  u"Twin of Normal", u"Header"};
 
-    const compose::Font& fontOf(const std::u16string& style) override { return at(style).font; }
+    const compose::Font& fontOf(const std::u16string& style) { return at(style).font; }
+    const compose::Font& fontOf(const std::u16string& style, compose::FontProperty) override
+    {
+        return fontOf(style);
+    }
     int alignmentOf(const std::u16string& style) override { return at(style).alignment; }
 
 private:

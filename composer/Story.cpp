@@ -1,0 +1,241 @@
+#include "Story.h"
+
+#include "Division.h"
+#include "Flow.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace compose {
+
+namespace {
+
+/// Whether a table is in the blocks.
+bool holdTables(std::span<const Block> blocks)
+{
+    return std::ranges::any_of(blocks,
+                               [](const Block& block) { return std::holds_alternative<Table>(block); });
+}
+
+template <class Visit>
+void forEachTag(std::span<const Block> blocks, const Visit& visit)
+{
+    const auto visitIn = [&](const Paragraph& paragraph) {
+        for (const Item& item : paragraph.items)
+            if (const auto* const tag = std::get_if<Tag>(&item.what))
+                visit(tag->bookmark);
+    };
+    for (const Block& block : blocks) {
+        if (const auto* const paragraph = std::get_if<Paragraph>(&block)) {
+            visitIn(*paragraph);
+            continue;
+        }
+        for (const Row& row : std::get<Table>(block).rows)
+            for (const Cell& cell : row)
+                std::ranges::for_each(cell, visitIn);
+    }
+}
+
+} // namespace
+
+Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
+    : document_(document), content_(style), ground_(std::move(ground)), pen_(document.document, range),
+      fragmentPen_(document.document, range, document.styles, document.keepsLooks)
+{
+}
+
+TypedPen::Place Story::place() const
+{
+    if (!content_.isTableOpen())
+        return {};
+    const StoryContent::CellPlace cell = content_.currentCell();
+    return Passage::Cell{cell.row, cell.column};
+}
+
+void Story::finishSteps()
+{
+    carryOut();
+    if (!isSectionDue_)
+        return;
+    pen_.breakSection();
+    isSectionDue_ = false;
+}
+
+void Story::flush()
+{
+    finishSteps();
+    if (!content_.isPending())
+        return;
+    const std::span<const Block> blocks = content_.blocks();
+    takeSteps(blocks, blocks.size() - (content_.isTableOpen() ? 2 : 1), [this] { content_.taken(); });
+    carryOut();
+}
+
+void Story::flushInFrontOfTable()
+{
+    finishSteps();
+    const std::span<const Block> blocks = content_.blocksInFrontOfTable();
+    if (blocks.empty())
+        return;
+    takeSteps(blocks, blocks.size(), [this] { content_.takenInFrontOfTable(); });
+    carryOut();
+}
+
+Source Story::sourceOf(std::span<const Block> blocks, const Ground& ground) const
+{
+    return {blocks, content_.links(), ground, document_.leadsSomewhere};
+}
+
+// What a fragment saves must be more than it costs itself.
+template <class Taken>
+void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken)
+{
+    constexpr std::size_t fewestOperations = 6;
+    std::vector<Stretch> stretches = {{0, blocks.size(), false}};
+    if (document_.readsFragments)
+        stretches = divide(blocks, content_.links(), closed);
+
+    std::deque<Step> steps;
+    tableWidth_.reset();
+    Ground ground = ground_;
+    std::set<std::u16string> tags = document_.tags;
+    for (const Stretch& stretch : stretches) {
+        const std::span<const Block> part = blocks.subspan(stretch.first, stretch.past - stretch.first);
+        Source source = sourceOf(part, ground);
+        source.endsOpen = stretch.past == blocks.size() && closed < blocks.size();
+        source.keepsGround = stretch.isFragment;
+        if (stretch.first == 0 && draft_)
+            source.drafted = draft_->length;
+        Step step{planOf(source, document_.styles)};
+        std::size_t operations = 0;
+        for (const Passage& passage : step.plan.passages)
+            operations += passage.operations.size();
+        if (stretch.isFragment && operations >= fewestOperations)
+            step.fragment = makeFragment(part, ground, tags);
+        forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
+        ground = step.plan.after;
+        steps.push_back(std::move(step));
+    }
+    taken();
+    draft_.reset();
+    steps_ = std::move(steps);
+    ground_ = std::move(ground);
+    document_.tags = std::move(tags);
+}
+
+Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground,
+                             const std::set<std::u16string>& tags)
+{
+    const auto isLinked = [this](const std::u16string& bookmark) {
+        return document_.leadsSomewhere({.bookmark = bookmark});
+    };
+    if (!tableWidth_ && holdTables(blocks))
+        tableWidth_ = fragmentPen_.tableWidth(document_.sections);
+    Fragment fragment;
+    fragment.text =
+        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0)});
+    fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
+    fragment.ground = ground;
+    const auto* const last = std::get_if<Paragraph>(&blocks.back());
+    fragment.endsInTable = last == nullptr;
+    if (last) {
+        fragment.lastStyle = last->style;
+        fragment.lastAlignment = directAlignment(*last, document_.styles);
+    }
+    forEachTag(blocks, [&](const std::u16string& bookmark) {
+        if (tags.contains(bookmark))
+            fragment.movedTags.push_back(bookmark);
+    });
+    return fragment;
+}
+
+void Story::carryOut()
+{
+    while (!steps_.empty()) {
+        Step& step = steps_.front();
+        if (step.fragment && document_.readsFragments) {
+            if (fragmentPen_.add(*step.fragment)) {
+                if (step.fragment->beginsWithBreak)
+                    pen_.keepBreak(fragmentPen_.takeBreak());
+                steps_.pop_front();
+                continue;
+            }
+            document_.readsFragments = false;
+        }
+        pen_.carryOut(step.plan);
+        steps_.pop_front();
+    }
+}
+
+void Story::addPicture(const std::u16string& file, const LinkTarget* link)
+{
+    if (content_.takesPictureIntoTable())
+        return addPictureToDraft(file, link);
+    content_.settleParagraph();
+    flush();
+    pen_.addPicture(place(), file);
+    content_.objectWritten();
+    if (!link)
+        return;
+    ground_.isPlain = false;
+    if (document_.leadsSomewhere(*link))
+        pen_.linkPicture(*link);
+}
+
+// The table need not be made for it, to be continued cell by cell.
+void Story::addPictureToDraft(const std::u16string& file, const LinkTarget* link)
+{
+    flushInFrontOfTable();
+    content_.addPicture();
+    try {
+        goOnWithDraft();
+    } catch (...) {
+        content_.dropPicture();
+        throw;
+    }
+    pen_.addPictureToDraft(draft_->length, file);
+    content_.pictureWritten(link);
+    ++draft_->length;
+    ++draft_->inCell;
+}
+
+void Story::goOnWithDraft()
+{
+    if (!draft_)
+        draft_.emplace();
+    const Source source = sourceOf(content_.blocks(), ground_);
+    DraftStep next = goOnWith(*draft_, *place(), source, document_.styles);
+    pen_.goOnWithDraft(draft_->length, next.text);
+    *draft_ = next.draft;
+}
+
+void Story::addObject(const EmbeddedObject& object)
+{
+    content_.settleParagraph();
+    flush();
+    pen_.addObject(place(), object);
+    content_.objectWritten();
+    ground_.isPlain = false;
+}
+
+void Story::addFile(const std::u16string& file)
+{
+    content_.prepareFile();
+    flush();
+    const Ground ground = content_.isTableOpen() ? Ground{.style = u""} : ground_;
+    const bool endsInTable = pen_.addFile(place(), file, ground);
+    content_.fileWritten(endsInTable);
+}
+
+std::size_t Story::leftToDo() const
+{
+    std::size_t left = (content_.isPending() ? 1 : 0) + (pen_.hasContents() ? 1 : 0);
+    for (const Step& step : steps_)
+        for (const Passage& passage : step.plan.passages)
+            left += 1 + passage.operations.size();
+    return left;
+}
+
+} // namespace compose

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "StoryContent.h"
+#include "WrittenDocument.h"
+
+#include "Draft.h"
+#include "Fragment.h"
+#include "FragmentPen.h"
+#include "Plan.h"
+#include "TypedPen.h"
+
+#include <deque>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace compose {
+
+/// A part of the document with text of its own: what is said of it, and how that reaches Word.
+///
+/// Errors: a failed Word call raises `_com_error`. What had not been done by then is done the next time.
+class Story
+{
+public:
+    /// The story that `range` is of begins in `style`. `document` lives longer.
+    Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground);
+
+    StoryContent& content() { return content_; }
+    TypedPen& pen() { return pen_; }
+
+    /// The page break that is in Word becomes a section's end with the next flush.
+    void endSectionAtBreak() { isSectionDue_ = true; }
+    /// Brings everything that waits into Word.
+    void flush();
+    /// \name What goes to Word at once, behind what waits
+    /// @{
+    /// `link`: null if it leads nowhere.
+    void addPicture(const std::u16string& file, const LinkTarget* link);
+    void addObject(const EmbeddedObject& object);
+    void addFile(const std::u16string& file);
+    /// @}
+
+    /// So that it can be seen whether it gets less.
+    [[nodiscard]] std::size_t leftToDo() const;
+
+private:
+    /// Something that was taken and is to be brought into Word.
+    struct Step
+    {
+        Plan plan;
+        std::optional<Fragment> fragment = {}; ///< that says the same
+    };
+
+    [[nodiscard]] TypedPen::Place place() const;
+    void finishSteps();
+    void flushInFrontOfTable();
+    void addPictureToDraft(const std::u16string& file, const LinkTarget* link);
+    void goOnWithDraft();
+    [[nodiscard]] Source sourceOf(std::span<const Block> blocks, const Ground& ground) const;
+    template <class Taken>
+    void takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken);
+    Fragment makeFragment(std::span<const Block> blocks, const Ground& ground,
+                          const std::set<std::u16string>& tags);
+    void carryOut();
+
+    WrittenDocument& document_;
+    StoryContent content_;
+    Ground ground_;              ///< behind what was taken
+    std::optional<Draft> draft_; ///< of the table that what waits begins with
+    std::deque<Step> steps_;
+    std::optional<float> tableWidth_; ///< while steps are made
+    bool isSectionDue_ = false;
+    TypedPen pen_;
+    FragmentPen fragmentPen_;
+};
+
+} // namespace compose

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Content.h"
+
+#include "StyleBook.h"
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace compose {
+
+/// What is known of the document that stories are written into; they share it.
+struct WrittenDocument
+{
+    Word::_DocumentPtr document;
+    StyleBook styles;
+    bool readsFragments = false;         ///< They are wanted, and Word has refused none yet.
+    std::optional<bool> keepsLooks = {}; ///< of what it reads (FragmentPen)
+    std::set<std::u16string> tags = {};  ///< They have a place in Word, or may have.
+    int sections = 1;
+    /// Whether a link leads anywhere, or is to be plain text.
+    std::function<bool(const LinkTarget&)> leadsSomewhere = {};
+};
+
+} // namespace compose

@@ -2,9 +2,19 @@
 
 #include "sysSupport/SysDirectory.h"
 
-DocSession::DocSession() : startDirectory(SysDirectory::current()) {}
+#include <algorithm>
+
+DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
+{
+    followSettings();
+}
 
 DocSession::~DocSession() = default;
+
+void DocSession::followSettings()
+{
+    wordCalls.busyTimeout = std::chrono::seconds(std::max(0, settings.integer(SettingName::busyTimeout)));
+}
 
 DocumentWriter& DocSession::currentWriter() const
 {

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "ComPointers.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
 #include "registry/RegisterCache.h"
+#include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
+#include "CallPolicy.h"
 #include "Word.h"
 
 #include <cstdint>
@@ -32,18 +35,27 @@ struct DocSession
 
     bool documentOpen = false;
     bool wordStarted = false;
-    std::int32_t styleChangeCount = 0; ///< `setStyle` calls since the last intermediate save.
+    bool ownsWord = false; ///< The Word that `start` gave is this object's alone ("Word"/"OwnInstance").
+    std::list<Word::_DocumentPtr> ownDocuments; ///< In a Word of one's own: from `create` on, until closed.
+    std::int32_t styleChangeCount = 0;          ///< `setStyle` calls since the last intermediate save.
     bool quietErrors = false; ///< Word errors are traced, never thrown: the object is being destroyed.
     bool saveEmf = false;
     VARIANT_BOOL savedGrammarCheck = VARIANT_FALSE; ///< Word's options as `create` found them.
     VARIANT_BOOL savedSpellingCheck = VARIANT_FALSE;
     std::int32_t tocLevel = 0;
 
-    RegisterCache registry; ///< With the session's overrides.
+    RegisterCache registry;      ///< With the session's overrides.
+    SettingsRecord settings;     ///< In force: as `create` found them last, and before it as the object did.
+    ITypeLibPtr wordTypeLibrary; ///< Held while Word's objects are; null when it is not registered.
     Word::_DocumentPtr document;
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
+
+    Word::CallPolicy wordCalls; ///< As the settings say.
+
+    /// Brings what follows from the settings up to date with them.
+    void followSettings();
 
     /// The writer; raises `_com_error` with E_POINTER when there is none.
     [[nodiscard]] DocumentWriter& currentWriter() const;

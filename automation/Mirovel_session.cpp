@@ -3,8 +3,10 @@
 #include "MirovelCall.h"
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
+#include "WordTypeLibrary.h"
 #include "WriterChoice.h"
 
+#include "BusyWord.h"
 #include "WordConstants.h"
 #include "sysSupport/SysCOMSupport.h"
 #include "sysSupport/SysFile.h"
@@ -16,20 +18,47 @@ constexpr char wordClass[] = "{000209FF-0000-0000-C000-000000000046}";
 /// How long Word may take to let go of the files it had open, in milliseconds.
 constexpr DWORD wordExitTime = 1000;
 
+/// What a document answers that somebody has closed.
+constexpr auto objectDeleted = static_cast<HRESULT>(0x800A16C1);
+
 /// Word is registered nowhere.
 constexpr HRESULT wordNotInstalled = CO_E_CLASSSTRING;
+
+constexpr char wordName[] = "Word.Application";
+
+/// Null when none runs, or none that can be reached.
+IUnknownPtr findRunningWord()
+{
+    IUnknownPtr running;
+    const HRESULT found = Word::callPatiently({wordName, "GetActiveObject"},
+                                              [&] { return SysCOMSupport::findRunning(wordClass, running); });
+    return SUCCEEDED(found) ? running : IUnknownPtr();
+}
+
+Word::_ApplicationPtr applicationOf(IUnknown* running)
+{
+    Word::_ApplicationPtr application;
+    const HRESULT asked = Word::callPatiently({wordName, "QueryInterface"}, [&] {
+        return running->QueryInterface(__uuidof(Word::_Application), reinterpret_cast<void**>(&application));
+    });
+    if (FAILED(asked) && asked != E_NOINTERFACE)
+        _com_issue_error(asked);
+    return application;
+}
 
 Word::_ApplicationPtr startWord()
 {
     Word::_ApplicationPtr application;
-    const HRESULT created = application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+    const HRESULT created = Word::callPatiently({wordName, "CreateInstance"}, [&] {
+        return application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+    });
     if (FAILED(created) && created != E_NOINTERFACE)
         _com_issue_error(created);
     return application;
 }
 
 // Nobody sees the Word that `start` began, so nobody else would end it.
-void quitWord(const Word::_ApplicationPtr& application)
+void quitUnused(const Word::_ApplicationPtr& application)
 try {
     application->Quit();
 } catch (
@@ -48,6 +77,7 @@ try {
     if (session_->wordStarted)
         return S_OK;
     echo("start");
+    const Word::CallScope calls(session_->wordCalls);
     runInFrame([&] { connectToWord(); },
                [&](const _com_error& error) {
                    if (error.Error() == wordNotInstalled)
@@ -62,16 +92,19 @@ try {
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
-    const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass);
-    const Word::_ApplicationPtr application = running ? Word::_ApplicationPtr(running) : startWord();
+    session.wordTypeLibrary = loadWordTypeLibrary();
+    const bool own = session.settings.isOn(SettingName::ownInstance);
+    const IUnknownPtr running = own ? IUnknownPtr() : findRunningWord();
+    const Word::_ApplicationPtr application = running ? applicationOf(running) : startWord();
     try {
         session.documents = application->GetDocuments();
     } catch (const _com_error&) {
         if (!running)
-            quitWord(application);
+            quitUnused(application);
         throw;
     }
     session.application = application;
+    session.ownsWord = own;
     session.wordStarted = true;
 }
 
@@ -80,6 +113,9 @@ try {
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
+    session.settings = SettingsRecord::read(session.registry);
+    session.followSettings();
+    const Word::CallScope calls(session.wordCalls);
     switchProofingOff();
 
     session.fileName = toNarrow(fileName);
@@ -94,10 +130,12 @@ try {
 
     closeRunningCopy();
     addDocument();
-    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.registry, session.trace);
+    if (session.ownsWord)
+        session.ownDocuments.push_back(session.document);
+    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.settings, session.trace);
     framed("Saving document", [&] { saveDocument(*writer); });
-    session.tocLevel = session.registry.read("Word", "TOCLevel", 50);
-    session.saveEmf = session.registry.read("Diagram", "SaveEmf", "");
+    session.tocLevel = session.settings.integer(SettingName::tocLevel);
+    session.saveEmf = session.settings.isOn(SettingName::saveEmf);
     completeDocument();
     writer->begin(session.application, session.document);
     session.writer = std::move(writer);
@@ -151,7 +189,7 @@ void Mirovel::closeRunningCopy()
 void Mirovel::addDocument()
 {
     DocSession& session = *session_;
-    const QdxString templateName = chooseTemplate(session.registry);
+    const QdxString templateName = chooseTemplate(session.settings);
     if (!templateName.isEmpty()) {
         if (SysFile::exists(templateName)) {
             try {
@@ -194,6 +232,9 @@ try {
         restoreProofing();
         saveDocument(writer);
         session.document->Close();
+        session.ownDocuments.remove_if([&](const Word::_DocumentPtr& document) {
+            return document.GetInterfacePtr() == session.document.GetInterfacePtr();
+        });
         session.writer.reset();
         session.documentOpen = false;
     });
@@ -221,12 +262,35 @@ try {
     if (!session_->wordStarted)
         return S_OK;
     echo("stop");
-    framed("Cannot close all Word Documents", [&] { closeAllDocuments(); });
-    session_->application->Quit();
+    const Word::CallScope calls(session_->wordCalls);
+    framed("Cannot close all Word Documents",
+           [&] { session_->ownsWord ? closeOwnDocuments() : closeAllDocuments(); });
+    quitWord();
     session_->wordStarted = false;
     return S_OK;
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
+}
+
+// Who has opened something in it meanwhile, a user or another program, keeps it.
+void Mirovel::quitWord()
+{
+    const DocSession& session = *session_;
+    if (!session.ownsWord || session.documents->GetCount() == 0)
+        session.application->Quit();
+}
+
+void Mirovel::closeOwnDocuments()
+{
+    std::list<Word::_DocumentPtr>& documents = session_->ownDocuments;
+    for (; !documents.empty(); documents.pop_front()) {
+        try {
+            documents.front()->Close(Word::integer(Word::wdSaveChanges));
+        } catch (const _com_error& error) {
+            if (error.Error() != objectDeleted && error.Error() != RPC_E_DISCONNECTED)
+                throw;
+        }
+    }
 }
 
 void Mirovel::closeAllDocuments()
@@ -242,6 +306,7 @@ try {
     if (wordDocument && !session.wordStarted)
         start();
     shellOpen(session.fileName);
+    const Word::CallScope calls(session.wordCalls);
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
     return S_OK;

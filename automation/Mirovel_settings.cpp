@@ -36,6 +36,8 @@ try {
         break;
     }
     session_->registry.override(entry);
+    session_->settings.takeOverrides(session_->registry);
+    session_->followSettings();
     return S_OK;
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
@@ -44,7 +46,8 @@ try {
 STDMETHODIMP Mirovel::trace(short level)
 try {
     Trace& trace = session_->trace;
-    const QdxString logName = session_->registry.read("Log", "LogName", "");
+    const SettingDescription& setting = describe(SettingName::logName);
+    const QdxString logName = session_->registry.read(setting.group, setting.name, defaultEntry(setting));
     Trace::purgeBefore(logName);
     if (level == 0)
         trace.close();

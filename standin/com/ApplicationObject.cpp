@@ -11,11 +11,6 @@ namespace {
 constexpr auto noDocumentOpen = static_cast<model::WordErrorNumber>(4248);
 } // namespace
 
-Word::IDispatchPtr ApplicationObject::getParent()
-{
-    return Word::IDispatchPtr(application().GetInterfacePtr());
-}
-
 Word::DocumentsPtr ApplicationObject::getDocuments()
 {
     return makeObject<DocumentsObject>(sharedServer());

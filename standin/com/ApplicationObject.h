@@ -12,7 +12,6 @@ public:
     }
 
 protected:
-    Word::IDispatchPtr getParent() override;
     std::u16string getName() override { return u"Microsoft Word"; }
     std::u16string getVersion() override { return u"9.0"; }
     Word::DocumentsPtr getDocuments() override;
@@ -21,8 +20,6 @@ protected:
     bool getVisible() override { return visible_; }
     void putVisible(bool visible) override { visible_ = visible; }
     bool getUserControl() override { return visible_; }
-    bool getScreenUpdating() override { return screenUpdating_; }
-    void putScreenUpdating(bool updating) override { screenUpdating_ = updating; }
     long getDisplayAlerts() override { return displayAlerts_; }
     void putDisplayAlerts(long level) override;
     void doQuit(const VARIANT& saveChanges, const VARIANT& originalFormat,
@@ -30,7 +27,6 @@ protected:
 
 private:
     bool visible_;
-    bool screenUpdating_ = true;
     long displayAlerts_ = -1; // wdAlertsAll
 };
 } // namespace standin

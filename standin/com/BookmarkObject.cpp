@@ -19,24 +19,8 @@ Word::RangePtr BookmarkObject::getRange()
     return makeObject<RangeObject>(sharedServer(), bookmark_->range());
 }
 
-bool BookmarkObject::getColumn()
-{
-    bookmark_->range();
-    return false;
-}
-
-long BookmarkObject::getStoryType()
-{
-    return static_cast<long>(bookmark_->range().story().type());
-}
-
 void BookmarkObject::doDelete()
 {
     bookmarks().remove(bookmark_->name());
-}
-
-Word::BookmarkPtr BookmarkObject::doCopy(std::u16string_view name)
-{
-    return makeObject<BookmarkObject>(sharedServer(), bookmarks().add(name, bookmark_->range()));
 }
 } // namespace standin

@@ -18,10 +18,7 @@ protected:
     void putStart(long start) override { bookmark_->setStart(start); }
     long getEnd() override { return bookmark_->range().end(); }
     void putEnd(long end) override { bookmark_->setEnd(end); }
-    bool getColumn() override;
-    long getStoryType() override;
     void doDelete() override;
-    Word::BookmarkPtr doCopy(std::u16string_view name) override;
 
 private:
     model::Bookmarks& bookmarks() const { return bookmark_->range().story().document().bookmarks(); }

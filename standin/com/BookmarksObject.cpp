@@ -5,21 +5,9 @@
 #include "Field.h"
 #include "RangeObject.h"
 
-#include <algorithm>
-
 namespace standin {
-namespace {
-constexpr long sortByName = 0;
-constexpr long sortByLocation = 1;
-} // namespace
-
 BookmarksObject::BookmarksObject(std::shared_ptr<Server> server, model::DocumentPtr document)
     : BookmarksBase(std::move(server)), document_(std::move(document))
-{
-}
-
-BookmarksObject::BookmarksObject(std::shared_ptr<Server> server, const model::LiveRange& scope)
-    : BookmarksBase(std::move(server)), document_(scope.story().document().shared_from_this()), scope_(scope)
 {
 }
 
@@ -32,53 +20,16 @@ model::Bookmarks& BookmarksObject::bookmarks() const
 
 std::vector<model::BookmarkPtr> BookmarksObject::shown() const
 {
-    const model::Bookmarks& all = bookmarks();
-    std::vector<model::BookmarkPtr> found = scope_ ? all.touching(*scope_) : all.all();
-    if (!all.showsHidden)
+    std::vector<model::BookmarkPtr> found = bookmarks().all();
+    if (!bookmarks().showsHidden)
         std::erase_if(found, [](const model::BookmarkPtr& each) { return each->isHidden(); });
-    if (!scope_ && all.sortsByPlace) {
-        std::stable_sort(found.begin(), found.end(),
-                         [](const model::BookmarkPtr& a, const model::BookmarkPtr& b) {
-                             const model::LiveRange& first = a->range();
-                             const model::LiveRange& second = b->range();
-                             return std::pair(first.story().type(), first.start()) <
-                                    std::pair(second.story().type(), second.start());
-                         });
-    }
     return found;
-}
-
-model::BookmarkPtr BookmarksObject::find(std::u16string_view name) const
-{
-    const model::BookmarkPtr bookmark = bookmarks().find(name);
-    if (!bookmark || !scope_)
-        return bookmark;
-    const std::vector<model::BookmarkPtr> mine = bookmarks().touching(*scope_);
-    return std::find(mine.begin(), mine.end(), bookmark) == mine.end() ? nullptr : bookmark;
-}
-
-long BookmarksObject::getDefaultSorting()
-{
-    return bookmarks().sortsByPlace ? sortByLocation : sortByName;
-}
-
-void BookmarksObject::putDefaultSorting(long sorting)
-{
-    if (sorting != sortByName && sorting != sortByLocation)
-        throw model::WordError(model::WordErrorNumber::valueOutOfRange);
-    bookmarks().sortsByPlace = sorting == sortByLocation;
-}
-
-Word::IDispatchPtr BookmarksObject::getParent()
-{
-    bookmarks();
-    return Word::IDispatchPtr(server().document(document_).GetInterfacePtr());
 }
 
 Word::BookmarkPtr BookmarksObject::doItem(const VARIANT& index)
 {
     const model::BookmarkPtr bookmark =
-        isNumber(index) ? memberAt(shown(), toLong(index)) : find(toText(index));
+        isNumber(index) ? memberAt(shown(), toLong(index)) : bookmarks().find(toText(index));
     if (!bookmark)
         throw model::WordError(model::WordErrorNumber::noSuchMember);
     return makeObject<BookmarkObject>(sharedServer(), bookmark);

@@ -44,17 +44,6 @@ model::LiveRange DocumentObject::content() const
     return {story, 0, story->length()};
 }
 
-Word::IDispatchPtr DocumentObject::getParent()
-{
-    return Word::IDispatchPtr(application().GetInterfacePtr());
-}
-
-bool DocumentObject::getReadOnly()
-{
-    open();
-    return false;
-}
-
 Word::RangePtr DocumentObject::getContent()
 {
     return makeObject<RangeObject>(sharedServer(), content());
@@ -74,7 +63,7 @@ Word::StylesPtr DocumentObject::getStyles()
 Word::SectionsPtr DocumentObject::getSections()
 {
     open();
-    return makeObject<SectionsObject>(sharedServer(), document_, sectionsOf(*document_));
+    return makeObject<SectionsObject>(sharedServer(), document_);
 }
 
 Word::BookmarksPtr DocumentObject::getBookmarks()
@@ -125,12 +114,6 @@ void DocumentObject::doSaveAs(const VARIANT& fileName, const VARIANT& fileFormat
     const std::u16string name = isMissing(fileName) ? open().fullName() : toText(fileName);
     open();
     saveDocumentAs(server(), document_, name, optionalLong(fileFormat).value_or(Word::wdFormatDocument));
-}
-
-void DocumentObject::doSave()
-{
-    open();
-    saveDocument(server(), document_);
 }
 
 void DocumentObject::doClose(const VARIANT& saveChanges, const VARIANT&, const VARIANT&)

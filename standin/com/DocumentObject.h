@@ -17,13 +17,10 @@ public:
 protected:
     int giveNumber() override;
 
-    Word::IDispatchPtr getParent() override;
     std::u16string getName() override { return open().name(); }
     std::u16string getPath() override { return open().path(); }
     std::u16string getFullName() override { return open().fullName(); }
     bool getSaved() override { return open().isSaved(); }
-    void putSaved(bool saved) override { open().setSaved(saved); }
-    bool getReadOnly() override;
     Word::RangePtr getContent() override;
     Word::PageSetupPtr getPageSetup() override;
     Word::StylesPtr getStyles() override;
@@ -40,7 +37,6 @@ protected:
                   const VARIANT& readOnlyRecommended, const VARIANT& embedTrueTypeFonts,
                   const VARIANT& saveNativePictureFormat, const VARIANT& saveFormsData,
                   const VARIANT& saveAsAOCELetter) override;
-    void doSave() override;
     void doClose(const VARIANT& saveChanges, const VARIANT& originalFormat,
                  const VARIANT& routeDocument) override;
     void doUndoClear() override;

@@ -12,11 +12,6 @@ void refuse(bool asked, const char* what)
 }
 } // namespace
 
-Word::IDispatchPtr DocumentsObject::getParent()
-{
-    return Word::IDispatchPtr(application().GetInterfacePtr());
-}
-
 long DocumentsObject::getCount()
 {
     return server().model().documentCount();
@@ -28,11 +23,6 @@ Word::_DocumentPtr DocumentsObject::doItem(const VARIANT& index)
     if (isNumber(index))
         return server().document(application.document(toLong(index)));
     return server().document(application.document(toText(index)));
-}
-
-Word::_DocumentPtr DocumentsObject::doAddOld(const VARIANT& templateName, const VARIANT& newTemplate)
-{
-    return doAdd(templateName, newTemplate, Word::missing, Word::missing);
 }
 
 Word::_DocumentPtr DocumentsObject::doAdd(const VARIANT& templateName, const VARIANT& newTemplate,
@@ -56,12 +46,5 @@ Word::_DocumentPtr DocumentsObject::doOpen(const VARIANT& fileName, const VARIAN
 void DocumentsObject::doClose(const VARIANT& saveChanges, const VARIANT&, const VARIANT&)
 {
     closeAllDocuments(server(), optionalLong(saveChanges));
-}
-
-void DocumentsObject::doSave(const VARIANT&, const VARIANT&)
-{
-    for (const model::DocumentPtr& document : server().model().documents())
-        if (!document->isSaved())
-            saveDocument(server(), document);
 }
 } // namespace standin

@@ -9,10 +9,8 @@ public:
     using DocumentsBase::DocumentsBase;
 
 protected:
-    Word::IDispatchPtr getParent() override;
     long getCount() override;
     Word::_DocumentPtr doItem(const VARIANT& index) override;
-    Word::_DocumentPtr doAddOld(const VARIANT& templateName, const VARIANT& newTemplate) override;
     Word::_DocumentPtr doAdd(const VARIANT& templateName, const VARIANT& newTemplate,
                              const VARIANT& documentType, const VARIANT& visible) override;
     Word::_DocumentPtr doOpen(const VARIANT& fileName, const VARIANT& confirmConversions,
@@ -23,6 +21,5 @@ protected:
                               const VARIANT& encoding, const VARIANT& visible) override;
     void doClose(const VARIANT& saveChanges, const VARIANT& originalFormat,
                  const VARIANT& routeDocument) override;
-    void doSave(const VARIANT& noPrompt, const VARIANT& originalFormat) override;
 };
 } // namespace standin

@@ -33,14 +33,6 @@ long FieldsObject::doUpdate()
     return firstError;
 }
 
-void FieldsObject::doUnlink()
-{
-    for (model::Field& field : model::fieldsIn(scope_)) {
-        if (field.exists())
-            field.unlink();
-    }
-}
-
 Word::FieldPtr FieldsObject::doAdd(Word::Range* range, const VARIANT& type, const VARIANT& text,
                                    const VARIANT& preserveFormatting)
 {

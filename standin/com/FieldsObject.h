@@ -15,7 +15,6 @@ protected:
     long getCount() override;
     Word::FieldPtr doItem(long index) override;
     long doUpdate() override;
-    void doUnlink() override;
     Word::FieldPtr doAdd(Word::Range* range, const VARIANT& type, const VARIANT& text,
                          const VARIANT& preserveFormatting) override;
 

@@ -50,14 +50,9 @@ protected:
         put(&model::FontProperties::strikeThrough, toggledFlag(read().strikeThrough, value));
     }
     long getHidden() override { return flagValue(read().hidden); }
-    void putHidden(long value) override
-    {
-        put(&model::FontProperties::hidden, toggledFlag(read().hidden, value));
-    }
     long getUnderline() override { return read().underline.value_or(model::mixedValue); }
     void putUnderline(long value) override { put(&model::FontProperties::underline, std::int32_t{value}); }
     long getColor() override { return read().color.value_or(model::mixedValue); }
-    void putColor(long value) override { put(&model::FontProperties::color, std::int32_t{value}); }
 
 private:
     template <typename Value>

@@ -11,8 +11,6 @@ public:
 
 protected:
     Word::RangePtr getRange() override;
-    long getIndex() override { return static_cast<long>(index_); }
-    bool getIsHeader() override { return part_ == model::Section::Part::header; }
     bool getExists() override;
     bool getLinkToPrevious() override;
     void putLinkToPrevious(bool linked) override;

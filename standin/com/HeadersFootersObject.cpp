@@ -13,15 +13,10 @@ HeadersFootersObject::HeadersFootersObject(std::shared_ptr<Server> server, model
 {
 }
 
-long HeadersFootersObject::getCount()
-{
-    section_->document();
-    return itemCount;
-}
-
 Word::HeaderFooterPtr HeadersFootersObject::doItem(long index)
 {
-    if (index < 1 || index > getCount())
+    section_->document();
+    if (index < 1 || index > itemCount)
         throw model::WordError(model::WordErrorNumber::noSuchMember);
     return makeObject<HeaderFooterObject>(sharedServer(), section_, part_,
                                           static_cast<model::HeaderFooterIndex>(index));

@@ -11,7 +11,6 @@ public:
                          model::Section::Part part);
 
 protected:
-    long getCount() override;
     Word::HeaderFooterPtr doItem(long index) override;
 
 private:

@@ -20,12 +20,6 @@ Word::HyperlinkPtr HyperlinksObject::doItem(const VARIANT& index)
     return makeObject<HyperlinkObject>(sharedServer(), memberAt(model::hyperlinksIn(scope_), toLong(index)));
 }
 
-Word::HyperlinkPtr HyperlinksObject::doHiddenAdd(IDispatch* anchor, const VARIANT& address,
-                                                 const VARIANT& subAddress)
-{
-    return doAdd(anchor, address, subAddress, Word::missing, Word::missing, Word::missing);
-}
-
 Word::HyperlinkPtr HyperlinksObject::doAdd(IDispatch* anchor, const VARIANT& address,
                                            const VARIANT& subAddress, const VARIANT& screenTip,
                                            const VARIANT& textToDisplay, const VARIANT& target)

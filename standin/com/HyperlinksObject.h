@@ -14,8 +14,6 @@ public:
 protected:
     long getCount() override;
     Word::HyperlinkPtr doItem(const VARIANT& index) override;
-    Word::HyperlinkPtr doHiddenAdd(IDispatch* anchor, const VARIANT& address,
-                                   const VARIANT& subAddress) override;
     Word::HyperlinkPtr doAdd(IDispatch* anchor, const VARIANT& address, const VARIANT& subAddress,
                              const VARIANT& screenTip, const VARIANT& textToDisplay,
                              const VARIANT& target) override;

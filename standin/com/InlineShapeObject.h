@@ -17,12 +17,6 @@ protected:
     void putWidth(float points) override { shape_.setWidth(points); }
     float getHeight() override { return shape_.shape().height; }
     void putHeight(float points) override { shape_.setHeight(points); }
-    float getScaleWidth() override;
-    void putScaleWidth(float percent) override;
-    float getScaleHeight() override;
-    void putScaleHeight(float percent) override;
-    void doReset() override;
-    void doDelete() override { shape_.remove(); }
 
 private:
     model::PlacedShape shape_;

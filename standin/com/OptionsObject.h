@@ -9,7 +9,6 @@ public:
     using OptionsBase::OptionsBase;
 
 protected:
-    Word::IDispatchPtr getParent() override { return Word::IDispatchPtr(application().GetInterfacePtr()); }
     bool getCheckSpellingAsYouType() override { return options().checkSpellingAsYouType; }
     void putCheckSpellingAsYouType(bool check) override { options().checkSpellingAsYouType = check; }
     bool getCheckGrammarAsYouType() override { return options().checkGrammarAsYouType; }

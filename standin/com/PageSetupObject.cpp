@@ -39,14 +39,6 @@ float PageSetupObject::points(float model::PageSetup::*member) const
     return common(sections_, member).value_or(static_cast<float>(model::mixedValue));
 }
 
-long PageSetupObject::flag(bool model::PageSetup::*member) const
-{
-    const std::optional<bool> value = common(sections_, member);
-    if (!value)
-        return model::mixedValue;
-    return *value ? -1 : 0;
-}
-
 long PageSetupObject::getOrientation()
 {
     const auto orientation = common(sections_, &model::PageSetup::orientation);
@@ -76,10 +68,5 @@ void PageSetupObject::putOrientation(long value)
         value != static_cast<long>(model::Orientation::landscape))
         throw model::WordError(model::WordErrorNumber::valueOutOfRange);
     change([&](model::PageSetup& setup) { setup.setOrientation(static_cast<model::Orientation>(value)); });
-}
-
-void PageSetupObject::putDifferentFirstPageHeaderFooter(long value)
-{
-    change([&](model::PageSetup& setup) { setup.differentFirstPage = value != 0; });
 }
 } // namespace standin

@@ -55,13 +55,6 @@ void ParagraphFormatObject::putAlignment(long value)
     target_.write(properties);
 }
 
-void ParagraphFormatObject::put(std::optional<float> model::ParagraphProperties::*property, float value)
-{
-    model::ParagraphProperties properties;
-    properties.*property = value;
-    target_.write(properties);
-}
-
 float ParagraphFormatObject::points(const std::optional<float>& value)
 {
     return value.value_or(static_cast<float>(model::mixedValue));

@@ -27,21 +27,11 @@ protected:
     long getAlignment() override;
     void putAlignment(long value) override;
     float getLeftIndent() override { return points(target_.read().leftIndent); }
-    void putLeftIndent(float value) override { put(&model::ParagraphProperties::leftIndent, value); }
-    float getRightIndent() override { return points(target_.read().rightIndent); }
-    void putRightIndent(float value) override { put(&model::ParagraphProperties::rightIndent, value); }
     float getFirstLineIndent() override { return points(target_.read().firstLineIndent); }
-    void putFirstLineIndent(float value) override
-    {
-        put(&model::ParagraphProperties::firstLineIndent, value);
-    }
     float getSpaceBefore() override { return points(target_.read().spaceBefore); }
-    void putSpaceBefore(float value) override { put(&model::ParagraphProperties::spaceBefore, value); }
     float getSpaceAfter() override { return points(target_.read().spaceAfter); }
-    void putSpaceAfter(float value) override { put(&model::ParagraphProperties::spaceAfter, value); }
 
 private:
-    void put(std::optional<float> model::ParagraphProperties::*property, float value);
     static float points(const std::optional<float>& value);
 
     ParagraphTarget target_;

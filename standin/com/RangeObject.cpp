@@ -1,55 +1,25 @@
 #include "RangeObject.h"
 
 #include "Arguments.h"
-#include "BookmarksObject.h"
-#include "CellsObject.h"
 #include "FieldsObject.h"
 #include "FileContent.h"
 #include "FileNames.h"
 #include "FontObject.h"
 #include "HyperlinksObject.h"
 #include "InlineShapesObject.h"
-#include "PageSetupObject.h"
 #include "ParagraphFormatObject.h"
-#include "SectionsObject.h"
 #include "StyleObject.h"
 #include "TableArguments.h"
 #include "TableObject.h"
 #include "TablesObject.h"
 #include "TextToTable.h"
 
+#include <WordConstants.h>
+
 namespace standin {
 namespace {
 using model::WordError;
 using model::WordErrorNumber;
-
-std::optional<model::Unit> optionalUnit(const VARIANT& argument)
-{
-    const std::optional<long> number = optionalLong(argument);
-    if (!number)
-        return std::nullopt;
-    switch (static_cast<model::Unit>(*number)) {
-    case model::Unit::character:
-    case model::Unit::word:
-    case model::Unit::paragraph:
-    case model::Unit::story:
-        return static_cast<model::Unit>(*number);
-    }
-    throw model::NotSupported("this unit is not part of the stand-in");
-}
-
-std::vector<model::SectionPtr> sectionsTouched(const model::LiveRange& range)
-{
-    const model::Story& story = range.story();
-    model::Document& document = story.document();
-    if (story.type() != model::StoryType::mainText)
-        throw model::NotSupported("sections of a header or footer are not part of the stand-in");
-    const model::Position last = range.isCollapsed() ? range.end() : range.end() - 1;
-    std::vector<model::SectionPtr> sections;
-    for (auto index = document.sectionIndexAt(range.start()); index <= document.sectionIndexAt(last); ++index)
-        sections.push_back(document.section(index));
-    return sections;
-}
 
 /// What ends a cell: a WdTableFieldSeparator or a character; none where paragraphs do. Word's usual one is
 /// the hyphen.
@@ -88,11 +58,6 @@ bool formatHasBorders(const VARIANT& format, const VARIANT& applyBorders)
     return hasLines && optionalBool(applyBorders).value_or(number.has_value());
 }
 
-bool contains(const model::LiveRange& outer, const model::LiveRange& inner)
-{
-    return outer.storyPtr() == inner.storyPtr() && outer.start() <= inner.start() &&
-           inner.end() <= outer.end();
-}
 } // namespace
 
 RangeObject::RangeObject(std::shared_ptr<Server> server, const model::LiveRange& range)
@@ -113,11 +78,6 @@ model::DocumentPtr RangeObject::documentModel() const
     return range_.story().document().shared_from_this();
 }
 
-Word::IDispatchPtr RangeObject::getParent()
-{
-    return Word::IDispatchPtr(server().document(documentModel()).GetInterfacePtr());
-}
-
 Word::RangePtr RangeObject::getDuplicate()
 {
     return makeObject<RangeObject>(sharedServer(), range_);
@@ -131,21 +91,6 @@ Word::_FontPtr RangeObject::getFont()
 Word::_ParagraphFormatPtr RangeObject::getParagraphFormat()
 {
     return makeObject<ParagraphFormatObject>(sharedServer(), ParagraphFormatObject::targetOf(range_));
-}
-
-Word::PageSetupPtr RangeObject::getPageSetup()
-{
-    return makeObject<PageSetupObject>(sharedServer(), sectionsTouched(range_));
-}
-
-Word::SectionsPtr RangeObject::getSections()
-{
-    return makeObject<SectionsObject>(sharedServer(), documentModel(), sectionsTouched(range_));
-}
-
-Word::BookmarksPtr RangeObject::getBookmarks()
-{
-    return makeObject<BookmarksObject>(sharedServer(), range_);
 }
 
 Word::FieldsPtr RangeObject::getFields()
@@ -170,12 +115,6 @@ Word::InlineShapesPtr RangeObject::getInlineShapes()
 {
     range_.story();
     return makeObject<InlineShapesObject>(sharedServer(), range_);
-}
-
-Word::CellsPtr RangeObject::getCells()
-{
-    range_.story();
-    return makeObject<CellsObject>(sharedServer(), CellsObject::sourceOf(range_));
 }
 
 long RangeObject::getBold()
@@ -235,23 +174,6 @@ void RangeObject::doCollapse(const VARIANT& direction)
     range_.collapse(number == 0 ? model::CollapseDirection::end : model::CollapseDirection::start);
 }
 
-long RangeObject::doMove(const VARIANT& unit, const VARIANT& count)
-{
-    return range_.move(optionalUnit(unit).value_or(model::Unit::character), optionalLong(count).value_or(1));
-}
-
-long RangeObject::doMoveStart(const VARIANT& unit, const VARIANT& count)
-{
-    return range_.moveStart(optionalUnit(unit).value_or(model::Unit::character),
-                            optionalLong(count).value_or(1));
-}
-
-long RangeObject::doMoveEnd(const VARIANT& unit, const VARIANT& count)
-{
-    return range_.moveEnd(optionalUnit(unit).value_or(model::Unit::character),
-                          optionalLong(count).value_or(1));
-}
-
 void RangeObject::doInsertBreak(const VARIANT& type)
 {
     const long number = optionalLong(type).value_or(static_cast<long>(model::BreakType::page));
@@ -268,27 +190,18 @@ void RangeObject::doInsertFile(std::u16string_view fileName, const VARIANT& rang
         throw model::NotSupported("inserting a part of a file is not part of the stand-in");
     if (optionalBool(link).value_or(false))
         throw model::NotSupported("linked text is not part of the stand-in");
-    rtf::insertFileContent(range_, readFile(resolveFileName(fileName, u"").full()));
-}
-
-bool RangeObject::doInStory(Word::Range* range)
-{
-    return of(range).storyPtr() == range_.storyPtr();
-}
-
-bool RangeObject::doInRange(Word::Range* range)
-{
-    return contains(of(range), range_);
-}
-
-bool RangeObject::doIsEqual(Word::Range* range)
-{
-    return contains(of(range), range_) && contains(range_, of(range));
+    const std::wstring file = resolveFileName(fileName, u"").full();
+    const std::string bytes = readFile(file);
+    if (server().insertedFiles)
+        server().insertedFiles(file, bytes);
+    rtf::insertFileContent(range_, bytes);
 }
 
 long RangeObject::doDelete(const VARIANT& unit, const VARIANT& count)
 {
-    return range_.remove(optionalUnit(unit), optionalLong(count));
+    if (optionalLong(unit).value_or(Word::wdCharacter) != Word::wdCharacter)
+        throw model::NotSupported("this unit is not part of the stand-in");
+    return range_.remove(optionalLong(count).value_or(1));
 }
 
 Word::TablePtr RangeObject::doConvertToTable(const VARIANT& separator, const VARIANT& rows,
@@ -311,19 +224,6 @@ Word::TablePtr RangeObject::doConvertToTable(const VARIANT& separator, const VAR
     if (formatHasBorders(format, applyBorders))
         options.borders = model::Table::Borders::single;
     return makeObject<TableObject>(sharedServer(), model::convertToTable(range_, options));
-}
-
-Word::TablePtr RangeObject::doConvertToTableOld(const VARIANT& separator, const VARIANT& rows,
-                                                const VARIANT& columns, const VARIANT& columnWidth,
-                                                const VARIANT& format, const VARIANT& applyBorders,
-                                                const VARIANT& applyShading, const VARIANT& applyFont,
-                                                const VARIANT& applyColor, const VARIANT& applyHeadingRows,
-                                                const VARIANT& applyLastRow, const VARIANT& applyFirstColumn,
-                                                const VARIANT& applyLastColumn, const VARIANT& autoFit)
-{
-    return doConvertToTable(separator, rows, columns, columnWidth, format, applyBorders, applyShading,
-                            applyFont, applyColor, applyHeadingRows, applyLastRow, applyFirstColumn,
-                            applyLastColumn, autoFit, Word::missing, Word::missing);
 }
 
 void RangeObject::doWholeStory()

@@ -16,7 +16,6 @@ public:
     model::DocumentPtr documentModel() const override;
 
 protected:
-    Word::IDispatchPtr getParent() override;
     std::u16string getText() override { return range_.text(); }
     void putText(std::u16string_view text) override { range_.setText(text); }
     long getStart() override { return range_.start(); }
@@ -28,14 +27,10 @@ protected:
     Word::RangePtr getDuplicate() override;
     Word::_FontPtr getFont() override;
     Word::_ParagraphFormatPtr getParagraphFormat() override;
-    Word::PageSetupPtr getPageSetup() override;
-    Word::SectionsPtr getSections() override;
     Word::TablesPtr getTables() override;
     Word::InlineShapesPtr getInlineShapes() override;
-    Word::BookmarksPtr getBookmarks() override;
     Word::FieldsPtr getFields() override;
     Word::HyperlinksPtr getHyperlinks() override;
-    Word::CellsPtr getCells() override;
     long getBold() override;
     void putBold(long value) override;
     long getItalic() override;
@@ -49,15 +44,9 @@ protected:
     void doCollapse(const VARIANT& direction) override;
     void doInsertBefore(std::u16string_view text) override { range_.insertBefore(text); }
     void doInsertAfter(std::u16string_view text) override { range_.insertAfter(text); }
-    long doMove(const VARIANT& unit, const VARIANT& count) override;
-    long doMoveStart(const VARIANT& unit, const VARIANT& count) override;
-    long doMoveEnd(const VARIANT& unit, const VARIANT& count) override;
     void doInsertBreak(const VARIANT& type) override;
     void doInsertFile(std::u16string_view fileName, const VARIANT& range, const VARIANT& confirmConversions,
                       const VARIANT& link, const VARIANT& attachment) override;
-    bool doInStory(Word::Range* range) override;
-    bool doInRange(Word::Range* range) override;
-    bool doIsEqual(Word::Range* range) override;
     long doDelete(const VARIANT& unit, const VARIANT& count) override;
     void doWholeStory() override;
     Word::TablePtr doConvertToTable(const VARIANT& separator, const VARIANT& rows, const VARIANT& columns,
@@ -68,16 +57,8 @@ protected:
                                     const VARIANT& applyFirstColumn, const VARIANT& applyLastColumn,
                                     const VARIANT& autoFit, const VARIANT& autoFitBehavior,
                                     const VARIANT& defaultTableBehavior) override;
-    Word::TablePtr doConvertToTableOld(const VARIANT& separator, const VARIANT& rows, const VARIANT& columns,
-                                       const VARIANT& columnWidth, const VARIANT& format,
-                                       const VARIANT& applyBorders, const VARIANT& applyShading,
-                                       const VARIANT& applyFont, const VARIANT& applyColor,
-                                       const VARIANT& applyHeadingRows, const VARIANT& applyLastRow,
-                                       const VARIANT& applyFirstColumn, const VARIANT& applyLastColumn,
-                                       const VARIANT& autoFit) override;
     void doInsertParagraph() override { range_.insertParagraph(); }
     void doInsertParagraphAfter() override { range_.insertParagraphAfter(); }
-    void doInsertParagraphBefore() override { range_.insertParagraphBefore(); }
 
 private:
     template <typename Value>

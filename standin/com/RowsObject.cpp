@@ -1,6 +1,5 @@
 #include "RowsObject.h"
 
-#include "Arguments.h"
 #include "RowObject.h"
 #include "TableArguments.h"
 
@@ -17,30 +16,8 @@ Word::RowPtr RowsObject::doItem(long index)
 
 Word::RowPtr RowsObject::doAdd(const VARIANT& beforeRow)
 {
-    const model::TableRow* before = isMissing(beforeRow) ? nullptr : &RowObject::of(toObject(beforeRow));
-    return makeObject<RowObject>(sharedServer(), table_.addRow(before));
-}
-
-float RowsObject::getHeight()
-{
-    return commonValue(table_.rows(), heightOf);
-}
-
-void RowsObject::putHeight(float points)
-{
-    for (model::TableRow& row : table_.rows())
-        putHeightOf(row, points);
-}
-
-long RowsObject::getHeightRule()
-{
-    return commonValue(table_.rows(), heightRuleOf);
-}
-
-void RowsObject::putHeightRule(long rule)
-{
-    for (model::TableRow& row : table_.rows())
-        putHeightRuleOf(row, rule);
+    refusePlace(beforeRow);
+    return makeObject<RowObject>(sharedServer(), table_.addRow());
 }
 
 void RowsObject::doSetHeight(float points, long rule)

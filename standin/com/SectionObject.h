@@ -9,11 +9,9 @@ public:
     SectionObject(std::shared_ptr<Server> server, model::SectionPtr section);
 
 protected:
-    Word::RangePtr getRange() override;
     Word::PageSetupPtr getPageSetup() override;
     Word::HeadersFootersPtr getHeaders() override;
     Word::HeadersFootersPtr getFooters() override;
-    long getIndex() override { return section_->document().indexOf(*section_); }
 
 private:
     model::SectionPtr section_;

@@ -3,9 +3,8 @@
 #include "SectionObject.h"
 
 namespace standin {
-SectionsObject::SectionsObject(std::shared_ptr<Server> server, model::DocumentPtr document,
-                               std::vector<model::SectionPtr> sections)
-    : SectionsBase(std::move(server)), document_(std::move(document)), sections_(std::move(sections))
+SectionsObject::SectionsObject(std::shared_ptr<Server> server, model::DocumentPtr document)
+    : SectionsBase(std::move(server)), document_(std::move(document))
 {
 }
 
@@ -13,13 +12,12 @@ long SectionsObject::getCount()
 {
     if (document_->isClosed())
         throw model::WordError(model::WordErrorNumber::objectDeleted);
-    return static_cast<long>(sections_.size());
+    return document_->sectionCount();
 }
 
-Word::SectionPtr SectionsObject::at(long index)
+Word::SectionPtr SectionsObject::doItem(long index)
 {
-    if (index < 1 || index > getCount())
-        throw model::WordError(model::WordErrorNumber::noSuchMember);
-    return makeObject<SectionObject>(sharedServer(), sections_[static_cast<std::size_t>(index) - 1]);
+    getCount();
+    return makeObject<SectionObject>(sharedServer(), document_->section(index));
 }
 } // namespace standin

@@ -26,6 +26,7 @@ class Server final : public std::enable_shared_from_this<Server>, private Object
 {
 public:
     using TranscriptSink = std::function<void(const std::string& line)>;
+    using InsertedFileSink = std::function<void(const std::wstring& file, const std::string& bytes)>;
 
     static std::shared_ptr<Server> make(const model::Switches& switches);
     ~Server();
@@ -58,7 +59,8 @@ public:
     void enterDocument(const model::DocumentPtr& document);
     void closeDocument(model::Document& document);
     bool documentsInRunningObjectTable = false;
-    bool writesFiles = true; ///< when a document is saved
+    bool writesFiles = true;        ///< when a document is saved
+    InsertedFileSink insertedFiles; ///< is shown each file that is read in
     ITypeInfoPtr typeInfo(const IID& interfaceId);
 
     void objectBorn() { ++liveObjects_; }
@@ -73,7 +75,8 @@ public:
     TranscriptSink transcript;
     Faults faults;
     long callCount() const { return callCount_; }
-    /// A call came in: counts it, and answers with which HRESULT it is to fail, or S_OK.
+    /// A call came in: counts it unless it is rejected, and answers with which HRESULT it is to fail, or
+    /// S_OK.
     HRESULT countCall();
     void note(const std::string& line);
     ObjectNames& names() { return *this; }

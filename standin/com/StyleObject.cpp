@@ -28,43 +28,10 @@ model::Style& StyleObject::style() const
     return *style_;
 }
 
-Word::IDispatchPtr StyleObject::getParent()
-{
-    style();
-    return Word::IDispatchPtr(server().document(document_).GetInterfacePtr());
-}
-
 long StyleObject::getType()
 {
     return style().type() == model::StyleType::character ? Word::wdStyleTypeCharacter
                                                          : Word::wdStyleTypeParagraph;
-}
-
-bool StyleObject::getInUse()
-{
-    style();
-    return true;
-}
-
-_variant_t StyleObject::getBaseStyle()
-{
-    const model::Style* base = style().base();
-    const std::u16string name = base ? base->name() : std::u16string();
-    _variant_t answer;
-    answer.vt = VT_BSTR;
-    deliver(&answer.bstrVal, name);
-    return answer;
-}
-
-void StyleObject::putBaseStyle(const VARIANT& base)
-{
-    if (isNumber(base))
-        style().setBase(document_->styles().byNumber(toLong(base)).get());
-    else if (IUnknown* object = toObject(base))
-        style().setBase(&of(object));
-    else
-        style().setBase(document_->styles().byName(toText(base)).get());
-    document_->touched();
 }
 
 Word::_FontPtr StyleObject::getFont()

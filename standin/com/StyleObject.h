@@ -14,13 +14,9 @@ public:
     model::DocumentPtr documentModel() const override { return document_; }
 
 protected:
-    Word::IDispatchPtr getParent() override;
     std::u16string getNameLocal() override { return style().name(); }
     long getType() override;
     bool getBuiltIn() override { return style().isBuiltin(); }
-    bool getInUse() override;
-    _variant_t getBaseStyle() override;
-    void putBaseStyle(const VARIANT& base) override;
     Word::_FontPtr getFont() override;
     Word::_ParagraphFormatPtr getParagraphFormat() override;
 

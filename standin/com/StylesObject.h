@@ -11,10 +11,8 @@ public:
     model::DocumentPtr documentModel() const override { return document_; }
 
 protected:
-    Word::IDispatchPtr getParent() override;
     long getCount() override { return styles().count(); }
     Word::StylePtr doItem(const VARIANT& index) override;
-    Word::StylePtr doAdd(std::u16string_view name, const VARIANT& type) override;
 
 private:
     model::Styles& styles() const;

@@ -2,13 +2,8 @@
 
 #include "Arguments.h"
 
-#include <algorithm>
-
 namespace standin {
 namespace {
-/// What a row gets that is to have a height by rule, and has none yet.
-constexpr float usualHeight = 12;
-
 // WdDefaultTableBehavior and WdAutoFitBehavior.
 constexpr long word8Behavior = 0; ///< without borders
 constexpr long word9Behavior = 1; ///< with borders, the columns fitted to their text
@@ -32,7 +27,11 @@ model::RowHeightRule heightRule(long number)
 
 model::RulerStyle rulerStyle(long number)
 {
-    return static_cast<model::RulerStyle>(within(number, static_cast<long>(model::RulerStyle::sameWidth)));
+    const auto style =
+        static_cast<model::RulerStyle>(within(number, static_cast<long>(model::RulerStyle::sameWidth)));
+    if (style != model::RulerStyle::none && style != model::RulerStyle::sameWidth)
+        throw model::NotSupported("this ruler style is not part of the stand-in");
+    return style;
 }
 
 model::Table::Borders bordersOf(const VARIANT& behavior)
@@ -56,6 +55,12 @@ void refuseFitting(const VARIANT& autoFitBehavior)
         throw model::NotSupported("fitting columns to their text needs a layout, which the stand-in has not");
 }
 
+void refusePlace(const VARIANT& before)
+{
+    if (!isOmitted(before))
+        throw model::NotSupported("adding in front of another is not part of the stand-in");
+}
+
 float heightOf(const model::TableRow& row)
 {
     const model::RowFormat& format = row.format();
@@ -68,16 +73,4 @@ long heightRuleOf(const model::TableRow& row)
     return static_cast<long>(row.format().heightRule);
 }
 
-void putHeightOf(model::TableRow& row, float points)
-{
-    const model::RowHeightRule present = row.format().heightRule;
-    row.setHeight(points, std::max(present, model::RowHeightRule::atLeast));
-}
-
-void putHeightRuleOf(model::TableRow& row, long rule)
-{
-    const model::RowFormat& format = row.format();
-    const bool hasHeight = format.heightRule != model::RowHeightRule::automatic;
-    row.setHeight(hasHeight ? format.height : usualHeight, heightRule(rule));
-}
 } // namespace standin

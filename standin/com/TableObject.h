@@ -16,8 +16,6 @@ protected:
     Word::ColumnsPtr getColumns() override;
     Word::CellPtr doCell(long row, long column) override;
     bool getUniform() override { return table_.isUniform(); }
-    long getNestingLevel() override { return 1; }
-    void doDelete() override { table_.remove(); }
 
 private:
     model::Table table_;

@@ -23,11 +23,4 @@ void TableOfContentsObject::putTabLeader(long leader)
         throw WordError(WordErrorNumber::valueOutOfRange);
     table_.setTabLeader(static_cast<model::TabStop::Leader>(leader));
 }
-
-void TableOfContentsObject::putLevel(std::int32_t Options::*level, long value)
-{
-    if (value < 1 || value > 9)
-        throw WordError(WordErrorNumber::valueOutOfRange);
-    put(level, static_cast<std::int32_t>(value));
-}
 } // namespace standin

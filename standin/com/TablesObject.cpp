@@ -31,9 +31,4 @@ Word::TablePtr TablesObject::doAdd(Word::Range* range, long rows, long columns, 
     return makeObject<TableObject>(sharedServer(),
                                    model::Table::add(RangeObject::of(range), rows, columns, borders));
 }
-
-Word::TablePtr TablesObject::doAddOld(Word::Range* range, long rows, long columns)
-{
-    return doAdd(range, rows, columns, Word::missing, Word::missing);
-}
 } // namespace standin

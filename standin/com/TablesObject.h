@@ -16,8 +16,6 @@ protected:
     Word::TablePtr doItem(long index) override;
     Word::TablePtr doAdd(Word::Range* range, long rows, long columns, const VARIANT& behavior,
                          const VARIANT& autoFit) override;
-    Word::TablePtr doAddOld(Word::Range* range, long rows, long columns) override;
-    long getNestingLevel() override { return 1; }
 
 private:
     model::LiveRange scope_;

@@ -35,16 +35,6 @@ Word::TableOfContentsPtr TablesOfContentsObject::doItem(long index)
                                              memberAt(model::tablesOfContentsIn(scope_), index));
 }
 
-Word::TableOfContentsPtr TablesOfContentsObject::doAddOld(
-    Word::Range* range, const VARIANT& useHeadingStyles, const VARIANT& upperHeadingLevel,
-    const VARIANT& lowerHeadingLevel, const VARIANT& useFields, const VARIANT& tableId,
-    const VARIANT& rightAlignPageNumbers, const VARIANT& includePageNumbers, const VARIANT& addedStyles)
-{
-    const _variant_t no = false;
-    return doAdd(range, useHeadingStyles, upperHeadingLevel, lowerHeadingLevel, useFields, tableId,
-                 rightAlignPageNumbers, includePageNumbers, addedStyles, no, no);
-}
-
 Word::TableOfContentsPtr TablesOfContentsObject::doAdd(
     Word::Range* range, const VARIANT& useHeadingStyles, const VARIANT& upperHeadingLevel,
     const VARIANT& lowerHeadingLevel, const VARIANT& useFields, const VARIANT& tableId,

@@ -14,11 +14,6 @@ public:
 protected:
     long getCount() override;
     Word::TableOfContentsPtr doItem(long index) override;
-    Word::TableOfContentsPtr doAddOld(Word::Range* range, const VARIANT& useHeadingStyles,
-                                      const VARIANT& upperHeadingLevel, const VARIANT& lowerHeadingLevel,
-                                      const VARIANT& useFields, const VARIANT& tableId,
-                                      const VARIANT& rightAlignPageNumbers, const VARIANT& includePageNumbers,
-                                      const VARIANT& addedStyles) override;
     Word::TableOfContentsPtr doAdd(Word::Range* range, const VARIANT& useHeadingStyles,
                                    const VARIANT& upperHeadingLevel, const VARIANT& lowerHeadingLevel,
                                    const VARIANT& useFields, const VARIANT& tableId,

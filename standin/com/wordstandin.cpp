@@ -1,4 +1,6 @@
 #include "ApplicationFactory.h"
+#include "HeldInterfaces.h"
+#include "InsertedFiles.h"
 #include "Registration.h"
 #include "Server.h"
 #include "SwitchNames.h"
@@ -51,6 +53,7 @@ void readEnvironment(Server& server)
     if (const std::string ordinal = environmentText(L"WORDSTANDIN_EXIT"); !ordinal.empty())
         server.faults.exitAtCall(std::stol(ordinal));
     server.transcript = transcriptFileFromEnvironment();
+    server.insertedFiles = insertedFilesFromEnvironment();
 }
 
 model::Switches switchesFromEnvironment()
@@ -127,6 +130,7 @@ void serve(bool asRunningWord)
 {
     const ComApartment apartment;
     const ITypeLibPtr library = registeredTypeLibrary();
+    const HeldInterfaces held;
     const auto server = Server::make(switchesFromEnvironment());
     readEnvironment(*server);
     server->documentsInRunningObjectTable = true;

@@ -42,8 +42,7 @@ using BookmarkPtr = std::shared_ptr<Bookmark>;
 class Bookmarks
 {
 public:
-    bool showsHidden = false;  ///< whether clients see hidden ones when they list bookmarks
-    bool sortsByPlace = false; ///< whether clients see them in the order of their places, not of their names
+    bool showsHidden = false; ///< whether clients see hidden ones when they list bookmarks
 
     /// At most 40 letters, digits and underscores, the first one no digit.
     static bool isName(std::u16string_view name);

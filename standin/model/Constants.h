@@ -39,14 +39,6 @@ enum class BreakType : std::int32_t
     column = 8
 };
 
-enum class Unit : std::int32_t
-{
-    character = 1,
-    word = 2,
-    paragraph = 4,
-    story = 6
-};
-
 enum class CollapseDirection : std::int32_t
 {
     end = 0,

@@ -88,12 +88,6 @@ FieldCode Field::parsedCode() const
     return FieldCode(visibleText(*story_, at.codeStart(), at.codeEnd()));
 }
 
-void Field::setCode(std::u16string_view code)
-{
-    const FieldPlace at = place();
-    replace(*story_, at.codeStart(), at.codeEnd(), normalizeText(code));
-}
-
 void Field::setResult(std::u16string_view text)
 {
     place();
@@ -113,12 +107,6 @@ bool Field::update()
         }
     }
     return !result().text().starts_with(u"Error!");
-}
-
-void Field::remove()
-{
-    const FieldPlace at = place();
-    story_->erase(at.begin, at.past());
 }
 
 void Field::unlink()

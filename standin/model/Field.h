@@ -31,13 +31,11 @@ public:
     FieldCode parsedCode() const;
     std::int32_t type() const { return parsedCode().type(); }
 
-    void setCode(std::u16string_view code);
     void setResult(std::u16string_view text);
     /// Computes the result anew; a field whose result does not depend on anything stays as it is. Raises
     /// NotSupported for a kind of field that the stand-in cannot compute. False when the result says that
     /// something is wrong.
     bool update();
-    void remove();
     void unlink(); ///< leaves the result as text
 
 private:

@@ -54,24 +54,10 @@ HyperlinkTarget Hyperlink::target() const
     return {code.argument(0), value(u'l'), value(u'o'), value(u't')};
 }
 
-void Hyperlink::setTarget(const HyperlinkTarget& target)
-{
-    field_.setCode(codeOf(target, field_.code().story().document()));
-}
-
 std::u16string Hyperlink::textToDisplay() const
 {
     const FieldPlace at = field_.place();
     return visibleText(*field_.storyPtr(), at.resultStart(), at.end);
-}
-
-void Hyperlink::setTextToDisplay(std::u16string_view text)
-{
-    if (text.empty()) {
-        throw WordError(WordErrorNumber::commandFailed, "A hyperlink needs a text.");
-    }
-    field_.setResult(text);
-    styleAsHyperlink(field_);
 }
 
 void Hyperlink::remove()

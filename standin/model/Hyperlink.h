@@ -31,11 +31,7 @@ public:
     LiveRange range() const { return field_.range(); } ///< with the field characters
 
     HyperlinkTarget target() const;
-    /// Raises 4198 when both address and sub-address are empty.
-    void setTarget(const HyperlinkTarget& target);
     std::u16string textToDisplay() const;
-    /// Raises 4198 for an empty text.
-    void setTextToDisplay(std::u16string_view text);
     void remove(); ///< leaves the text, without the look of a link
 
 private:

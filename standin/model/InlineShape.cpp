@@ -72,11 +72,6 @@ void PlacedShape::setHeight(float points)
     anchor_.story().document().touched();
 }
 
-void PlacedShape::remove()
-{
-    range().remove();
-}
-
 InlineShape& PlacedShape::change() const
 {
     const Story& story = anchor_.story();

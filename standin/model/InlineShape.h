@@ -48,7 +48,6 @@ public:
     /// Raises 4608 for a length that no shape has.
     void setWidth(float points);
     void setHeight(float points);
-    void remove();
 
 private:
     InlineShape& change() const;

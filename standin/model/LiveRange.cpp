@@ -35,86 +35,6 @@ std::pair<std::size_t, std::size_t> paragraphsTouched(const Story& story, Positi
     return {first, last + 1};
 }
 
-bool isWordCharacter(char16_t c)
-{
-    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_' ||
-           c >= 0xC0;
-}
-
-Position nextWord(const Story& story, Position at)
-{
-    const Position last = story.length() - 1;
-    const bool letters = isWordCharacter(story.at(at));
-    ++at;
-    while (letters && at < last && isWordCharacter(story.at(at))) {
-        ++at;
-    }
-    while (at < last && story.at(at) == u' ') {
-        ++at;
-    }
-    return at;
-}
-
-Position previousWord(const Story& story, Position at)
-{
-    while (at > 1 && story.at(at - 1) == u' ') {
-        --at;
-    }
-    --at;
-    if (isWordCharacter(story.at(at))) {
-        while (at > 0 && isWordCharacter(story.at(at - 1))) {
-            --at;
-        }
-    }
-    return at;
-}
-
-Position nextUnit(const Story& story, Position at, Unit unit)
-{
-    switch (unit) {
-    case Unit::character:
-        return at + 1;
-    case Unit::word:
-        return nextWord(story, at);
-    case Unit::paragraph:
-        return story.paragraphAt(at).end;
-    case Unit::story:
-        return story.length();
-    }
-    throw NotSupported("moving by this unit");
-}
-
-Position previousUnit(const Story& story, Position at, Unit unit)
-{
-    switch (unit) {
-    case Unit::character:
-        return at - 1;
-    case Unit::word:
-        return previousWord(story, at);
-    case Unit::paragraph:
-        return story.paragraphAt(at - 1).start;
-    case Unit::story:
-        return 0;
-    }
-    throw NotSupported("moving by this unit");
-}
-
-/// The place reached from `from` without going behind `limit`; `moved` counts the units, also one that
-/// `limit` cut short.
-Position walk(const Story& story, Position from, Unit unit, std::int32_t count, Position limit,
-              std::int32_t& moved)
-{
-    moved = 0;
-    Position at = from;
-    for (; moved < count && at < limit; ++moved) {
-        at = std::min(nextUnit(story, at, unit), limit);
-    }
-    for (; moved > count && at > 0; --moved) {
-        at = previousUnit(story, at, unit);
-    }
-    return at;
-}
-
 } // namespace
 
 LiveRange::LiveRange(std::shared_ptr<Story> story, Position start, Position end) : story_(std::move(story))
@@ -188,32 +108,6 @@ void LiveRange::collapse(CollapseDirection direction)
     place(at, at);
 }
 
-std::int32_t LiveRange::move(Unit unit, std::int32_t count)
-{
-    std::int32_t moved = 0;
-    const Position last = story().length() - 1;
-    const Position from = std::min(count < 0 ? start() : end(), last);
-    const Position at = walk(story(), from, unit, count, last, moved);
-    place(at, at);
-    return moved;
-}
-
-std::int32_t LiveRange::moveStart(Unit unit, std::int32_t count)
-{
-    std::int32_t moved = 0;
-    const Position at = walk(story(), start(), unit, count, story().length() - 1, moved);
-    place(at, std::max(at, end()));
-    return moved;
-}
-
-std::int32_t LiveRange::moveEnd(Unit unit, std::int32_t count)
-{
-    std::int32_t moved = 0;
-    const Position at = walk(story(), end(), unit, count, story().length(), moved);
-    place(std::min(start(), at), at);
-    return moved;
-}
-
 std::u16string LiveRange::text() const
 {
     std::u16string text = visibleText(story(), start(), end());
@@ -259,12 +153,6 @@ void LiveRange::insertParagraphAfter()
     insertAfter({&text, 1});
 }
 
-void LiveRange::insertParagraphBefore()
-{
-    const char16_t text = mark::paragraph;
-    insertBefore({&text, 1});
-}
-
 void LiveRange::insertBreak(BreakType type)
 {
     switch (type) {
@@ -293,10 +181,10 @@ void LiveRange::insertBreak(BreakType type)
     throw WordError(WordErrorNumber::valueOutOfRange);
 }
 
-std::int32_t LiveRange::remove(std::optional<Unit> unit, std::optional<std::int32_t> count)
+std::int32_t LiveRange::remove(std::int32_t count)
 {
     if (isCollapsed()) {
-        return removeUnits(unit.value_or(Unit::character), count.value_or(1));
+        return removeCharacters(count);
     }
     const Position removed = removeContent();
     return story().document().switches().deleteAnswersOne ? 1 : removed;
@@ -451,14 +339,14 @@ Position LiveRange::removeContent()
     return erased.count;
 }
 
-std::int32_t LiveRange::removeUnits(Unit unit, std::int32_t count)
+std::int32_t LiveRange::removeCharacters(std::int32_t count)
 {
     Story& owner = story();
-    std::int32_t moved = 0;
-    const Position last = owner.length() - 1;
-    const Position from = std::min(start(), last);
-    const Position to = walk(owner, from, unit, count, last, moved);
-    return eraseContent(owner, std::min(from, to), std::max(from, to)).count > 0 ? std::abs(moved) : 0;
+    const std::int64_t last = owner.length() - 1;
+    const auto from = static_cast<Position>(std::min<std::int64_t>(start(), last));
+    const auto to = static_cast<Position>(std::clamp(std::int64_t{from} + count, std::int64_t{0}, last));
+    const Erased erased = eraseContent(owner, std::min(from, to), std::max(from, to));
+    return erased.count > 0 ? std::abs(to - from) : 0;
 }
 
 void LiveRange::insertBreakCharacter(char16_t character)

@@ -39,10 +39,6 @@ public:
     void setEnd(Position end);                   ///< below the start: the start follows
     void setRange(Position start, Position end); ///< an end before the start counts as the start
     void collapse(CollapseDirection direction);
-    /// Move, MoveStart, MoveEnd: by `count` units; return the units moved (negative backwards).
-    std::int32_t move(Unit unit, std::int32_t count);
-    std::int32_t moveStart(Unit unit, std::int32_t count);
-    std::int32_t moveEnd(Unit unit, std::int32_t count);
     ///@}
 
     /// \name Text
@@ -58,11 +54,10 @@ public:
     void insertBefore(std::u16string_view text);
     void insertParagraph(); ///< replaces the range and becomes it
     void insertParagraphAfter();
-    void insertParagraphBefore();
     void insertBreak(BreakType type = BreakType::page);
-    /// Range.Delete. A collapsed range deletes `count` units after it (negative: before it); otherwise the
-    /// content goes. Returns the number of units deleted.
-    std::int32_t remove(std::optional<Unit> unit = {}, std::optional<std::int32_t> count = {});
+    /// Range.Delete. A collapsed range deletes `count` characters after it (negative: before it); otherwise
+    /// the content goes. Returns the number of characters deleted.
+    std::int32_t remove(std::int32_t count = 1);
     ///@}
 
     /// \name Formatting
@@ -96,7 +91,7 @@ private:
     Position insertionPointAfter() const;
     Position insertInto(Position at, std::u16string_view text);
     Position removeContent();
-    std::int32_t removeUnits(Unit unit, std::int32_t count);
+    std::int32_t removeCharacters(std::int32_t count);
     void insertBreakCharacter(char16_t character);
     void insertSectionBreak(SectionStart sectionStart);
     void setCharacterStyle(const Style& style);

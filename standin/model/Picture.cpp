@@ -1,8 +1,7 @@
 #include "Picture.h"
 
 #include "ByteReader.h"
-#include "GifDecoder.h"
-#include "PngEncoder.h"
+#include "GifAsPng.h"
 
 #include <cstdlib>
 
@@ -116,8 +115,8 @@ std::optional<Picture> readJpeg(std::string_view file)
 
 std::optional<Picture> readGif(std::string_view file)
 {
-    const std::optional<IndexedImage> image = decodeGif(file);
-    return image ? bitmap(PictureFormat::png, encodePng(*image), image->width, image->height) : std::nullopt;
+    const std::optional<PngImage> image = gifAsPng(file);
+    return image ? bitmap(PictureFormat::png, image->bytes, image->width, image->height) : std::nullopt;
 }
 
 /// Where the header of a bitmap ends and its colours begin, and how many bytes those have.

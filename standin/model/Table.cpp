@@ -136,31 +136,21 @@ std::vector<TableRow> Table::rows() const
     return rows;
 }
 
-TableRow Table::addRow(const TableRow* before)
+TableRow Table::addRow()
 {
     Story& story = anchor_.story();
-    const ParagraphSpan table = locate();
-    if (before && before->table().locate() != table) {
-        throw WordError(WordErrorNumber::badValue);
-    }
-    const ParagraphSpan like = before ? before->locate() : rowEndingAt(story, table.past - 1);
-    const Position at = before ? startOf(story, like) : endOf(story, like);
+    const ParagraphSpan like = rowEndingAt(story, locate().past - 1);
     const RowFormat format = formatOf(story, like);
-    std::vector<Position> patterns;
+    Position at = endOf(story, like);
     for (const ParagraphSpan& cell : cellsOf(story, like)) {
-        patterns.push_back(endOf(story, cell) - 1);
+        insertCellMark(story, at, cell.past - 1);
+        ++at;
     }
-    Position behind = at;
-    for (const Position pattern : patterns) {
-        // In front of the row that they are like, the marks push it along.
-        insertCellMark(story, behind, story.paragraphIndexAt(before ? pattern + behind - at : pattern));
-        ++behind;
-    }
-    insertRowMark(story, behind, format);
-    return {anchor_.storyPtr(), behind};
+    insertRowMark(story, at, format);
+    return {anchor_.storyPtr(), at};
 }
 
-void Table::addColumn(std::optional<std::int32_t> before)
+void Table::addColumn()
 {
     std::vector<TableRow> all = rows();
     const bool hasRoom = std::ranges::all_of(all, [](const TableRow& row) {
@@ -170,19 +160,8 @@ void Table::addColumn(std::optional<std::int32_t> before)
         throw WordError(WordErrorNumber::valueOutOfRange);
     }
     for (TableRow& row : all) {
-        if (before && *before <= row.cellCount()) {
-            const TableCell cell = row.cell(*before);
-            row.addCell(&cell);
-        } else {
-            row.addCell();
-        }
+        row.addCell();
     }
-}
-
-void Table::remove()
-{
-    const LiveRange all = range();
-    all.story().erase(all.start(), all.end());
 }
 
 ParagraphSpan Table::locate() const

@@ -44,13 +44,11 @@ public:
     ///@}
     std::vector<TableRow> rows() const;
 
-    /// An empty row in front of `before`, or behind the last one, formatted as that row is.
-    TableRow addRow(const TableRow* before = nullptr);
-    /// An empty column in front of the 1-based one, or behind the last one, formatted as that is. Positions:
-    /// each row gets one mark more; a row that ends before that column gets its cell at the end. Raises 4608
-    /// when a row is full.
-    void addColumn(std::optional<std::int32_t> before = {});
-    void remove();
+    /// An empty row behind the last one, formatted as that is.
+    TableRow addRow();
+    /// An empty cell at the end of each row, formatted as the one in front of it. Raises 4608 when a row is
+    /// full.
+    void addColumn();
 
 private:
     ParagraphSpan locate() const;

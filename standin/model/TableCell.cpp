@@ -4,36 +4,17 @@
 #include "WordError.h"
 
 #include <algorithm>
-#include <numeric>
 #include <span>
 
 namespace standin::model {
 
 namespace {
 
-/// Makes the cells share `room` anew.
-void share(std::span<CellFormat> cells, float room, RulerStyle ruler)
+/// Makes the cells share `room` equally.
+void share(std::span<CellFormat> cells, float room)
 {
-    if (cells.empty() || ruler == RulerStyle::none) {
-        return;
-    }
-    const auto add = [](float sum, const CellFormat& cell) { return sum + cell.width; };
-    const float present = std::accumulate(cells.begin(), cells.end(), 0.0f, add);
     for (CellFormat& cell : cells) {
-        switch (ruler) {
-        case RulerStyle::proportional:
-            cell.width *= present > 0 ? room / present : 0;
-            break;
-        case RulerStyle::sameWidth:
-            cell.width = room / static_cast<float>(cells.size());
-            break;
-        case RulerStyle::firstColumn:
-            cell.width += &cell == &cells.front() ? room - present : 0;
-            break;
-        case RulerStyle::none:
-            break;
-        }
-        cell.width = std::max(cell.width, RowFormat::leastWidth);
+        cell.width = std::max(room / static_cast<float>(cells.size()), RowFormat::leastWidth);
     }
 }
 
@@ -88,7 +69,9 @@ void TableCell::setWidth(float points, RulerStyle ruler)
         behind += cell.width;
     }
     from.front().width = std::max(points, RowFormat::leastWidth);
-    share(from.subspan(1), behind, ruler);
+    if (ruler == RulerStyle::sameWidth) {
+        share(from.subspan(1), behind);
+    }
     row.setFormat(format);
 }
 

@@ -20,10 +20,8 @@ enum class RowHeightRule : std::int32_t
 /// What becomes of a row's other cells when one gets another width.
 enum class RulerStyle : std::int32_t
 {
-    none = 0,         ///< they keep their widths, and those behind move
-    proportional = 1, ///< the row's right edge stays: cells behind share what is left as they did before
-    firstColumn = 2,  ///< the row's right edge stays: the next cell takes up the difference
-    sameWidth = 3     ///< the row's right edge stays: cells behind share what is left equally
+    none = 0,     ///< they keep their widths, and those behind move
+    sameWidth = 3 ///< the row's right edge stays: cells behind share what is left equally
 };
 
 struct CellFormat

@@ -155,11 +155,6 @@ TableOfContentsOptions TableOfContents::options() const
     return options;
 }
 
-void TableOfContents::setOptions(const TableOfContentsOptions& options)
-{
-    field_.setCode(codeOf(options));
-}
-
 TabStop::Leader TableOfContents::tabLeader() const
 {
     const Document& document = field_.code().story().document();

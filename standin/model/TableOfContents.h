@@ -39,8 +39,6 @@ public:
     LiveRange range() const { return field_.range(); }
 
     TableOfContentsOptions options() const;
-    /// Writes the field's code; the entries stay until the next update.
-    void setOptions(const TableOfContentsOptions& options);
 
     /// The leader of the right tab in the TOC styles.
     TabStop::Leader tabLeader() const;
@@ -48,7 +46,6 @@ public:
 
     /// Lists the entries that there are now, or says that there are none.
     void update();
-    void remove() { field_.remove(); }
 
 private:
     Field field_;

@@ -1,16 +1,10 @@
 #include "TableRow.h"
 
 #include "Document.h"
-#include "Table.h"
 #include "TableMarks.h"
 #include "WordError.h"
 
 namespace standin::model {
-
-Table TableRow::table() const
-{
-    return {anchor_.storyPtr(), endOf(anchor_.story(), locate()) - 1};
-}
 
 LiveRange TableRow::range() const
 {
@@ -59,26 +53,16 @@ std::vector<TableCell> TableRow::cells() const
     return cells;
 }
 
-TableCell TableRow::addCell(const TableCell* before)
+TableCell TableRow::addCell()
 {
     Story& story = anchor_.story();
     RowFormat format = this->format();
     if (format.cells.size() >= RowFormat::mostCells) {
         throw WordError(WordErrorNumber::valueOutOfRange);
     }
-    const std::vector<ParagraphSpan> cells = cellsOf(story, locate());
-    std::size_t place = cells.size();
-    if (before) {
-        if (before->row().locate() != locate()) {
-            throw WordError(WordErrorNumber::badValue);
-        }
-        place = static_cast<std::size_t>(before->index() - 1);
-    }
-    const std::size_t neighbour = std::min(place, cells.size() - 1);
-    const Position at = place == cells.size() ? endOf(story, locate()) - 1 : startOf(story, cells[place]);
-    insertCellMark(story, at, cells[neighbour].past - 1);
-    const CellFormat cellFormat = format.cells[neighbour];
-    format.cells.insert(format.cells.begin() + static_cast<std::ptrdiff_t>(place), cellFormat);
+    const Position at = endOf(story, locate()) - 1;
+    insertCellMark(story, at, cellsOf(story, locate()).back().past - 1);
+    format.cells.push_back(CellFormat(format.cells.back()));
     setFormat(format);
     return {anchor_.storyPtr(), at};
 }
@@ -92,13 +76,6 @@ void TableRow::setHeight(float points, RowHeightRule rule)
     format.heightRule = rule;
     format.height = rule == RowHeightRule::automatic ? 0 : points;
     setFormat(format);
-}
-
-void TableRow::remove()
-{
-    Story& story = anchor_.story();
-    const ParagraphSpan row = locate();
-    story.erase(startOf(story, row), endOf(story, row));
 }
 
 ParagraphSpan TableRow::locate() const

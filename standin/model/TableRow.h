@@ -13,7 +13,6 @@ public:
     /// The row that ends with the mark at `mark`.
     TableRow(std::shared_ptr<Story> story, Position mark) : anchor_(std::move(story), mark, mark + 1) {}
 
-    Table table() const;
     LiveRange range() const; ///< including the row's mark
     std::int32_t index() const;
     const RowFormat& format() const { return formatOf(anchor_.story(), locate()); }
@@ -22,13 +21,11 @@ public:
     std::int32_t cellCount() const;
     TableCell cell(std::int32_t index) const; ///< 1-based; raises 5941
     std::vector<TableCell> cells() const;
-    /// An empty cell in front of `before`, or at the row's end, formatted as its neighbour. Raises 4608 when
-    /// the row is full.
-    TableCell addCell(const TableCell* before = nullptr);
+    /// An empty cell at the row's end, formatted as the last one. Raises 4608 when the row is full.
+    TableCell addCell();
 
     /// Raises 4608 for a height that no row has.
     void setHeight(float points, RowHeightRule rule);
-    void remove();
 
 private:
     friend class Table;

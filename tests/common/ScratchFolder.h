@@ -12,6 +12,7 @@ public:
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
+    [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string file(const std::string& name) const { return path_ + "\\" + name; }
     /// The path of a new file with that content; folders in the name are made.
     std::string write(const std::string& name, const std::string& content) const;

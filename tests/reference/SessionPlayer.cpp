@@ -124,6 +124,7 @@ void SessionPlayer::read(const standin::model::Document& document)
     if (composes()) {
         const ChangedStyleFonts changed(document);
         played_.restyled = readContent(document);
+        renameFiles(played_.restyled, paths_);
     }
     if (const std::string wrong = checkInvariants(document); !wrong.empty())
         played_.failures.push_back("the document: " + wrong);
@@ -148,6 +149,13 @@ void SessionPlayer::chooseWriter()
     const _bstr_t word(L"Word");
     client_->overrideRegistry(word, bstr(std::string("Compose")),
                               bstr(std::to_string(static_cast<int>(writer_))), integer);
+}
+
+void SessionPlayer::setBusyTimeout(int seconds)
+{
+    constexpr short integer = 2;
+    client_->overrideRegistry(_bstr_t(L"Word"), bstr(std::string("BusyTimeout")),
+                              bstr(std::to_string(seconds)), integer);
 }
 
 template <class Call>
@@ -181,7 +189,9 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     word_.model().setSwitches(switches);
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
     const long firstCall = word_.callCount();
-    if (fault_.lasts)
+    if (fault_.rejections > 0)
+        word_.rejectCall(fault_.call, fault_.result, fault_.rejections);
+    else if (fault_.lasts)
         word_.failFromCall(fault_.call, fault_.result);
     else if (fault_.call > 0)
         word_.failCall(fault_.call, fault_.result);

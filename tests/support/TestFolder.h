@@ -2,25 +2,27 @@
 
 #include "QdxString.h"
 
+#include "ScratchFolder.h"
+
 #include <string>
 
-/// A new, empty folder below the temporary directory, removed with the files in it.
+/// A scratch folder whose names are strings of ours.
 class TestFolder
 {
 public:
-    TestFolder();
-    ~TestFolder();
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-
-    [[nodiscard]] const QdxString& path() const { return path_; }
-    [[nodiscard]] QdxString file(const char* name) const;
+    [[nodiscard]] QdxString path() const { return folder_.path().c_str(); }
+    [[nodiscard]] QdxString file(const char* name) const { return folder_.file(name).c_str(); }
     /// The path of a new file with that content.
-    [[nodiscard]] QdxString write(const char* name, const std::string& content) const;
+    [[nodiscard]] QdxString write(const char* name, const std::string& content) const
+    {
+        return folder_.write(name, content).c_str();
+    }
 
 private:
-    QdxString path_;
+    ScratchFolder folder_;
 };
 
-/// The whole file; "(no file)" when it cannot be opened.
-std::string contentOf(const QdxString& path);
+inline std::string contentOf(const QdxString& path)
+{
+    return contentOf(std::string(path.data()));
+}

@@ -10,13 +10,11 @@ import subprocess
 import unittest
 import xml.etree.ElementTree
 
+from opendocument import NAMESPACES, Styles, points, qualified
+
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 FRAGMENTS = 200
 TEXT_WIDTH = 432  # points, as the program that prints the fragments has it
-
-NAMESPACES = {name: f"urn:oasis:names:tc:opendocument:xmlns:{path}:1.0" for name, path in {
-    "fo": "xsl-fo-compatible", "office": "office", "style": "style", "svg": "svg-compatible", "table": "table",
-    "text": "text"}.items()} | {"xlink": "http://www.w3.org/1999/xlink"}
 
 # What LibreOffice 7.4 makes of RTF otherwise than it is meant, each in the form in which it is expected here.
 # - Text in front of a bookmark gets lost in the first cell of a table that begins a document. So a paragraph begins it.
@@ -35,85 +33,11 @@ EMPTY_ENTRY = " "
 # - A field without a result has no formatting of its own.
 FIELD_FONT = None
 FIELDS = {1: "date", 2: "time", 3: "file-name", 4: "page-number"}
-# - Styles have other names.
-STYLES = {"Standard": "Normal"}
 
 
 def address_as_read(address):
     """Escapes in a field's code are not undone."""
     return address.replace("\\", "\\\\")
-
-
-def qualified(name):
-    prefix, local = name.split(":")
-    return f"{{{NAMESPACES[prefix]}}}{local}"
-
-
-def points(length):
-    for unit, factor in (("pt", 1), ("in", 72), ("cm", 72 / 2.54), ("mm", 72 / 25.4)):
-        if length.endswith(unit):
-            return float(length.removesuffix(unit)) * factor
-    raise ValueError(length)
-
-
-class Styles:
-    """What an OpenDocument file's styles come to."""
-
-    PROPERTIES = {"fo:font-weight": "bold", "fo:font-style": "italic", "fo:font-size": "size", "style:font-name": "name",
-                  "style:text-underline-style": "underlined", "style:text-line-through-style": "struck",
-                  "fo:text-align": "alignment", "fo:break-before": "break"}
-    ALIGNMENTS = {"start": 0, "left": 0, "center": 1, "end": 2, "right": 2, "justify": 3}
-
-    def __init__(self, document):
-        self._faces = {face.get(qualified("style:name")): face.get(qualified("svg:font-family")).strip("'")
-                       for face in document.iter(qualified("style:font-face"))}
-        self._styles = {(style.get(qualified("style:family")), style.get(qualified("style:name"))): style
-                        for style in document.iter(qualified("style:style"))}
-        self._automatic = {style for group in document.iter(qualified("office:automatic-styles")) for style in group}
-        self._default = next(style for style in document.iter(qualified("style:default-style"))
-                             if style.get(qualified("style:family")) == "paragraph")
-
-    def named(self, name):
-        """The style that a paragraph's style stands for: itself, or what automatic formatting is based on."""
-        style = self._styles["paragraph", name]
-        return style.get(qualified("style:parent-style-name")) if style in self._automatic else name
-
-    def display_name(self, name):
-        style = self._styles["paragraph", name]
-        shown = style.get(qualified("style:display-name"), name)
-        return STYLES.get(shown, shown)
-
-    def paragraph(self, name):
-        """The properties of a paragraph style, inherited ones included."""
-        style = self._styles.get(("paragraph", name))
-        if style is None:
-            return {"bold": False, "italic": False, "underlined": False, "struck": False, "alignment": 0, "break": None,
-                    **self._own(self._default)}
-        return {**self.paragraph(style.get(qualified("style:parent-style-name"))), **self._own(style)}
-
-    def text(self, name):
-        return self._own(self._styles["text", name])
-
-    def own(self, family, name):
-        return self._styles[family, name]
-
-    def _own(self, style):
-        found = {}
-        for properties in style:
-            for name, meaning in self.PROPERTIES.items():
-                value = properties.get(qualified(name))
-                if value is not None:
-                    found[meaning] = self._value(meaning, value)
-        return found
-
-    def _value(self, meaning, value):
-        if meaning == "name":
-            return self._faces[value]
-        if meaning == "size":
-            return points(value)
-        if meaning == "alignment":
-            return self.ALIGNMENTS[value]
-        return value if meaning == "break" else value not in ("none", "normal")
 
 
 FONT = ("name", "size", "bold", "italic", "underlined", "struck")
@@ -340,10 +264,7 @@ class FragmentsTest(unittest.TestCase):
 
     def _compare(self, number, fragment):
         reading = Reading(self.folder / f"{number:03}.fodt")
-        looks = {}
-        for (family, name) in reading.styles._styles:
-            if family == "paragraph":
-                looks[reading.styles.display_name(name)] = reading.styles.paragraph(name)
+        looks = reading.styles.paragraph_looks()
         blocks = list(expected(fragment["blocks"], looks))
         read = reading.blocks[1:]  # behind the leading paragraph
         unsure = unsure_tags(blocks)

@@ -76,20 +76,13 @@ TEST_F(Fields, AFieldTellsAndChangesItsParts)
     fields->Add(range(0, 0), Word::integer(Word::wdFieldFileName));
     const Word::FieldPtr first = fields->Item(1);
     EXPECT_EQ(first->GetType(), Word::wdFieldFileName);
-    EXPECT_EQ(first->GetIndex(), 1);
-    EXPECT_EQ(first->GetNext()->GetType(), Word::wdFieldPage);
-    EXPECT_EQ(first->GetNext()->GetNext(), nullptr);
-    EXPECT_EQ(first->GetNext()->GetPrevious()->GetIndex(), 1);
-    EXPECT_EQ(first->GetPrevious(), nullptr);
-    EXPECT_EQ(first->GetShowCodes(), VARIANT_FALSE);
+    EXPECT_EQ(fields->Item(2)->GetType(), Word::wdFieldPage);
     first->GetCode()->PutText(L" QUOTE z ");
     EXPECT_EQ(first->Update(), VARIANT_TRUE);
     EXPECT_EQ(first->GetResult()->GetText(), _bstr_t(L"z"));
-    first->Unlink();
-    EXPECT_EQ(fields->GetCount(), 1);
+    document->Range()->Delete();
+    EXPECT_EQ(fields->GetCount(), 0);
     EXPECT_EQ(failureOf([&] { first->GetCode(); }), wordError(5825));
-    fields->Item(1)->Delete();
-    EXPECT_EQ(text(), u"zab\r");
     EXPECT_EQ(failureOf([&] { fields->Item(1); }), wordError(5941));
 }
 
@@ -99,10 +92,9 @@ TEST_F(Fields, UpdatingAllTellsTheFirstThatIsWrong)
     fields->Add(range(0, 0), Word::missing, Word::text(L"REF nothing"));
     fields->Add(range(0, 0), Word::integer(Word::wdFieldPage));
     EXPECT_EQ(fields->Update(), 2);
-    fields->Item(2)->Delete();
+    const Word::RangePtr wrong = fields->Item(2)->GetCode();
+    wrong->PutText(L" QUOTE x ");
     EXPECT_EQ(fields->Update(), 0);
-    fields->Unlink();
-    EXPECT_EQ(text(), u"1\r");
 }
 
 TEST_F(Fields, OfARangeAreThoseThatStartInIt)
@@ -144,14 +136,13 @@ TEST_F(Hyperlinks, AreDrawnOverARange)
                             "Hyperlink@1"));
     EXPECT_EQ(link->GetAddress(), _bstr_t(L""));
     EXPECT_EQ(link->GetSubAddress(), _bstr_t(L"b1"));
-    EXPECT_EQ(link->GetName(), _bstr_t(L"b1"));
     EXPECT_EQ(link->GetTextToDisplay(), _bstr_t(L"here"));
     EXPECT_EQ(link->GetRange()->GetFields()->Item(1)->GetType(), Word::wdFieldHyperlink);
     EXPECT_EQ(Word::StylePtr(link->GetRange()->GetFields()->Item(1)->GetResult()->GetStyle())->GetNameLocal(),
               _bstr_t(L"Hyperlink"));
 }
 
-TEST_F(Hyperlinks, CanBeListedChangedAndRemoved)
+TEST_F(Hyperlinks, CanBeListedAndRemoved)
 {
     write(L"one two");
     const Word::HyperlinksPtr links = document->GetHyperlinks();
@@ -161,18 +152,12 @@ TEST_F(Hyperlinks, CanBeListedChangedAndRemoved)
     EXPECT_EQ(links->GetCount(), 2);
     const Word::HyperlinkPtr first = links->Item(Word::integer(1));
     EXPECT_EQ(first->GetAddress(), _bstr_t(L"http://a"));
-    EXPECT_EQ(first->GetScreenTip(), _bstr_t(L"tip"));
-    EXPECT_EQ(first->GetTarget(), _bstr_t(L"frame"));
-    EXPECT_EQ(first->GetType(), 0);
-    first->PutAddress(L"http://c");
-    first->PutSubAddress(L"part");
-    first->PutTextToDisplay(L"new");
     EXPECT_EQ(first->GetRange()->GetFields()->Item(1)->GetCode()->GetText(),
-              _bstr_t(L" HYPERLINK \"http://c\" \\l \"part\" \\o \"tip\" \\t \"frame\" "));
-    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"new two\r"));
+              _bstr_t(L" HYPERLINK \"http://a\" \\o \"tip\" \\t \"frame\" "));
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"shown two\r"));
     first->Delete();
     EXPECT_EQ(links->GetCount(), 1);
-    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"new two\r"));
+    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"shown two\r"));
     EXPECT_EQ(failureOf([&] { links->Item(Word::integer(2)); }), wordError(5941));
     EXPECT_EQ(failureOf([&] { links->Add(range(0, 1), Word::text(L"")); }), wordError(4198));
     EXPECT_EQ(range(0, 2)->GetHyperlinks()->GetCount(), 0);
@@ -186,7 +171,7 @@ TEST_F(Hyperlinks, OfAHeaderAreItsOwn)
     document->GetBookmarks()->Add(L"here", Word::object(header));
     EXPECT_EQ(document->GetBookmarks()->Exists(L"here"), VARIANT_TRUE);
     const Word::BookmarkPtr mark = document->GetBookmarks()->Item(Word::text(L"here"));
-    EXPECT_EQ(mark->GetStoryType(), 7);
+    EXPECT_EQ(mark->GetRange()->GetStoryType(), 7);
     const Word::RangePtr anchor = header->GetDuplicate();
     anchor->SetRange(4, 9);
     header->GetHyperlinks()->Add(anchor, Word::missing, Word::text(L"here"));
@@ -239,7 +224,7 @@ TEST_F(BookmarksOfADocument, StartAtTheBeginningAndGetTheirBorders)
     EXPECT_EQ(bookmark->GetStart(), 4);
     EXPECT_EQ(bookmark->GetRange()->GetText(), _bstr_t(L"two"));
     EXPECT_EQ(bookmark->GetName(), _bstr_t(L"b1"));
-    EXPECT_EQ(bookmark->GetStoryType(), 1);
+    EXPECT_EQ(bookmark->GetRange()->GetStoryType(), 1);
     EXPECT_EQ(failureOf([&] { bookmark->PutStart(99); }), wordError(4608));
 }
 
@@ -252,21 +237,16 @@ TEST_F(BookmarksOfADocument, AreFoundByNameAndNumber)
     bookmarks->Add(L"_hidden", Word::object(range(4, 5)));
     EXPECT_EQ(bookmarks->GetCount(), 2);
     EXPECT_EQ(bookmarks->Item(Word::integer(1))->GetName(), _bstr_t(L"a"));
-    bookmarks->PutDefaultSorting(1);
-    EXPECT_EQ(document->GetBookmarks()->Item(Word::integer(1))->GetName(), _bstr_t(L"b"));
     bookmarks->PutShowHidden(VARIANT_TRUE);
     EXPECT_EQ(bookmarks->GetCount(), 3);
     EXPECT_EQ(bookmarks->Exists(L"B"), VARIANT_TRUE);
     EXPECT_EQ(bookmarks->Exists(L"c"), VARIANT_FALSE);
     EXPECT_EQ(failureOf([&] { bookmarks->Item(Word::text(L"c")); }), wordError(5941));
     EXPECT_EQ(failureOf([&] { bookmarks->Add(L"not good"); }), wordError(5828));
-    EXPECT_EQ(range(0, 2)->GetBookmarks()->GetCount(), 1);
-    EXPECT_EQ(range(0, 2)->GetBookmarks()->Exists(L"a"), VARIANT_FALSE);
-    const Word::BookmarkPtr copy = bookmarks->Item(Word::text(L"a"))->Copy(L"copy");
-    EXPECT_EQ(copy->GetStart(), 4);
-    copy->Delete();
-    EXPECT_EQ(bookmarks->Exists(L"copy"), VARIANT_FALSE);
-    EXPECT_EQ(failureOf([&] { copy->GetStart(); }), wordError(5825));
+    const Word::BookmarkPtr gone = bookmarks->Item(Word::text(L"a"));
+    gone->Delete();
+    EXPECT_EQ(bookmarks->Exists(L"a"), VARIANT_FALSE);
+    EXPECT_EQ(failureOf([&] { gone->GetStart(); }), wordError(5825));
 }
 
 using TablesOfContents = DocumentParts;
@@ -297,17 +277,15 @@ TEST_F(TablesOfContents, AreBuiltFromHeadingsAndEntries)
     EXPECT_EQ(tables->GetCount(), 1);
     EXPECT_EQ(tables->Item(1)->GetLowerHeadingLevel(), 9);
     EXPECT_EQ(failureOf([&] { tables->Item(2); }), wordError(5941));
-    table->PutUseFields(VARIANT_FALSE);
-    table->PutUseHyperlinks(VARIANT_FALSE);
-    EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rSecond\t1\r"));
+    EXPECT_EQ(tables->Item(1)->GetUpperHeadingLevel(), 1);
     EXPECT_EQ(table->GetTabLeader(), Word::wdTabLeaderDots);
     EXPECT_EQ(failureOf([&] { table->PutTabLeader(6); }), wordError(4608));
     document->Range(Word::integer(document->Range()->GetEnd() - 1))->InsertAfter(L"Third");
     document->GetSections();
+    document->Range(Word::integer(document->Range()->GetEnd() - 1))
+        ->PutStyle(Word::integer(Word::wdStyleHeading1));
     table->Update();
-    table->Delete();
-    EXPECT_EQ(tables->GetCount(), 0);
-    EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"\rFirst\rtext\rSecond\rThird\r"));
+    EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rMarked\t1\rSecond\t1\rThird\t1\r"));
 }
 
 TEST_F(TablesOfContents, SayWhenTheyFindNothing)
@@ -335,7 +313,7 @@ TEST_F(DocumentParts, AreGoneWithTheDocument)
          {failureOf([&] { field->GetType(); }), failureOf([&] { link->GetAddress(); }),
           failureOf([&] { bookmark->GetStart(); }), failureOf([&] { table->Update(); }),
           failureOf([&] { bookmarks->GetCount(); }), failureOf([&] { document->GetFields(); }),
-          failureOf([&] { table->GetTabLeader(); }), failureOf([&] { field->Unlink(); })})
+          failureOf([&] { table->GetTabLeader(); }), failureOf([&] { field->Update(); })})
         EXPECT_EQ(failure, wordError(5825));
 }
 } // namespace

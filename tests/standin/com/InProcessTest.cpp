@@ -85,11 +85,13 @@ TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
     const Word::RangePtr first = document->Range();
     const Word::RangePtr second = first->GetDuplicate();
     session.clearTranscript();
-    EXPECT_EQ(first->IsEqual(second), VARIANT_TRUE);
+    document->GetFields()->Add(second, Word::integer(Word::wdFieldPage));
     first->PutStyle(Word::object(document->GetStyles()->Item(Word::text(L"heading 2"))));
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Range@1.IsEqual(Range@2) -> true", "Document@1.Styles -> Styles@1",
-                            "Styles@1.Item(\"heading 2\") -> Style@1", "Range@1.Style = Style@1"));
+                ElementsAre("Document@1.Fields -> Fields@1",
+                            "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1",
+                            "Document@1.Styles -> Styles@1", "Styles@1.Item(\"heading 2\") -> Style@1",
+                            "Range@1.Style = Style@1"));
 }
 
 TEST_F(InProcess, NothingStaysAliveBehindAClient)
@@ -150,9 +152,26 @@ TEST_F(InProcess, WhatIsNotThereFailsLoudly)
 {
     const Word::_DocumentPtr document = addDocument();
     session.clearTranscript();
-    Word::IDispatchPtr none;
     EXPECT_EQ(failureOf([&] { document->GetVBProject(); }), E_NOTIMPL);
     EXPECT_THAT(session.transcript(), ElementsAre("Document@1.VBProject !! 0x80004001"));
+    const Word::TableOfContentsPtr contents = document->GetTablesOfContents()->Add(document->Range());
+    const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
+    const Word::TablePtr table = range->GetTables()->Add(range, 1, 1);
+    const Word::RowPtr row = table->GetRows()->Item(1);
+    const Word::BookmarksPtr bookmarks = document->GetBookmarks();
+    for (const HRESULT failure :
+         {failureOf([&] { session.application()->GetScreenUpdating(); }),
+          failureOf([&] { session.application()->PutScreenUpdating(false); }),
+          failureOf([&] { document->Save(); }), failureOf([&] { range->Move(); }),
+          failureOf([&] { range->GetBookmarks(); }), failureOf([&] { range->InRange(range); }),
+          failureOf([&] { bookmarks->PutDefaultSorting(1); }), failureOf([&] { table->Delete(); }),
+          failureOf([&] { row->GetNext(); }), failureOf([&] { row->PutHeight(5); }),
+          failureOf([&] { row->GetCells()->PutWidth(5); }), failureOf([&] { contents->Delete(); }),
+          failureOf([&] { contents->PutUseFields(true); }),
+          failureOf([&] { document->GetStyles()->Add(L"a"); }),
+          failureOf([&] { document->GetPageSetup()->PutTopMargin(5); }),
+          failureOf([&] { document->GetSections()->Item(1)->GetRange(); })})
+        EXPECT_EQ(failure, E_NOTIMPL);
 }
 
 TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
@@ -209,6 +228,24 @@ TEST_F(InProcess, CallsFailOnDemand)
     EXPECT_EQ(failureOf([&] { range->GetStart(); }), wordError(4605));
     session.clearFaults();
     EXPECT_EQ(range->GetStart(), 0);
+}
+
+TEST_F(InProcess, CallsAreRejectedOnDemandAndThenRun)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    session.clearTranscript();
+    const long before = session.callCount();
+    session.rejectCall(1, RPC_E_CALL_REJECTED, 2);
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(session.callCount(), before);
+    range->InsertAfter(L"a");
+    EXPECT_EQ(session.callCount(), before + 1);
+    EXPECT_EQ(textOf(session.model(document)), u"a\r");
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Range@1.InsertAfter(\"a\") !! 0x80010001",
+                            "Range@1.InsertAfter(\"a\") !! 0x80010001", "Range@1.InsertAfter(\"a\")"));
 }
 
 TEST_F(InProcess, FontsReadAndWriteARangesText)
@@ -272,10 +309,12 @@ TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
     EXPECT_EQ(styles->Item(Word::text(L"HEADING 1"))->GetNameLocal(), _bstr_t(L"Heading 1"));
     EXPECT_EQ(styles->Item(Word::integer(-2))->GetFont()->GetSize(), 16.0f);
     EXPECT_EQ(failureOf([&] { styles->Item(Word::integer(styles->GetCount() + 1)); }), wordError(5941));
-    const Word::StylePtr own = styles->Add(L"Mine");
+    session.model(document)->styles().add(u"Mine", standin::model::StyleType::paragraph);
+    const Word::StylePtr own = styles->Item(Word::text(L"Mine"));
     own->GetFont()->PutSize(9.0f);
     own->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphRight);
     EXPECT_EQ(own->GetBuiltIn(), VARIANT_FALSE);
+    EXPECT_EQ(own->GetType(), Word::wdStyleTypeParagraph);
     const Word::RangePtr range = document->Range();
     range->InsertAfter(L"text");
     range->PutStyle(Word::text(L"mine"));
@@ -310,7 +349,7 @@ TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)
     range->SetRange(1, 1);
     range->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
     ASSERT_EQ(document->GetSections()->GetCount(), 2);
-    const Word::SectionPtr second = document->GetSections()->GetLast();
+    const Word::SectionPtr second = document->GetSections()->Item(2);
     second->GetPageSetup()->PutOrientation(Word::wdOrientLandscape);
     EXPECT_EQ(second->GetPageSetup()->GetPageWidth(), 792.0f);
     EXPECT_EQ(document->GetPageSetup()->GetPageWidth(), static_cast<float>(Word::wdUndefined));
@@ -392,8 +431,7 @@ TEST(InProcessSession, MaySaveWithoutFiles)
     document->SaveAs(Word::text(folder.file(L"report").c_str()));
     EXPECT_EQ(document->GetFullName(), _bstr_t(folder.file(L"report.doc").c_str()));
     document->Range()->InsertAfter(L"more");
-    document->Save();
-    EXPECT_EQ(document->GetSaved(), VARIANT_TRUE);
+    document->Close(Word::integer(Word::wdSaveChanges));
     EXPECT_EQ(folder.fileCount(), 0);
 }
 
@@ -411,7 +449,8 @@ TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
               wordError(5155));
     SetFileAttributesW(folder.file(L"locked.doc").c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(document->GetFullName(), _bstr_t(L"Document1"));
-    EXPECT_EQ(failureOf([&] { document->Save(); }), wordError(4198));
+    document->Range()->InsertAfter(L"x");
+    EXPECT_EQ(failureOf([&] { document->Close(Word::integer(Word::wdSaveChanges)); }), wordError(4198));
     document->SaveAs(Word::text(folder.file(L"mine.doc").c_str()));
     const Word::_DocumentPtr other = addDocument();
     EXPECT_EQ(failureOf([&] { other->SaveAs(Word::text(folder.file(L"MINE.doc").c_str())); }),
@@ -429,9 +468,9 @@ TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
     EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_FALSE);
     application->GetOptions()->PutConfirmConversions(true);
     EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_TRUE);
-    EXPECT_EQ(application->GetScreenUpdating(), VARIANT_TRUE);
-    application->PutScreenUpdating(false);
-    EXPECT_EQ(application->GetScreenUpdating(), VARIANT_FALSE);
+    EXPECT_EQ(application->GetDisplayAlerts(), -1);
+    application->PutDisplayAlerts(0);
+    EXPECT_EQ(application->GetDisplayAlerts(), 0);
     EXPECT_EQ(application->GetVisible(), VARIANT_FALSE);
     EXPECT_EQ(application->GetName(), _bstr_t(L"Microsoft Word"));
     EXPECT_EQ(application->GetVersion(), _bstr_t(L"9.0"));

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "ScratchFolder.h"
+
+#include <algorithm>
 #include <comdef.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <windows.h>
@@ -33,50 +37,21 @@ inline HRESULT wordError(long number)
     return static_cast<HRESULT>(0x800A0000u + static_cast<unsigned long>(number));
 }
 
-/// A folder of its own, empty at the start and gone at the end.
+/// A scratch folder whose names are Word's.
 class ScratchFolder
 {
 public:
-    ScratchFolder()
-    {
-        wchar_t base[MAX_PATH];
-        GetTempPathW(MAX_PATH, base);
-        path_ = std::wstring(base) + L"standin-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                std::to_wstring(++made_);
-        EXPECT_TRUE(CreateDirectoryW(path_.c_str(), nullptr));
-    }
-    ~ScratchFolder()
-    {
-        WIN32_FIND_DATAW found;
-        const HANDLE search = FindFirstFileW((path_ + L"\\*").c_str(), &found);
-        if (search != INVALID_HANDLE_VALUE) {
-            do
-                DeleteFileW((path_ + L"\\" + found.cFileName).c_str());
-            while (FindNextFileW(search, &found));
-            FindClose(search);
-        }
-        RemoveDirectoryW(path_.c_str());
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    const std::wstring& path() const { return path_; }
-    std::wstring file(const std::wstring& name) const { return path_ + L"\\" + name; }
+    std::wstring path() const { return std::filesystem::path(folder_.path()).wstring(); }
+    std::wstring file(const std::wstring& name) const { return path() + L"\\" + name; }
     int fileCount() const
     {
-        int count = 0;
-        WIN32_FIND_DATAW found;
-        const HANDLE search = FindFirstFileW((path_ + L"\\*").c_str(), &found);
-        do
-            count += (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-        while (FindNextFileW(search, &found));
-        FindClose(search);
-        return count;
+        using Iterator = std::filesystem::directory_iterator;
+        return static_cast<int>(std::count_if(Iterator(path()), Iterator(),
+                                              [](const auto& entry) { return !entry.is_directory(); }));
     }
 
 private:
-    static inline int made_ = 0;
-    std::wstring path_;
+    ::ScratchFolder folder_;
 };
 
 inline std::string bytesOf(const std::wstring& name)

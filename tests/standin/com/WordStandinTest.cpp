@@ -11,6 +11,7 @@ using standin_test::ScratchFolder;
 using standin_test::wordError;
 
 constexpr DWORD patience = 20000;
+constexpr GUID wordLibrary = {0x00020905, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 constexpr CLSID applicationClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
 /// Wine shows the host's files under Z:.
@@ -111,6 +112,19 @@ protected:
     standin_test::Apartment apartment;
     ScratchFolder folder;
 };
+
+/// Each is the only one of its interface, and is let go of right behind a call.
+TEST_F(WordStandin, HandsOutManyObjectsOneAfterTheOther)
+{
+    const Word::_ApplicationPtr application = createApplication();
+    ITypeLib* library = nullptr; // held, so that the next call comes at once
+    ASSERT_EQ(LoadRegTypeLib(wordLibrary, 8, 1, LOCALE_NEUTRAL, &library), S_OK);
+    const Word::RangePtr range = application->GetDocuments()->Add()->Range();
+    for (int i = 0; i < 1000; ++i)
+        range->GetParagraphFormat()->GetAlignment();
+    application->Quit();
+    library->Release();
+}
 
 TEST_F(WordStandin, WritesADocumentAndEndsAtQuit)
 {

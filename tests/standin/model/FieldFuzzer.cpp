@@ -227,7 +227,7 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
         if (!fields.empty()) {
             Field& field = fields[input.next() % fields.size()];
             const FieldPlace place = field.place();
-            field.remove();
+            field.range().remove();
             naive.erase(place.begin, place.past());
         }
         break;

@@ -105,7 +105,7 @@ TEST_F(InlineShapeTest, PictureInACellFitsTheCell)
 TEST_F(InlineShapeTest, DeletedPictureIsADeletedObject)
 {
     PlacedShape shape = add(0);
-    shape.remove();
+    shape.range().remove();
     EXPECT_EQ(text(), u"\r");
     EXPECT_EQ(errorOf([&] { shape.setWidth(10); }), 5825);
     EXPECT_EQ(errorOf([&] { shape.range(); }), 5825);

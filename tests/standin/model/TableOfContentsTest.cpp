@@ -71,15 +71,14 @@ TEST_F(TableOfContentsTest, ListsTheEntriesThatFieldsMarkInOrderWithTheHeadings)
     addField(range(1, 1), {.type = 9, .text = u"\"Other table\" \\fX \\l \"1\""});
     heading(u"Heading", 1);
     EXPECT_EQ(textOf(add({.useFields = true})), u"Level 0\t1\rMarked\t1\rHeading\t1\r");
-    tablesOfContentsIn(content())[0].remove();
+    tablesOfContentsIn(content())[0].range().remove();
     const TableOfContents marked =
         add({.useHeadingStyles = false, .lowerHeadingLevel = 0, .useFields = true});
     EXPECT_EQ(marked.field().code().text(), u" TOC \\f \\h \\z ");
     EXPECT_EQ(textOf(marked), u"Level 0\t1\rMarked\t1\r");
     EXPECT_EQ(styleOf(marked, 1), u"TOC 2");
-    TableOfContents other = marked;
-    other.setOptions({.useHeadingStyles = false, .useFields = true, .tableId = u"x"});
-    other.update();
+    marked.range().remove();
+    const TableOfContents other = add({.useHeadingStyles = false, .useFields = true, .tableId = u"x"});
     EXPECT_EQ(textOf(other), u"Other table\t1\r");
 }
 
@@ -106,7 +105,7 @@ TEST_F(TableOfContentsTest, IsASnapshotUntilItIsUpdated)
     table.update();
     EXPECT_EQ(text(), before);
     EXPECT_EQ(document->bookmarks().all().size(), bookmarks);
-    table.remove();
+    table.range().remove();
     EXPECT_EQ(text(), u"\rFirst\rSecond\r\r");
     EXPECT_EQ(document->mainStory()->paragraph(0).format->style->name(), u"Normal");
 }
@@ -116,7 +115,7 @@ TEST_F(TableOfContentsTest, PageNumbersCanStandElsewhereOrNotAtAll)
     write(u"\r");
     heading(u"First", 1);
     EXPECT_EQ(textOf(add({.rightAlignPageNumbers = false, .useHyperlinks = false})), u"First 1\r");
-    tablesOfContentsIn(content())[0].remove();
+    tablesOfContentsIn(content())[0].range().remove();
     EXPECT_EQ(textOf(add({.includePageNumbers = false, .useHyperlinks = false})), u"First\r");
 }
 

@@ -24,9 +24,8 @@ bool Bookmark::exists() const
 
 const LiveRange& Bookmark::range() const
 {
-    if (!exists()) {
+    if (!exists())
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *range_;
 }
 
@@ -60,15 +59,13 @@ bool Bookmarks::isName(std::u16string_view name)
 
 BookmarkPtr Bookmarks::add(std::u16string_view name, const LiveRange& range)
 {
-    if (!isName(name)) {
+    if (!isName(name))
         throw WordError(WordErrorNumber::badBookmarkName);
-    }
     BookmarkPtr& place = byFoldedName_[foldCase(name)];
-    if (place && place->exists()) {
+    if (place && place->exists())
         place->moveTo(range);
-    } else {
+    else
         place = std::make_shared<Bookmark>(std::u16string(name), range);
-    }
     range.story().document().touched();
     return place;
 }
@@ -91,11 +88,9 @@ void Bookmarks::remove(std::u16string_view name)
 std::vector<BookmarkPtr> Bookmarks::all() const
 {
     std::vector<BookmarkPtr> found;
-    for (const auto& [name, bookmark] : byFoldedName_) {
-        if (bookmark->exists()) {
+    for (const auto& [name, bookmark] : byFoldedName_)
+        if (bookmark->exists())
             found.push_back(bookmark);
-        }
-    }
     return found;
 }
 

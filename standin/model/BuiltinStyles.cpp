@@ -116,16 +116,13 @@ constexpr std::array characterStyles = {
 
 void setFont(Style& style, std::u16string_view name, float size, bool bold = false, bool italic = false)
 {
-    if (!name.empty()) {
+    if (!name.empty())
         style.font.name = std::u16string(name);
-    }
     style.font.size = size;
-    if (bold) {
+    if (bold)
         style.font.bold = true;
-    }
-    if (italic) {
+    if (italic)
         style.font.italic = true;
-    }
 }
 
 void setSpacing(Style& style, float before, float after)
@@ -162,9 +159,8 @@ void setUpHeading(Style& style, std::int32_t level, const Style& normal)
     setFont(style, isArial ? arial : std::u16string_view(), sizes[static_cast<std::size_t>(level - 1)], bold,
             italic);
     setSpacing(style, 12, 3);
-    if (level <= 4) {
+    if (level <= 4)
         style.paragraph.keepWithNext = true;
-    }
     style.paragraph.outlineLevel = level;
     style.setNext(&normal);
 }

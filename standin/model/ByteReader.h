@@ -54,9 +54,8 @@ private:
     std::uint32_t big(std::size_t count)
     {
         std::uint32_t value = 0;
-        for (const char c : take(count)) {
+        for (const char c : take(count))
             value = value << 8 | static_cast<unsigned char>(c);
-        }
         return value;
     }
 

@@ -17,9 +17,8 @@ constexpr std::array<std::u16string_view, 7> days = {u"Sunday",   u"Monday", u"T
 std::u16string number(std::int32_t value, std::size_t width)
 {
     std::u16string digits;
-    for (const char digit : std::to_string(value)) {
+    for (const char digit : std::to_string(value))
         digits += static_cast<char16_t>(digit);
-    }
     return std::u16string(width - std::min(width, digits.size()), u'0') + digits;
 }
 
@@ -68,9 +67,8 @@ LocalTime systemTime()
 {
     const std::time_t now = std::time(nullptr);
     const std::tm* local = std::localtime(&now);
-    if (!local) {
+    if (!local)
         return {};
-    }
     return {local->tm_year + 1900, local->tm_mon + 1, local->tm_mday,
             local->tm_hour,        local->tm_min,     local->tm_sec};
 }

@@ -36,9 +36,8 @@ void Document::setFile(std::u16string path, std::u16string name)
 
 SectionPtr Document::section(std::int32_t index) const
 {
-    if (index < 1 || index > sectionCount()) {
+    if (index < 1 || index > sectionCount())
         throw WordError(WordErrorNumber::noSuchMember);
-    }
     return index == sectionCount() ? lastSection_ : sections_.value(static_cast<std::size_t>(index - 1));
 }
 
@@ -49,23 +48,19 @@ std::int32_t Document::sectionIndexAt(Position position) const
 
 std::int32_t Document::indexOf(const Section& section) const
 {
-    for (std::int32_t index = 1; index <= sectionCount(); ++index) {
-        if (this->section(index).get() == &section) {
+    for (std::int32_t index = 1; index <= sectionCount(); ++index)
+        if (this->section(index).get() == &section)
             return index;
-        }
-    }
     throw WordError(WordErrorNumber::objectDeleted);
 }
 
 SectionPtr Document::sectionOf(const Story& story, Position position) const
 {
-    if (&story == mainStory_.get()) {
+    if (&story == mainStory_.get())
         return section(sectionIndexAt(position));
-    }
     std::int32_t index = 1;
-    while (index < sectionCount() && !section(index)->owns(story)) {
+    while (index < sectionCount() && !section(index)->owns(story))
         ++index;
-    }
     return section(index);
 }
 
@@ -83,49 +78,43 @@ Position Document::sectionEnd(std::int32_t index) const
 
 SectionPtr Document::breakSection(Position at, SectionStart start)
 {
-    if (isInTable(*mainStory_, at)) {
+    if (isInTable(*mainStory_, at))
         throw WordError(WordErrorNumber::notAvailable);
-    }
     const std::int32_t index = sectionIndexAt(at);
     const SectionPtr before = section(index);
     mainStory_->insertParagraphEnd(at, mark::page, ParagraphEnd::section);
     auto behind = std::make_shared<Section>(*this);
     behind->pageSetup = before->pageSetup;
     behind->pageSetup.sectionStart = start;
-    if (before == lastSection_) {
+    if (before == lastSection_)
         lastSection_ = behind;
-    } else {
+    else
         sections_.value(static_cast<std::size_t>(index - 1)) = behind;
-    }
     sections_.insert(at + 1, before);
     return behind;
 }
 
 void Document::setOddAndEvenPages(bool value)
 {
-    for (std::int32_t index = 1; index <= sectionCount(); ++index) {
+    for (std::int32_t index = 1; index <= sectionCount(); ++index)
         section(index)->pageSetup.oddAndEvenPages = value;
-    }
     touched();
 }
 
 void Document::close()
 {
-    if (closed_) {
+    if (closed_)
         return;
-    }
     closed_ = true;
     mainStory_->kill();
-    for (std::int32_t index = 1; index <= sectionCount(); ++index) {
+    for (std::int32_t index = 1; index <= sectionCount(); ++index)
         section(index)->kill();
-    }
 }
 
 void Document::textInserted(const Story& story, Position at, Position count)
 {
-    if (&story == mainStory_.get()) {
+    if (&story == mainStory_.get())
         sections_.inserted(at, count);
-    }
     touched();
 }
 
@@ -142,21 +131,17 @@ void Document::eraseSections(Position start, Position end)
 {
     const std::size_t first = sections_.firstAfter(start);
     const std::size_t past = sections_.firstAfter(end);
-    if (first == past) {
+    if (first == past)
         return;
-    }
     // The text in front joins the section behind, whose page setup wins. What a later section showed of a
     // header through its link must not go with the section that held it.
     const SectionPtr survivor = section(static_cast<std::int32_t>(past) + 1);
-    for (const auto part : {Section::Part::header, Section::Part::footer}) {
+    for (const auto part : {Section::Part::header, Section::Part::footer})
         for (const auto index :
-             {HeaderFooterIndex::primary, HeaderFooterIndex::firstPage, HeaderFooterIndex::evenPages}) {
+             {HeaderFooterIndex::primary, HeaderFooterIndex::firstPage, HeaderFooterIndex::evenPages})
             survivor->setLinkToPrevious(part, index, false);
-        }
-    }
-    for (std::size_t i = first; i < past; ++i) {
+    for (std::size_t i = first; i < past; ++i)
         sections_.value(i)->kill();
-    }
     sections_.removeBetween(start, end);
 }
 

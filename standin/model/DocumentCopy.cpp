@@ -19,19 +19,16 @@ public:
 
     const Style* mapped(const Style* style)
     {
-        if (!style) {
+        if (!style)
             return nullptr;
-        }
         const auto known = known_.find(style);
-        if (known != known_.end()) {
+        if (known != known_.end())
             return known->second;
-        }
         StylePtr found = to_.find(style->name());
-        if (found && found->type() != style->type()) {
+        if (found && found->type() != style->type())
             found = style->type() == StyleType::paragraph ? to_.find(to_.normal().name()) : nullptr;
-        } else if (!found) {
+        else if (!found)
             found = copy(*style);
-        }
         return known_[style] = found.get();
     }
 
@@ -40,9 +37,8 @@ private:
     {
         const StylePtr made = to_.add(style.name(), style.type());
         known_[&style] = made.get(); // before its relatives, which may name it in turn
-        if (const Style* base = mapped(style.base())) {
+        if (const Style* base = mapped(style.base()))
             made->setBase(base);
-        }
         made->font = style.font;
         made->paragraph = style.paragraph;
         made->setNext(mapped(style.next()));
@@ -70,15 +66,13 @@ public:
             story_.insertPart(at_++, {&mark::paragraph, 1});
             start_ = at_;
         }
-        for (std::size_t i = 0; i < source_.paragraphCount(); ++i) {
+        for (std::size_t i = 0; i < source_.paragraphCount(); ++i)
             copyParagraph(source_.paragraph(i));
-        }
         story_.enterFields(start_, at_);
         copyCharacterFormats();
         copyBookmarks();
-        if (options_.lastParagraph == LastParagraph::surplus) {
+        if (options_.lastParagraph == LastParagraph::surplus)
             addEmptyParagraph();
-        }
         return at_;
     }
 
@@ -89,9 +83,8 @@ private:
         story_.insertPart(at_, text);
         at_ += static_cast<Position>(text.size());
         const ParagraphEnd end = paragraph.format->end;
-        if (paragraph.end == source_.length() && options_.lastParagraph == LastParagraph::dropped) {
+        if (paragraph.end == source_.length() && options_.lastParagraph == LastParagraph::dropped)
             return;
-        }
         if (end == ParagraphEnd::cell && inTable_) {
             story_.insertPart(at_++, {&mark::tab, 1});
             return;
@@ -156,20 +149,17 @@ private:
 
     void creep(FontProperties& direct, const FontProperties& seen) const
     {
-        if (seen.name == options_.creepingFont->name) {
+        if (seen.name == options_.creepingFont->name)
             direct.name = seen.name;
-        }
-        if (seen.size == options_.creepingFont->size) {
+        if (seen.size == options_.creepingFont->size)
             direct.size = seen.size;
-        }
     }
 
     CharacterFormat mapped(CharacterFormat format)
     {
         format.style = styles_.mapped(format.style);
-        if (format.shape) {
+        if (format.shape)
             format.shape = std::make_shared<InlineShape>(*format.shape);
-        }
         return format;
     }
 
@@ -201,9 +191,8 @@ private:
 
 void insertDocument(LiveRange& range, const Document& other, const DocumentCopyOptions& options)
 {
-    if (!range.isCollapsed()) {
+    if (!range.isCollapsed())
         range.remove();
-    }
     const Position start = std::min(range.start(), range.story().length() - 1);
     const Position past = Copier(other, range.storyPtr(), start, options).copy();
     range.setRange(start, options.coversText ? past : start);

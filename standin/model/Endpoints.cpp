@@ -18,9 +18,8 @@ void EndpointSet::remove(Endpoint& endpoint)
 
 void EndpointSet::set(Endpoint& endpoint, Position position)
 {
-    if (this->position(endpoint) == position) {
+    if (this->position(endpoint) == position)
         return;
-    }
     remove(endpoint);
     add(endpoint, position);
 }

@@ -36,9 +36,8 @@ public:
 private:
     void add(Position end)
     {
-        if (at_ < end) {
+        if (at_ < end)
             stretches_.push_back({at_, end});
-        }
     }
 
     Position at_;
@@ -48,11 +47,9 @@ private:
 
 bool liesInOneTable(const Story& story, Position start, Position end)
 {
-    for (Position at = start; at < end; at = story.paragraphAt(at).end) {
-        if (!isInTable(story, at)) {
+    for (Position at = start; at < end; at = story.paragraphAt(at).end)
+        if (!isInTable(story, at))
             return false;
-        }
-    }
     return true;
 }
 
@@ -73,9 +70,8 @@ std::vector<Stretch> stretchesToErase(const Story& story, Position start, Positi
         const Paragraph paragraph = story.paragraph(index);
         const ParagraphEnd kind = paragraph.format->end;
         const bool structure = kind == ParagraphEnd::cell || kind == ParagraphEnd::row;
-        if (structure && paragraph.end <= end && (inOneTable || !coversRow(story, index, start, end))) {
+        if (structure && paragraph.end <= end && (inOneTable || !coversRow(story, index, start, end)))
             stretches.keep(paragraph.end - 1);
-        }
         at = paragraph.end;
     }
     return stretches.finish();
@@ -92,9 +88,8 @@ bool joinsTextAndCell(const Story& story, const Stretch& stretch)
 /// Returns where text belongs that is to stand in place of the stretch.
 Position erase(Story& story, const Stretch& stretch)
 {
-    if (!joinsTextAndCell(story, stretch)) {
+    if (!joinsTextAndCell(story, stretch))
         return story.erase(stretch.start, stretch.end);
-    }
     const Position mark = story.paragraphAt(stretch.start).end - 1;
     story.erase(mark + 1, stretch.end);
     return story.erase(stretch.start, mark);

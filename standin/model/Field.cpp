@@ -18,9 +18,8 @@ std::u16string codeOf(const FieldRequest& request, const Document& document)
     std::u16string code = u" ";
     if (request.type != noFieldType) {
         const std::u16string_view keyword = keywordOf(request.type);
-        if (keyword.empty()) {
+        if (keyword.empty())
             throw WordError(WordErrorNumber::badValue);
-        }
         code += keyword;
         code += u' ';
     }
@@ -28,9 +27,8 @@ std::u16string codeOf(const FieldRequest& request, const Document& document)
         code += normalizeText(request.text);
         code += u' ';
     }
-    if (request.preserveFormatting.value_or(!document.switches().fieldsAddOmitsMergeFormat)) {
+    if (request.preserveFormatting.value_or(!document.switches().fieldsAddOmitsMergeFormat))
         code += u"\\* MERGEFORMAT ";
-    }
     return code;
 }
 
@@ -58,9 +56,8 @@ Story& Field::story() const
 FieldPlace Field::place() const
 {
     const std::optional<FieldPlace> found = story().fields().find(id_);
-    if (!found) {
+    if (!found)
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *found;
 }
 
@@ -102,9 +99,8 @@ bool Field::update()
     if (code.type() == tocFieldType) {
         TableOfContents(*this).update();
     } else if (code.type() != hyperlinkFieldType) {
-        if (const auto text = fieldResult(story(), place().begin, code)) {
+        if (const auto text = fieldResult(story(), place().begin, code))
             setResult(*text);
-        }
     }
     return !result().text().starts_with(u"Error!");
 }
@@ -128,31 +124,27 @@ Field addField(const LiveRange& range, const FieldRequest& request)
     const bool isTable = parsed.type() == tocFieldType;
     const auto result = isTable ? std::nullopt : fieldResult(story, at, parsed);
     std::u16string text = mark::fieldBegin + code;
-    if (result) {
+    if (result)
         text += mark::fieldSeparator + normalizeText(*result);
-    }
     text += mark::fieldEnd;
     story.insert(at, text);
     const auto count = static_cast<Position>(text.size());
     story.erase(at + count, past + count);
-    if (parsed.keyword() == u"TC" || parsed.keyword() == u"XE" || parsed.keyword() == u"TA") {
+    if (parsed.keyword() == u"TC" || parsed.keyword() == u"XE" || parsed.keyword() == u"TA")
         LiveRange(range.storyPtr(), at, at + count).setFont({.hidden = true});
-    }
     const Field field(range.storyPtr(), story.fields().endingAt(at + count - 1)->id);
-    if (isTable) {
+    if (isTable)
         TableOfContents(field).update();
-    } else if (parsed.type() == hyperlinkFieldType) {
+    else if (parsed.type() == hyperlinkFieldType)
         styleAsHyperlink(field);
-    }
     return field;
 }
 
 std::vector<Field> fieldsIn(const LiveRange& range)
 {
     std::vector<Field> fields;
-    for (const FieldPlace& place : range.story().fields().startingIn(range.start(), range.end())) {
+    for (const FieldPlace& place : range.story().fields().startingIn(range.start(), range.end()))
         fields.emplace_back(range.storyPtr(), place.id);
-    }
     return fields;
 }
 

@@ -130,16 +130,14 @@ std::vector<Word> wordsOf(std::u16string_view code)
         word.isSwitch = code[at] == u'\\' && at + 1 < code.size() && code[at + 1] != u'\\';
         at += word.isSwitch ? 1 : 0;
         bool quoted = false;
-        for (; at < code.size() && (quoted || !isSpace(code[at])); ++at) {
-            if (code[at] == u'"') {
+        for (; at < code.size() && (quoted || !isSpace(code[at])); ++at)
+            if (code[at] == u'"')
                 quoted = !quoted;
-            } else if (code[at] == u'\\' && at + 1 < code.size() &&
-                       (code[at + 1] == u'\\' || code[at + 1] == u'"')) {
+            else if (code[at] == u'\\' && at + 1 < code.size() &&
+                     (code[at + 1] == u'\\' || code[at + 1] == u'"'))
                 word.text += code[++at];
-            } else {
+            else
                 word.text += code[at];
-            }
-        }
         words.push_back(std::move(word));
     }
     return words;
@@ -155,9 +153,8 @@ FieldCode::FieldCode(std::u16string_view code)
         keyword_ = words[at++].text;
         std::transform(keyword_.begin(), keyword_.end(), keyword_.begin(), upperCase);
     }
-    for (; at < words.size() && !words[at].isSwitch; ++at) {
+    for (; at < words.size() && !words[at].isSwitch; ++at)
         arguments_.push_back(words[at].text);
-    }
     for (; at < words.size(); ++at) {
         const std::u16string& text = words[at].text;
         if (words[at].isSwitch) {
@@ -197,9 +194,8 @@ std::u16string quotedArgument(std::u16string_view text)
 {
     std::u16string quoted = u"\"";
     for (const char16_t unit : text) {
-        if (unit == u'\\' || unit == u'"') {
+        if (unit == u'\\' || unit == u'"')
             quoted += u'\\';
-        }
         quoted += unit;
     }
     return quoted + u'"';

@@ -7,11 +7,9 @@ namespace standin::model {
 
 std::optional<FieldPlace> FieldMarks::find(FieldId id) const
 {
-    for (std::size_t i = 0; i < marks_.size(); ++i) {
-        if (marks_.value(i).id == id) {
+    for (std::size_t i = 0; i < marks_.size(); ++i)
+        if (marks_.value(i).id == id)
             return placeFrom(i);
-        }
-    }
     return std::nullopt;
 }
 
@@ -21,9 +19,8 @@ FieldPlace FieldMarks::placeFrom(std::size_t beginIndex) const
     place.id = marks_.value(beginIndex).id;
     place.begin = at(beginIndex);
     for (std::size_t i = beginIndex + 1;; ++i) {
-        if (marks_.value(i).id != place.id) {
+        if (marks_.value(i).id != place.id)
             continue;
-        }
         if (marks_.value(i).character == mark::fieldEnd) {
             place.end = at(i);
             return place;
@@ -39,9 +36,8 @@ std::vector<FieldPlace> FieldMarks::startingIn(Position start, Position end) con
     for (std::size_t i = marks_.firstAfter(start); i < marks_.size(); ++i) {
         const Mark& mark = marks_.value(i);
         const Position here = at(i);
-        if (here >= end && open.empty()) {
+        if (here >= end && open.empty())
             break;
-        }
         if (mark.character == mark::fieldBegin) {
             if (here < end) {
                 open[mark.id] = found.size();
@@ -67,9 +63,8 @@ std::optional<FieldPlace> FieldMarks::around(Position at) const
         if (character == mark::fieldEnd) {
             ++closed;
         } else if (character == mark::fieldBegin) {
-            if (closed == 0) {
+            if (closed == 0)
                 return placeFrom(i);
-            }
             --closed;
         }
     }
@@ -79,14 +74,12 @@ std::optional<FieldPlace> FieldMarks::around(Position at) const
 std::optional<FieldPlace> FieldMarks::endingAt(Position end) const
 {
     const std::size_t last = marks_.firstAfter(end);
-    if (last == marks_.size() || at(last) != end || marks_.value(last).character != mark::fieldEnd) {
+    if (last == marks_.size() || at(last) != end || marks_.value(last).character != mark::fieldEnd)
         return std::nullopt;
-    }
     const FieldId id = marks_.value(last).id;
     std::size_t first = last;
-    while (marks_.value(first).id != id || marks_.value(first).character != mark::fieldBegin) {
+    while (marks_.value(first).id != id || marks_.value(first).character != mark::fieldBegin)
         --first;
-    }
     return placeFrom(first);
 }
 
@@ -115,36 +108,31 @@ std::vector<Position> FieldMarks::halvesIn(Position start, Position end) const
             positions.pop_back();
         }
     }
-    for (const std::vector<Position>& unfinished : positions) {
+    for (const std::vector<Position>& unfinished : positions)
         halves.insert(halves.end(), unfinished.begin(), unfinished.end());
-    }
     std::sort(halves.begin(), halves.end());
     return halves;
 }
 
 bool FieldMarks::match(std::u16string_view text) const
 {
-    if (!isPaired(text)) {
+    if (!isPaired(text))
         return false;
-    }
     std::vector<FieldId> open;
     std::size_t index = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] < mark::fieldBegin || text[i] > mark::fieldEnd) {
+        if (text[i] < mark::fieldBegin || text[i] > mark::fieldEnd)
             continue;
-        }
         if (index >= marks_.size() || at(index) != static_cast<Position>(i) ||
-            marks_.value(index).character != text[i]) {
+            marks_.value(index).character != text[i])
             return false;
-        }
         const FieldId id = marks_.value(index++).id;
-        if (text[i] == mark::fieldBegin) {
+        if (text[i] == mark::fieldBegin)
             open.push_back(id);
-        } else if (open.back() != id) {
+        else if (open.back() != id)
             return false;
-        } else if (text[i] == mark::fieldEnd) {
+        else if (text[i] == mark::fieldEnd)
             open.pop_back();
-        }
     }
     return index == marks_.size();
 }
@@ -156,14 +144,12 @@ bool FieldMarks::isPaired(std::u16string_view text)
         if (unit == mark::fieldBegin) {
             hasSeparator.push_back(false);
         } else if (unit == mark::fieldSeparator) {
-            if (hasSeparator.empty() || hasSeparator.back()) {
+            if (hasSeparator.empty() || hasSeparator.back())
                 return false;
-            }
             hasSeparator.back() = true;
         } else if (unit == mark::fieldEnd) {
-            if (hasSeparator.empty()) {
+            if (hasSeparator.empty())
                 return false;
-            }
             hasSeparator.pop_back();
         }
     }
@@ -181,16 +167,13 @@ void FieldMarks::enter(Position at, std::u16string_view text)
     std::vector<FieldId> open;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
-        if (unit != mark::fieldBegin && unit != mark::fieldSeparator && unit != mark::fieldEnd) {
+        if (unit != mark::fieldBegin && unit != mark::fieldSeparator && unit != mark::fieldEnd)
             continue;
-        }
-        if (unit == mark::fieldBegin) {
+        if (unit == mark::fieldBegin)
             open.push_back(++last_);
-        }
         enterMark(at + static_cast<Position>(i), open.back(), unit);
-        if (unit == mark::fieldEnd) {
+        if (unit == mark::fieldEnd)
             open.pop_back();
-        }
     }
 }
 
@@ -198,9 +181,8 @@ FieldId FieldMarks::enter(Position begin, std::optional<Position> separator, Pos
 {
     const FieldId id = ++last_;
     enterMark(begin, id, mark::fieldBegin);
-    if (separator) {
+    if (separator)
         enterMark(*separator, id, mark::fieldSeparator);
-    }
     enterMark(end, id, mark::fieldEnd);
     return id;
 }

@@ -27,9 +27,8 @@ std::u16string timeText(const Document& document, const FieldCode& code, std::u1
 std::u16string bookmarkText(const Document& document, const std::u16string& name)
 {
     const BookmarkPtr bookmark = document.bookmarks().find(name);
-    if (!bookmark) {
+    if (!bookmark)
         return std::u16string(noBookmark);
-    }
     const LiveRange& range = bookmark->range();
     return visibleText(range.story(), range.start(), range.end());
 }
@@ -37,9 +36,8 @@ std::u16string bookmarkText(const Document& document, const std::u16string& name
 std::u16string bookmarkPage(const Document& document, const std::u16string& name)
 {
     const BookmarkPtr bookmark = document.bookmarks().find(name);
-    if (!bookmark || bookmark->range().storyPtr() != document.mainStory()) {
+    if (!bookmark || bookmark->range().storyPtr() != document.mainStory())
         return std::u16string(noBookmark);
-    }
     return decimal(pageNumberAt(document, bookmark->range().start()));
 }
 
@@ -51,36 +49,26 @@ std::optional<std::u16string> fieldResult(const Story& story, Position begin, co
     const bool isMain = story.type() == StoryType::mainText;
     const std::u16string& keyword = code.keyword();
     if (keyword.empty() || keyword == u"TC" || keyword == u"XE" || keyword == u"TA" || keyword == u"RD" ||
-        keyword == u"PRIVATE") {
+        keyword == u"PRIVATE")
         return std::nullopt;
-    }
-    if (keyword == u"DATE") {
+    if (keyword == u"DATE")
         return timeText(document, code, u"M/d/yyyy");
-    }
-    if (keyword == u"TIME") {
+    if (keyword == u"TIME")
         return timeText(document, code, u"h:mm AM/PM");
-    }
-    if (keyword == u"FILENAME") {
+    if (keyword == u"FILENAME")
         return code.has(u'p') ? document.fullName() : document.name();
-    }
-    if (keyword == u"PAGE") {
+    if (keyword == u"PAGE")
         return decimal(isMain ? pageNumberAt(document, begin) : 1);
-    }
-    if (keyword == u"NUMPAGES") {
+    if (keyword == u"NUMPAGES")
         return decimal(pageCount(document));
-    }
-    if (keyword == u"SECTION") {
+    if (keyword == u"SECTION")
         return decimal(isMain ? document.sectionIndexAt(begin) : 1);
-    }
-    if (keyword == u"QUOTE") {
+    if (keyword == u"QUOTE")
         return code.argument(0);
-    }
-    if (keyword == u"REF") {
+    if (keyword == u"REF")
         return bookmarkText(document, code.argument(0));
-    }
-    if (keyword == u"PAGEREF") {
+    if (keyword == u"PAGEREF")
         return bookmarkPage(document, code.argument(0));
-    }
     if (keyword == u"HYPERLINK") {
         const std::u16string address = code.argument(0);
         return address.empty() ? code.value(u'l').value_or(std::u16string()) : address;

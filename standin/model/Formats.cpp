@@ -7,17 +7,15 @@ namespace {
 template <typename T>
 void take(std::optional<T>& mine, const std::optional<T>& other)
 {
-    if (other) {
+    if (other)
         mine = other;
-    }
 }
 
 template <typename T>
 void keepIfEqual(std::optional<T>& mine, const std::optional<T>& other)
 {
-    if (mine != other) {
+    if (mine != other)
         mine.reset();
-    }
 }
 
 } // namespace

@@ -16,9 +16,8 @@ std::u16string GapText::substr(Position start, Position end) const
     const auto to = static_cast<std::size_t>(end);
     std::u16string result;
     result.reserve(to - from);
-    if (from < gapStart_) {
+    if (from < gapStart_)
         result.append(buffer_, from, std::min(to, gapStart_) - from);
-    }
     if (to > gapStart_) {
         const std::size_t first = std::max(from, gapStart_);
         result.append(buffer_, first + (gapEnd_ - gapStart_), to - first);
@@ -58,9 +57,8 @@ void GapText::moveGap(std::size_t at)
 void GapText::reserveGap(std::size_t size)
 {
     const std::size_t gap = gapEnd_ - gapStart_;
-    if (gap >= size) {
+    if (gap >= size)
         return;
-    }
     const std::size_t more = size - gap + buffer_.size() / 2 + 64;
     buffer_.insert(gapEnd_, more, u'\0');
     gapEnd_ += more;

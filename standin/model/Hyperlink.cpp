@@ -15,9 +15,8 @@ constexpr std::int32_t hyperlinkStyle = -86;
 /// Word leaves two spaces where there is no address.
 std::u16string codeOf(const HyperlinkTarget& target, const Document& document)
 {
-    if (target.address.empty() && target.subAddress.empty()) {
+    if (target.address.empty() && target.subAddress.empty())
         throw WordError(WordErrorNumber::commandFailed, "A hyperlink needs an address.");
-    }
     std::u16string code = u" HYPERLINK ";
     const auto add = [&code](std::u16string_view word, const std::u16string& value) {
         if (!value.empty()) {
@@ -31,9 +30,8 @@ std::u16string codeOf(const HyperlinkTarget& target, const Document& document)
     add(u"\\o ", target.screenTip);
     add(u"\\t ", target.frame);
     code = normalizeText(code);
-    if (!document.switches().hyperlinkWithoutLinkData) {
+    if (!document.switches().hyperlinkWithoutLinkData)
         code += mark::picture;
-    }
     return code;
 }
 
@@ -75,9 +73,8 @@ Hyperlink addHyperlink(const LiveRange& anchor, const HyperlinkTarget& target,
     const Position start = std::min(anchor.start(), story.length() - 1);
     Position end = std::max(start, wholeEnd(anchor));
     std::u16string shown = normalizeText(text.value_or(std::u16string()));
-    if (shown.empty() && start == end) {
+    if (shown.empty() && start == end)
         shown = target.address.empty() ? target.subAddress : target.address;
-    }
     if (!shown.empty()) {
         story.insert(start, shown);
         const auto count = static_cast<Position>(shown.size());
@@ -92,20 +89,17 @@ Hyperlink addHyperlink(const LiveRange& anchor, const HyperlinkTarget& target,
 std::vector<Hyperlink> hyperlinksIn(const LiveRange& range)
 {
     std::vector<Hyperlink> links;
-    for (const Field& field : fieldsIn(range)) {
-        if (field.type() == hyperlinkFieldType) {
+    for (const Field& field : fieldsIn(range))
+        if (field.type() == hyperlinkFieldType)
             links.emplace_back(field);
-        }
-    }
     return links;
 }
 
 void styleAsHyperlink(const Field& field)
 {
     LiveRange result = field.result();
-    if (!result.isCollapsed()) {
+    if (!result.isCollapsed())
         result.setStyle(hyperlinkStyle);
-    }
 }
 
 } // namespace standin::model

@@ -24,27 +24,24 @@ struct Point
 std::string number(std::int64_t value, int bytes = 4)
 {
     std::string result;
-    for (; bytes > 0; --bytes, value >>= 8) {
+    for (; bytes > 0; --bytes, value >>= 8)
         result += static_cast<char>(value & 0xFF);
-    }
     return result;
 }
 
 std::string numbers(std::initializer_list<std::int64_t> values)
 {
     std::string result;
-    for (const std::int64_t value : values) {
+    for (const std::int64_t value : values)
         result += number(value);
-    }
     return result;
 }
 
 std::string text(std::u16string_view characters)
 {
     std::string result;
-    for (const char16_t c : characters) {
+    for (const char16_t c : characters)
         result += number(c, 2);
-    }
     return result;
 }
 
@@ -72,9 +69,8 @@ std::string record(Record kind, std::string data)
 std::string lines(Record kind, const std::vector<Point>& points)
 {
     std::string data = numbers({0, 0, width - 1, height - 1, static_cast<std::int64_t>(points.size())});
-    for (const Point& point : points) {
+    for (const Point& point : points)
         data += number(point.x, 2) + number(point.y, 2);
-    }
     return record(kind, data);
 }
 
@@ -93,12 +89,10 @@ std::int32_t advance(char16_t c)
 {
     static constexpr std::u16string_view narrow = u"fijlrtI.,:;!|'()[] -";
     static constexpr std::u16string_view wide = u"mwMW@%";
-    if (narrow.find(c) != std::u16string_view::npos) {
+    if (narrow.find(c) != std::u16string_view::npos)
         return fontHeight * 3 / 10;
-    }
-    if (wide.find(c) != std::u16string_view::npos) {
+    if (wide.find(c) != std::u16string_view::npos)
         return fontHeight * 9 / 10;
-    }
     const bool isCapital = c >= u'A' && c <= u'Z';
     return isCapital ? fontHeight * 7 / 10 : fontHeight * 11 / 20;
 }
@@ -111,9 +105,8 @@ std::u16string cut(std::u16string_view label)
     std::u16string result;
     for (const char16_t c : label) {
         used += advance(c);
-        if (used > room) {
+        if (used > room)
             return result.append(dots);
-        }
         result += c < 0x20 ? u' ' : c;
     }
     return result;
@@ -128,9 +121,8 @@ std::string labelText(std::u16string_view label)
     std::string characters = text(shown);
     characters.resize((characters.size() + 3) / 4 * 4);
     std::string advances;
-    for (const char16_t c : shown) {
+    for (const char16_t c : shown)
         advances += number(advance(c));
-    }
     std::string data = numbers({0, 0, width - 1, height - 1, advancedGraphics, 0, 0});
     data +=
         numbers({width / 2, labelTop, static_cast<std::int64_t>(shown.size()), fixedSize, 0, 0, 0, -1, -1});
@@ -144,9 +136,8 @@ std::string paper()
     std::string records =
         lines(Record::polygon, {{1000, 100}, {1500, 100}, {1700, 300}, {1700, 1100}, {1000, 1100}});
     records += lines(Record::polyline, {{1500, 100}, {1500, 300}, {1700, 300}});
-    for (const std::int16_t y : std::array<std::int16_t, 4>{450, 600, 750, 900}) {
+    for (const std::int16_t y : std::array<std::int16_t, 4>{450, 600, 750, 900})
         records += lines(Record::polyline, {{1120, y}, {1580, y}});
-    }
     return records;
 }
 

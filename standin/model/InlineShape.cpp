@@ -17,9 +17,8 @@ constexpr float largest = 1584;
 
 void checkLength(float points)
 {
-    if (!(points > 0 && points <= largest)) {
+    if (!(points > 0 && points <= largest))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
 }
 
 void fit(InlineShape& shape, const TextArea& area)
@@ -75,9 +74,8 @@ void PlacedShape::setHeight(float points)
 InlineShape& PlacedShape::change() const
 {
     const Story& story = anchor_.story();
-    if (anchor_.isCollapsed() || story.runAt(anchor_.end() - 1).format->shape != shape_) {
+    if (anchor_.isCollapsed() || story.runAt(anchor_.end() - 1).format->shape != shape_)
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *shape_;
 }
 
@@ -101,9 +99,8 @@ PlacedShape addPicture(LiveRange& place, const Picture& picture, const std::u16s
     shape.height = picture.height;
     shape.link = link;
     PlacedShape placed = insertShape(place.storyPtr(), placeInFront(place), std::move(shape));
-    if (!link.empty()) {
+    if (!link.empty())
         wrap(placed, u" INCLUDEPICTURE " + quotedArgument(link) + u" \\* MERGEFORMAT ");
-    }
     return placed;
 }
 
@@ -120,17 +117,15 @@ PlacedShape addObject(LiveRange& place, const ObjectSource& source)
     shape.objectData = linked ? std::string() : source.data;
     const std::u16string code = objectFieldCode(shape);
     PlacedShape placed = insertShape(place.storyPtr(), placeInFront(place), std::move(shape));
-    if (place.story().document().switches().oleObjectIsField) {
+    if (place.story().document().switches().oleObjectIsField)
         wrap(placed, code);
-    }
     return placed;
 }
 
 std::u16string objectFieldCode(const InlineShape& shape)
 {
-    if (shape.type == InlineShapeType::linkedObject) {
+    if (shape.type == InlineShapeType::linkedObject)
         return u" LINK " + shape.objectClass + u' ' + quotedArgument(shape.link) + u" \"\" \\a \\p ";
-    }
     return u" EMBED " + shape.objectClass + u' ';
 }
 
@@ -140,11 +135,9 @@ std::vector<Position> shapesIn(const LiveRange& range)
     std::vector<Position> places;
     for (Position at = range.start(); at < range.end();) {
         const CharacterRun run = story.runAt(at);
-        for (; at < std::min(run.end, range.end()); ++at) {
-            if (run.format->shape) {
+        for (; at < std::min(run.end, range.end()); ++at)
+            if (run.format->shape)
                 places.push_back(at);
-            }
-        }
     }
     return places;
 }

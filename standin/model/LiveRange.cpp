@@ -40,9 +40,8 @@ std::pair<std::size_t, std::size_t> paragraphsTouched(const Story& story, Positi
 LiveRange::LiveRange(std::shared_ptr<Story> story, Position start, Position end) : story_(std::move(story))
 {
     Story& owner = this->story();
-    if (start < 0 || start >= owner.length() || end > owner.length()) {
+    if (start < 0 || start >= owner.length() || end > owner.length())
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     owner.endpoints().add(start_, start);
     owner.endpoints().add(end_, std::max(start, end));
 }
@@ -62,9 +61,8 @@ LiveRange::~LiveRange()
 
 Story& LiveRange::story() const
 {
-    if (!story_->isAlive()) {
+    if (!story_->isAlive())
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *story_;
 }
 
@@ -91,9 +89,8 @@ void LiveRange::setEnd(Position end)
 void LiveRange::setRange(Position start, Position end)
 {
     Story& owner = story();
-    if (start < 0 || start >= owner.length() || end > owner.length()) {
+    if (start < 0 || start >= owner.length() || end > owner.length())
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     place(start, std::max(start, end));
 }
 
@@ -112,9 +109,8 @@ std::u16string LiveRange::text() const
 {
     std::u16string text = visibleText(story(), start(), end());
     for (std::size_t at = text.find(mark::cell); at != std::u16string::npos;
-         at = text.find(mark::cell, at + 2)) {
+         at = text.find(mark::cell, at + 2))
         text.insert(at, 1, mark::paragraph);
-    }
     return text;
 }
 
@@ -129,9 +125,8 @@ void LiveRange::insertAfter(std::u16string_view text)
 {
     const Position at = insertionPointAfter();
     const Position past = at + insertInto(at, text);
-    if (end() < past) {
+    if (end() < past)
         place(start(), past);
-    }
 }
 
 void LiveRange::insertBefore(std::u16string_view text)
@@ -183,9 +178,8 @@ void LiveRange::insertBreak(BreakType type)
 
 std::int32_t LiveRange::remove(std::int32_t count)
 {
-    if (isCollapsed()) {
+    if (isCollapsed())
         return removeCharacters(count);
-    }
     const Position removed = removeContent();
     return story().document().switches().deleteAnswersOne ? 1 : removed;
 }
@@ -207,9 +201,8 @@ StylePtr LiveRange::style() const
                     });
     }
     const Document& document = owner.document();
-    if (mixed && !document.switches().mixedStyleReadsFirst) {
+    if (mixed && !document.switches().mixedStyleReadsFirst)
         return nullptr;
-    }
     return document.styles().find(found->name());
 }
 
@@ -225,9 +218,8 @@ void LiveRange::setStyle(const Style& style)
     for (std::size_t i = first; i < past; ++i) {
         ParagraphFormat format = *owner.paragraph(i).format;
         format.style = &style;
-        if (!keepsDirect) {
+        if (!keepsDirect)
             format.properties = {};
-        }
         owner.setParagraphFormat(i, format);
     }
 }
@@ -235,27 +227,24 @@ void LiveRange::setStyle(const Style& style)
 void LiveRange::setStyle(std::u16string_view name)
 {
     const StylePtr style = story().document().styles().find(name);
-    if (!style) {
+    if (!style)
         throw WordError(WordErrorNumber::noSuchItem);
-    }
     setStyle(*style);
 }
 
 void LiveRange::setStyle(std::int32_t builtinNumber)
 {
     const StylePtr style = story().document().styles().findBuiltin(builtinNumber);
-    if (!style) {
+    if (!style)
         throw WordError(WordErrorNumber::noSuchItem);
-    }
     setStyle(*style);
 }
 
 FontProperties LiveRange::font() const
 {
     const Story& owner = story();
-    if (isCollapsed()) {
+    if (isCollapsed())
         return owner.fontForInsertion(std::min(start(), owner.length() - 1));
-    }
     FontProperties common = owner.effectiveFont(start());
     eachStretch(owner, start(), end(),
                 [&common](Position, Position, const ParagraphFormat& paragraph, const CharacterFormat& run) {
@@ -285,9 +274,8 @@ ParagraphProperties LiveRange::paragraphFormat() const
         return properties;
     };
     ParagraphProperties common = effective(first);
-    for (std::size_t i = first + 1; i < past; ++i) {
+    for (std::size_t i = first + 1; i < past; ++i)
         common.keepCommon(effective(i));
-    }
     return common;
 }
 
@@ -361,9 +349,8 @@ void LiveRange::insertBreakCharacter(char16_t character)
 void LiveRange::insertSectionBreak(SectionStart sectionStart)
 {
     Document& document = story().document();
-    if (story_->type() != StoryType::mainText) {
+    if (story_->type() != StoryType::mainText)
         throw WordError(WordErrorNumber::notAvailable);
-    }
     const Position at = std::min(start(), story_->length() - 1);
     document.breakSection(at, sectionStart);
     const bool behind = document.switches().sectionBreakRangeLiesBehind;
@@ -372,9 +359,8 @@ void LiveRange::insertSectionBreak(SectionStart sectionStart)
 
 void LiveRange::setCharacterStyle(const Style& style)
 {
-    if (isCollapsed()) {
+    if (isCollapsed())
         return;
-    }
     const Style* put = style.builtinNumber() == Styles::defaultParagraphFont ? nullptr : &style;
     changeCharacters([put](CharacterFormat& format) { format.style = put; });
 }
@@ -386,9 +372,8 @@ void LiveRange::changeCharacters(const std::function<void(CharacterFormat&)>& ch
     Position past = end();
     if (from == past) {
         const Paragraph paragraph = owner.paragraphAt(from);
-        if (paragraph.end - paragraph.start != 1) {
+        if (paragraph.end - paragraph.start != 1)
             return;
-        }
         from = paragraph.start;
         past = paragraph.end;
     }

@@ -14,9 +14,8 @@ std::int32_t PageCounter::pageAt(Position position)
         const char16_t character = story_.at(at_++);
         startsPage_ = false;
         if (at_ == paragraph_.end) {
-            if (paragraph_.format->end == ParagraphEnd::section) {
+            if (paragraph_.format->end == ParagraphEnd::section)
                 endSection();
-            }
             if (++index_ < story_.paragraphCount()) {
                 paragraph_ = story_.paragraph(index_);
                 enterParagraph();
@@ -33,9 +32,8 @@ void PageCounter::enterParagraph()
 {
     ParagraphProperties properties = paragraph_.format->style->resolvedParagraph();
     properties.overlay(paragraph_.format->properties);
-    if (!startsPage_ && properties.pageBreakBefore.value_or(false)) {
+    if (!startsPage_ && properties.pageBreakBefore.value_or(false))
         ++page_;
-    }
 }
 
 void PageCounter::endSection()

@@ -6,9 +6,8 @@ namespace standin::model {
 
 void PageSetup::setOrientation(Orientation wanted)
 {
-    if (wanted == orientation) {
+    if (wanted == orientation)
         return;
-    }
     std::swap(pageWidth, pageHeight);
     const float left = leftMargin;
     if (wanted == Orientation::landscape) {

@@ -18,9 +18,8 @@ constexpr std::int32_t mostPixels = 65535; ///< in a row or column
 std::optional<Picture> bitmap(PictureFormat format, std::string_view bytes, std::int64_t width,
                               std::int64_t height, float horizontal = 0, float vertical = 0)
 {
-    if (width < 1 || height < 1 || width > mostPixels || height > mostPixels) {
+    if (width < 1 || height < 1 || width > mostPixels || height > mostPixels)
         return std::nullopt;
-    }
     const auto points = [](std::int64_t pixels, float resolution) {
         return static_cast<float>(pixels) * pointsPerInch / (resolution >= 1 ? resolution : usualResolution);
     };
@@ -81,17 +80,14 @@ std::optional<Picture> readJpeg(std::string_view file)
     float horizontal = 0;
     float vertical = 0;
     while (!reader.failed()) {
-        if (reader.byte() != 0xFF) {
+        if (reader.byte() != 0xFF)
             return std::nullopt;
-        }
         unsigned marker = reader.byte();
-        while (marker == 0xFF) {
+        while (marker == 0xFF)
             marker = reader.byte();
-        }
         const std::size_t size = reader.bigWord();
-        if (size < 2) {
+        if (size < 2)
             return std::nullopt;
-        }
         ByteReader segment(reader.take(size - 2));
         if (marker == 0xDA) { // the image itself
             return reader.left() > 0 ? bitmap(PictureFormat::jpeg, file, width, height, horizontal, vertical)
@@ -178,13 +174,11 @@ std::optional<Picture> readBmp(std::string_view file)
     const std::uint64_t headEnd = fileHeader + head.size + head.colorBytes();
     const bool knowsBits = head.bits >= 1 && head.bits <= 32;
     if ((head.size != 12 && head.size < 40) || head.size > file.size() || !knowsBits || headEnd > pixels ||
-        pixels >= file.size() || head.width < 1 || head.width > mostPixels || head.height > mostPixels) {
+        pixels >= file.size() || head.width < 1 || head.width > mostPixels || head.height > mostPixels)
         return std::nullopt;
-    }
     const bool isPlain = head.compression == 0 || head.compression == 3;
-    if (isPlain && head.pixelBytes() > file.size() - pixels) {
+    if (isPlain && head.pixelBytes() > file.size() - pixels)
         return std::nullopt;
-    }
     // In a document nothing lies between the colours and the pixels.
     std::string bytes(file.substr(fileHeader, headEnd - fileHeader));
     bytes += file.substr(pixels);
@@ -201,9 +195,8 @@ std::optional<Picture> metafile(PictureFormat format, std::string_view bytes, st
 {
     constexpr float perInch = 2540;
     constexpr std::int64_t largest = 1000000;
-    if (width < 1 || height < 1 || width > largest || height > largest) {
+    if (width < 1 || height < 1 || width > largest || height > largest)
         return std::nullopt;
-    }
     return Picture{format,
                    std::string(bytes),
                    static_cast<float>(width) * pointsPerInch / perInch,
@@ -225,9 +218,8 @@ std::optional<Picture> readEmf(std::string_view file)
     while (!records.failed()) {
         const std::uint32_t kind = records.number();
         const std::uint32_t size = records.number();
-        if (size < 8) {
+        if (size < 8)
             return std::nullopt;
-        }
         records.skip(size - 8);
         if (kind == lastRecord && !records.failed()) {
             return metafile(PictureFormat::emf, file.substr(0, records.position()), right - left,
@@ -253,12 +245,10 @@ bool endsProperly(std::string_view metafile)
     while (!reader.failed()) {
         const std::uint32_t words = reader.number();
         const unsigned function = reader.word();
-        if (words < 3 || reader.failed()) {
+        if (words < 3 || reader.failed())
             return false;
-        }
-        if (function == 0) {
+        if (function == 0)
             return true;
-        }
         reader.skip(std::size_t{words} * 2 - 6);
     }
     return false;
@@ -274,13 +264,11 @@ std::optional<Picture> readPlaceableWmf(std::string_view file)
     const std::int64_t right = reader.signedWord();
     const std::int64_t bottom = reader.signedWord();
     const std::int64_t unitsPerInch = reader.word();
-    if (file.size() < placeableHeader || unitsPerInch == 0) {
+    if (file.size() < placeableHeader || unitsPerInch == 0)
         return std::nullopt;
-    }
     const std::string_view metafileBytes = file.substr(placeableHeader);
-    if (!isMetafileHeader(metafileBytes) || !endsProperly(metafileBytes)) {
+    if (!isMetafileHeader(metafileBytes) || !endsProperly(metafileBytes))
         return std::nullopt;
-    }
     const auto hundredths = [unitsPerInch](std::int64_t units) {
         return std::abs(units) * 2540 / unitsPerInch;
     };
@@ -292,9 +280,8 @@ std::optional<Picture> readPlaceableWmf(std::string_view file)
 std::optional<Picture> readPlainWmf(std::string_view file)
 {
     constexpr unsigned setWindowExtent = 0x020C;
-    if (!endsProperly(file)) {
+    if (!endsProperly(file))
         return std::nullopt;
-    }
     ByteReader reader(file);
     reader.skip(18);
     while (!reader.failed()) {
@@ -306,9 +293,8 @@ std::optional<Picture> readPlainWmf(std::string_view file)
             const std::int64_t width = std::abs(data.signedWord());
             return metafile(PictureFormat::wmf, file, width * 2540 / 96, height * 2540 / 96);
         }
-        if (function == 0) {
+        if (function == 0)
             break;
-        }
     }
     return std::nullopt;
 }
@@ -317,25 +303,19 @@ std::optional<Picture> readPlainWmf(std::string_view file)
 
 std::optional<Picture> readPicture(std::string_view file)
 {
-    if (file.starts_with("\x89PNG\r\n\x1a\n")) {
+    if (file.starts_with("\x89PNG\r\n\x1a\n"))
         return readPng(file);
-    }
-    if (file.starts_with("\xFF\xD8\xFF")) {
+    if (file.starts_with("\xFF\xD8\xFF"))
         return readJpeg(file);
-    }
-    if (file.starts_with("GIF8")) {
+    if (file.starts_with("GIF8"))
         return readGif(file);
-    }
-    if (file.starts_with("BM")) {
+    if (file.starts_with("BM"))
         return readBmp(file);
-    }
     if (file.starts_with(std::string_view("\x01\0\0\0", 4)) && file.size() > 44 &&
-        file.substr(40, 4) == " EMF") {
+        file.substr(40, 4) == " EMF")
         return readEmf(file);
-    }
-    if (file.starts_with("\xD7\xCD\xC6\x9A")) {
+    if (file.starts_with("\xD7\xCD\xC6\x9A"))
         return readPlaceableWmf(file);
-    }
     return isMetafileHeader(file) ? readPlainWmf(file) : std::nullopt;
 }
 

@@ -38,9 +38,8 @@ public:
     {
         const auto inFront = std::upper_bound(before_.begin(), before_.end(), position,
                                               [](Position p, const Entry& e) { return p < e.first; });
-        if (inFront != before_.end()) {
+        if (inFront != before_.end())
             return static_cast<std::size_t>(inFront - before_.begin());
-        }
         // Behind the gap the last element is the nearest, and keys are distances from the end.
         const auto past = std::lower_bound(behind_.begin(), behind_.end(), length_ - position,
                                            [](const Entry& e, Position key) { return e.first < key; });
@@ -58,9 +57,8 @@ public:
     void removeBetween(Position after, Position upTo)
     {
         moveGap(upTo);
-        while (!before_.empty() && before_.back().first > after) {
+        while (!before_.empty() && before_.back().first > after)
             before_.pop_back();
-        }
     }
 
     /// `count` characters were inserted at `at`: entries at positions > at move.

@@ -39,9 +39,8 @@ Section::~Section()
 
 Document& Section::document() const
 {
-    if (!document_) {
+    if (!document_)
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *document_;
 }
 
@@ -67,9 +66,8 @@ void Section::setLinkToPrevious(Part part, HeaderFooterIndex index, bool linked)
 {
     const SectionPtr before = sectionBefore(*this);
     Item& mine = item(part, index);
-    if (!before || mine.linked == linked) {
+    if (!before || mine.linked == linked)
         return;
-    }
     if (linked) {
         if (mine.story) {
             mine.story->kill();
@@ -86,13 +84,11 @@ void Section::setLinkToPrevious(Part part, HeaderFooterIndex index, bool linked)
 
 std::shared_ptr<Story> Section::story(Part part, HeaderFooterIndex index)
 {
-    if (linkToPrevious(part, index)) {
+    if (linkToPrevious(part, index))
         return sectionBefore(*this)->story(part, index);
-    }
     Item& mine = item(part, index);
-    if (!mine.story) {
+    if (!mine.story)
         mine.story = std::make_shared<Story>(document(), storyType(part, index));
-    }
     return mine.story;
 }
 
@@ -104,11 +100,9 @@ std::shared_ptr<Story> Section::ownStory(Part part, HeaderFooterIndex index) con
 bool Section::owns(const Story& story) const
 {
     for (const auto& part : items_) {
-        for (const Item& each : part) {
-            if (each.story.get() == &story) {
+        for (const Item& each : part)
+            if (each.story.get() == &story)
                 return true;
-            }
-        }
     }
     return false;
 }
@@ -134,9 +128,8 @@ Section::Item& Section::item(Part part, HeaderFooterIndex index)
 const Section::Item& Section::item(Part part, HeaderFooterIndex index) const
 {
     const auto number = static_cast<std::int32_t>(index);
-    if (number < 1 || number > 3) {
+    if (number < 1 || number > 3)
         throw WordError(WordErrorNumber::noSuchMember);
-    }
     return items_[part == Part::header ? 0 : 1][static_cast<std::size_t>(number - 1)];
 }
 

@@ -27,9 +27,8 @@ Story::Story(Document& document, StoryType type)
 
 Document& Story::document() const
 {
-    if (!document_) {
+    if (!document_)
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return *document_;
 }
 
@@ -62,9 +61,8 @@ FontProperties Story::effectiveFont(Position position) const
 FontProperties Story::effectiveFont(const ParagraphFormat& paragraph, const CharacterFormat& run)
 {
     FontProperties font = paragraph.style->resolvedFont();
-    if (run.style) {
+    if (run.style)
         font.overlay(run.style->resolvedFont());
-    }
     font.overlay(run.font);
     return font;
 }
@@ -76,9 +74,8 @@ FontProperties Story::fontForInsertion(Position at) const
 
 void Story::insert(Position at, std::u16string_view text)
 {
-    if (!FieldMarks::isPaired(text)) {
+    if (!FieldMarks::isPaired(text))
         throw std::invalid_argument("half a field in a text to insert");
-    }
     insertPart(at, text);
     fields_.enter(at, text);
 }
@@ -86,9 +83,8 @@ void Story::insert(Position at, std::u16string_view text)
 void Story::insertPart(Position at, std::u16string_view text)
 {
     checkInsertion(at, ParagraphEnd::mark);
-    if (!text.empty()) {
+    if (!text.empty())
         insertFormatted(at, text, formatForInsertion(at));
-    }
 }
 
 void Story::enterFields(Position start, Position end)
@@ -109,13 +105,11 @@ void Story::insertParagraphEnd(Position at, char16_t character, ParagraphEnd end
 
 Position Story::erase(Position start, Position end)
 {
-    if (start < 0 || start > end || end >= length()) {
+    if (start < 0 || start > end || end >= length())
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     std::vector<Position> kept;
-    if (!fields_.isEmpty()) {
+    if (!fields_.isEmpty())
         kept = fields_.halvesIn(start, end);
-    }
     Position past = end;
     for (auto each = kept.rbegin(); each != kept.rend(); ++each) {
         eraseRaw(*each + 1, past);
@@ -123,9 +117,8 @@ Position Story::erase(Position start, Position end)
     }
     eraseRaw(start, past);
     Position place = start;
-    for (Position at = start; at < start + static_cast<Position>(kept.size()); ++at) {
+    for (Position at = start; at < start + static_cast<Position>(kept.size()); ++at)
         place = text_.at(at) == mark::fieldEnd ? at + 1 : place;
-    }
     return place;
 }
 
@@ -133,9 +126,8 @@ FieldId Story::wrapInField(Position start, Position end, std::u16string_view cod
 {
     checkInsertion(start, ParagraphEnd::mark);
     checkInsertion(end, ParagraphEnd::mark);
-    if (start > end || !fields_.halvesIn(start, end).empty() || !FieldMarks::isPaired(code)) {
+    if (start > end || !fields_.halvesIn(start, end).empty() || !FieldMarks::isPaired(code))
         throw std::invalid_argument("a field around half a field");
-    }
     const CharacterFormat format = formatForInsertion(start);
     insertFormatted(end, {&mark::fieldEnd, 1}, format);
     const std::u16string head = mark::fieldBegin + std::u16string(code) + mark::fieldSeparator;
@@ -164,9 +156,8 @@ void Story::unwrapField(FieldId id)
 
 void Story::eraseRaw(Position start, Position end)
 {
-    if (start == end) {
+    if (start == end)
         return;
-    }
     Document& owner = document();
     text_.erase(start, end);
     fields_.erased(start, end);
@@ -177,9 +168,8 @@ void Story::eraseRaw(Position start, Position end)
     const bool cutsRun = run(first).start < start && run(first).end <= end;
     const CharacterFormat cut = runs_.value(first);
     runs_.removeBetween(start, end);
-    if (cutsRun) {
+    if (cutsRun)
         runs_.insert(start, cut);
-    }
     runs_.erased(start, end);
     mergeRunsAt(start);
     endpoints_.erased(start, end);
@@ -194,16 +184,13 @@ void Story::setParagraphFormat(std::size_t index, const ParagraphFormat& format)
 
 void Story::setCharacterFormat(Position start, Position end, const CharacterFormat& format)
 {
-    if (start < 0 || end > length()) {
+    if (start < 0 || end > length())
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
-    if (start >= end) {
+    if (start >= end)
         return;
-    }
     const CharacterRun present = runAt(start);
-    if (present.end >= end && *present.format == format) {
+    if (present.end >= end && *present.format == format)
         return;
-    }
     document().touched();
     splitRunAt(start);
     splitRunAt(end);
@@ -215,20 +202,17 @@ void Story::setCharacterFormat(Position start, Position end, const CharacterForm
 
 void Story::checkInsertion(Position at, ParagraphEnd kind) const
 {
-    if (at < 0 || at >= length()) {
+    if (at < 0 || at >= length())
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     const bool isStructure = kind == ParagraphEnd::cell || kind == ParagraphEnd::row;
-    if (!isStructure && paragraphAt(at).format->end == ParagraphEnd::row) {
+    if (!isStructure && paragraphAt(at).format->end == ParagraphEnd::row)
         throw WordError(WordErrorNumber::atRowEnd);
-    }
 }
 
 void Story::insertRaw(Position at, std::u16string_view text)
 {
-    if (text.size() > static_cast<std::size_t>(maximumLength - length())) {
+    if (text.size() > static_cast<std::size_t>(maximumLength - length()))
         throw WordError(WordErrorNumber::stringTooLong);
-    }
     Document& owner = document();
     const auto count = static_cast<Position>(text.size());
     text_.insert(at, text);
@@ -247,9 +231,8 @@ void Story::insertFormatted(Position at, std::u16string_view text, const Charact
     Position position = at;
     for (const char16_t unit : text) {
         ++position;
-        if (unit == mark::paragraph) {
+        if (unit == mark::paragraph)
             paragraphs_.insert(position, split);
-        }
     }
     setCharacterFormat(at, position, kept);
 }
@@ -260,9 +243,8 @@ CharacterFormat Story::formatForInsertion(Position at) const
     Position before = at;
     while (before > start) {
         const std::optional<FieldPlace> field = fields_.endingAt(before - 1);
-        if (!field) {
+        if (!field)
             break;
-        }
         before = field->begin;
     }
     CharacterFormat format = *runAt(before > start ? before - 1 : at).format;
@@ -280,9 +262,8 @@ ParagraphFormat Story::splitFormat(Position at) const
 
 void Story::splitRunAt(Position position)
 {
-    if (position <= 0 || position >= length()) {
+    if (position <= 0 || position >= length())
         return;
-    }
     const CharacterRun present = runAt(position);
     if (present.start < position) {
         const CharacterFormat format = *present.format;
@@ -292,14 +273,12 @@ void Story::splitRunAt(Position position)
 
 void Story::mergeRunsAt(Position position)
 {
-    if (position <= 0 || position >= length()) {
+    if (position <= 0 || position >= length())
         return;
-    }
     const std::size_t behind = runs_.firstAfter(position);
     if (behind > 0 && runs_.position(behind - 1) == position &&
-        runs_.value(behind - 1) == runs_.value(behind)) {
+        runs_.value(behind - 1) == runs_.value(behind))
         runs_.removeBetween(position - 1, position);
-    }
 }
 
 std::u16string normalizeText(std::u16string_view text)
@@ -310,9 +289,8 @@ std::u16string normalizeText(std::u16string_view text)
         switch (text[i]) {
         case u'\r':
             result += mark::paragraph;
-            if (i + 1 < text.size() && text[i + 1] == u'\n') {
+            if (i + 1 < text.size() && text[i + 1] == u'\n')
                 ++i;
-            }
             break;
         case u'\n':
             result += mark::paragraph;

@@ -17,9 +17,8 @@ void copyParagraph(const Story& from, const Paragraph& paragraph, Story& to)
 /// A copy of a picture can be resized without the original.
 CharacterFormat copyOf(CharacterFormat format)
 {
-    if (format.shape) {
+    if (format.shape)
         format.shape = std::make_shared<InlineShape>(*format.shape);
-    }
     return format;
 }
 
@@ -28,14 +27,12 @@ CharacterFormat copyOf(CharacterFormat format)
 void copyStory(const Story& from, Story& to)
 {
     const std::size_t last = from.paragraphCount() - 1;
-    for (std::size_t i = 0; i < last; ++i) {
+    for (std::size_t i = 0; i < last; ++i)
         copyParagraph(from, from.paragraph(i), to);
-    }
     to.insertPart(to.length() - 1, from.text(from.paragraph(last).start, from.length() - 1));
     to.enterFields(0, to.length());
-    for (std::size_t i = 0; i <= last; ++i) {
+    for (std::size_t i = 0; i <= last; ++i)
         to.setParagraphFormat(i, *from.paragraph(i).format);
-    }
     for (std::size_t i = 0; i < from.runCount(); ++i) {
         const CharacterRun run = from.run(i);
         to.setCharacterFormat(run.start, run.end, copyOf(*run.format));

@@ -14,9 +14,8 @@ char16_t foldCase(char16_t c)
     const auto within = [c](int first, int last) { return c >= first && c <= last; };
     const auto plus = [c](int distance) { return static_cast<char16_t>(c + distance); };
     if (within('A', 'Z') || (within(0xC0, 0xDE) && c != 0xD7) || (within(0x391, 0x3A9) && c != 0x3A2) ||
-        within(0x410, 0x42F)) {
+        within(0x410, 0x42F))
         return plus(0x20);
-    }
     return within(0x400, 0x40F) ? plus(0x50) : c;
 }
 
@@ -31,11 +30,9 @@ std::u16string foldCase(std::u16string_view text)
 
 void Style::setBase(const Style* base)
 {
-    for (const Style* each = base; each; each = each->base_) {
-        if (each == this) {
+    for (const Style* each = base; each; each = each->base_)
+        if (each == this)
             throw WordError(WordErrorNumber::commandFailed, "A style cannot be based on itself.");
-        }
-    }
     base_ = base;
 }
 
@@ -57,31 +54,27 @@ Styles::Styles()
 {
     std::vector<StylePtr> builtin = makeBuiltinStyles();
     normal_ = builtin.front();
-    for (StylePtr& style : builtin) {
+    for (StylePtr& style : builtin)
         insert(std::move(style));
-    }
 }
 
 StylePtr Styles::byName(std::u16string_view name) const
 {
     StylePtr style = find(name);
-    if (!style) {
+    if (!style)
         throw WordError(WordErrorNumber::noSuchMember);
-    }
     return style;
 }
 
 StylePtr Styles::byNumber(std::int32_t number) const
 {
     StylePtr style;
-    if (number < 0) {
+    if (number < 0)
         style = findBuiltin(number);
-    } else if (number >= 1 && number <= count()) {
+    else if (number >= 1 && number <= count())
         style = styles_[static_cast<std::size_t>(number - 1)];
-    }
-    if (!style) {
+    if (!style)
         throw WordError(WordErrorNumber::noSuchMember);
-    }
     return style;
 }
 
@@ -101,13 +94,11 @@ StylePtr Styles::findBuiltin(std::int32_t number) const
 
 StylePtr Styles::add(std::u16string_view name, StyleType type)
 {
-    if (name.empty() || find(name)) {
+    if (name.empty() || find(name))
         throw WordError(WordErrorNumber::commandFailed, "The style name is empty or taken.");
-    }
     auto style = std::make_shared<Style>(std::u16string(name), type, 0);
-    if (type == StyleType::paragraph) {
+    if (type == StyleType::paragraph)
         style->setBase(normal_.get());
-    }
     insert(style);
     return style;
 }

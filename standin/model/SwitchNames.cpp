@@ -13,9 +13,8 @@ template <typename Map>
 auto lookUp(const Map& map, std::string_view key)
 {
     const auto found = map.find(key);
-    if (found == map.end()) {
+    if (found == map.end())
         throw std::invalid_argument("no switch or value of one: " + std::string(key));
-    }
     return found->second;
 }
 
@@ -48,11 +47,10 @@ void setSwitch(Switches& switches, std::string_view name, std::string_view value
         NAMED(insertFileMovesBookmarks),
         NAMED(insertFileTakesRtf)};
 #undef NAMED
-    if (name == "insertFileLastParagraph") {
+    if (name == "insertFileLastParagraph")
         switches.insertFileLastParagraph = lookUp(lastParagraphs, value);
-    } else {
+    else
         switches.*lookUp(names, name) = lookUp(flags, value);
-    }
 }
 
 } // namespace

@@ -34,26 +34,22 @@ Table::Table(const std::shared_ptr<Story>& story, Position position) : anchor_(w
 Table Table::add(LiveRange& range, std::int32_t rows, std::int32_t columns, Borders borders)
 {
     if (rows < 1 || rows > mostRows || columns < 1 ||
-        columns > static_cast<std::int32_t>(RowFormat::mostCells)) {
+        columns > static_cast<std::int32_t>(RowFormat::mostCells))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     Story& story = range.story();
     Position at = std::min(range.start(), story.length() - 1);
-    if (isInTable(story, at)) {
+    if (isInTable(story, at))
         throw NotSupported("a table inside a table");
-    }
-    if (!range.isCollapsed()) {
+    if (!range.isCollapsed())
         range.remove();
-    }
     if (story.paragraphAt(at).start != at) {
         const char16_t paragraphMark = mark::paragraph;
         story.insert(at++, {&paragraphMark, 1});
     }
     const Position start = at;
     const RowFormat format = newRow(textAreaAt(story, at).width, columns, borders);
-    for (; rows > 0; --rows) {
+    for (; rows > 0; --rows)
         at = insertRow(story, at, format);
-    }
     return {range.storyPtr(), start};
 }
 
@@ -62,9 +58,8 @@ RowFormat Table::newRow(float textWidth, std::int32_t columns, Borders borders)
     CellFormat cell;
     cell.width = (textWidth + 2 * RowFormat::padding) / static_cast<float>(columns);
     const bool lines = borders == Borders::single;
-    for (Border* border : {&cell.top, &cell.left, &cell.bottom, &cell.right}) {
+    for (Border* border : {&cell.top, &cell.left, &cell.bottom, &cell.right})
         border->isVisible = lines;
-    }
     RowFormat row;
     row.cells.assign(static_cast<std::size_t>(columns), cell);
     return row;
@@ -84,9 +79,8 @@ std::int32_t Table::rowCount() const
 std::int32_t Table::columnCount() const
 {
     std::int32_t most = 0;
-    for (const TableRow& each : rows()) {
+    for (const TableRow& each : rows())
         most = std::max(most, each.cellCount());
-    }
     return most;
 }
 
@@ -101,9 +95,8 @@ bool Table::hasEvenColumns() const
 {
     const auto widths = [](const TableRow& row) {
         std::vector<float> result;
-        for (const CellFormat& cell : row.format().cells) {
+        for (const CellFormat& cell : row.format().cells)
             result.push_back(cell.width);
-        }
         return result;
     };
     const std::vector<TableRow> all = rows();
@@ -115,9 +108,8 @@ TableRow Table::row(std::int32_t index) const
 {
     const Story& story = anchor_.story();
     const std::vector<std::size_t> marks = rowMarks(story, locate());
-    if (index < 1 || static_cast<std::size_t>(index) > marks.size()) {
+    if (index < 1 || static_cast<std::size_t>(index) > marks.size())
         throw WordError(WordErrorNumber::noSuchMember);
-    }
     return {anchor_.storyPtr(), story.paragraph(marks[static_cast<std::size_t>(index - 1)]).end - 1};
 }
 
@@ -130,9 +122,8 @@ std::vector<TableRow> Table::rows() const
 {
     const Story& story = anchor_.story();
     std::vector<TableRow> rows;
-    for (const std::size_t mark : rowMarks(story, locate())) {
+    for (const std::size_t mark : rowMarks(story, locate()))
         rows.emplace_back(anchor_.storyPtr(), story.paragraph(mark).end - 1);
-    }
     return rows;
 }
 
@@ -156,12 +147,10 @@ void Table::addColumn()
     const bool hasRoom = std::ranges::all_of(all, [](const TableRow& row) {
         return row.cellCount() < static_cast<std::int32_t>(RowFormat::mostCells);
     });
-    if (!hasRoom) {
+    if (!hasRoom)
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
-    for (TableRow& row : all) {
+    for (TableRow& row : all)
         row.addCell();
-    }
 }
 
 ParagraphSpan Table::locate() const
@@ -169,18 +158,16 @@ ParagraphSpan Table::locate() const
     const std::vector<ParagraphSpan> left =
         anchor_.isCollapsed() ? std::vector<ParagraphSpan>()
                               : tablesTouching(anchor_.story(), anchor_.start(), anchor_.end());
-    if (left.empty()) {
+    if (left.empty())
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return left.front();
 }
 
 std::vector<Table> tablesOf(const LiveRange& range)
 {
     std::vector<Table> tables;
-    for (const ParagraphSpan& span : tablesTouching(range.story(), range.start(), range.end())) {
+    for (const ParagraphSpan& span : tablesTouching(range.story(), range.start(), range.end()))
         tables.emplace_back(range.storyPtr(), startOf(range.story(), span));
-    }
     return tables;
 }
 

@@ -13,9 +13,8 @@ namespace {
 /// Makes the cells share `room` equally.
 void share(std::span<CellFormat> cells, float room)
 {
-    for (CellFormat& cell : cells) {
+    for (CellFormat& cell : cells)
         cell.width = std::max(room / static_cast<float>(cells.size()), RowFormat::leastWidth);
-    }
 }
 
 } // namespace
@@ -33,9 +32,8 @@ LiveRange TableCell::range() const
     const Position end = mark() + 1;
     std::size_t first = story.paragraphIndexAt(end - 1);
     while (first > 0 && story.paragraph(first - 1).format->inTable &&
-           story.paragraph(first - 1).format->end == ParagraphEnd::mark) {
+           story.paragraph(first - 1).format->end == ParagraphEnd::mark)
         --first;
-    }
     return {anchor_.storyPtr(), story.paragraph(first).start, end};
 }
 
@@ -57,29 +55,25 @@ const CellFormat& TableCell::format() const
 
 void TableCell::setWidth(float points, RulerStyle ruler)
 {
-    if (!(points >= 0 && points <= RowFormat::largest)) {
+    if (!(points >= 0 && points <= RowFormat::largest))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     TableRow row = this->row();
     RowFormat format = row.format();
     const std::span<CellFormat> from = std::span(format.cells).subspan(static_cast<std::size_t>(index() - 1));
     const float difference = points - from.front().width;
     float behind = -difference;
-    for (const CellFormat& cell : from.subspan(1)) {
+    for (const CellFormat& cell : from.subspan(1))
         behind += cell.width;
-    }
     from.front().width = std::max(points, RowFormat::leastWidth);
-    if (ruler == RulerStyle::sameWidth) {
+    if (ruler == RulerStyle::sameWidth)
         share(from.subspan(1), behind);
-    }
     row.setFormat(format);
 }
 
 Position TableCell::mark() const
 {
-    if (anchor_.isCollapsed() || !isCellMark(anchor_.story(), anchor_.end() - 1)) {
+    if (anchor_.isCollapsed() || !isCellMark(anchor_.story(), anchor_.end() - 1))
         throw WordError(WordErrorNumber::objectDeleted);
-    }
     return anchor_.end() - 1;
 }
 

@@ -23,9 +23,8 @@ std::u16string decimal(std::int32_t number)
 std::string narrow(std::u16string_view text)
 {
     std::string narrowed;
-    for (const char16_t unit : text) {
+    for (const char16_t unit : text)
         narrowed += unit < 0x80 ? static_cast<char>(unit) : '?';
-    }
     return narrowed;
 }
 
@@ -36,16 +35,14 @@ std::u16string codeOf(const TableOfContentsOptions& options)
         code += u"\\o \"" + decimal(options.upperHeadingLevel) + u'-' + decimal(options.lowerHeadingLevel) +
                 u"\" ";
     }
-    if (options.useFields || !options.tableId.empty()) {
+    if (options.useFields || !options.tableId.empty())
         code += options.tableId.empty() ? u"\\f " : u"\\f " + options.tableId + u' ';
-    }
     code += options.includePageNumbers ? u"" : u"\\n ";
     code += options.rightAlignPageNumbers ? u"" : u"\\p \" \" ";
     code += options.useHyperlinks ? u"\\h " : u"";
     code += options.hidePageNumbersInWeb ? u"\\z " : u"";
-    if (!options.addedStyles.empty()) {
+    if (!options.addedStyles.empty())
         code += u"\\t " + quotedArgument(options.addedStyles) + u' ';
-    }
     return code;
 }
 
@@ -67,11 +64,9 @@ std::int32_t tocStyle(std::int32_t level)
 TabStop* rightTab(ParagraphProperties& properties)
 {
     if (properties.tabs) {
-        for (TabStop& tab : *properties.tabs) {
-            if (tab.kind == TabStop::Kind::right) {
+        for (TabStop& tab : *properties.tabs)
+            if (tab.kind == TabStop::Kind::right)
                 return &tab;
-            }
-        }
     }
     return nullptr;
 }
@@ -83,9 +78,8 @@ void setUpTocStyles(const Document& document, Position at)
     const float width = std::max(0.0f, page.pageWidth - page.leftMargin - page.rightMargin);
     for (std::int32_t level = 1; level <= 9; ++level) {
         Style& style = *document.styles().findBuiltin(tocStyle(level));
-        if (!rightTab(style.paragraph)) {
+        if (!rightTab(style.paragraph))
             style.paragraph.tabs = std::vector<TabStop>{{width, TabStop::Kind::right, TabStop::Leader::dots}};
-        }
     }
 }
 
@@ -109,9 +103,8 @@ std::u16string lineOf(const TableOfContentsEntry& entry, const TableOfContentsOp
         line += options.rightAlignPageNumbers ? mark::tab : u' ';
         line += options.useHyperlinks ? markedField(u" PAGEREF " + entry.bookmark + u" \\h ", page) : page;
     }
-    if (options.useHyperlinks) {
+    if (options.useHyperlinks)
         line = markedField(u" HYPERLINK  \\l \"" + entry.bookmark + u"\" ", line);
-    }
     return line + mark::paragraph;
 }
 
@@ -120,12 +113,10 @@ void nameBookmarks(std::vector<TableOfContentsEntry>& entries, const Document& d
     std::int32_t last = 0;
     for (TableOfContentsEntry& entry : entries) {
         for (const BookmarkPtr& each :
-             document.bookmarks().touching(LiveRange(document.mainStory(), entry.start, entry.end))) {
+             document.bookmarks().touching(LiveRange(document.mainStory(), entry.start, entry.end)))
             if (each->name().starts_with(u"_Toc") && each->range().start() == entry.start &&
-                each->range().end() == entry.end) {
+                each->range().end() == entry.end)
                 entry.bookmark = each->name();
-            }
-        }
         while (entry.bookmark.empty()) {
             const std::u16string digits = decimal(++last);
             const std::u16string name =
@@ -142,9 +133,8 @@ TableOfContentsOptions TableOfContents::options() const
     const FieldCode code = field_.parsedCode();
     TableOfContentsOptions options;
     options.useHeadingStyles = code.has(u'o');
-    if (options.useHeadingStyles) {
+    if (options.useHeadingStyles)
         readLevels(*code.value(u'o'), options);
-    }
     options.useFields = code.has(u'f');
     options.tableId = code.value(u'f').value_or(std::u16string());
     options.addedStyles = code.value(u't').value_or(std::u16string());
@@ -165,11 +155,9 @@ TabStop::Leader TableOfContents::tabLeader() const
 void TableOfContents::setTabLeader(TabStop::Leader leader)
 {
     Document& document = field_.code().story().document();
-    for (std::int32_t level = 1; level <= 9; ++level) {
-        if (TabStop* tab = rightTab(document.styles().findBuiltin(tocStyle(level))->paragraph)) {
+    for (std::int32_t level = 1; level <= 9; ++level)
+        if (TabStop* tab = rightTab(document.styles().findBuiltin(tocStyle(level))->paragraph))
             tab->leader = leader;
-        }
-    }
     document.touched();
 }
 
@@ -186,12 +174,10 @@ void TableOfContents::update()
         field_.result().setFont({.bold = true});
         return;
     }
-    if (options.rightAlignPageNumbers) {
+    if (options.rightAlignPageNumbers)
         setUpTocStyles(document, story.type() == StoryType::mainText ? at : 0);
-    }
-    if (options.useHyperlinks) {
+    if (options.useHyperlinks)
         nameBookmarks(entries, document);
-    }
     // Text in front of the table stays in a paragraph of its own.
     const bool startsParagraph = story.paragraphAt(field_.place().begin).start == field_.place().begin;
     std::u16string text(startsParagraph ? 0 : 1, mark::paragraph);
@@ -220,9 +206,8 @@ TableOfContents addTableOfContents(const LiveRange& range, const TableOfContents
 {
     const auto isLevel = [](std::int32_t level) { return level >= 1 && level <= 9; };
     if (options.useHeadingStyles &&
-        (!isLevel(options.upperHeadingLevel) || !isLevel(options.lowerHeadingLevel))) {
+        (!isLevel(options.upperHeadingLevel) || !isLevel(options.lowerHeadingLevel)))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     Story& story = range.story();
     const Position at = std::min(range.start(), story.length() - 1);
     const Position past = std::max(at, std::min(range.end(), story.length() - 1));
@@ -241,11 +226,9 @@ TableOfContents addTableOfContents(const LiveRange& range, const TableOfContents
 std::vector<TableOfContents> tablesOfContentsIn(const LiveRange& range)
 {
     std::vector<TableOfContents> tables;
-    for (const Field& field : fieldsIn(range)) {
-        if (field.type() == tocFieldType) {
+    for (const Field& field : fieldsIn(range))
+        if (field.type() == tocFieldType)
             tables.emplace_back(field);
-        }
-    }
     return tables;
 }
 

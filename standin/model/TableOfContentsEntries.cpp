@@ -17,9 +17,8 @@ std::int32_t numberOf(std::u16string_view text)
 {
     std::int32_t number = 0;
     for (const char16_t unit : text) {
-        if (unit < u'0' || unit > u'9' || number > deepestLevel) {
+        if (unit < u'0' || unit > u'9' || number > deepestLevel)
             break;
-        }
         number = number * 10 + (unit - u'0');
     }
     return number;
@@ -34,16 +33,13 @@ bool isBlank(char16_t c)
 std::u16string asLine(std::u16string_view text)
 {
     std::u16string line;
-    for (const char16_t unit : text) {
-        if (!isBlank(unit)) {
+    for (const char16_t unit : text)
+        if (!isBlank(unit))
             line += unit;
-        } else if (!line.empty() && line.back() != u' ') {
+        else if (!line.empty() && line.back() != u' ')
             line += unit == 0xA0 ? unit : u' ';
-        }
-    }
-    while (!line.empty() && isBlank(line.back())) {
+    while (!line.empty() && isBlank(line.back()))
         line.pop_back();
-    }
     return line;
 }
 
@@ -76,16 +72,14 @@ public:
     std::vector<TableOfContentsEntry> collect()
     {
         addHeadings();
-        if (options_.useFields) {
+        if (options_.useFields)
             addFields();
-        }
         std::stable_sort(
             entries_.begin(), entries_.end(),
             [](const TableOfContentsEntry& a, const TableOfContentsEntry& b) { return a.start < b.start; });
         PageCounter pages(story_.document());
-        for (TableOfContentsEntry& entry : entries_) {
+        for (TableOfContentsEntry& entry : entries_)
             entry.page = pages.pageAt(entry.start);
-        }
         return std::move(entries_);
     }
 
@@ -93,9 +87,8 @@ private:
     /// 0 for a style whose paragraphs are not listed.
     std::int32_t levelOf(const Style& style) const
     {
-        if (const auto added = added_.find(foldCase(style.name())); added != added_.end()) {
+        if (const auto added = added_.find(foldCase(style.name())); added != added_.end())
             return added->second;
-        }
         const std::int32_t level = -style.builtinNumber() - 1;
         const bool listed = options_.useHeadingStyles && level >= std::max(1, options_.upperHeadingLevel) &&
                             level <= std::min(deepestLevel, options_.lowerHeadingLevel);
@@ -107,18 +100,15 @@ private:
         for (std::size_t i = 0; i < story_.paragraphCount(); ++i) {
             const Paragraph paragraph = story_.paragraph(i);
             const std::int32_t level = levelOf(*paragraph.format->style);
-            if (level == 0) {
+            if (level == 0)
                 continue;
-            }
             std::u16string text = asLine(visibleText(story_, paragraph.start, paragraph.end - 1));
-            if (text.empty()) {
+            if (text.empty())
                 continue;
-            }
             // A break at the paragraph's start puts its text on the page behind.
             Position start = paragraph.start;
-            while (start < paragraph.end - 1 && isBreak(story_.at(start))) {
+            while (start < paragraph.end - 1 && isBreak(story_.at(start)))
                 ++start;
-            }
             entries_.push_back({level, std::move(text), start, paragraph.end - 1});
         }
     }
@@ -129,9 +119,8 @@ private:
     {
         for (const FieldPlace& place : story_.fields().startingIn(0, story_.length())) {
             const FieldCode code(visibleText(story_, place.codeStart(), place.codeEnd()));
-            if (code.keyword() != u"TC") {
+            if (code.keyword() != u"TC")
                 continue;
-            }
             std::u16string id = code.value(u'f').value_or(std::u16string());
             id = foldCase(id.empty() ? u"C" : id);
             std::u16string text = asLine(code.argument(0));

@@ -25,12 +25,10 @@ bool isMark(const Story& story, Position position, ParagraphEnd kind)
 ParagraphSpan tableAround(const Story& story, std::size_t paragraph)
 {
     ParagraphSpan table{paragraph, paragraph + 1};
-    while (table.first > 0 && isInTable(story, table.first - 1)) {
+    while (table.first > 0 && isInTable(story, table.first - 1))
         --table.first;
-    }
-    while (table.past < story.paragraphCount() && isInTable(story, table.past)) {
+    while (table.past < story.paragraphCount() && isInTable(story, table.past))
         ++table.past;
-    }
     return table;
 }
 
@@ -86,28 +84,24 @@ ParagraphSpan rowEndingAt(const Story& story, std::size_t mark)
 {
     ParagraphSpan row{mark, mark + 1};
     while (row.first > 0 && isInTable(story, row.first - 1) &&
-           endKind(story, row.first - 1) != ParagraphEnd::row) {
+           endKind(story, row.first - 1) != ParagraphEnd::row)
         --row.first;
-    }
     return row;
 }
 
 ParagraphSpan rowAt(const Story& story, std::size_t paragraph)
 {
-    while (endKind(story, paragraph) != ParagraphEnd::row) {
+    while (endKind(story, paragraph) != ParagraphEnd::row)
         ++paragraph;
-    }
     return rowEndingAt(story, paragraph);
 }
 
 std::vector<std::size_t> rowMarks(const Story& story, const ParagraphSpan& table)
 {
     std::vector<std::size_t> marks;
-    for (std::size_t at = table.first; at < table.past; ++at) {
-        if (endKind(story, at) == ParagraphEnd::row) {
+    for (std::size_t at = table.first; at < table.past; ++at)
+        if (endKind(story, at) == ParagraphEnd::row)
             marks.push_back(at);
-        }
-    }
     return marks;
 }
 

@@ -30,9 +30,8 @@ TextArea textAreaAt(const Story& story, Position position)
     const PageSetup& setup = story.document().sectionOf(story, position)->pageSetup;
     TextArea area{setup.pageWidth - setup.leftMargin - setup.rightMargin,
                   setup.pageHeight - setup.topMargin - setup.bottomMargin};
-    if (isInTable(story, position)) {
+    if (isInTable(story, position))
         area.width = cellWidth(story, position);
-    }
     return {std::max(area.width, least), std::max(area.height, least)};
 }
 

@@ -32,12 +32,10 @@ void checkPlainText(const Story& story, const ParagraphSpan& text)
 {
     for (std::size_t i = text.first; i < text.past; ++i) {
         const Paragraph paragraph = story.paragraph(i);
-        if (paragraph.format->inTable || paragraph.format->end != ParagraphEnd::mark) {
+        if (paragraph.format->inTable || paragraph.format->end != ParagraphEnd::mark)
             throw NotSupported("a table of text with tables or sections in it");
-        }
-        if (!story.fields().halvesIn(paragraph.start, paragraph.end).empty()) {
+        if (!story.fields().halvesIn(paragraph.start, paragraph.end).empty())
             throw NotSupported("a table of text with fields over several paragraphs");
-        }
     }
 }
 
@@ -49,9 +47,8 @@ void addSeparators(std::vector<CellEnd>& ends, const Story& story, const Paragra
     for (std::size_t i = 0; i < text.size(); ++i) {
         depth += text[i] == mark::fieldBegin ? 1 : 0;
         depth -= text[i] == mark::fieldEnd ? 1 : 0;
-        if (text[i] == separator && depth == 0) {
+        if (text[i] == separator && depth == 0)
             ends.push_back({paragraph.start + static_cast<Position>(i), false});
-        }
     }
 }
 
@@ -62,9 +59,8 @@ std::vector<Row> rowsOfParagraphs(const Story& story, const ParagraphSpan& text,
 {
     std::vector<Row> rows;
     for (std::size_t i = text.first; i < text.past; ++i) {
-        if (rows.empty() || rows.back().size() == columns) {
+        if (rows.empty() || rows.back().size() == columns)
             rows.emplace_back();
-        }
         rows.back().push_back({story.paragraph(i).end - 1, true});
     }
     return rows;
@@ -80,9 +76,8 @@ std::vector<Row> rowsOfSeparated(const Story& story, const ParagraphSpan& text, 
         addSeparators(ends, story, paragraph, separator);
         ends.push_back({paragraph.end - 1, true});
         for (std::size_t each = 0; each < ends.size(); ++each) {
-            if (each % columns == 0) {
+            if (each % columns == 0)
                 rows.emplace_back();
-            }
             rows.back().push_back(ends[each]);
         }
     }
@@ -92,9 +87,8 @@ std::vector<Row> rowsOfSeparated(const Story& story, const ParagraphSpan& text, 
 std::size_t longest(const std::vector<Row>& rows)
 {
     std::size_t most = 0;
-    for (const Row& row : rows) {
+    for (const Row& row : rows)
         most = std::max(most, row.size());
-    }
     return most;
 }
 
@@ -117,9 +111,8 @@ void checkSizes(const TextToTableOptions& options)
     const auto within = [](std::int32_t number, std::int32_t most) { return number >= 1 && number <= most; };
     if (!within(options.rows.value_or(1), Table::mostRows) ||
         !within(options.columns.value_or(1), mostColumns) ||
-        !(options.columnWidth >= 0 && options.columnWidth <= RowFormat::largest)) {
+        !(options.columnWidth >= 0 && options.columnWidth <= RowFormat::largest))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
 }
 
 /// Turns the cells' ends into marks. From the back to the front, so that places in front stay as they are.
@@ -135,12 +128,10 @@ public:
         const bool isFinalMark = last == story_.length() - 1;
         const std::size_t pattern = story_.paragraphIndexAt(last);
         Position at = endRow(last, pattern, format_.cells.size() - row.size() + 1);
-        for (; more > 0; --more) {
+        for (; more > 0; --more)
             at = endRow(at, pattern, format_.cells.size());
-        }
-        if (!isFinalMark) {
+        if (!isFinalMark)
             story_.erase(at, at + 1);
-        }
         for (auto cell = row.rbegin() + 1; cell != row.rend(); ++cell) {
             insertCellMark(story_, cell->at, story_.paragraphIndexAt(cell->at));
             story_.erase(cell->at + 1, cell->at + 2);
@@ -152,9 +143,8 @@ private:
     /// is there, whose paragraph they are formatted as. Returns the place behind them.
     Position endRow(Position at, std::size_t pattern, std::size_t cells)
     {
-        for (; cells > 0; --cells) {
+        for (; cells > 0; --cells)
             insertCellMark(story_, at++, pattern);
-        }
         insertRowMark(story_, at, format_);
         return at + 1;
     }
@@ -173,23 +163,19 @@ Table convertToTable(LiveRange& range, const TextToTableOptions& options)
     checkPlainText(story, text);
     const std::vector<Row> rows = rowsOf(story, text, options);
     const auto count = static_cast<std::int32_t>(rows.size());
-    if (count > Table::mostRows) {
+    if (count > Table::mostRows)
         throw WordError(WordErrorNumber::valueOutOfRange);
-    }
     const auto columns = options.columns.value_or(static_cast<std::int32_t>(longest(rows)));
     const Position start = startOf(story, text);
     const Position behind = std::max(story.length() - endOf(story, text), 1); // the final mark stays
     RowFormat format = Table::newRow(textAreaAt(story, start).width, columns, options.borders);
-    if (options.columnWidth > 0) {
-        for (CellFormat& cell : format.cells) {
+    if (options.columnWidth > 0)
+        for (CellFormat& cell : format.cells)
             cell.width = std::max(options.columnWidth, RowFormat::leastWidth);
-        }
-    }
     Builder builder(story, format);
     std::int32_t more = std::max(options.rows.value_or(0) - count, 0);
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
         builder.makeRow(*row, std::exchange(more, 0));
-    }
     range.setRange(start, story.length() - behind);
     return {range.storyPtr(), start};
 }

@@ -21,9 +21,8 @@ void appendStretch(std::u16string& text, const Story& story, Position start, Pos
     }
     for (Position at = start; at < end;) {
         const Position past = std::min({story.runAt(at).end, story.paragraphAt(at).end, end});
-        if (!story.effectiveFont(at).hidden.value_or(false)) {
+        if (!story.effectiveFont(at).hidden.value_or(false))
             text += story.text(at, past);
-        }
         at = past;
     }
 }
@@ -43,9 +42,8 @@ std::u16string visibleText(const Story& story, Position start, Position end, con
         const auto fields = story.fields().nextMark(at);
         const Position mark = std::min(fields.value_or(end), end);
         appendStretch(text, story, at, mark, inCode || retrieval.includeHiddenText);
-        if (mark == end) {
+        if (mark == end)
             break;
-        }
         at = mark + 1;
         if (story.at(mark) == mark::fieldBegin) {
             const FieldPlace field = story.fields().startingIn(mark, mark + 1).front();

@@ -13,12 +13,10 @@ namespace {
 std::u16string endedText(std::string_view bytes)
 {
     std::u16string text = model::normalizeText(readPlainText(bytes));
-    for (char16_t& c : text) {
+    for (char16_t& c : text)
         c = c == u'\0' ? u' ' : c;
-    }
-    if (text.empty() || text.back() != model::mark::paragraph) {
+    if (text.empty() || text.back() != model::mark::paragraph)
         text += model::mark::paragraph;
-    }
     return text;
 }
 
@@ -26,12 +24,10 @@ model::DocumentCopyOptions optionsOf(const model::Switches& switches, const RtfF
 {
     model::DocumentCopyOptions options;
     options.lastParagraph = switches.insertFileLastParagraph;
-    if (options.lastParagraph == model::LastParagraph::surplus && !fragment.endsParagraph) {
+    if (options.lastParagraph == model::LastParagraph::surplus && !fragment.endsParagraph)
         options.lastParagraph = model::LastParagraph::mark;
-    }
-    if (!switches.insertFileLeavesDefaultFont) {
+    if (!switches.insertFileLeavesDefaultFont)
         options.creepingFont = fragment.defaultFont;
-    }
     options.coversText = switches.insertFileRangeCoversText;
     options.movesBookmarks = switches.insertFileMovesBookmarks;
     return options;
@@ -41,17 +37,15 @@ model::DocumentCopyOptions optionsOf(const model::Switches& switches, const RtfF
 
 void insertFileContent(model::LiveRange& range, std::string_view bytes)
 {
-    if (bytes.starts_with("\xD0\xCF\x11\xE0")) {
+    if (bytes.starts_with("\xD0\xCF\x11\xE0"))
         throw model::NotSupported("files in Word's binary format cannot be read");
-    }
     if (!bytes.starts_with("{\\rtf")) {
         range.setText(endedText(bytes));
         return;
     }
     const model::Switches switches = range.story().document().switches();
-    if (!switches.insertFileTakesRtf) {
+    if (!switches.insertFileTakesRtf)
         throw model::WordError(model::WordErrorNumber::commandFailed);
-    }
     const model::DocumentPtr document = model::Document::make(u"", switches);
     const RtfFragment fragment = readRtfFragment(bytes, *document);
     model::insertDocument(range, *document, optionsOf(switches, fragment));

@@ -24,18 +24,15 @@ char32_t takeUtf8(std::string_view& bytes)
 {
     const auto first = static_cast<unsigned char>(bytes.front());
     bytes.remove_prefix(1);
-    if (first < 0x80) {
+    if (first < 0x80)
         return first;
-    }
     const int more = first >= 0xF0 ? 3 : (first >= 0xE0 ? 2 : 1);
-    if (first < 0xC2 || first > 0xF4) {
+    if (first < 0xC2 || first > 0xF4)
         return replacement;
-    }
     char32_t c = first & (0x3Fu >> more);
     for (int i = 0; i < more; ++i) {
-        if (bytes.empty() || (static_cast<unsigned char>(bytes.front()) & 0xC0) != 0x80) {
+        if (bytes.empty() || (static_cast<unsigned char>(bytes.front()) & 0xC0) != 0x80)
             return replacement;
-        }
         c = c << 6 | (static_cast<unsigned char>(bytes.front()) & 0x3Fu);
         bytes.remove_prefix(1);
     }
@@ -47,9 +44,8 @@ char32_t takeUtf8(std::string_view& bytes)
 std::u16string fromUtf8(std::string_view bytes)
 {
     std::u16string text;
-    while (!bytes.empty()) {
+    while (!bytes.empty())
         append(text, takeUtf8(bytes));
-    }
     return text;
 }
 
@@ -76,19 +72,15 @@ char16_t fromAnsi(unsigned char byte)
 
 std::u16string readPlainText(std::string_view bytes)
 {
-    if (bytes.starts_with("\xEF\xBB\xBF")) {
+    if (bytes.starts_with("\xEF\xBB\xBF"))
         return fromUtf8(bytes.substr(3));
-    }
-    if (bytes.starts_with("\xFF\xFE")) {
+    if (bytes.starts_with("\xFF\xFE"))
         return fromUtf16(bytes.substr(2), 1);
-    }
-    if (bytes.starts_with("\xFE\xFF")) {
+    if (bytes.starts_with("\xFE\xFF"))
         return fromUtf16(bytes.substr(2), 0);
-    }
     std::u16string text;
-    for (const char c : bytes) {
+    for (const char c : bytes)
         text += fromAnsi(static_cast<unsigned char>(c));
-    }
     return text;
 }
 

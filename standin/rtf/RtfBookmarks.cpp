@@ -51,12 +51,10 @@ void BookmarkReader::start(const std::u16string& name, const std::shared_ptr<Sto
 void BookmarkReader::end(const std::u16string& name, const std::shared_ptr<Story>& story, Position position)
 {
     const auto found = open_.find(name);
-    if (found == open_.end()) {
+    if (found == open_.end())
         return;
-    }
-    if (found->second.storyPtr() == story && story->isAlive()) {
+    if (found->second.storyPtr() == story && story->isAlive())
         story->document().bookmarks().add(name, LiveRange(story, found->second.start(), position));
-    }
     open_.erase(found);
 }
 
@@ -67,14 +65,12 @@ void BookmarkReader::eraseDoubleMark(const std::shared_ptr<Story>& story)
     std::map<std::u16string, Position> starts;
     for (const BookmarkPtr& each : bookmarks.all()) {
         const LiveRange& range = each->range();
-        if (range.storyPtr() == story && range.start() < last && range.end() == last) {
+        if (range.storyPtr() == story && range.start() < last && range.end() == last)
             starts[each->name()] = range.start();
-        }
     }
     story->erase(last - 1, last);
-    for (const auto& [name, start] : starts) {
+    for (const auto& [name, start] : starts)
         bookmarks.add(name, LiveRange(story, start, last));
-    }
 }
 
 } // namespace standin::rtf

@@ -37,9 +37,8 @@ namespace {
 template <typename Value>
 void drop(std::optional<Value>& mine, const std::optional<Value>& other)
 {
-    if (mine == other) {
+    if (mine == other)
         mine.reset();
-    }
 }
 
 } // namespace

@@ -48,9 +48,8 @@ void OpenFields::open(const std::shared_ptr<Story>& story, const CharacterFormat
 
 void OpenFields::openResult()
 {
-    if (!open_.empty()) {
+    if (!open_.empty())
         open_.back().story->addFieldResult(open_.back().id);
-    }
 }
 
 void OpenFields::close()

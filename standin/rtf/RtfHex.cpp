@@ -9,9 +9,8 @@ std::string hexText(std::string_view bytes)
     std::string text;
     text.reserve(bytes.size() * 2 + bytes.size() / bytesPerLine + 1);
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (i % bytesPerLine == 0) {
+        if (i % bytesPerLine == 0)
             text += '\n';
-        }
         const auto byte = static_cast<unsigned char>(bytes[i]);
         text += digits[byte >> 4];
         text += digits[byte & 15];
@@ -22,15 +21,14 @@ std::string hexText(std::string_view bytes)
 void HexReader::digit(char16_t c)
 {
     int value = 0;
-    if (c >= u'0' && c <= u'9') {
+    if (c >= u'0' && c <= u'9')
         value = c - u'0';
-    } else if (c >= u'a' && c <= u'f') {
+    else if (c >= u'a' && c <= u'f')
         value = c - u'a' + 10;
-    } else if (c >= u'A' && c <= u'F') {
+    else if (c >= u'A' && c <= u'F')
         value = c - u'A' + 10;
-    } else {
+    else
         return;
-    }
     if (half_ < 0) {
         half_ = value;
     } else {

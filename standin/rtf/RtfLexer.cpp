@@ -21,12 +21,10 @@ bool isDigit(char c)
 
 RtfToken RtfLexer::next()
 {
-    while (at_ < bytes_.size() && (bytes_[at_] == '\r' || bytes_[at_] == '\n')) {
+    while (at_ < bytes_.size() && (bytes_[at_] == '\r' || bytes_[at_] == '\n'))
         ++at_;
-    }
-    if (at_ >= bytes_.size()) {
+    if (at_ >= bytes_.size())
         return {};
-    }
     const char c = bytes_[at_++];
     RtfToken token;
     switch (c) {
@@ -47,16 +45,13 @@ RtfToken RtfLexer::next()
 
 RtfToken RtfLexer::control()
 {
-    if (at_ >= bytes_.size()) {
+    if (at_ >= bytes_.size())
         return {};
-    }
-    if (isLetter(bytes_[at_])) {
+    if (isLetter(bytes_[at_]))
         return controlWord();
-    }
     const char c = bytes_[at_++];
-    if (c == '\'') {
+    if (c == '\'')
         return hexByte();
-    }
     RtfToken token;
     const bool isText = c == '\\' || c == '{' || c == '}';
     token.kind = isText ? RtfToken::Kind::byte : RtfToken::Kind::symbol;
@@ -67,16 +62,14 @@ RtfToken RtfLexer::control()
 RtfToken RtfLexer::controlWord()
 {
     const std::size_t start = at_;
-    while (at_ < bytes_.size() && isLetter(bytes_[at_])) {
+    while (at_ < bytes_.size() && isLetter(bytes_[at_]))
         ++at_;
-    }
     RtfToken token;
     token.kind = RtfToken::Kind::word;
     token.word = bytes_.substr(start, at_ - start);
     token.number = number();
-    if (at_ < bytes_.size() && bytes_[at_] == ' ') {
+    if (at_ < bytes_.size() && bytes_[at_] == ' ')
         ++at_;
-    }
     if (token.word == "bin") {
         const auto count = static_cast<std::size_t>(std::max(0, token.number.value_or(0)));
         token.data = bytes_.substr(at_, count);
@@ -102,12 +95,10 @@ std::optional<std::int32_t> RtfLexer::number()
     const std::size_t start = at_;
     std::size_t past = start + (start < bytes_.size() && bytes_[start] == '-' ? 1 : 0);
     const std::size_t firstDigit = past;
-    while (past < bytes_.size() && isDigit(bytes_[past])) {
+    while (past < bytes_.size() && isDigit(bytes_[past]))
         ++past;
-    }
-    if (past == firstDigit) {
+    if (past == firstDigit)
         return std::nullopt;
-    }
     at_ = past;
     std::int32_t value = 0;
     std::from_chars(bytes_.data() + start, bytes_.data() + past, value);

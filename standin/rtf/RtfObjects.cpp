@@ -19,9 +19,8 @@ constexpr std::uint32_t embeddedForm = 2;
 std::string number(std::size_t value)
 {
     std::string bytes;
-    for (int shift = 0; shift < 32; shift += 8) {
+    for (int shift = 0; shift < 32; shift += 8)
         bytes += static_cast<char>(value >> shift & 0xFF);
-    }
     return bytes;
 }
 
@@ -41,9 +40,8 @@ std::string readCounted(ByteReader& reader)
 std::string narrow(const std::u16string& text)
 {
     std::string result;
-    for (const char16_t c : text) {
+    for (const char16_t c : text)
         result += c < 0x80 || (c >= 0xA0 && c <= 0xFF) ? static_cast<char>(c) : '?';
-    }
     return result;
 }
 
@@ -67,11 +65,10 @@ std::string writeObjectData(const ObjectData& object)
 {
     std::string bytes = number(version) + number(object.isLinked ? linkedForm : embeddedForm) +
                         counted(object.className) + counted(object.link) + counted("");
-    if (object.isLinked) {
+    if (object.isLinked)
         bytes += number(0) + number(0) + number(0); // no network name; links are updated by themselves
-    } else {
+    else
         bytes += number(object.native.size()) + object.native;
-    }
     return bytes + number(version) + number(0); // no picture: RTF has its own
 }
 
@@ -84,9 +81,8 @@ ObjectData readObjectData(std::string_view bytes)
     object.className = readCounted(reader);
     object.link = readCounted(reader);
     readCounted(reader);
-    if (!object.isLinked) {
+    if (!object.isLinked)
         object.native = reader.take(reader.number());
-    }
     return object;
 }
 

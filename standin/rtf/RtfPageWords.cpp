@@ -17,9 +17,8 @@ void sectionStartWord(std::string_view name, PageSetup& setup)
                                                                     {"sbkpage", SectionStart::newPage},
                                                                     {"sbkeven", SectionStart::evenPage},
                                                                     {"sbkodd", SectionStart::oddPage}};
-    if (const auto found = starts.find(name); found != starts.end()) {
+    if (const auto found = starts.find(name); found != starts.end())
         setup.sectionStart = found->second;
-    }
 }
 
 } // namespace
@@ -61,9 +60,8 @@ void PageReader::findLandscapes()
 {
     for (std::int32_t index = 1; index <= document_.sectionCount(); ++index) {
         PageSetup& setup = document_.section(index)->pageSetup;
-        if (setup.pageWidth > setup.pageHeight) {
+        if (setup.pageWidth > setup.pageHeight)
             setup.orientation = Orientation::landscape;
-        }
     }
 }
 

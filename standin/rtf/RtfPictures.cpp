@@ -65,18 +65,16 @@ void PictureReader::word(std::string_view word, std::int32_t number)
         {"picw", &PictureReader::width_},         {"pich", &PictureReader::height_},
         {"picwgoal", &PictureReader::goalWidth_}, {"pichgoal", &PictureReader::goalHeight_},
         {"picscalex", &PictureReader::scaleX_},   {"picscaley", &PictureReader::scaleY_}};
-    if (const auto format = formats.find(word); format != formats.end()) {
+    if (const auto format = formats.find(word); format != formats.end())
         format_ = format->second;
-    } else if (const auto place = numbers.find(word); place != numbers.end()) {
+    else if (const auto place = numbers.find(word); place != numbers.end())
         this->*place->second = std::clamp(number, 0, 1000000);
-    }
 }
 
 std::optional<InlineShape> PictureReader::finish() const
 {
-    if (!format_) {
+    if (!format_)
         return std::nullopt;
-    }
     InlineShape shape;
     shape.width = shownLength(goalWidth_, width_, scaleX_);
     shape.height = shownLength(goalHeight_, height_, scaleY_);

@@ -108,9 +108,8 @@ private:
         expectStart();
         while (!groups_.empty()) {
             const RtfToken token = lexer_.next();
-            if (token.kind == RtfToken::Kind::end) {
+            if (token.kind == RtfToken::Kind::end)
                 refuse("The file ends in the middle.");
-            }
             take(token);
         }
     }
@@ -120,9 +119,8 @@ private:
         const RtfToken brace = lexer_.next();
         const RtfToken word = lexer_.next();
         if (brace.kind != RtfToken::Kind::groupStart || word.kind != RtfToken::Kind::word ||
-            word.word != "rtf") {
+            word.word != "rtf")
             refuse("The file is not in rich text format.");
-        }
         groups_.push_back(state_);
     }
 
@@ -142,11 +140,10 @@ private:
             symbol(token.byte);
             return;
         case RtfToken::Kind::byte:
-            if (toSkip_ > 0) {
+            if (toSkip_ > 0)
                 --toSkip_;
-            } else {
+            else
                 character(fromAnsi(token.byte));
-            }
             return;
         case RtfToken::Kind::end:
             return;
@@ -156,9 +153,8 @@ private:
     void openGroup()
     {
         static constexpr std::size_t deepest = 10000;
-        if (groups_.size() > deepest) {
+        if (groups_.size() > deepest)
             refuse("The file's groups are nested too deep.");
-        }
         flush();
         toSkip_ = 0;
         groups_.push_back(state_);
@@ -173,9 +169,8 @@ private:
         flush();
         toSkip_ = 0;
         isIgnorable_ = false;
-        if (state_.destination != groups_.back().destination) {
+        if (state_.destination != groups_.back().destination)
             finishDestination();
-        }
         if (state_.opensField) {
             fields_.close();
             endedWithMark_ = false;
@@ -197,21 +192,18 @@ private:
         const bool wasFonts = state_.destination == Destination::fonts;
         state_ = std::move(groups_.back());
         groups_.pop_back();
-        if (wasFonts && state_.destination != Destination::fonts) {
+        if (wasFonts && state_.destination != Destination::fonts)
             takeDefaultFont();
-        }
     }
 
     /// What comes behind the table of fonts, styles included, starts from the file's default font.
     void takeDefaultFont()
     {
-        if (!state_.format.statedFont.name) {
+        if (!state_.format.statedFont.name)
             state_.format.font.name = tables_.plain().name;
-        }
         // A fragment's Normal says nothing but what the fragment says of it.
-        if (isFragment_ && !tables_.styles.definesNormal()) {
+        if (isFragment_ && !tables_.styles.definesNormal())
             document_.styles().find(document_.styles().normal().name())->font.name = tables_.plain().name;
-        }
     }
 
     /// After \*: a reader may skip the destination when it does not know it.
@@ -220,20 +212,18 @@ private:
         isIgnorable_ = false;
         static constexpr std::array<std::string_view, 8> known = {
             "cs", "fldinst", "bkmkstart", "bkmkend", "mvcodefield", "shppict", "objclass", "objdata"};
-        if (std::find(known.begin(), known.end(), token.word) != known.end()) {
+        if (std::find(known.begin(), known.end(), token.word) != known.end())
             word(token);
-        } else {
+        else
             state_.destination = Destination::skip;
-        }
     }
 
     void word(const RtfToken& token)
     {
         toSkip_ = 0;
         const std::int32_t number = token.number.value_or(0);
-        if (state_.destination == Destination::skip || openDestination(token.word)) {
+        if (state_.destination == Destination::skip || openDestination(token.word))
             return;
-        }
         if (state_.destination == Destination::picture) {
             picture_.word(token.word, number);
             picture_.data(token.data);
@@ -285,13 +275,11 @@ private:
             }
             return true;
         }
-        if (name != "fldinst" && name != "fldrslt") {
+        if (name != "fldinst" && name != "fldrslt")
             return false;
-        }
         if (state_.destination == Destination::field) {
-            if (name == "fldrslt") {
+            if (name == "fldrslt")
                 fields_.openResult();
-            }
             state_.destination = Destination::text;
         } else if (name == "fldinst") {
             state_.destination = Destination::skip;
@@ -307,9 +295,8 @@ private:
             {"tc", Destination::contentsEntry},
             {"tcn", Destination::contentsEntry}};
         const auto found = destinations.find(name);
-        if (found == destinations.end() || state_.destination != Destination::text) {
+        if (found == destinations.end() || state_.destination != Destination::text)
             return false;
-        }
         flush();
         state_.destination = found->second;
         name_.clear();
@@ -321,13 +308,12 @@ private:
     void finishDestination()
     {
         const Position at = fields_.insertionPoint(*story_);
-        if (state_.destination == Destination::bookmarkStart) {
+        if (state_.destination == Destination::bookmarkStart)
             bookmarks_.start(name_, story_, at);
-        } else if (state_.destination == Destination::bookmarkEnd) {
+        else if (state_.destination == Destination::bookmarkEnd)
             bookmarks_.end(name_, story_, at);
-        } else if (state_.destination == Destination::contentsEntry) {
+        else if (state_.destination == Destination::contentsEntry)
             insertContentsEntry();
-        }
     }
 
     void insertContentsEntry()
@@ -348,9 +334,8 @@ private:
     bool openPicture(std::string_view name)
     {
         if (name != "pict" ||
-            (state_.destination != Destination::text && state_.destination != Destination::object)) {
+            (state_.destination != Destination::text && state_.destination != Destination::object))
             return false;
-        }
         flush();
         picture_ = {};
         state_.destination = Destination::picture;
@@ -361,9 +346,8 @@ private:
     void finishPicture()
     {
         const std::optional<InlineShape> shape = picture_.finish();
-        if (!shape) {
+        if (!shape)
             return;
-        }
         if (groups_.back().destination == Destination::object) {
             object_.picture = shape->picture;
             object_.width = shape->width;
@@ -386,9 +370,8 @@ private:
             return true;
         }
         const auto part = parts.find(name);
-        if (part == parts.end()) {
+        if (part == parts.end())
             return false;
-        }
         state_.destination = state_.destination == Destination::object ? part->second : Destination::skip;
         return true;
     }
@@ -396,9 +379,8 @@ private:
     /// An object without a picture has nothing to show and is left out.
     void finishObject()
     {
-        if (!object_.picture) {
+        if (!object_.picture)
             return;
-        }
         ObjectData data = readObjectData(objectData_.bytes());
         std::replace_if(
             object_.objectClass.begin(), object_.objectClass.end(), [](char16_t c) { return c < 0x20; },
@@ -410,9 +392,8 @@ private:
             object_.link += byte < 0x20 ? u' ' : fromAnsi(byte);
         }
         const Position at = insertShape(object_);
-        if (document_.switches().oleObjectIsField) {
+        if (document_.switches().oleObjectIsField)
             story_->wrapInField(at, at + 1, objectFieldCode(object_));
-        }
     }
 
     Position insertShape(const InlineShape& shape)
@@ -430,21 +411,18 @@ private:
     bool openHeader(std::string_view name)
     {
         const bool header = name.starts_with("header");
-        if (!header && !name.starts_with("footer")) {
+        if (!header && !name.starts_with("footer"))
             return false;
-        }
         const std::string_view which = name.substr(6);
         HeaderFooterIndex index = HeaderFooterIndex::primary;
-        if (which == "f") {
+        if (which == "f")
             index = HeaderFooterIndex::firstPage;
-        } else if (which == "l") {
+        else if (which == "l")
             index = HeaderFooterIndex::evenPages;
-        } else if (!which.empty() && which != "r") {
+        else if (!which.empty() && which != "r")
             return false;
-        }
-        if (story_ != document_.mainStory()) {
+        if (story_ != document_.mainStory())
             refuse("A header inside a header.");
-        }
         flush();
         endRow(lastParagraphStart());
         const auto part = header ? Section::Part::header : Section::Part::footer;
@@ -458,17 +436,16 @@ private:
 
     void symbol(unsigned char c)
     {
-        if (c == '*') {
+        if (c == '*')
             isIgnorable_ = true;
-        } else if (c == '~') {
+        else if (c == '~')
             character(0xA0);
-        } else if (c == '_') {
+        else if (c == '_')
             character(30);
-        } else if (c == '-') {
+        else if (c == '-')
             character(31);
-        } else if (c == '\n' || c == '\r') {
+        else if (c == '\n' || c == '\r')
             endParagraph();
-        }
     }
 
     void unicode(std::int32_t number)
@@ -490,11 +467,10 @@ private:
             tables_.colors.character(c);
             return;
         case Destination::styles:
-            if (c == u';') {
+            if (c == u';')
                 tables_.styles.finish(state_.format.font, state_.format.paragraph, tables_.plain());
-            } else {
+            else
                 tables_.styles.character(c);
-            }
             return;
         case Destination::contentsEntry:
         case Destination::bookmarkStart:
@@ -520,32 +496,30 @@ private:
     void textWord(const RtfToken& token, std::int32_t number)
     {
         const std::string_view name = token.word;
-        if (const auto c = characterOf(name)) {
+        if (const auto c = characterOf(name))
             character(*c);
-        } else if (name == "par") {
+        else if (name == "par")
             endParagraph();
-        } else if (name == "sect") {
+        else if (name == "sect")
             endSection();
-        } else if (name == "cell" || name == "nestcell") {
+        else if (name == "cell" || name == "nestcell")
             name == "cell" ? endCell() : endParagraph();
-        } else if (name == "row" && state_.destination == Destination::text) {
+        else if (name == "row" && state_.destination == Destination::text)
             endRow(fields_.insertionPoint(*story_));
-        } else if (name == "tcl" || name == "tcf") {
+        else if (name == "tcl" || name == "tcf")
             (name == "tcl" ? entry_.level : entry_.table) = number;
-        } else if (name == "deff") {
+        else if (name == "deff")
             tables_.defaultFont = number;
-        } else if (!takeFormatWord(state_.format, tables_, token) && !rowDefinition_.take(name, number)) {
+        else if (!takeFormatWord(state_.format, tables_, token) && !rowDefinition_.take(name, number))
             pages_.take(name, number);
-        }
     }
 
     SectionPtr lastSection() const { return document_.section(document_.sectionCount()); }
 
     void flush()
     {
-        if (pending_.empty()) {
+        if (pending_.empty())
             return;
-        }
         insert(normalizeText(pending_));
         pending_.clear();
         endedWithMark_ = false;
@@ -573,13 +547,11 @@ private:
 
     void endParagraph()
     {
-        if (state_.destination != Destination::text) {
+        if (state_.destination != Destination::text)
             return;
-        }
         flush();
-        if (!state_.format.inTable) {
+        if (!state_.format.inTable)
             endRow(lastParagraphStart());
-        }
         formatLastParagraph();
         const char16_t paragraphMark = mark::paragraph;
         insert({&paragraphMark, 1});
@@ -593,9 +565,8 @@ private:
 
     void endCell()
     {
-        if (state_.destination != Destination::text) {
+        if (state_.destination != Destination::text)
             return;
-        }
         flush();
         formatLastParagraph();
         const Position at = fields_.insertionPoint(*story_);
@@ -619,9 +590,8 @@ private:
     /// Ends the open row at `at`. Text behind the last cell becomes a cell, so that every row is whole.
     void endRow(Position at)
     {
-        if (!rowIsOpen_) {
+        if (!rowIsOpen_)
             return;
-        }
         if (!isCellMark(*story_, at - 1)) {
             insertCellMark(*story_, at, story_->paragraphIndexAt(at - 1));
             ++at;
@@ -635,9 +605,8 @@ private:
 
     void endSection()
     {
-        if (story_ != document_.mainStory() || state_.destination != Destination::text) {
+        if (story_ != document_.mainStory() || state_.destination != Destination::text)
             return;
-        }
         endRow(lastParagraphStart());
         formatLastParagraph();
         document_.breakSection(fields_.insertionPoint(*story_), SectionStart::newPage);

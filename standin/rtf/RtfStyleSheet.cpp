@@ -10,11 +10,9 @@ namespace {
 
 bool buildsOn(const Style& style, const Style& wanted)
 {
-    for (const Style* each = &style; each; each = each->base()) {
-        if (each == &wanted) {
+    for (const Style* each = &style; each; each = each->base())
+        if (each == &wanted)
             return true;
-        }
-    }
     return false;
 }
 
@@ -45,16 +43,14 @@ void StyleSheetReader::finish(const FontProperties& font, const ParagraphPropert
     if (first != std::u16string::npos) {
         const std::u16string name = entry_.name.substr(first);
         StylePtr style = document_.styles().find(name);
-        if (!style) {
+        if (!style)
             style = document_.styles().add(name, entry_.type);
-        }
         if (style->type() == entry_.type) {
             styles_[entry_.number] = style;
-            if (entry_.type == StyleType::paragraph) {
+            if (entry_.type == StyleType::paragraph)
                 defineParagraphStyle(*style, font, paragraph);
-            } else {
+            else
                 style->font = fontBeyond(font, plain);
-            }
         }
     }
     entry_ = {};
@@ -73,9 +69,8 @@ void StyleSheetReader::defineParagraphStyle(Style& style, const FontProperties& 
     const bool isNormal = &style == &normal();
     definesNormal_ = definesNormal_ || isNormal;
     if (!isNormal && base != styles_.end() && base->second->type() == StyleType::paragraph &&
-        !buildsOn(*base->second, style)) {
+        !buildsOn(*base->second, style))
         style.setBase(base->second.get());
-    }
     if (isNormal || !style.base()) {
         style.font = font;
         style.paragraph = paragraph;
@@ -84,9 +79,8 @@ void StyleSheetReader::defineParagraphStyle(Style& style, const FontProperties& 
         style.paragraph = paragraphBeyond(paragraph, style.base()->resolvedParagraph());
     }
     const auto next = styles_.find(entry_.next);
-    if (next != styles_.end()) {
+    if (next != styles_.end())
         style.setNext(next->second.get());
-    }
 }
 
 } // namespace standin::rtf

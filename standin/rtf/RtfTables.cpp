@@ -84,16 +84,14 @@ bool RowDefinitionReader::borderWord(std::string_view word, std::int32_t number)
         border_ = side->second;
         return true;
     }
-    if (!word.starts_with("brdr")) {
+    if (!word.starts_with("brdr"))
         return false;
-    }
-    if (word == "brdrt" || word == "brdrl" || word == "brdrb" || word == "brdrr") {
+    if (word == "brdrt" || word == "brdrl" || word == "brdrb" || word == "brdrr")
         border_ = nullptr; // a paragraph's
-    } else if (border_ && word == "brdrw") {
+    else if (border_ && word == "brdrw")
         (cell_.*border_).width = static_cast<float>(std::clamp(number, 1, 75)) / twipsPerPoint;
-    } else if (border_ && word != "brdrcf") {
+    else if (border_ && word != "brdrcf")
         (cell_.*border_).isVisible = word != "brdrnone" && word != "brdrnil";
-    }
     return true;
 }
 

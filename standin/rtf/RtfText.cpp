@@ -58,13 +58,12 @@ void appendCharacter(std::string& rtf, char16_t c)
     default:
         break;
     }
-    if (c < 0x20 || c == 0x7F) {
+    if (c < 0x20 || c == 0x7F)
         rtf += ' ';
-    } else if (c < 0x7F) {
+    else if (c < 0x7F)
         rtf += static_cast<char>(c);
-    } else {
+    else
         appendUnicode(rtf, c);
-    }
 }
 
 } // namespace
@@ -90,9 +89,8 @@ std::int32_t twips(float points)
 {
     // Beyond 22 inches Word refuses a length; the bound also keeps odd values within RTF's numbers.
     constexpr float limit = 1584;
-    if (!(points > -limit)) {
+    if (!(points > -limit))
         return static_cast<std::int32_t>(-limit * 20);
-    }
     return points < limit ? static_cast<std::int32_t>(std::lround(points * 20))
                           : static_cast<std::int32_t>(limit * 20);
 }

@@ -34,9 +34,8 @@ bool flagWord(TextFormat& format, std::string_view name, bool on)
         {"strike", &FontProperties::strikeThrough},
         {"v", &FontProperties::hidden}};
     const auto flag = flags.find(name);
-    if (flag != flags.end()) {
+    if (flag != flags.end())
         say(format, flag->second, on);
-    }
     return flag != flags.end();
 }
 
@@ -47,9 +46,8 @@ bool underlineWord(TextFormat& format, std::string_view name, bool on)
         {"ul", 1},     {"ulw", 2},    {"uldb", 3},    {"uld", 4},       {"ulth", 6},
         {"ulnone", 0}, {"uldash", 7}, {"uldashd", 9}, {"uldashdd", 10}, {"ulwave", 11}};
     const auto kind = kinds.find(name);
-    if (kind != kinds.end()) {
+    if (kind != kinds.end())
         say(format, &FontProperties::underline, on ? kind->second : 0);
-    }
     return kind != kinds.end();
 }
 
@@ -63,9 +61,8 @@ bool fontWord(TextFormat& format, const TextTables& tables, const RtfToken& toke
         format.statedFont = {};
         format.characterStyle = nullptr;
     } else if (name == "f") {
-        if (const std::u16string* found = tables.fonts.name(number)) {
+        if (const std::u16string* found = tables.fonts.name(number))
             say(format, &FontProperties::name, *found);
-        }
     } else if (name == "fs") {
         say(format, &FontProperties::size, static_cast<float>(std::clamp(number, 2, 3276)) / 2);
     } else if (name == "cf") {
@@ -87,9 +84,8 @@ bool alignmentWord(TextFormat& format, std::string_view name)
                                                                      {"qr", Alignment::right},
                                                                      {"qj", Alignment::justify}};
     const auto alignment = alignments.find(name);
-    if (alignment != alignments.end()) {
+    if (alignment != alignments.end())
         say(format, &ParagraphProperties::alignment, alignment->second);
-    }
     return alignment != alignments.end();
 }
 
@@ -102,9 +98,8 @@ bool lengthWord(TextFormat& format, std::string_view name, std::int32_t number)
         {"sb", &ParagraphProperties::spaceBefore},
         {"sa", &ParagraphProperties::spaceAfter}};
     const auto length = lengths.find(name);
-    if (length != lengths.end()) {
+    if (length != lengths.end())
         say(format, length->second, points(number));
-    }
     return length != lengths.end();
 }
 
@@ -130,15 +125,14 @@ bool tabWord(TextFormat& format, std::string_view name, std::int32_t number)
         {"tlul", TabStop::Leader::lines},
         {"tlth", TabStop::Leader::heavy},
         {"tlmdot", TabStop::Leader::middleDot}};
-    if (const auto kind = kinds.find(name); kind != kinds.end()) {
+    if (const auto kind = kinds.find(name); kind != kinds.end())
         format.nextTab.kind = kind->second;
-    } else if (const auto leader = leaders.find(name); leader != leaders.end()) {
+    else if (const auto leader = leaders.find(name); leader != leaders.end())
         format.nextTab.leader = leader->second;
-    } else if (name == "tx") {
+    else if (name == "tx")
         addTab(format, number);
-    } else {
+    else
         return false;
-    }
     return true;
 }
 
@@ -153,15 +147,13 @@ bool borderWord(TextFormat& format, std::string_view name, std::int32_t number)
         format.border = nullptr;
         return false;
     }
-    if (!format.border || (name != "brdrs" && name != "brdrnone" && name != "brdrw")) {
+    if (!format.border || (name != "brdrs" && name != "brdrnone" && name != "brdrw"))
         return false;
-    }
     Border border = *(format.paragraph.*format.border);
-    if (name == "brdrw") {
+    if (name == "brdrw")
         border.width = points(std::clamp(number, 1, 75));
-    } else {
+    else
         border.isVisible = name == "brdrs";
-    }
     say(format, format.border, border);
     return true;
 }
@@ -199,31 +191,27 @@ bool paragraphWord(TextFormat& format, const TextTables& tables, const RtfToken&
 FontProperties TextFormat::ownFont(bool allStated) const
 {
     FontProperties base = paragraphStyle->resolvedFont();
-    if (characterStyle) {
+    if (characterStyle)
         base.overlay(characterStyle->resolvedFont());
-    }
     FontProperties own = fontBeyond(font, base);
-    if (allStated) {
+    if (allStated)
         own.overlay(statedFont);
-    }
     return own;
 }
 
 ParagraphProperties TextFormat::ownParagraph(bool allStated) const
 {
     ParagraphProperties own = paragraphBeyond(paragraph, paragraphStyle->resolvedParagraph());
-    if (allStated) {
+    if (allStated)
         own.overlay(statedParagraph);
-    }
     return own;
 }
 
 FontProperties TextTables::plain() const
 {
     FontProperties plain = plainFont();
-    if (const std::u16string* name = fonts.name(defaultFont)) {
+    if (const std::u16string* name = fonts.name(defaultFont))
         plain.name = *name;
-    }
     return plain;
 }
 

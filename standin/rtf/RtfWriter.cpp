@@ -28,9 +28,8 @@ public:
     std::int32_t number(const Key& key)
     {
         const auto [place, isNew] = numbers_.try_emplace(key, static_cast<std::int32_t>(keys_.size()));
-        if (isNew) {
+        if (isNew)
             keys_.push_back(key);
-        }
         return place->second;
     }
     const std::vector<Key>& keys() const { return keys_; }
@@ -47,20 +46,17 @@ std::u16string rtfStyleName(const Style& style)
     const auto number = style.builtinNumber();
     const bool keeps = std::find(keptUpper.begin(), keptUpper.end(), number) != keptUpper.end() ||
                        number <= -93 || (number <= -47 && number >= -85);
-    if (!style.isBuiltin() || keeps) {
+    if (!style.isBuiltin() || keeps)
         return style.name();
-    }
     return foldCase(style.name());
 }
 
 std::string_view fontFamily(std::u16string_view name)
 {
-    if (name == u"Times New Roman") {
+    if (name == u"Times New Roman")
         return "\\froman";
-    }
-    if (name == u"Arial" || name == u"Tahoma") {
+    if (name == u"Arial" || name == u"Tahoma")
         return "\\fswiss";
-    }
     return name == u"Courier New" ? "\\fmodern" : "\\fnil";
 }
 
@@ -119,9 +115,8 @@ std::string tabStops(const std::vector<TabStop>& tabs)
 {
     std::string rtf;
     for (const TabStop& tab : tabs) {
-        if (tab.kind != TabStop::Kind::left) {
+        if (tab.kind != TabStop::Kind::left)
             rtf += tab.kind == TabStop::Kind::center ? "\\tqc" : "\\tqr";
-        }
         rtf += tabLeaderWord(tab.leader);
         rtf += control("\\tx", twips(tab.position));
     }
@@ -138,25 +133,21 @@ std::string paragraphProperties(const ParagraphProperties& properties)
 {
     std::string rtf(alignmentWord(properties.alignment.value_or(Alignment::left)));
     const auto length = [&rtf](std::string_view word, const std::optional<float>& points) {
-        if (points.value_or(0) != 0) {
+        if (points.value_or(0) != 0)
             rtf += control(word, twips(*points));
-        }
     };
     length("\\li", properties.leftIndent);
     length("\\ri", properties.rightIndent);
     length("\\fi", properties.firstLineIndent);
     length("\\sb", properties.spaceBefore);
     length("\\sa", properties.spaceAfter);
-    if (properties.keepWithNext.value_or(false)) {
+    if (properties.keepWithNext.value_or(false))
         rtf += "\\keepn";
-    }
-    if (properties.pageBreakBefore.value_or(false)) {
+    if (properties.pageBreakBefore.value_or(false))
         rtf += "\\pagebb";
-    }
     const std::int32_t level = properties.outlineLevel.value_or(10);
-    if (level >= 1 && level <= 9) {
+    if (level >= 1 && level <= 9)
         rtf += control("\\outlinelevel", level - 1);
-    }
     rtf += paragraphBorder("\\brdrt", properties.topBorder) +
            paragraphBorder("\\brdrb", properties.bottomBorder);
     return rtf + tabStops(properties.tabs.value_or(std::vector<TabStop>()));
@@ -199,9 +190,8 @@ class Writer
 public:
     explicit Writer(const Document& document) : document_(document)
     {
-        for (const char16_t* usual : {u"Times New Roman", u"Arial", u"Courier New"}) {
+        for (const char16_t* usual : {u"Times New Roman", u"Arial", u"Courier New"})
             fonts_.number(usual);
-        }
         numberStyles();
     }
 
@@ -219,29 +209,25 @@ private:
     void numberStyles()
     {
         std::int32_t next = 200;
-        for (const StylePtr& style : document_.styles().all()) {
+        for (const StylePtr& style : document_.styles().all())
             styleNumbers_[style.get()] = style->isBuiltin() ? -style->builtinNumber() - 1 : next++;
-        }
     }
 
     std::string fontProperties(const FontProperties& font)
     {
         std::string rtf;
-        if (font.name) {
+        if (font.name)
             rtf += control("\\f", fonts_.number(*font.name));
-        }
-        if (font.size) {
+        if (font.size)
             rtf += control("\\fs", std::clamp(twips(*font.size) / 10, 2, 3276));
-        }
         rtf += font.bold.value_or(false) ? "\\b" : "";
         rtf += font.italic.value_or(false) ? "\\i" : "";
         rtf += font.strikeThrough.value_or(false) ? "\\strike" : "";
         rtf += font.hidden.value_or(false) ? "\\v" : "";
         rtf += underlineWord(font.underline.value_or(0));
         const std::int32_t color = font.color.value_or(FontProperties::automaticColor);
-        if (color != FontProperties::automaticColor) {
+        if (color != FontProperties::automaticColor)
             rtf += control("\\cf", colors_.number(color) + 1);
-        }
         return rtf;
     }
 
@@ -278,11 +264,9 @@ private:
     std::string styleSheet()
     {
         std::string rtf = "{\\stylesheet" + styleEntry(document_.styles().normal());
-        for (const StylePtr& style : document_.styles().all()) {
-            if (style.get() != &document_.styles().normal()) {
+        for (const StylePtr& style : document_.styles().all())
+            if (style.get() != &document_.styles().normal())
                 rtf += styleEntry(*style);
-            }
-        }
         return rtf + "}\n";
     }
 
@@ -296,9 +280,8 @@ private:
             rtf += control("\\s", number) + paragraphProperties(style.resolvedParagraph()) +
                    fontProperties(style.resolvedFont()) + control("\\snext", styleNumbers_.at(style.next()));
         }
-        if (style.base()) {
+        if (style.base())
             rtf += control("\\sbasedon", styleNumbers_.at(style.base()));
-        }
         return rtf + " " + nameText(rtfStyleName(style)) + ";}";
     }
 
@@ -352,12 +335,10 @@ private:
             const std::string word = part == Section::Part::header ? "\\header" : "\\footer";
             const bool evenPages = section.pageSetup.oddAndEvenPages;
             rtf += headerOrFooter(section, part, HeaderFooterIndex::primary, evenPages ? word + "r" : word);
-            if (section.pageSetup.differentFirstPage) {
+            if (section.pageSetup.differentFirstPage)
                 rtf += headerOrFooter(section, part, HeaderFooterIndex::firstPage, word + "f");
-            }
-            if (evenPages) {
+            if (evenPages)
                 rtf += headerOrFooter(section, part, HeaderFooterIndex::evenPages, word + "l");
-            }
         }
         return rtf;
     }
@@ -366,9 +347,8 @@ private:
                                const std::string& word)
     {
         const auto story = section.ownStory(part, index);
-        if (!story) {
+        if (!story)
             return "";
-        }
         StoryState state(*story);
         return "{" + word + paragraphs(state, 0, story->length()) + "}\n";
     }
@@ -398,9 +378,8 @@ private:
             const std::size_t index = story.paragraphIndexAt(at);
             const Paragraph paragraph = story.paragraph(index);
             rtf += startsRow(story, index) ? rowDefinition(formatOf(story, rowAt(story, index))) : "";
-            if (paragraph.format->end != ParagraphEnd::row) {
+            if (paragraph.format->end != ParagraphEnd::row)
                 rtf += paragraphStart(*paragraph.format) + runs(state, paragraph);
-            }
             rtf += paragraphEnd(paragraph.format->end);
             at = paragraph.end;
         }
@@ -409,9 +388,8 @@ private:
 
     static bool startsRow(const Story& story, std::size_t paragraph)
     {
-        if (!story.paragraph(paragraph).format->inTable) {
+        if (!story.paragraph(paragraph).format->inTable)
             return false;
-        }
         const ParagraphFormat* before = paragraph > 0 ? story.paragraph(paragraph - 1).format : nullptr;
         return !before || !before->inTable || before->end == ParagraphEnd::row;
     }
@@ -450,16 +428,14 @@ private:
             const Position textEnd = std::min(past, paragraph.end - 1);
             const std::string font = runStart(*paragraph.format, *run.format);
             at = writeMarked(rtf, state, paragraph, {at, textEnd, font});
-            if (at > past) {
+            if (at > past)
                 continue;
-            }
             const std::string text =
                 run.format->shape ? shapeText(*run.format->shape) : escapeText(story.text(at, textEnd));
-            if (past == paragraph.end) {
+            if (past == paragraph.end)
                 rtf += font + " " + text + state.bookmarks.bordersUpTo(textEnd);
-            } else if (at < textEnd) {
+            else if (at < textEnd)
                 rtf += "{" + font + " " + text + "}";
-            }
             at = past;
         }
         return rtf;
@@ -484,12 +460,10 @@ private:
             const Position mark = story.fields().nextMark(at).value_or(stretch.end);
             const Position border = state.bookmarks.next();
             const Position next = border < mark ? behindPair(story, border) : mark;
-            if (next >= stretch.end) {
+            if (next >= stretch.end)
                 return at;
-            }
-            if (at < next) {
+            if (at < next)
                 rtf += "{" + stretch.font + " " + escapeText(story.text(at, next)) + "}";
-            }
             at = next;
             if (const auto object = at == mark ? objectField(story, at) : std::nullopt) {
                 const Position shape = object->resultStart();
@@ -507,9 +481,8 @@ private:
     static std::optional<FieldPlace> objectField(const Story& story, Position begin)
     {
         const std::vector<FieldPlace> fields = story.fields().startingIn(begin, begin + 1);
-        if (fields.empty() || fields.front().end != fields.front().resultStart() + 1) {
+        if (fields.empty() || fields.front().end != fields.front().resultStart() + 1)
             return std::nullopt;
-        }
         const FieldPlace& field = fields.front();
         const InlineShape* shape = story.runAt(field.resultStart()).format->shape.get();
         const bool fits = shape && shape->isObject() &&

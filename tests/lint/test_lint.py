@@ -96,6 +96,13 @@ class QuickChecks(unittest.TestCase):
         self.write("Bad.cpp", "int  f();\n")
         self.assertFound("formatting", "Bad.cpp")
 
+    def test_braces_around_single_statements(self):
+        self.write("standin/Bad.cpp", "int sign(int number)\n{\n    if (number < 0) {\n        return -1;\n    }\n    return 1;\n}\n")
+        self.assertFound("formatting", "standin/Bad.cpp")
+        subprocess.run([self.tree / "scripts" / "format"], cwd=self.tree, env=ENVIRONMENT, check=True, capture_output=True, timeout=60)
+        self.assertEqual([], self.lint()[0])
+        self.assertIn("    if (number < 0)\n        return -1;\n    return 1;", (self.tree / "standin/Bad.cpp").read_text())
+
     def test_white_space_and_tabs(self):
         self.write("bad.txt", "a \n")
         self.assertFound("no white space at line ends", "bad.txt:1")

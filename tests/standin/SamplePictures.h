@@ -11,18 +11,16 @@ inline std::string fromHex(std::string_view digits)
 {
     const auto value = [](char c) { return c <= '9' ? c - '0' : c - 'a' + 10; };
     std::string bytes;
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
         bytes += static_cast<char>(value(digits[i]) << 4 | value(digits[i + 1]));
-    }
     return bytes;
 }
 
 inline std::string little(std::int64_t value, int bytes)
 {
     std::string result;
-    for (; bytes > 0; --bytes, value >>= 8) {
+    for (; bytes > 0; --bytes, value >>= 8)
         result += static_cast<char>(value & 0xFF);
-    }
     return result;
 }
 

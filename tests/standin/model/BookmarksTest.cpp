@@ -29,14 +29,12 @@ TEST_F(BookmarksTest, AreFoundByNameWithoutCase)
 
 TEST_F(BookmarksTest, NamesAreLettersDigitsAndUnderscores)
 {
-    for (const char16_t* good : {u"a", u"_x", u"b1", u"\u00c4_9"}) {
+    for (const char16_t* good : {u"a", u"_x", u"b1", u"\u00c4_9"})
         EXPECT_TRUE(Bookmarks::isName(good));
-    }
     EXPECT_TRUE(Bookmarks::isName(std::u16string(40, u'a')));
     EXPECT_FALSE(Bookmarks::isName(std::u16string(41, u'a')));
-    for (const char16_t* bad : {u"", u"1a", u"a b", u"a-b", u"a.b", u"a\u00d7"}) {
+    for (const char16_t* bad : {u"", u"1a", u"a b", u"a-b", u"a.b", u"a\u00d7"})
         EXPECT_EQ(errorOf([&] { add(bad, 0, 0); }), 5828);
-    }
     EXPECT_TRUE(add(u"_x", 0, 0)->isHidden());
 }
 

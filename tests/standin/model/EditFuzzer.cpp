@@ -40,32 +40,28 @@ public:
     bool startsParagraph(Position position) const { return position == 0 || at(position - 1).ends != 0; }
     Position paragraphEnd(Position position) const
     {
-        while (at(position).ends == 0) {
+        while (at(position).ends == 0)
             ++position;
-        }
         return position;
     }
     bool inTable(Position position) const { return at(paragraphEnd(position)).inTable; }
     Position rowMark(Position position) const
     {
-        while (at(position).ends != 'R') {
+        while (at(position).ends != 'R')
             ++position;
-        }
         return position;
     }
     Position rowStart(Position rowMark) const
     {
         Position start = rowMark;
-        while (start > 0 && at(start - 1).ends != 'R' && inTable(start - 1)) {
+        while (start > 0 && at(start - 1).ends != 'R' && inTable(start - 1))
             --start;
-        }
         return start;
     }
     Position tableEnd(Position position) const
     {
-        while (inTable(position)) {
+        while (inTable(position))
             ++position;
-        }
         return position;
     }
     Position cellsIn(Position rowMark) const
@@ -88,9 +84,8 @@ public:
     NaiveText plain(Position at, const std::u16string& what) const
     {
         NaiveText result;
-        for (const char16_t unit : what) {
+        for (const char16_t unit : what)
             result.push_back({unit, unit == u'\r' ? 'P' : '\0', unit == u'\r' && inTable(at)});
-        }
         return result;
     }
 
@@ -107,9 +102,8 @@ public:
     {
         const Position past = std::min(end, last());
         bool inOneTable = true;
-        for (Position i = start; i < end; ++i) {
+        for (Position i = start; i < end; ++i)
             inOneTable = inOneTable && inTable(i);
-        }
         std::vector<bool> goes;
         for (Position i = start; i < past; ++i) {
             const bool structure = at(i).ends == 'C' || at(i).ends == 'R';
@@ -118,14 +112,11 @@ public:
         const auto kept = std::find(goes.begin(), goes.end(), false);
         const auto next = start + static_cast<Position>(kept - goes.begin());
         const bool cutsText = start < past && !startsParagraph(start) && !inTable(start);
-        if (cutsText && inTable(next) && paragraphEnd(start) < next) {
+        if (cutsText && inTable(next) && paragraphEnd(start) < next)
             goes[static_cast<std::size_t>(paragraphEnd(start) - start)] = false;
-        }
-        for (Position i = past - 1; i >= start; --i) {
-            if (goes[static_cast<std::size_t>(i - start)]) {
+        for (Position i = past - 1; i >= start; --i)
+            if (goes[static_cast<std::size_t>(i - start)])
                 eraseOne(i);
-            }
-        }
     }
 
     /// Where text behind a range goes.
@@ -146,9 +137,8 @@ void expectError(std::int32_t error, Action action)
     } catch (const WordError& failure) {
         raised = static_cast<std::int32_t>(failure.number());
     }
-    if (raised != error) {
+    if (raised != error)
         fail("raised " + std::to_string(raised) + " instead of " + std::to_string(error));
-    }
 }
 
 constexpr std::int32_t atRowEnd = 5251;
@@ -224,21 +214,18 @@ void addTable(LiveRange& range, NaiveStory& naive, NaiveRange& mine, int rows, i
         mine = {at, at};
     }
     const bool splits = !naive.startsParagraph(at);
-    if (splits) {
+    if (splits)
         naive.insert(at, naive.plain(at, u"\r"));
-    }
-    for (; rows > 0; --rows) {
+    for (; rows > 0; --rows)
         naive.insert(splits ? at + 1 : at, emptyRow(columns));
-    }
 }
 
 /// A table where there is none yet; a row or a cell more where there is one.
 void growTable(LiveRange& range, NaiveStory& naive, NaiveRange& mine, int choice)
 {
     const Position at = std::min(mine.start, naive.last());
-    if (at != mine.start) {
+    if (at != mine.start)
         return;
-    }
     if (!naive.inTable(at)) {
         addTable(range, naive, mine, choice % 2 + 1, choice / 2 % 3 + 1);
         return;
@@ -305,21 +292,17 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
 
 bool isAlike(const Story& story, const NaiveStory& naive)
 {
-    if (story.length() != naive.last() + 1) {
+    if (story.length() != naive.last() + 1)
         return false;
-    }
     for (std::size_t i = 0; i < story.paragraphCount(); ++i) {
         const Paragraph paragraph = story.paragraph(i);
         const NaiveCharacter& end = naive.at(paragraph.end - 1);
         const char kind = "PSCR"[static_cast<int>(paragraph.format->end)];
-        if (end.ends != kind || end.inTable != paragraph.format->inTable) {
+        if (end.ends != kind || end.inTable != paragraph.format->inTable)
             return false;
-        }
-        for (Position at = paragraph.start; at < paragraph.end; ++at) {
-            if (story.at(at) != naive.at(at).unit) {
+        for (Position at = paragraph.start; at < paragraph.end; ++at)
+            if (story.at(at) != naive.at(at).unit)
                 return false;
-            }
-        }
     }
     return true;
 }
@@ -339,17 +322,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     while (!input.isEmpty() && naive.text.size() < 5000) {
         const std::size_t number = input.next() % ranges.size();
         edit(input, *ranges[number], naive, number);
-        if (!isAlike(*document->mainStory(), naive)) {
+        if (!isAlike(*document->mainStory(), naive))
             fail("the text differs");
-        }
-        for (std::size_t i = 0; i < ranges.size(); ++i) {
-            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end) {
+        for (std::size_t i = 0; i < ranges.size(); ++i)
+            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end)
                 fail("range " + std::to_string(i) + " differs");
-            }
-        }
-        if (const std::string wrong = checkInvariants(*document); !wrong.empty()) {
+        if (const std::string wrong = checkInvariants(*document); !wrong.empty())
             fail(wrong);
-        }
     }
     return 0;
 }

@@ -28,28 +28,24 @@ TEST(EndpointSetTest, FollowsARandomSequenceOfEditsAsTheRuleSays)
         if (step % 2 == 0 || length < 10) {
             set.inserted(at, 3);
             length += 3;
-            for (Position& each : expected) {
+            for (Position& each : expected)
                 each += each > at ? 3 : 0;
-            }
         } else {
             const Position end = std::min(length, at + below(5));
             set.erased(at, end);
             length -= end - at;
-            for (Position& each : expected) {
+            for (Position& each : expected)
                 each = each >= end ? each - (end - at) : std::min(each, at);
-            }
         }
         const std::size_t chosen = static_cast<std::size_t>(below(count));
         expected[chosen] = below(length + 1);
         set.set(endpoints[chosen], expected[chosen]);
-        for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < count; ++i)
             ASSERT_EQ(set.position(endpoints[i]), expected[i]) << "step " << step;
-        }
         ASSERT_TRUE(set.isConsistent());
     }
-    for (Endpoint& each : endpoints) {
+    for (Endpoint& each : endpoints)
         set.remove(each);
-    }
     EXPECT_EQ(set.size(), 0u);
 }
 

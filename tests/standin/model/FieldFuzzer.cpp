@@ -90,9 +90,8 @@ public:
         for (const std::array<Position, 3>& field : fields()) {
             for (const Position at : field) {
                 const bool inside = at >= start && at < end;
-                if (inside && (field[0] < start || field[2] >= end)) {
+                if (inside && (field[0] < start || field[2] >= end))
                     found.push_back(at);
-                }
             }
         }
         std::sort(found.begin(), found.end());
@@ -107,12 +106,10 @@ private:
     template <typename Change>
     void eachRange(Change change)
     {
-        for (NaiveRange& each : ranges) {
+        for (NaiveRange& each : ranges)
             change(each);
-        }
-        for (auto& [name, bookmark] : bookmarks) {
+        for (auto& [name, bookmark] : bookmarks)
             change(bookmark.place);
-        }
     }
 
     void eraseAll(Position start, Position end)
@@ -204,9 +201,8 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
     case 11: {
         const Position start = mine.start;
         Position end = std::max(start, std::min(mine.end, naive.last()));
-        if (const auto halves = naive.halves(start, end); !halves.empty()) {
+        if (const auto halves = naive.halves(start, end); !halves.empty())
             end = halves.front();
-        }
         addHyperlink(range, {u"a", u""});
         if (start == end) {
             naive.insert(start, u"a");
@@ -239,15 +235,13 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
 
 void compareBookmarks(const Bookmarks& bookmarks, const NaiveStory& naive)
 {
-    if (bookmarks.all().size() != naive.bookmarks.size()) {
+    if (bookmarks.all().size() != naive.bookmarks.size())
         fail("the number of bookmarks differs");
-    }
     for (const auto& [name, bookmark] : naive.bookmarks) {
         const BookmarkPtr mine = bookmarks.find(name);
         if (!mine || mine->range().start() != bookmark.place.start ||
-            mine->range().end() != bookmark.place.end) {
+            mine->range().end() != bookmark.place.end)
             fail("a bookmark differs");
-        }
     }
 }
 
@@ -266,18 +260,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     while (!input.isEmpty() && naive.text.size() < 5000) {
         const std::size_t number = input.next() % ranges.size();
         edit(input, *ranges[number], naive, number);
-        if (document->mainStory()->text(0, document->mainStory()->length()) != naive.text) {
+        if (document->mainStory()->text(0, document->mainStory()->length()) != naive.text)
             fail("the text differs");
-        }
-        for (std::size_t i = 0; i < ranges.size(); ++i) {
-            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end) {
+        for (std::size_t i = 0; i < ranges.size(); ++i)
+            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end)
                 fail("range " + std::to_string(i) + " differs");
-            }
-        }
         compareBookmarks(document->bookmarks(), naive);
-        if (const std::string wrong = checkInvariants(*document); !wrong.empty()) {
+        if (const std::string wrong = checkInvariants(*document); !wrong.empty())
             fail(wrong);
-        }
     }
     return 0;
 }

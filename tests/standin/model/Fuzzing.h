@@ -25,17 +25,15 @@ public:
     FuzzerInput(const std::uint8_t* data, std::size_t size, std::size_t made = 0)
         : data_(data), size_(size), made_(made)
     {
-        for (std::size_t i = 0; i < size; ++i) {
+        for (std::size_t i = 0; i < size; ++i)
             state_ = (state_ ^ data[i]) * 0x01000193u;
-        }
     }
     bool isEmpty() const { return at_ >= size_ + made_; }
     /// Past the end, too: an edit that has begun gets what it asks for.
     std::uint8_t next()
     {
-        if (at_ < size_) {
+        if (at_ < size_)
             return data_[at_++];
-        }
         ++at_;
         state_ = state_ * 1664525u + 1013904223u;
         return static_cast<std::uint8_t>(state_ >> 24);
@@ -46,9 +44,8 @@ public:
     {
         static constexpr char16_t alphabet[] = {u'a', u'b', u' ', u'\r', u'\v', u'\f', 0xD800, 0x263A};
         std::u16string text;
-        for (int count = next() % 6; count > 0; --count) {
+        for (int count = next() % 6; count > 0; --count)
             text += alphabet[next() % std::size(alphabet)];
-        }
         return text;
     }
 

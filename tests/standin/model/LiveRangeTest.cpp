@@ -447,9 +447,8 @@ TEST_F(LiveRangeTest, AHundredThousandAppendsBesideManyRangesAreCheap)
     LiveRange out = content();
     for (int i = 0; i < 100000; ++i) {
         out.insertAfter(i % 10 == 9 ? u"\n" : u"word ");
-        if (i % 10 == 0) {
+        if (i % 10 == 0)
             ranges.push_back(std::make_unique<LiveRange>(out));
-        }
     }
     EXPECT_EQ(document->mainStory()->length(), 90000 * 5 + 10000 + 1);
     EXPECT_EQ(document->mainStory()->paragraphCount(), 10001u);

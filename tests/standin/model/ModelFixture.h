@@ -15,9 +15,7 @@ class ModelTest : public testing::Test
 protected:
     void TearDown() override
     {
-        if (!document->isClosed()) {
-            EXPECT_EQ(checkInvariants(*document), "");
-        }
+        EXPECT_EQ(document->isClosed() ? std::string() : checkInvariants(*document), "");
     }
 
     LiveRange range(Position start, Position end) { return {document->mainStory(), start, end}; }

@@ -118,19 +118,16 @@ TEST(Picture, UnknownAndEmptyFilesAreNoPictures)
 TEST(Picture, EveryFileThatEndsEarlyIsRefused)
 {
     for (const std::string& file : {sample::png(), sample::gif().substr(0, sample::gif().size() - 3),
-                                    sample::bmp(), sample::emf(), sample::wmf(), sample::plainWmf()}) {
-        for (std::size_t size = 0; size < file.size(); ++size) {
+                                    sample::bmp(), sample::emf(), sample::wmf(), sample::plainWmf()})
+        for (std::size_t size = 0; size < file.size(); ++size)
             EXPECT_FALSE(readPicture(file.substr(0, size))) << size << " of " << file.size();
-        }
-    }
 }
 
 TEST(Picture, JpegThatEndsBeforeItsImageIsRefused)
 {
     const std::string file = sample::jpeg();
-    for (std::size_t size = 0; size < file.find("\xff\xda"); ++size) {
+    for (std::size_t size = 0; size < file.find("\xff\xda"); ++size)
         EXPECT_FALSE(readPicture(file.substr(0, size))) << size;
-    }
 }
 
 TEST(Picture, DamagedBytesNeverHarm)

@@ -17,9 +17,8 @@ TEST(PositionIndexTest, FindsAndMovesEntriesOnBothSidesOfTheGap)
     ASSERT_EQ(index.size(), 4u);
     const auto listing = [&index] {
         std::string text;
-        for (std::size_t i = 0; i < index.size(); ++i) {
+        for (std::size_t i = 0; i < index.size(); ++i)
             text += index.value(i) + std::to_string(index.position(i)) + " ";
-        }
         return text;
     };
     EXPECT_EQ(listing(), "a2 b4 c6 d8 ");

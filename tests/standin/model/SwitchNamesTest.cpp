@@ -25,9 +25,8 @@ TEST(SwitchNamesTest, UnknownOnesAreRefused)
 {
     Switches switches;
     for (const char* text : {"none=1", "deleteAnswersOne", "deleteAnswersOne=2", "deleteAnswersOne=1,,",
-                             "insertFileLastParagraph=1"}) {
+                             "insertFileLastParagraph=1"})
         EXPECT_THROW(readSwitches(switches, text), std::invalid_argument) << text;
-    }
 }
 
 } // namespace

@@ -29,13 +29,11 @@ protected:
     static void expectWidths(const TableRow& row, const std::vector<float>& widths)
     {
         std::vector<float> found;
-        for (const CellFormat& cell : row.format().cells) {
+        for (const CellFormat& cell : row.format().cells)
             found.push_back(cell.width);
-        }
         ASSERT_EQ(found.size(), widths.size());
-        for (std::size_t i = 0; i < widths.size(); ++i) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
             EXPECT_NEAR(found[i], widths[i], 0.01f) << i;
-        }
     }
 };
 
@@ -307,12 +305,10 @@ TEST_F(TableTest, EqualWidthsSetCellByCellComeOutEqual)
 {
     TableRow row = add(0, 1, 1).row(1);
     for (std::int32_t count = 1; count <= 3; ++count) {
-        if (count > 1) {
+        if (count > 1)
             row.addCell();
-        }
-        for (std::int32_t index = 1; index <= count; ++index) {
+        for (std::int32_t index = 1; index <= count; ++index)
             row.cell(index).setWidth(430.0f / static_cast<float>(count), RulerStyle::sameWidth);
-        }
     }
     expectWidths(row, {143.33f, 143.33f, 143.33f});
 }

@@ -190,21 +190,18 @@ TEST_F(TextToTableTest, TextOfAnyShapeStaysWhole)
     for (int round = 0; round < 300; ++round) {
         document = Document::make(u"Document1");
         std::u16string written;
-        for (std::uint32_t i = random(12); i > 0; --i) {
+        for (std::uint32_t i = random(12); i > 0; --i)
             written += u"ab\t\r"[random(4)];
-        }
         write(written);
         const auto last = static_cast<std::uint32_t>(written.size());
         const auto from = static_cast<Position>(random(last + 1));
         const auto past = from + static_cast<Position>(random(last + 2 - static_cast<std::uint32_t>(from)));
         const LiveRange behind = range(static_cast<Position>(last), static_cast<Position>(last) + 1);
         TextToTableOptions options;
-        if (random(2) == 0) {
+        if (random(2) == 0)
             options.separator = u'\t';
-        }
-        if (random(2) == 0) {
+        if (random(2) == 0)
             options.columns = 1 + static_cast<std::int32_t>(random(3));
-        }
         const Table table = convert(from, past, options);
         ASSERT_EQ(checkInvariants(*document), "") << round;
         EXPECT_TRUE(table.isUniform());

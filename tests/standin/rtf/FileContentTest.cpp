@@ -204,9 +204,8 @@ TEST_F(FragmentTest, WhatSaysNothingHasNoDirectFormatting)
     EXPECT_EQ(all(), u"one\rtwo\rthree\r\r");
     EXPECT_EQ(story().run(0).end, story().length());
     EXPECT_EQ(direct(0), FontProperties());
-    for (const Position at : {0, 4, 8}) {
+    for (const Position at : {0, 4, 8})
         EXPECT_EQ(directParagraph(at), ParagraphProperties()) << at;
-    }
     EXPECT_EQ(styleAt(0), u"Heading 1");
     EXPECT_EQ(styleAt(4), u"Normal");
     EXPECT_EQ(styleAt(8), u"Own Text");

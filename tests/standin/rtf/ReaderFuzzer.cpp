@@ -62,9 +62,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     // Half of the inputs start as RTF does, so that they get beyond the first look.
     std::string bytes(reinterpret_cast<const char*>(data), size);
-    if (size > 0 && data[0] % 2 == 0) {
+    if (size > 0 && data[0] % 2 == 0)
         bytes = "{\\rtf1 " + bytes + "}";
-    }
     const auto document = model::Document::make(u"Document1");
     const bool whole = reads(bytes, *document);
     const std::string wrong = checkInvariants(*document);

@@ -40,12 +40,10 @@ protected:
         const Story& its = *again->mainStory();
         EXPECT_EQ(rawOf(its), rawOf(mine));
         ASSERT_EQ(its.paragraphCount(), mine.paragraphCount());
-        for (std::size_t i = 0; i < mine.paragraphCount(); ++i) {
+        for (std::size_t i = 0; i < mine.paragraphCount(); ++i)
             EXPECT_EQ(its.paragraph(i).format->style->name(), mine.paragraph(i).format->style->name()) << i;
-        }
-        for (Position at = 0; at < mine.length(); ++at) {
+        for (Position at = 0; at < mine.length(); ++at)
             ASSERT_TRUE(its.effectiveFont(at) == mine.effectiveFont(at)) << at;
-        }
         expectSameBookmarks(*again);
     }
 

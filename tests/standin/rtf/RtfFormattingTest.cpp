@@ -28,9 +28,8 @@ namespace {
 std::string narrow(std::u16string_view text)
 {
     std::string result;
-    for (const char16_t c : text) {
+    for (const char16_t c : text)
         result += static_cast<char>(c);
-    }
     return result;
 }
 
@@ -93,9 +92,8 @@ protected:
             character.characterStyle = narrow(foldCase(widen(character.characterStyle)));
             character.paragraphStyle = narrow(foldCase(widen(character.paragraphStyle)));
             ASSERT_EQ(character.unit, story.at(at)) << "at " << at;
-            if (!isWithoutFormat(story, at)) {
-                ASSERT_EQ(character, modelledCharacter(story, at)) << "at " << at;
-            }
+            const bool hasFormat = !isWithoutFormat(story, at);
+            ASSERT_EQ(character, hasFormat ? modelledCharacter(story, at) : character) << "at " << at;
         }
     }
 
@@ -104,11 +102,9 @@ protected:
     {
         std::vector<std::shared_ptr<Story>> stories = {document->mainStory()};
         for (std::int32_t section = 1; section <= document->sectionCount(); ++section) {
-            for (const auto part : {Section::Part::header, Section::Part::footer}) {
-                if (auto story = document->section(section)->ownStory(part, HeaderFooterIndex::primary)) {
+            for (const auto part : {Section::Part::header, Section::Part::footer})
+                if (auto story = document->section(section)->ownStory(part, HeaderFooterIndex::primary))
                     stories.push_back(std::move(story));
-                }
-            }
         }
         std::vector<SavedStory> saved = readSavedFormatting(rtf());
         ASSERT_EQ(saved.size(), stories.size());
@@ -165,9 +161,8 @@ private:
     {
         static constexpr std::u16string_view units = u"abcdefgh  \t\v\f\r\\{}\u00e9\u20ac\u00a0\x1e\x1f";
         std::u16string text;
-        for (std::size_t count = 1 + below(8); count > 0; --count) {
+        for (std::size_t count = 1 + below(8); count > 0; --count)
             text += units[below(units.size())];
-        }
         return text;
     }
 
@@ -267,9 +262,8 @@ private:
             range.remove();
             break;
         default:
-            for (const Field& each : fieldsIn({range.storyPtr(), 0, range.story().length()})) {
+            for (const Field& each : fieldsIn({range.storyPtr(), 0, range.story().length()}))
                 each.result().setFont(anyFont());
-            }
         }
     }
 
@@ -284,9 +278,8 @@ TEST_F(RtfFormattingTest, EveryRandomDocumentIsSavedAsItIsFormatted)
         document = Document::make(u"Document1");
         write(u"one two three\rfour five\r");
         RandomEdits edits(*document, seed);
-        for (int i = 0; i < 60; ++i) {
+        for (int i = 0; i < 60; ++i)
             edits.edit();
-        }
         ASSERT_EQ(checkInvariants(*document), "");
         ASSERT_NO_FATAL_FAILURE(expectFormattingInFile());
     }

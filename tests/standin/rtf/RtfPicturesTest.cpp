@@ -102,9 +102,8 @@ TEST_F(RtfPicturesTest, LeavesOutPicturesOfUnknownForms)
 TEST_F(RtfPicturesTest, HexIsReadAcrossLinesAndWithoutItsOddEnd)
 {
     HexReader reader;
-    for (const char c : std::string("0A\n1 bf")) {
+    for (const char c : std::string("0A\n1 bf"))
         reader.digit(static_cast<char16_t>(c));
-    }
     EXPECT_EQ(reader.bytes(), "\n\x1b");
     EXPECT_EQ(hexText("\x01\xfe"), "\n01fe");
 }

@@ -165,9 +165,8 @@ TEST_F(RtfReaderTest, WhatIsWrittenReadsBackAlike)
                                here.font().underline, here.paragraphFormat().alignment,
                                here.paragraphFormat().spaceBefore);
     };
-    for (Position at = 0; at < original->mainStory()->length(); ++at) {
+    for (Position at = 0; at < original->mainStory()->length(); ++at)
         EXPECT_EQ(format(document, at), format(original, at)) << at;
-    }
     ASSERT_EQ(document->sectionCount(), 2);
     EXPECT_EQ(document->section(2)->pageSetup, original->section(2)->pageSetup);
     EXPECT_EQ(document->section(1)->pageSetup, original->section(1)->pageSetup);

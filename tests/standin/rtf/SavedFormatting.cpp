@@ -53,21 +53,18 @@ public:
                 put(static_cast<unsigned char>(c));
             }
         }
-        if (!outer_.empty()) {
+        if (!outer_.empty())
             throw std::runtime_error("a group is open at the end");
-        }
         return std::move(stories_);
     }
 
 private:
     void close()
     {
-        if (outer_.empty()) {
+        if (outer_.empty())
             throw std::runtime_error("a brace closes nothing");
-        }
-        if (group_.isField) {
+        if (group_.isField)
             put(21);
-        }
         group_ = std::move(outer_.back());
         outer_.pop_back();
     }
@@ -79,13 +76,11 @@ private:
             return;
         }
         std::string word;
-        while (std::isalpha(static_cast<unsigned char>(rtf_.at(at_))) != 0) {
+        while (std::isalpha(static_cast<unsigned char>(rtf_.at(at_))) != 0)
             word += rtf_[at_++];
-        }
         std::string digits;
-        while (rtf_.at(at_) == '-' || std::isdigit(static_cast<unsigned char>(rtf_.at(at_))) != 0) {
+        while (rtf_.at(at_) == '-' || std::isdigit(static_cast<unsigned char>(rtf_.at(at_))) != 0)
             digits += rtf_[at_++];
-        }
         at_ += rtf_.at(at_) == ' ' ? 1 : 0;
         take(word, digits.empty() ? std::nullopt : std::optional(std::stoi(digits)));
     }
@@ -112,13 +107,11 @@ private:
 
     void take(const std::string& word, std::optional<std::int32_t> number)
     {
-        if (group_.use == Use::skipped && word != "rtf") {
+        if (group_.use == Use::skipped && word != "rtf")
             return;
-        }
         if (!destination(word) && !table(word, number.value_or(0)) && !character(word, number.value_or(0)) &&
-            !paragraph(word, number.value_or(0))) {
+            !paragraph(word, number.value_or(0)))
             font(word, number);
-        }
     }
 
     bool destination(const std::string& word)
@@ -158,15 +151,14 @@ private:
     /// The words of the tables in front of the text.
     bool table(const std::string& word, std::int32_t number)
     {
-        if (group_.use == Use::fontTable) {
+        if (group_.use == Use::fontTable)
             group_.font = word == "f" ? number : group_.font;
-        } else if (group_.use == Use::colorTable) {
+        else if (group_.use == Use::colorTable)
             color_ += (color_.empty() ? "" : ",") + std::to_string(number);
-        } else if (group_.use == Use::styleSheet) {
+        else if (group_.use == Use::styleSheet)
             group_.characterStyle = word == "s" || word == "cs" ? number : group_.characterStyle;
-        } else {
+        else
             return false;
-        }
         return true;
     }
 
@@ -181,13 +173,11 @@ private:
             return true;
         }
         const auto found = characters.find(word);
-        if (found == characters.end()) {
+        if (found == characters.end())
             return false;
-        }
         put(found->second);
-        if (word == "par" || word == "sect" || word == "cell" || word == "row") {
+        if (word == "par" || word == "sect" || word == "cell" || word == "row")
             endParagraph();
-        }
         return true;
     }
 
@@ -275,9 +265,8 @@ private:
 
     static void addToName(std::string& name, char16_t unit)
     {
-        if (unit != u';') {
+        if (unit != u';')
             name += static_cast<char>(unit);
-        }
     }
 
     std::string_view rtf_;

@@ -29,7 +29,7 @@ struct ItemPrinter
         return "entry " + std::to_string(entry.level) + " " + narrow(entry.text);
     }
     std::string operator()(const Tag& tag) const { return "#" + narrow(tag.bookmark); }
-    std::string operator()(const Picture& picture) const
+    std::string operator()(const compose::Picture& picture) const
     {
         return picture.isThere ? "picture" : "no picture";
     }

@@ -40,7 +40,7 @@ TEST_F(FontChangeTest, AsksForNoPropertyWithoutNeed)
     {
     public:
         using SampleStyles::fontOf;
-        const Font& fontOf(const std::u16string& style, FontProperty property) override
+        const compose::Font& fontOf(const std::u16string& style, FontProperty property) override
         {
             EXPECT_EQ(property, FontProperty::bold);
             return fontOf(style);

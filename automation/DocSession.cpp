@@ -1,10 +1,25 @@
 #include "DocSession.h"
 
+#include "TextConversion.h"
 #include "sysSupport/SysDirectory.h"
 
-DocSession::DocSession() : startDirectory(SysDirectory::current()) {}
+DocSession::DocSession() : startDirectory(SysDirectory::current())
+{
+    openDiagnostics();
+    diagnostics.tell([] { return diagnostics::Event{.what = "Object made"}; });
+}
 
-DocSession::~DocSession() = default;
+DocSession::~DocSession()
+{
+    diagnostics.tell([] { return diagnostics::Event{.what = "Object released"}; });
+}
+
+void DocSession::openDiagnostics() noexcept
+try {
+    const QdxString name = registry.read("Log", "Diagnostics", "");
+    diagnostics.open(static_cast<const wchar_t*>(toWide(name)));
+} catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the document goes on without diagnostics
+}
 
 DocumentWriter& DocSession::currentWriter() const
 {

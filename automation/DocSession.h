@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Diagnostics.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
 #include "registry/RegisterCache.h"
@@ -21,6 +22,7 @@ struct DocSession
     DocSession(const DocSession&) = delete;
     DocSession& operator=(const DocSession&) = delete;
 
+    diagnostics::Diagnostics diagnostics;
     Trace trace;                 ///< Echo lines and error texts go here.
     std::int32_t pageNumber = 0; ///< Pages as the trace counts them: only breaks made while it echoes.
 
@@ -44,6 +46,9 @@ struct DocSession
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
+
+    /// Has the diagnostics written to the file that the settings name now.
+    void openDiagnostics() noexcept;
 
     /// The writer; raises `_com_error` with E_POINTER when there is none.
     [[nodiscard]] DocumentWriter& currentWriter() const;

@@ -80,6 +80,7 @@ try {
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
+    session.openDiagnostics();
     switchProofingOff();
 
     session.fileName = toNarrow(fileName);

@@ -8,12 +8,17 @@
 namespace {
 
 // A client does not fail for want of a trace.
-void openTrace(Trace& trace, const QdxString& logName)
+void openTrace(DocSession& session, const QdxString& logName)
 try {
-    trace.open(logName);
+    session.trace.open(logName);
 } catch (const QdxException& exception) {
-    trace.close();
+    session.trace.close();
     logCaught(exception);
+    session.diagnostics.tell([&] {
+        return diagnostics::Event{.severity = diagnostics::Severity::warning,
+                                  .what = diagnostics::utf8(QdxString(exception.reasonText())),
+                                  .remedy = "Name a file that this user may write in Log/LogName."};
+    });
 }
 
 } // namespace
@@ -49,7 +54,7 @@ try {
     if (level == 0)
         trace.close();
     else if (level > 0)
-        openTrace(trace, logName);
+        openTrace(*session_, logName);
     if (level >= 0)
         trace.setLevel(level);
     withWriter([&](DocumentWriter& writer) { writer.setTrace(trace); });

@@ -3,7 +3,7 @@
 #include "TextConversion.h"
 #include "sysSupport/SysDirectory.h"
 
-DocSession::DocSession() : startDirectory(SysDirectory::current())
+DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
 {
     openDiagnostics();
     diagnostics.tell([] { return diagnostics::Event{.what = "Object made"}; });
@@ -16,7 +16,7 @@ DocSession::~DocSession()
 
 void DocSession::openDiagnostics() noexcept
 try {
-    const QdxString name = registry.read("Log", "Diagnostics", "");
+    const QdxString name = settings.text(SettingName::diagnostics);
     diagnostics.open(static_cast<const wchar_t*>(toWide(name)));
 } catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the document goes on without diagnostics
 }

@@ -4,6 +4,7 @@
 #include "DocumentWriter.h"
 #include "QdxString.h"
 #include "registry/RegisterCache.h"
+#include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
 #include "Word.h"
@@ -41,7 +42,8 @@ struct DocSession
     VARIANT_BOOL savedSpellingCheck = VARIANT_FALSE;
     std::int32_t tocLevel = 0;
 
-    RegisterCache registry; ///< With the session's overrides.
+    RegisterCache registry;  ///< With the session's overrides.
+    SettingsRecord settings; ///< In force: as `create` found them last, and before it as the object did.
     Word::_DocumentPtr document;
     Word::DocumentsPtr documents;
     Word::_ApplicationPtr application;

@@ -80,6 +80,7 @@ try {
     DocSession& session = *session_;
     if (!session.wordStarted)
         return E_FAIL;
+    session.settings = SettingsRecord::read(session.registry);
     session.openDiagnostics();
     switchProofingOff();
 
@@ -95,10 +96,10 @@ try {
 
     closeRunningCopy();
     addDocument();
-    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.registry, session.trace);
+    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.settings, session.trace);
     framed("Saving document", [&] { saveDocument(*writer); });
-    session.tocLevel = session.registry.read("Word", "TOCLevel", 50);
-    session.saveEmf = session.registry.read("Diagram", "SaveEmf", "");
+    session.tocLevel = session.settings.integer(SettingName::tocLevel);
+    session.saveEmf = session.settings.isOn(SettingName::saveEmf);
     completeDocument();
     writer->begin(session.application, session.document);
     session.writer = std::move(writer);
@@ -152,7 +153,7 @@ void Mirovel::closeRunningCopy()
 void Mirovel::addDocument()
 {
     DocSession& session = *session_;
-    const QdxString templateName = chooseTemplate(session.registry);
+    const QdxString templateName = chooseTemplate(session.settings);
     if (!templateName.isEmpty()) {
         if (SysFile::exists(templateName)) {
             try {

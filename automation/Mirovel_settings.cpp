@@ -41,6 +41,8 @@ try {
         break;
     }
     session_->registry.override(entry);
+    session_->settings.takeOverrides(session_->registry);
+    session_->openDiagnostics();
     return S_OK;
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
@@ -49,7 +51,8 @@ try {
 STDMETHODIMP Mirovel::trace(short level)
 try {
     Trace& trace = session_->trace;
-    const QdxString logName = session_->registry.read("Log", "LogName", "");
+    const SettingDescription& setting = describe(SettingName::logName);
+    const QdxString logName = session_->registry.read(setting.group, setting.name, defaultEntry(setting));
     Trace::purgeBefore(logName);
     if (level == 0)
         trace.close();

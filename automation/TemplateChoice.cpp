@@ -2,8 +2,7 @@
 
 #include "ComErrorReport.h"
 #include "WinUtils/QdxMessageBox.h"
-#include "registry/RegisterCache.h"
-#include "registry/RegisterDynamic.h"
+#include "registry/SettingsRecord.h"
 #include "sysSupport/SysFile.h"
 
 namespace {
@@ -16,17 +15,16 @@ void askWhetherToContinue(const QdxString& question, UINT icon)
 
 } // namespace
 
-QdxString chooseTemplate(const RegisterCache& registry)
+QdxString chooseTemplate(const SettingsRecord& settings)
 {
-    const QdxString installDir = registry.read("Settings", "InstallDir", "");
-    const QdxString name = registry.read("Word", "WordTemplateName",
-                                         SysFile::appendToDir(installDir, "templates\\Vantpl01.dot"));
+    if (settings[SettingName::wordTemplateName].origin == SettingOrigin::byDefault)
+        return SysFile::appendToDir(settings.text(SettingName::installDir), "templates\\Vantpl01.dot");
+    const QdxString name = settings.text(SettingName::wordTemplateName);
     if (name.isEmpty() || !SysFile::getDir(name).isEmpty())
         return name;
-    const QdxString registeredDir = RegisterDynamic::read("Settings", "InstallDir", "", false);
     QdxString path = "Templates\\";
     path.append(name);
-    return SysFile::appendToDir(registeredDir, path);
+    return SysFile::appendToDir(SettingsRecord::registeredInstallDir(), path);
 }
 
 void askAfterRefusedTemplate(const QdxString& templateName)

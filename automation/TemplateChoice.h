@@ -2,13 +2,13 @@
 
 #include "QdxString.h"
 
-class RegisterCache;
+class SettingsRecord;
 
 /// The template for a new document, from the settings. Empty: Word's own default. The file need not exist.
 ///
 /// A name without a directory lies in the "Templates" folder of the installation directory, for which the
 /// session's overrides do not count.
-QdxString chooseTemplate(const RegisterCache& registry);
+QdxString chooseTemplate(const SettingsRecord& settings);
 
 /// Ask the user whether to go on with Word's default template, and raise `QdxException`
 /// "Document generation aborted by the user." when the answer is not Yes.

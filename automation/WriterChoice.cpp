@@ -3,16 +3,16 @@
 #include "Composer.h"
 #include "CountingWriter.h"
 #include "TextConversion.h"
-#include "registry/RegisterCache.h"
+#include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
-std::unique_ptr<DocumentWriter> chooseWriter(RegisterCache& settings, const Trace& trace)
+std::unique_ptr<DocumentWriter> chooseWriter(const SettingsRecord& settings, const Trace& trace)
 {
     using compose::Composer;
-    const int mode = settings.read("Word", "Compose", 0);
+    const int mode = settings.integer(SettingName::compose);
     if (mode != 1 && mode != 2)
         return std::make_unique<CountingWriter>(trace);
-    const QdxString installDir = settings.read("Settings", "InstallDir", "");
+    const QdxString installDir = settings.text(SettingName::installDir);
     return std::make_unique<Composer>(mode == 1 ? Composer::Pen::typed : Composer::Pen::fragments, trace,
                                       static_cast<const wchar_t*>(toWide(installDir)));
 }

@@ -3,10 +3,10 @@
 #include <memory>
 
 class DocumentWriter;
-class RegisterCache;
+class SettingsRecord;
 class Trace;
 
 /// The writer that the settings ask for ("Word"/"Compose": 0 the counting one, 1 the composing one with typed
 /// calls, 2 the composing one with fragments; any other number counts as 0). `trace` is the session's and
 /// outlives it.
-std::unique_ptr<DocumentWriter> chooseWriter(RegisterCache& settings, const Trace& trace);
+std::unique_ptr<DocumentWriter> chooseWriter(const SettingsRecord& settings, const Trace& trace);

@@ -5,23 +5,28 @@
 
 namespace {
 
-constexpr char wordGroup[] = "Word";
-constexpr char templateNameValue[] = "WordTemplateName";
-constexpr char tocLevelValue[] = "TOCLevel";
+constexpr const SettingDescription& templateNameSetting = describe(SettingName::wordTemplateName);
+constexpr const SettingDescription& tocLevelSetting = describe(SettingName::tocLevel);
 
 } // namespace
 
+RegEntry WordSettings::read(SettingName name) const
+{
+    const SettingDescription& setting = describe(name);
+    return environment_.read(setting.group, setting.name, defaultEntry(setting));
+}
+
 QdxString WordSettings::templateName() const
 {
-    const QdxString installDir = environment_.read("Settings", "InstallDir", "");
+    const QdxString installDir = read(SettingName::installDir);
     // Not the template that documents are made from when nothing is stored: the page proposes one of its own.
-    return environment_.read(wordGroup, templateNameValue,
+    return environment_.read(templateNameSetting.group, templateNameSetting.name,
                              environment_.appendToDir(installDir, "templates\\KXR1.dot"));
 }
 
 int WordSettings::tocLevel() const
 {
-    return environment_.read(wordGroup, tocLevelValue, highestTocLevel);
+    return read(SettingName::tocLevel);
 }
 
 std::optional<WordSettings::Refusal> WordSettings::apply(const QdxString& templateName,
@@ -41,7 +46,7 @@ std::optional<WordSettings::Refusal> WordSettings::applyTemplateName(const QdxSt
         text.append("\nFile Not Found.\n").append("Please verify the correct template name was given.");
         return Refusal{Field::templateName, text};
     }
-    environment_.write(wordGroup, templateNameValue, name);
+    environment_.write(templateNameSetting.group, templateNameSetting.name, name);
     return std::nullopt;
 }
 
@@ -53,6 +58,6 @@ std::optional<WordSettings::Refusal> WordSettings::applyTocLevel(const QdxString
                                  " and " + std::to_string(highestTocLevel) + ".";
         return Refusal{Field::tocLevel, text.c_str()};
     }
-    environment_.write(wordGroup, tocLevelValue, static_cast<int>(number));
+    environment_.write(tocLevelSetting.group, tocLevelSetting.name, static_cast<int>(number));
     return std::nullopt;
 }

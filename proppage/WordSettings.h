@@ -2,6 +2,7 @@
 
 #include "PageEnvironment.h"
 #include "QdxString.h"
+#include "registry/SettingTable.h"
 
 #include <cstddef>
 #include <optional>
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] std::optional<Refusal> apply(const QdxString& templateName, const QdxString& tocLevel);
 
 private:
+    [[nodiscard]] RegEntry read(SettingName name) const;
     [[nodiscard]] std::optional<Refusal> applyTemplateName(const QdxString& name);
     [[nodiscard]] std::optional<Refusal> applyTocLevel(const QdxString& level);
 

@@ -4,7 +4,7 @@
 #include "PositionCount.h"
 #include "TextConversion.h"
 #include "WordConstants.h"
-#include "registry/RegisterDynamic.h"
+#include "registry/SettingsRecord.h"
 
 #include <string_view>
 #include <utility>
@@ -27,7 +27,7 @@ MirovelSection::MirovelSection(const Word::_ApplicationPtr& application, const W
     setRange(range);
     passStyles(document->GetStyles());
     setStyle("Normal", false);
-    data_->installDir = RegisterDynamic().read("Settings", "InstallDir", RegEntry(QdxString()), false);
+    data_->installDir = SettingsRecord::registeredInstallDir();
 
     const Word::PageSetupPtr page = document->GetPageSetup();
     const float pageWidth = page->GetPageWidth();

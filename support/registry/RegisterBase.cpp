@@ -6,10 +6,9 @@
 namespace {
 
 /// Text reads expanded; a foreign type and every failure count as "nothing".
-std::optional<RegEntry> readValue(HKEY hive, const std::wstring& path, const QdxString& group,
+std::optional<RegEntry> readValue(const detail::RegistryKey& key, const QdxString& group,
                                   const QdxString& name)
 {
-    const detail::RegistryKey key = detail::RegistryKey::open(hive, path);
     if (!key)
         return std::nullopt;
     const _bstr_t wideName = toWide(name);
@@ -26,7 +25,16 @@ std::optional<RegEntry> RegisterBase::find(const QdxString& group, const QdxStri
 {
     const std::wstring path = detail::settingsPath(group);
     if (scope == Scope::userThenAllUsers)
-        if (std::optional<RegEntry> entry = readValue(HKEY_CURRENT_USER, path, group, name))
+        if (std::optional<RegEntry> entry =
+                readValue(detail::RegistryKey::open(HKEY_CURRENT_USER, path), group, name))
             return entry;
-    return readValue(HKEY_LOCAL_MACHINE, path, group, name);
+    return readValue(detail::RegistryKey::open(HKEY_LOCAL_MACHINE, path), group, name);
+}
+
+RegisterBase::Stored RegisterBase::stored(HKEY hive, const QdxString& group, const QdxString& name)
+{
+    const detail::RegistryKey key = detail::RegistryKey::open(hive, detail::settingsPath(group));
+    Stored found{readValue(key, group, name)};
+    found.isOfForeignType = !found.entry && key && key.has(toWide(name));
+    return found;
 }

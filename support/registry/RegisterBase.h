@@ -4,6 +4,8 @@
 
 #include <optional>
 
+#include <windows.h>
+
 /// What all registry access shares: where our settings live.
 ///
 /// A setting is the value <name> of the key <root>\<group>, in the 64-bit view. The installer writes it for
@@ -24,4 +26,12 @@ protected:
     };
     /// Nothing when the value is absent or cannot be read.
     static std::optional<RegEntry> find(const QdxString& group, const QdxString& name, Scope scope);
+
+    /// A value in one place: `entry` is nothing when it is absent, cannot be read or is of a foreign type.
+    struct Stored
+    {
+        std::optional<RegEntry> entry;
+        bool isOfForeignType = false;
+    };
+    static Stored stored(HKEY hive, const QdxString& group, const QdxString& name);
 };

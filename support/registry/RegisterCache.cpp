@@ -1,6 +1,7 @@
 #include "registry/RegisterCache.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -20,10 +21,27 @@ bool isNamed(const RegEntry& entry, const QdxString& group, const QdxString& nam
 RegEntry RegisterCache::read(const QdxString& group, const QdxString& name,
                              const RegEntry& defaultEntry) const
 {
+    return lookUp(group, name).entry.value_or(defaultEntry);
+}
+
+const RegEntry* RegisterCache::overrideOf(const QdxString& group, const QdxString& name) const
+{
     for (const RegEntry& entry : overrides_)
         if (isNamed(entry, group, name))
-            return entry;
-    return find(group, name, Scope::userThenAllUsers).value_or(defaultEntry);
+            return &entry;
+    return nullptr;
+}
+
+RegisterCache::Found RegisterCache::lookUp(const QdxString& group, const QdxString& name) const
+{
+    if (const RegEntry* const entry = overrideOf(group, name))
+        return {*entry, SettingOrigin::clientOverride};
+    Stored users = stored(HKEY_CURRENT_USER, group, name);
+    if (users.entry)
+        return {std::move(users.entry), SettingOrigin::user};
+    Stored machines = stored(HKEY_LOCAL_MACHINE, group, name);
+    const SettingOrigin origin = machines.entry ? SettingOrigin::machine : SettingOrigin::byDefault;
+    return {std::move(machines.entry), origin, users.isOfForeignType || machines.isOfForeignType};
 }
 
 void RegisterCache::override(const RegEntry& entry)

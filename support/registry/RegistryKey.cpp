@@ -47,6 +47,11 @@ RegistryKey::~RegistryKey()
         RegCloseKey(key_);
 }
 
+bool RegistryKey::has(const wchar_t* name) const noexcept
+{
+    return RegQueryValueExW(key_, name, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+}
+
 std::optional<DWORD> RegistryKey::number(const wchar_t* name) const noexcept
 {
     DWORD value = 0;

@@ -28,6 +28,8 @@ public:
 
     explicit operator bool() const noexcept { return key_ != nullptr; }
 
+    /// Whether the value is there, of whatever type.
+    [[nodiscard]] bool has(const wchar_t* name) const noexcept;
     /// Nothing unless the value is there and is a REG_DWORD.
     [[nodiscard]] std::optional<DWORD> number(const wchar_t* name) const noexcept;
     /// Nothing unless the value is there and is a REG_SZ or a REG_EXPAND_SZ, which is expanded.

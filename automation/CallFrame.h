@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ComErrorReport.h"
+#include "DocSession.h"
 #include "general/CSignal2Exception.h"
 #include "general/QdxException.h"
 
@@ -22,10 +23,12 @@ void runInFrame(Work&& work, OnComError&& onComError)
     }
 }
 
-/// The frame of nearly all methods: a failed Word call is reported under the name of the activity.
+/// The frame of nearly all methods: Word calls are made as the session's settings say, and a failed one is
+/// reported under the name of the activity.
 template <class Work>
 void runInFrame(DocSession& session, const char* activity, Work&& work)
 {
+    const Word::CallScope calls(session.wordCalls);
     runInFrame(work, [&](const _com_error& error) { reportComError(session, activity, error); });
 }
 

@@ -3,9 +3,11 @@
 #include "TextConversion.h"
 #include "sysSupport/SysDirectory.h"
 
+#include <algorithm>
+
 DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
 {
-    openDiagnostics();
+    followSettings();
     diagnostics.tell([] { return diagnostics::Event{.what = "Object made"}; });
 }
 
@@ -19,6 +21,12 @@ try {
     const QdxString name = settings.text(SettingName::diagnostics);
     diagnostics.open(static_cast<const wchar_t*>(toWide(name)));
 } catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the document goes on without diagnostics
+}
+
+void DocSession::followSettings()
+{
+    wordCalls.busyTimeout = std::chrono::seconds(std::max(0, settings.integer(SettingName::busyTimeout)));
+    openDiagnostics();
 }
 
 DocumentWriter& DocSession::currentWriter() const

@@ -7,6 +7,7 @@
 #include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
 
+#include "CallPolicy.h"
 #include "Word.h"
 
 #include <cstdint>
@@ -49,6 +50,10 @@ struct DocSession
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
 
+    Word::CallPolicy wordCalls; ///< As the settings say.
+
+    /// Brings what follows from the settings up to date with them.
+    void followSettings();
     /// Has the diagnostics written to the file that the settings name now.
     void openDiagnostics() noexcept;
 

@@ -34,8 +34,14 @@ Mirovel::~Mirovel()
     if (session.wordStarted) {
         // A Word that does not say stays: the user may be looking at it.
         bool visible = true;
-        framed("Looking for Word's window",
-               [&] { visible = session.application->GetVisible() != VARIANT_FALSE; });
+        bool answers = false;
+        framed("Looking for Word's window", [&] {
+            visible = session.application->GetVisible() != VARIANT_FALSE;
+            answers = true;
+        });
+        // Word had its time with that call; the host need not wait for each of the others as well.
+        if (!answers)
+            session.wordCalls.busyTimeout = {};
         if (!visible) {
             framed("Closing the document", [&] { close(); });
             framed("Stopping Word", [&] { stop(); });

@@ -59,6 +59,8 @@ void Mirovel::framed(const char* activity, Work&& work)
 template <class Work>
 void Mirovel::withWriter(Work&& work)
 {
-    if (session_->writer)
-        work(*session_->writer);
+    if (!session_->writer)
+        return;
+    const Word::CallScope calls(session_->wordCalls);
+    work(*session_->writer);
 }

@@ -5,6 +5,7 @@
 #include "TemplateChoice.h"
 #include "WriterChoice.h"
 
+#include "BusyWord.h"
 #include "WordConstants.h"
 #include "sysSupport/SysCOMSupport.h"
 #include "sysSupport/SysFile.h"
@@ -19,10 +20,34 @@ constexpr DWORD wordExitTime = 1000;
 /// Word is registered nowhere.
 constexpr HRESULT wordNotInstalled = CO_E_CLASSSTRING;
 
+constexpr char wordName[] = "Word.Application";
+
+/// Null when none runs, or none that can be reached.
+IUnknownPtr findRunningWord()
+{
+    IUnknownPtr running;
+    const HRESULT found = Word::callPatiently({wordName, "GetActiveObject"},
+                                              [&] { return SysCOMSupport::findRunning(wordClass, running); });
+    return SUCCEEDED(found) ? running : IUnknownPtr();
+}
+
+Word::_ApplicationPtr applicationOf(IUnknown* running)
+{
+    Word::_ApplicationPtr application;
+    const HRESULT asked = Word::callPatiently({wordName, "QueryInterface"}, [&] {
+        return running->QueryInterface(__uuidof(Word::_Application), reinterpret_cast<void**>(&application));
+    });
+    if (FAILED(asked) && asked != E_NOINTERFACE)
+        _com_issue_error(asked);
+    return application;
+}
+
 Word::_ApplicationPtr startWord()
 {
     Word::_ApplicationPtr application;
-    const HRESULT created = application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+    const HRESULT created = Word::callPatiently({wordName, "CreateInstance"}, [&] {
+        return application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL);
+    });
     if (FAILED(created) && created != E_NOINTERFACE)
         _com_issue_error(created);
     return application;
@@ -48,6 +73,7 @@ try {
     if (session_->wordStarted)
         return S_OK;
     echo("start");
+    const Word::CallScope calls(session_->wordCalls);
     runInFrame([&] { connectToWord(); },
                [&](const _com_error& error) {
                    if (error.Error() == wordNotInstalled)
@@ -62,8 +88,8 @@ try {
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
-    const IUnknownPtr running = SysCOMSupport::getRunningIUnknown(wordClass);
-    const Word::_ApplicationPtr application = running ? Word::_ApplicationPtr(running) : startWord();
+    const IUnknownPtr running = findRunningWord();
+    const Word::_ApplicationPtr application = running ? applicationOf(running) : startWord();
     try {
         session.documents = application->GetDocuments();
     } catch (const _com_error&) {
@@ -81,7 +107,8 @@ try {
     if (!session.wordStarted)
         return E_FAIL;
     session.settings = SettingsRecord::read(session.registry);
-    session.openDiagnostics();
+    session.followSettings();
+    const Word::CallScope calls(session.wordCalls);
     switchProofingOff();
 
     session.fileName = toNarrow(fileName);
@@ -223,6 +250,7 @@ try {
     if (!session_->wordStarted)
         return S_OK;
     echo("stop");
+    const Word::CallScope calls(session_->wordCalls);
     framed("Cannot close all Word Documents", [&] { closeAllDocuments(); });
     session_->application->Quit();
     session_->wordStarted = false;
@@ -244,6 +272,7 @@ try {
     if (wordDocument && !session.wordStarted)
         start();
     shellOpen(session.fileName);
+    const Word::CallScope calls(session.wordCalls);
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
     return S_OK;

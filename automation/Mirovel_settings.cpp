@@ -42,7 +42,7 @@ try {
     }
     session_->registry.override(entry);
     session_->settings.takeOverrides(session_->registry);
-    session_->openDiagnostics();
+    session_->followSettings();
     return S_OK;
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);

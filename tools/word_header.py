@@ -79,19 +79,21 @@ def write_header(interfaces, out):
     out.write("} // namespace Word\n\n#undef WORD_INTERFACE\n")
 
 
-def calling_body(types, member):
+CALL_KINDS = {"propget": "propertyGet", "propput": "propertyPut", "method": "method"}
+
+
+def calling_body(types, interface, member):
     arguments = [passed_argument(a) for a in member.arguments]
     kind = member.result
+    yield (f'    static constexpr CallName thisCall{{"{interface.name}", "{member.name}", '
+           f"CallKind::{CALL_KINDS[member.kind]}}};")
+    if kind:
+        yield "    _variant_t result;" if kind == "VARIANT" else f"    {types.raw(kind)} result{{}};"
+        arguments.append("&result")
+    invoke = f"[&] {{ return this->{member.raw_name}({', '.join(arguments)}); }}"
+    yield f"    call({', '.join(['this', 'thisCall', invoke] + [parameter_name(a.name) for a in member.arguments])});"
     if not kind:
-        yield f"    check(this->{member.raw_name}({', '.join(arguments)}), this);"
         return
-    if kind == "VARIANT":
-        yield "    _variant_t result;"
-        arguments.append("&result")
-    else:
-        yield f"    {types.raw(kind)} result{{}};"
-        arguments.append("&result")
-    yield f"    check(this->{member.raw_name}({', '.join(arguments)}), this);"
     if types.is_interface(kind):
         yield f"    return {types.pointer_name(kind)}(result, false);"
     else:
@@ -106,5 +108,5 @@ def write_calls(interfaces, out):
         for member in interface.members:
             parameters = throwing_parameters(types, member, with_defaults=False)
             out.write(f"{types.returned(member.result)} {interface.name}::{throwing_name(member)}({parameters})\n{{\n")
-            out.write("\n".join(calling_body(types, member)) + "\n}\n\n")
+            out.write("\n".join(calling_body(types, interface, member)) + "\n}\n\n")
     out.write("} // namespace Word\n")

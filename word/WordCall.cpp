@@ -1,5 +1,8 @@
 #include "WordCall.h"
 
+#include "CallObserver.h"
+#include "CallPolicy.h"
+
 namespace Word {
 namespace {
 bool givesErrorInfo(IUnknown* object, const IID& interfaceId)
@@ -11,9 +14,8 @@ bool givesErrorInfo(IUnknown* object, const IID& interfaceId)
     support->Release();
     return supported;
 }
-} // namespace
 
-void raiseFailedCall(HRESULT result, IUnknown* object, const IID& interfaceId)
+_com_error errorOf(HRESULT result, IUnknown* object, const IID& interfaceId)
 {
     // The thread's error object belongs to this call only if the object says so; an older one must not be
     // shown. Asking is pointless, and slow, when the server is gone.
@@ -21,6 +23,26 @@ void raiseFailedCall(HRESULT result, IUnknown* object, const IID& interfaceId)
     if (HRESULT_FACILITY(result) != FACILITY_RPC && HRESULT_FACILITY(result) != FACILITY_WIN32 &&
         givesErrorInfo(object, interfaceId))
         GetErrorInfo(0, &information);
-    throw _com_error(result, information);
+    return {result, information};
+}
+
+void tellOfFailure(const FailedCall& call) noexcept
+try {
+    if (const CallPolicy* const policy = CallScope::current(); policy && policy->observer)
+        policy->observer->failed(call);
+} catch (...) { // NOLINT(bugprone-empty-catch): the failure is raised, told or not
+}
+} // namespace
+
+void settle(const FailedAttempt& attempt)
+{
+    HRESULT result = attempt.result;
+    if (isRejected(result))
+        result = repeatRejected(result, attempt.name, attempt.again);
+    if (SUCCEEDED(result))
+        return;
+    const _com_error error = errorOf(result, attempt.object, attempt.interfaceId);
+    tellOfFailure({attempt.name, error, attempt.arguments});
+    throw error;
 }
 } // namespace Word

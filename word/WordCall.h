@@ -1,18 +1,39 @@
 #pragma once
 
+#include "ArgumentText.h"
+#include "BusyWord.h"
+#include "CallName.h"
+
 #include <comdef.h>
 
 /// What every throwing form is made of.
 namespace Word {
-/// Raises _com_error for a failed call on an object, with the object's error information when it has some for
-/// the interface. A late-bound failure keeps its own HRESULT.
-[[noreturn]] void raiseFailedCall(HRESULT result, IUnknown* object, const IID& interfaceId);
-
-template <typename Interface>
-void check(HRESULT result, Interface* object)
+/// What becomes of a call that came back with a failure: repeated while Word is busy, told to the thread's
+/// observer, and raised.
+struct FailedAttempt
 {
-    if (FAILED(result)) [[unlikely]]
-        raiseFailedCall(result, object, __uuidof(Interface));
+    HRESULT result;
+    IUnknown* object;
+    const IID& interfaceId;
+    const CallName& name;
+    RepeatableCall again;
+    ArgumentsOf arguments;
+};
+
+/// Returns when a repetition succeeded; otherwise raises _com_error for the call, with the object's error
+/// information when it has some for the interface. A late-bound failure keeps its own HRESULT.
+void settle(const FailedAttempt& attempt);
+
+/// Makes a call: `invoke` returns its HRESULT, and can be called again. `arguments` are what it is made with.
+template <typename Interface, typename Invoke, typename... Arguments>
+void call(Interface* object, const CallName& name, Invoke&& invoke, const Arguments&... arguments)
+{
+    const HRESULT result = invoke();
+    if (FAILED(result)) [[unlikely]] {
+        const auto addArguments = [&]([[maybe_unused]] ArgumentText& text) { (text.add(arguments), ...); };
+        settle(
+            {result, object, __uuidof(Interface), name, RepeatableCall(invoke), ArgumentsOf(addArguments)});
+    }
 }
 
 // Word takes VARIANT* and BSTR for arguments it only reads, so constness ends here.

@@ -41,10 +41,24 @@ void Faults::readOne(std::string_view text)
         throw std::invalid_argument("not a fault: " + std::string(text));
     std::string_view ordinal = text.substr(0, colon);
     const auto result = static_cast<HRESULT>(readNumber<std::uint32_t>(text.substr(colon + 3), 16));
+    if (const std::size_t star = ordinal.find('*'); star != std::string_view::npos) {
+        const int times = readNumber<int>(ordinal.substr(star + 1), 10);
+        rejectCall(readNumber<long>(ordinal.substr(0, star), 10), result, times);
+        return;
+    }
     const bool onwards = ordinal.back() == '+';
     if (onwards)
         ordinal.remove_suffix(1);
     (onwards ? onwards_ : single_)[readNumber<long>(ordinal, 10)] = result;
+}
+
+std::optional<HRESULT> Faults::takeRejection(long ordinal)
+{
+    const auto rejection = rejections_.find(ordinal);
+    if (rejection == rejections_.end() || rejection->second.left <= 0)
+        return std::nullopt;
+    --rejection->second.left;
+    return rejection->second.result;
 }
 
 std::optional<HRESULT> Faults::resultOf(long ordinal) const

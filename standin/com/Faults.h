@@ -12,18 +12,31 @@ class Faults
 public:
     void failCall(long ordinal, HRESULT result) { single_[ordinal] = result; }
     void failFromCall(long ordinal, HRESULT result) { onwards_[ordinal] = result; }
+    /// Rejects that call `times` times before it runs, as a busy Word does. A rejected call is not counted,
+    /// so the next attempt is the same call.
+    void rejectCall(long ordinal, HRESULT result, int times) { rejections_[ordinal] = {result, times}; }
     void exitAtCall(long ordinal) { exit_ = ordinal; }
     void clear();
 
-    /// Reads "n:0xHHHHHHHH" or "n+:0xHHHHHHHH", several separated by commas. Raises std::invalid_argument.
+    /// Reads "n:0xHHHHHHHH", "n+:0xHHHHHHHH" for all from the n-th on, or "n*m:0xHHHHHHHH" for m rejections
+    /// of the n-th; several are separated by commas. Raises std::invalid_argument.
     void read(std::string_view text);
 
     std::optional<HRESULT> resultOf(long ordinal) const;
+    /// The answer to an attempt at the call that is rejected; each one is given once.
+    std::optional<HRESULT> takeRejection(long ordinal);
     bool exitsAt(long ordinal) const { return exit_ == ordinal; }
 
 private:
+    struct Rejection
+    {
+        HRESULT result;
+        int left;
+    };
+
     void readOne(std::string_view text);
 
+    std::map<long, Rejection> rejections_;
     std::map<long, HRESULT> single_;
     std::map<long, HRESULT> onwards_;
     std::optional<long> exit_;

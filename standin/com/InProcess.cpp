@@ -59,6 +59,11 @@ void Session::failFromCall(long ordinal, HRESULT result)
     state_->server->faults.failFromCall(callCount() + ordinal, result);
 }
 
+void Session::rejectCall(long ordinal, HRESULT result, int times)
+{
+    state_->server->faults.rejectCall(callCount() + ordinal, result, times);
+}
+
 void Session::clearFaults()
 {
     state_->server->faults.clear();

@@ -51,6 +51,9 @@ public:
     void failCall(long ordinal, HRESULT result);
     /// Lets the call `ordinal` (1 is the next one) and all behind it fail.
     void failFromCall(long ordinal, HRESULT result);
+    /// Lets a busy Word reject one later call so many times before it runs. The attempts are recorded, but
+    /// only the call that runs counts.
+    void rejectCall(long ordinal, HRESULT result, int times = 1);
     /// No call fails on demand any more.
     void clearFaults();
 

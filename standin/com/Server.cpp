@@ -151,6 +151,8 @@ long Server::liveObjects() const
 
 HRESULT Server::countCall()
 {
+    if (const std::optional<HRESULT> rejection = faults.takeRejection(callCount_ + 1))
+        return *rejection;
     ++callCount_;
     if (faults.exitsAt(callCount_)) {
         note("# the process ends at call " + std::to_string(callCount_));

@@ -73,7 +73,8 @@ public:
     TranscriptSink transcript;
     Faults faults;
     long callCount() const { return callCount_; }
-    /// A call came in: counts it, and answers with which HRESULT it is to fail, or S_OK.
+    /// A call came in: counts it unless it is rejected, and answers with which HRESULT it is to fail, or
+    /// S_OK.
     HRESULT countCall();
     void note(const std::string& line);
     ObjectNames& names() { return *this; }

@@ -29,15 +29,19 @@ std::wstring absolutePath(const QdxString& path)
 
 IUnknownPtr SysCOMSupport::getRunningIUnknown(const QdxString& clsid)
 {
+    IUnknownPtr running;
+    return SUCCEEDED(findRunning(clsid, running)) ? running : IUnknownPtr();
+}
+
+HRESULT SysCOMSupport::findRunning(const QdxString& clsid, IUnknownPtr& running)
+{
     QdxString text = clsid;
     if (text.length() == bareClsidLength && text.first('{') == QdxString::npos)
         text = QdxString("{").append(text).append("}");
 
     CLSID id;
-    IUnknownPtr running;
-    if (FAILED(CLSIDFromString(toWide(text), &id)) || FAILED(GetActiveObject(id, nullptr, &running)))
-        return {};
-    return running;
+    const HRESULT named = CLSIDFromString(toWide(text), &id);
+    return FAILED(named) ? named : GetActiveObject(id, nullptr, &running);
 }
 
 bool SysCOMSupport::isFileRunning(const QdxString& path)

@@ -44,10 +44,13 @@ void leaveErrorInformation(const wchar_t* description)
     created->Release();
 }
 
-_com_error errorOf(HRESULT result, IUnknown* object)
+_com_error errorOf(HRESULT result, Reporter* reporter)
 {
     try {
-        Word::raiseFailedCall(result, object, __uuidof(IDispatch));
+        // Only its IUnknown is called.
+        auto* const object = reinterpret_cast<IDispatch*>(static_cast<ISupportErrorInfo*>(reporter));
+        Word::call(object, {"IDispatch", "Invoke"}, [&] { return result; });
+        return {S_OK};
     } catch (const _com_error& error) {
         return error;
     }

@@ -1,5 +1,7 @@
 #include <Word.h>
 
+#include <CallObserver.h>
+#include <CallPolicy.h>
 #include <WordTable.h>
 #include <algorithm>
 #include <array>
@@ -51,6 +53,46 @@ TEST(Word, TableIsComplete)
     for (const auto& member : word_table::members)
         interfaces.insert(member.interfaceName);
     EXPECT_EQ(interfaces.size(), 32u);
+}
+
+/// What was heard of the last call.
+class LastCall : public Word::CallObserver
+{
+public:
+    void failed(const Word::FailedCall& call) override
+    {
+        name = std::string(call.name().interfaceName) + "." + call.name().member;
+        kind = call.name().kind;
+        arguments = call.arguments();
+    }
+
+    std::string name;
+    Word::CallKind kind = Word::CallKind::method;
+    std::wstring arguments;
+};
+
+Word::CallKind kindOf(const word_table::Member& member)
+{
+    if (member.kind == INVOKE_FUNC)
+        return Word::CallKind::method;
+    return member.kind == INVOKE_PROPERTYGET ? Word::CallKind::propertyGet : Word::CallKind::propertyPut;
+}
+
+TEST(Word, EveryThrowingFormSaysWhatItIs)
+{
+    ObjectOfSlots object;
+    LastCall heard;
+    const Word::CallPolicy policy{{}, &heard};
+    const Word::CallScope scope(policy);
+    for (const auto& member : word_table::members) {
+        EXPECT_THROW(member.callThrowingForm(&object), _com_error);
+        EXPECT_EQ(heard.name, described(member));
+        EXPECT_EQ(heard.kind, kindOf(member)) << described(member);
+        const auto separators = std::count(heard.arguments.begin(), heard.arguments.end(), L',');
+        EXPECT_EQ(static_cast<std::size_t>(separators) + (heard.arguments.empty() ? 0 : 1),
+                  member.arguments.size())
+            << described(member);
+    }
 }
 
 TEST(Word, EveryThrowingFormCallsItsSlotAndRaisesItsResult)

@@ -26,21 +26,35 @@ TEST(Faults, PlusMeansFromThatCallOn)
     EXPECT_EQ(faults.resultOf(5000), static_cast<HRESULT>(0x800A1735));
 }
 
+TEST(Faults, StarMeansRejectionsBeforeTheCallRuns)
+{
+    Faults faults;
+    faults.read("2*2:0x80010001,5:0x800A1735");
+    EXPECT_EQ(faults.takeRejection(1), std::nullopt);
+    EXPECT_EQ(faults.takeRejection(2), static_cast<HRESULT>(0x80010001));
+    EXPECT_EQ(faults.takeRejection(2), static_cast<HRESULT>(0x80010001));
+    EXPECT_EQ(faults.takeRejection(2), std::nullopt);
+    EXPECT_EQ(faults.resultOf(2), std::nullopt);
+    EXPECT_EQ(faults.resultOf(5), static_cast<HRESULT>(0x800A1735));
+}
+
 TEST(Faults, ClearForgetsAll)
 {
     Faults faults;
-    faults.read("1+:0x80004005");
+    faults.read("1+:0x80004005,2*3:0x80010001");
     faults.exitAtCall(7);
     EXPECT_TRUE(faults.exitsAt(7));
     faults.clear();
     EXPECT_EQ(faults.resultOf(1), std::nullopt);
+    EXPECT_EQ(faults.takeRejection(2), std::nullopt);
     EXPECT_FALSE(faults.exitsAt(7));
 }
 
 TEST(Faults, NonsenseIsRefused)
 {
-    for (const char* text : {"", "5", ":0x80004005", "x:0x80004005", "5:0x", "5:0xZ", "5:80004005",
-                             "5:0x80004005,", "+:0x80004005", "5:0x180004005"}) {
+    for (const char* text :
+         {"", "5", ":0x80004005", "x:0x80004005", "5:0x", "5:0xZ", "5:80004005", "5:0x80004005,",
+          "+:0x80004005", "5*:0x80004005", "*2:0x80004005", "5*2+:0x80004005", "5:0x180004005"}) {
         Faults faults;
         EXPECT_THROW(faults.read(text), std::invalid_argument) << text;
     }

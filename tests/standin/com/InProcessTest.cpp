@@ -211,6 +211,24 @@ TEST_F(InProcess, CallsFailOnDemand)
     EXPECT_EQ(range->GetStart(), 0);
 }
 
+TEST_F(InProcess, CallsAreRejectedOnDemandAndThenRun)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr range = document->Range();
+    session.clearTranscript();
+    const long before = session.callCount();
+    session.rejectCall(1, RPC_E_CALL_REJECTED, 2);
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
+    EXPECT_EQ(session.callCount(), before);
+    range->InsertAfter(L"a");
+    EXPECT_EQ(session.callCount(), before + 1);
+    EXPECT_EQ(textOf(session.model(document)), u"a\r");
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("Range@1.InsertAfter(\"a\") !! 0x80010001",
+                            "Range@1.InsertAfter(\"a\") !! 0x80010001", "Range@1.InsertAfter(\"a\")"));
+}
+
 TEST_F(InProcess, FontsReadAndWriteARangesText)
 {
     const Word::_DocumentPtr document = addDocument();

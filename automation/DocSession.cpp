@@ -7,6 +7,7 @@
 
 DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
 {
+    wordCalls.observer = &events;
     followSettings();
     diagnostics.tell([] { return diagnostics::Event{.what = "Object made"}; });
 }
@@ -26,6 +27,7 @@ try {
 void DocSession::followSettings()
 {
     wordCalls.busyTimeout = std::chrono::seconds(std::max(0, settings.integer(SettingName::busyTimeout)));
+    events.setStrict(settings.isOn(SettingName::strict));
     openDiagnostics();
 }
 

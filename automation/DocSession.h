@@ -3,6 +3,7 @@
 #include "Diagnostics.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
+#include "SessionEvents.h"
 #include "registry/RegisterCache.h"
 #include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
@@ -25,6 +26,7 @@ struct DocSession
     DocSession& operator=(const DocSession&) = delete;
 
     diagnostics::Diagnostics diagnostics;
+    SessionEvents events{diagnostics};
     Trace trace;                 ///< Echo lines and error texts go here.
     std::int32_t pageNumber = 0; ///< Pages as the trace counts them: only breaks made while it echoes.
 
@@ -50,7 +52,7 @@ struct DocSession
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
 
-    Word::CallPolicy wordCalls; ///< As the settings say.
+    Word::CallPolicy wordCalls; ///< As the settings say; the observer is `events`.
 
     /// Brings what follows from the settings up to date with them.
     void followSettings();

@@ -5,6 +5,9 @@
 #include "DocumentWriter.h"
 #include "RegEntry.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 // A client does not fail for want of a trace.
@@ -21,10 +24,28 @@ try {
     });
 }
 
+/// Overrides of settings that there are not, and values that cannot be of their kind.
+void tellWhatIsWrong(DocSession& session, const RegEntry& entry)
+{
+    const auto isNamed = [&](const SettingDescription& setting) {
+        return _stricmp(setting.group, entry.getGroup().data()) == 0 &&
+               _stricmp(setting.name, entry.getName().data()) == 0;
+    };
+    const auto setting = std::ranges::find_if(settingTable, isNamed);
+    const bool isKnown = setting != settingTable.end();
+    if (isKnown && canBe(setting->kind, entry))
+        return;
+    QdxString name = entry.getGroup();
+    name.append("/").append(entry.getName());
+    session.events.ignored(isKnown ? Silence::wrongSetting : Silence::unknownSetting,
+                           static_cast<const wchar_t*>(toWide(name)));
+}
+
 } // namespace
 
 STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
 try {
+    const MethodScope method(*session_, "overrideRegistry");
     echo("overrideRegistry", group, name, value, valueType);
     RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
     switch (valueType) {
@@ -40,16 +61,18 @@ try {
     default:
         break;
     }
+    tellWhatIsWrong(*session_, entry);
     session_->registry.override(entry);
     session_->settings.takeOverrides(session_->registry);
     session_->followSettings();
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::trace(short level)
 try {
+    const MethodScope method(*session_, "trace");
     Trace& trace = session_->trace;
     const SettingDescription& setting = describe(SettingName::logName);
     const QdxString logName = session_->registry.read(setting.group, setting.name, defaultEntry(setting));
@@ -61,7 +84,7 @@ try {
     if (level >= 0)
         trace.setLevel(level);
     withWriter([&](DocumentWriter& writer) { writer.setTrace(trace); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }

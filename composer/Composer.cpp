@@ -5,6 +5,7 @@
 #include "Flow.h"
 #include "Fragment.h"
 #include "FragmentPen.h"
+#include "OperationOrigin.h"
 #include "WideText.h"
 
 #include "TextConversion.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <deque>
 #include <ostream>
 #include <utility>
@@ -102,8 +104,8 @@ struct Composer::Story
     FragmentPen fragmentPen;
 };
 
-Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
-    : pen_(pen), installDir_(std::move(installDir)), trace_(trace)
+Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events)
+    : pen_(pen), installDir_(std::move(installDir)), trace_(trace), events_(events)
 {
 }
 
@@ -128,6 +130,18 @@ StoryContent& Composer::content()
     return current_->content;
 }
 
+void Composer::ignored(Silence why, std::wstring_view concerned) noexcept
+{
+    if (events_)
+        events_->ignored(why, concerned);
+}
+
+void Composer::heed(bool isTaken, Silence why) noexcept
+{
+    if (!isTaken)
+        ignored(why);
+}
+
 // Text
 
 void Composer::insertText(BSTR text)
@@ -149,7 +163,7 @@ void Composer::insertEndl()
 
 void Composer::insertPageBreak()
 {
-    content().insertPageBreak();
+    heed(content().insertPageBreak(), Silence::insideTable);
 }
 
 void Composer::insertField(short number)
@@ -162,8 +176,10 @@ void Composer::insertField(short number)
 // Headers and footers keep their own style.
 void Composer::setStyle(const wchar_t* name)
 {
-    if (current_ != body_.get())
+    if (current_ != body_.get()) {
+        ignored(Silence::ownStyle, name ? name : L"");
         return;
+    }
     const std::u16string said = heard(name);
     if (content().isInForce(said))
         return;
@@ -201,36 +217,38 @@ void Composer::setTextAlign(short number)
 
 void Composer::startTable()
 {
-    content().startTable();
+    heed(content().startTable(), Silence::tableOutOfOrder);
 }
 
 void Composer::addRow()
 {
-    content().addRow();
+    heed(content().addRow(), Silence::tableOutOfOrder);
     flushIfMuchWaits();
 }
 
 void Composer::addCell()
 {
-    content().addCell();
+    heed(content().addCell(), Silence::tableOutOfOrder);
 }
 
 void Composer::endTable()
 {
-    content().endTable();
+    heed(content().endTable(), Silence::tableOutOfOrder);
 }
 
 void Composer::setTableRowHeight(long points)
 {
-    content().setTableRowHeight(static_cast<int>(points));
+    heed(content().setTableRowHeight(static_cast<int>(points)), Silence::tableOutOfOrder);
 }
 
 // Table of contents
 
 void Composer::insertTOC(short level)
 {
-    if (content().isTableOpen())
+    if (content().isTableOpen()) {
+        ignored(Silence::insideTable);
         return;
+    }
     tocLevel_ = level;
     if (content().insertTOC(contentsTitle))
         current_->pen.dropContents();
@@ -238,12 +256,12 @@ void Composer::insertTOC(short level)
 
 void Composer::startTOCEntry()
 {
-    content().startTOCEntry();
+    heed(content().startTOCEntry(), Silence::noContents);
 }
 
 void Composer::endTOCEntry()
 {
-    content().endTOCEntry();
+    heed(content().endTOCEntry(), Silence::noContents);
 }
 
 // Headers and footers
@@ -395,6 +413,7 @@ void Composer::reportMissing(const wchar_t* fileName)
 {
     if (trace_.isTrace(1))
         trace_ << "ERR File not found: " << toNarrow(fileName) << std::endl;
+    ignored(Silence::missingFile, fileName);
 }
 
 void Composer::insertPicture(const std::wstring& file, const LinkTarget* link)
@@ -446,6 +465,17 @@ void Composer::flushIfMuchWaits()
 }
 
 void Composer::flush(Story& story)
+{
+    using std::chrono::steady_clock;
+    flush_ = {};
+    const steady_clock::time_point start = steady_clock::now();
+    bringIn(story);
+    flush_.time = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
+    if (events_ && flush_.operations + flush_.fragments > 0)
+        events_->flushed(flush_);
+}
+
+void Composer::bringIn(Story& story)
 {
     carryOut(story);
     if (isSectionDue_ && &story == body_.get()) {
@@ -521,11 +551,21 @@ void Composer::carryOut(Story& story)
         if (step.fragment && readsFragments_) {
             if (story.fragmentPen.add(*step.fragment)) {
                 story.steps.pop_front();
+                ++flush_.fragments;
                 continue;
             }
             readsFragments_ = false;
+            if (events_)
+                events_->fragmentRefused(step.fragment->text.size());
         }
-        story.pen.carryOut(step.plan);
+        for (const Passage& passage : step.plan.passages)
+            flush_.operations += passage.operations.size();
+        try {
+            story.pen.carryOut(step.plan);
+        } catch (...) {
+            tellOfFailure(story.pen);
+            throw;
+        }
         story.steps.pop_front();
     }
 }
@@ -535,8 +575,12 @@ bool Composer::leadsSomewhere(const LinkTarget& target)
 {
     if (target.bookmark.empty())
         return true;
-    if (isFinishing_)
-        return tags_.isPlaced(target.bookmark);
+    if (isFinishing_) {
+        const bool isPlaced = tags_.isPlaced(target.bookmark);
+        if (!isPlaced)
+            deadTags_.insert(target.bookmark);
+        return isPlaced;
+    }
     linkedBookmarks_.insert(target.bookmark);
     return true;
 }
@@ -606,6 +650,7 @@ void Composer::complete()
         if (story->pen.hasContents())
             story->pen.makeContents(tocLevel_);
     document_->UndoClear();
+    tellOfDeadLinks();
 }
 
 // A document that is gone, or a Word that is, must not keep the client for ever.
@@ -642,7 +687,23 @@ void Composer::removeDeadLinks()
     body_->pen.removeLinks(linkedBookmarks_);
     for (const auto& [place, story] : parts_)
         story->pen.removeLinks(linkedBookmarks_);
+    deadTags_.merge(linkedBookmarks_);
     linkedBookmarks_.clear();
+}
+
+void Composer::tellOfDeadLinks() noexcept
+try {
+    for (const std::u16string& bookmark : std::exchange(deadTags_, {}))
+        ignored(Silence::missingTag, wide(tags_.tagOf(bookmark)));
+} catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
+}
+
+void Composer::tellOfFailure(const TypedPen& pen) noexcept
+try {
+    const auto tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); };
+    if (events_ && pen.lastFailed())
+        events_->flushFailed(originOf(*pen.lastFailed(), tagOf));
+} catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the failure itself is being raised
 }
 
 } // namespace compose

@@ -3,6 +3,7 @@
 #include "DocumentWriter.h"
 #include "StoryContent.h"
 #include "TagNames.h"
+#include "WriterEvents.h"
 
 #include "FragmentPen.h"
 #include "Plan.h"
@@ -43,8 +44,8 @@ public:
     /// The same for an open table, which costs more once it is in Word.
     static constexpr std::size_t mostWaitingInTable = 16U << 20U;
 
-    /// `trace`: for what it has to report itself; copied.
-    Composer(Pen pen, const Trace& trace, std::wstring installDir);
+    /// `trace`: for what it has to report itself; copied. `events`: null, or lives longer.
+    Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events = nullptr);
     ~Composer() override;
 
     // DocumentWriter
@@ -109,9 +110,14 @@ private:
                       bool isLinked);
     void insertContentsOf(const std::wstring& file);
     void reportMissing(const wchar_t* fileName);
+    void ignored(Silence why, std::wstring_view concerned = {}) noexcept;
+    void heed(bool isTaken, Silence why) noexcept;
 
     void flushIfMuchWaits();
     void flush(Story& story);
+    void bringIn(Story& story);
+    void tellOfFailure(const TypedPen& pen) noexcept;
+    void tellOfDeadLinks() noexcept;
     void divideIntoSteps(Story& story);
     Fragment makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
                           const std::set<std::u16string>& written);
@@ -127,11 +133,14 @@ private:
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;
+    WriterEvents* events_;
+    WriterEvents::Flush flush_; ///< the one being done
     std::optional<StyleBook> styles_;
     TagNames tags_;
     std::set<std::u16string> writtenTags_;     ///< They have a place in Word, or may have.
     bool readsFragments_ = true;               ///< Word has refused none yet.
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
+    std::set<std::u16string> deadTags_;        ///< Links to them were not made, or taken away.
     int tocLevel_ = 0;
 
     std::unique_ptr<Story> body_;

@@ -58,6 +58,7 @@ TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& sto
 
 void TypedPen::carryOut(Plan& plan)
 {
+    lastFailed_.reset();
     while (!plan.passages.empty()) {
         Passage& passage = plan.passages.front();
         operations_ = &passage.operations;
@@ -112,6 +113,7 @@ void TypedPen::giveUpCell(Passage& passage)
 void TypedPen::failed()
 {
     const Operation& operation = operations_->front();
+    lastFailed_ = operation;
     isDoubtful_ = isDoubtful_ || hasActed_;
     const bool canTell = std::holds_alternative<WriteText>(operation) ||
                          std::holds_alternative<MakeTable>(operation) ||

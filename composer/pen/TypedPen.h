@@ -34,6 +34,8 @@ public:
     TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story);
 
     void carryOut(Plan& plan);
+    /// The operation at which it failed last; nothing when it was none of a plan's.
+    [[nodiscard]] const std::optional<Operation>& lastFailed() const { return lastFailed_; }
 
     /// \name What is put at the end of the story, or of a cell of its last table
     /// @{
@@ -110,7 +112,8 @@ private:
     Place place_;                                 ///< of that passage
     long base_ = 0;                               ///< where it begins
     bool isBegun_ = false;
-    bool hasActed_ = false;   ///< The operation in hand has changed the document, or may have.
+    bool hasActed_ = false; ///< The operation in hand has changed the document, or may have.
+    std::optional<Operation> lastFailed_;
     int failures_ = 0;        ///< of the operation in hand, or of beginning the passage
     bool isDoubtful_ = false; ///< It has failed, and may have changed the document.
     bool isFirst_ = false;    ///< of the passage

@@ -548,26 +548,34 @@ void Composer::carryOut(Story& story)
 {
     while (!story.steps.empty()) {
         Story::Step& step = story.steps.front();
-        if (step.fragment && readsFragments_) {
-            if (story.fragmentPen.add(*step.fragment)) {
-                story.steps.pop_front();
-                ++flush_.fragments;
-                continue;
-            }
-            readsFragments_ = false;
-            if (events_)
-                events_->fragmentRefused(step.fragment->text.size());
-        }
-        for (const Passage& passage : step.plan.passages)
-            flush_.operations += passage.operations.size();
         try {
-            story.pen.carryOut(step.plan);
+            if (!addFragment(story)) {
+                for (const Passage& passage : step.plan.passages)
+                    flush_.operations += passage.operations.size();
+                story.pen.carryOut(step.plan);
+            }
         } catch (...) {
-            tellOfFailure(story.pen);
+            tellOfFailure(story, step.plan);
             throw;
         }
         story.steps.pop_front();
     }
+}
+
+/// False when the next step is to go call by call.
+bool Composer::addFragment(Story& story)
+{
+    const Story::Step& step = story.steps.front();
+    if (!step.fragment || !readsFragments_)
+        return false;
+    if (story.fragmentPen.add(*step.fragment)) {
+        ++flush_.fragments;
+        return true;
+    }
+    readsFragments_ = false;
+    if (events_)
+        events_->fragmentRefused(step.fragment->text.size());
+    return false;
 }
 
 // A link to a tag that may still come is made, and taken away again should the tag never come.
@@ -698,11 +706,17 @@ try {
 } catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }
 
-void Composer::tellOfFailure(const TypedPen& pen) noexcept
+// What fails about a fragment is told at its beginning.
+void Composer::tellOfFailure(const Story& story, const Plan& plan) noexcept
 try {
+    if (!events_)
+        return;
+    std::optional<Operation> failed = story.pen.lastFailed();
+    if (!failed && !plan.passages.empty() && !plan.passages.front().operations.empty())
+        failed = plan.passages.front().operations.front();
     const auto tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); };
-    if (events_ && pen.lastFailed())
-        events_->flushFailed(originOf(*pen.lastFailed(), tagOf));
+    if (failed)
+        events_->flushFailed(originOf(*failed, tagOf));
 } catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the failure itself is being raised
 }
 

@@ -116,12 +116,13 @@ private:
     void flushIfMuchWaits();
     void flush(Story& story);
     void bringIn(Story& story);
-    void tellOfFailure(const TypedPen& pen) noexcept;
+    void tellOfFailure(const Story& story, const Plan& plan) noexcept;
     void tellOfDeadLinks() noexcept;
     void divideIntoSteps(Story& story);
     Fragment makeFragment(Story& story, std::span<const Block> blocks, const Ground& ground,
                           const std::set<std::u16string>& written);
     void carryOut(Story& story);
+    bool addFragment(Story& story);
     void flushAll();
     void complete();
     void giveUpIfStuck();

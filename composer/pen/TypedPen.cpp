@@ -89,6 +89,8 @@ void TypedPen::beginPassage(Passage& passage)
     try {
         base_ = begin(passage.cell);
     } catch (...) {
+        if (!passage.operations.empty())
+            lastFailed_ = passage.operations.front();
         if (passage.cell && ++failures_ == triesOfAnOperation) {
             failures_ = 0;
             giveUpCell(passage);

@@ -34,7 +34,8 @@ public:
     TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story);
 
     void carryOut(Plan& plan);
-    /// The operation at which it failed last; nothing when it was none of a plan's.
+    /// The operation at which it failed last, or in front of which; nothing when it has not failed since
+    /// `carryOut` began.
     [[nodiscard]] const std::optional<Operation>& lastFailed() const { return lastFailed_; }
 
     /// \name What is put at the end of the story, or of a cell of its last table

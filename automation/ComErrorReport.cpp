@@ -45,6 +45,7 @@ QdxString comErrorText(const char* activity, const _com_error& error)
 
 void reportComError(DocSession& session, const char* activity, const _com_error& error)
 {
+    session.events.reporting(error.Error());
     if (!session.quietErrors)
         throwLogged(QdxException(fullText(session, activity, error)));
     traceComError(session.trace, activity, error);

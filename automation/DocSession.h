@@ -38,7 +38,9 @@ struct DocSession
 
     bool documentOpen = false;
     bool wordStarted = false;
-    std::int32_t styleChangeCount = 0; ///< `setStyle` calls since the last intermediate save.
+    bool ownsWord = false; ///< The Word that `start` gave is this object's alone ("Word"/"OwnInstance").
+    std::list<Word::_DocumentPtr> ownDocuments; ///< In a Word of one's own: from `create` on, until closed.
+    std::int32_t styleChangeCount = 0;          ///< `setStyle` calls since the last intermediate save.
     bool quietErrors = false; ///< Word errors are traced, never thrown: the object is being destroyed.
     bool saveEmf = false;
     VARIANT_BOOL savedGrammarCheck = VARIANT_FALSE; ///< Word's options as `create` found them.

@@ -112,6 +112,8 @@ private:
     void saveDocument(const DocumentWriter& writer);
     void completeDocument();
     void closeAllDocuments();
+    void closeOwnDocuments();
+    void quitWord();
     void deleteTemporaryFiles();
 
     void writeText(BSTR text);

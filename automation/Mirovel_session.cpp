@@ -23,6 +23,9 @@ constexpr char wordClass[] = "{000209FF-0000-0000-C000-000000000046}";
 /// How long Word may take to let go of the files it had open, in milliseconds.
 constexpr DWORD wordExitTime = 1000;
 
+/// What a document answers that somebody has closed.
+constexpr auto objectDeleted = static_cast<HRESULT>(0x800A16C1);
+
 /// Word is registered nowhere.
 constexpr HRESULT wordNotInstalled = CO_E_CLASSSTRING;
 
@@ -60,7 +63,7 @@ Word::_ApplicationPtr startWord()
 }
 
 // Nobody sees the Word that `start` began, so nobody else would end it.
-void quitWord(const Word::_ApplicationPtr& application)
+void quitUnused(const Word::_ApplicationPtr& application)
 try {
     application->Quit();
 } catch (
@@ -105,6 +108,7 @@ try {
     echo("start");
     runInFrame([&] { connectToWord(); },
                [&](const _com_error& error) {
+                   session_->events.reporting(error.Error());
                    if (error.Error() == wordNotInstalled)
                        throwLogged(QdxException("Cannot open Word\nPlease install Word.\n"));
                    reportComError(*session_, "Cannot open Word", error);
@@ -118,16 +122,18 @@ try {
 void Mirovel::connectToWord()
 {
     DocSession& session = *session_;
-    const IUnknownPtr running = findRunningWord();
+    const bool own = session.settings.isOn(SettingName::ownInstance);
+    const IUnknownPtr running = own ? IUnknownPtr() : findRunningWord();
     const Word::_ApplicationPtr application = running ? applicationOf(running) : startWord();
     try {
         session.documents = application->GetDocuments();
     } catch (const _com_error&) {
         if (!running)
-            quitWord(application);
+            quitUnused(application);
         throw;
     }
     session.application = application;
+    session.ownsWord = own;
     session.wordStarted = true;
     tellWhichWord(session, running != nullptr);
 }
@@ -160,6 +166,8 @@ try {
 
     closeRunningCopy();
     addDocument();
+    if (session.ownsWord)
+        session.ownDocuments.push_back(session.document);
     std::unique_ptr<DocumentWriter> writer = chooseWriter(session.settings, session.trace, &session.events);
     framed("Saving document", [&] { saveDocument(*writer); });
     session.tocLevel = session.settings.integer(SettingName::tocLevel);
@@ -275,6 +283,9 @@ try {
         restoreProofing();
         saveDocument(writer);
         session.document->Close();
+        session.ownDocuments.remove_if([&](const Word::_DocumentPtr& document) {
+            return document.GetInterfacePtr() == session.document.GetInterfacePtr();
+        });
         session.writer.reset();
         session.documentOpen = false;
         tell(session, "Document closed");
@@ -307,13 +318,38 @@ try {
     if (!session_->wordStarted)
         return method.ignored(Silence::notStarted);
     echo("stop");
-    framed("Cannot close all Word Documents", [&] { closeAllDocuments(); });
-    session_->application->Quit();
+    framed("Cannot close all Word Documents",
+           [&] { session_->ownsWord ? closeOwnDocuments() : closeAllDocuments(); });
+    quitWord();
     session_->wordStarted = false;
-    tell(*session_, "Word ended");
     return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
+}
+
+// Who has opened something in it meanwhile, a user or another program, keeps it.
+void Mirovel::quitWord()
+{
+    DocSession& session = *session_;
+    if (session.ownsWord && session.documents->GetCount() != 0) {
+        tell(session, "Word is left running: others have documents open in it");
+        return;
+    }
+    session.application->Quit();
+    tell(session, "Word ended");
+}
+
+void Mirovel::closeOwnDocuments()
+{
+    std::list<Word::_DocumentPtr>& documents = session_->ownDocuments;
+    for (; !documents.empty(); documents.pop_front()) {
+        try {
+            documents.front()->Close(Word::integer(Word::wdSaveChanges));
+        } catch (const _com_error& error) {
+            if (error.Error() != objectDeleted && error.Error() != RPC_E_DISCONNECTED)
+                throw;
+        }
+    }
 }
 
 void Mirovel::closeAllDocuments()

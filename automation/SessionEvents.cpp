@@ -84,10 +84,14 @@ void SessionEvents::toldTheClient() noexcept
     if (method_ || !diagnostics_.isOn())
         return;
     const char* const outer = diagnostics_.setMethod(lastMethod_);
-    diagnostics_.tell([] {
-        return Event{.severity = Severity::error,
-                     .what = "The client is told: " + utf8(textOfCurrentException()),
-                     .code = codeOfCurrentException()};
+    const HRESULT reported = std::exchange(reportedCode_, S_OK);
+    diagnostics_.tell([&] {
+        Event event{.severity = Severity::error,
+                    .what = "The client is told: " + utf8(textOfCurrentException()),
+                    .code = codeOfCurrentException()};
+        if (!event.code && FAILED(reported))
+            event.code = static_cast<std::uint32_t>(reported);
+        return event;
     });
     diagnostics_.setMethod(outer);
 }

@@ -34,6 +34,8 @@ public:
     const char* enter(const char* method) noexcept;
     /// It ends, and `outer` goes on.
     void leave(const char* outer) noexcept;
+    /// A failed call with that code is going to be told.
+    void reporting(HRESULT code) noexcept { reportedCode_ = code; }
     /// The method that has ended last; null: none.
     [[nodiscard]] const char* lastMethod() const noexcept { return lastMethod_; }
     /// What a method that has ended told its client; only while its exception is being handled.
@@ -82,6 +84,7 @@ private:
     const char* lastMethod_ = nullptr; ///< the one that ended last
     std::vector<std::wstring> kept_;
     std::set<std::wstring> deadLinks_; ///< tags of links of the open document
+    HRESULT reportedCode_ = S_OK;
     std::optional<Failure> lastFailure_;
     std::wstring flushedCall_; ///< the client's call that the last failed flush was about
 };

@@ -194,6 +194,16 @@ TEST_F(SessionEventsTest, TellOfAFailedCallWithItsArguments)
                               "error insertText The client is told: insertText COMERROR 0x800a1499 ")));
 }
 
+TEST_F(SessionEventsTest, TellOfAWordThatIsNotThere)
+{
+    installed.reset();
+    begin();
+    EXPECT_THROW(client->start(), QdxException);
+    EXPECT_THAT(written(),
+                testing::ContainsRegex("\terror\t#.*\tstart\tThe client is told: Cannot open Word .*"
+                                       "\t0x80040154\t-\t-\tWord is not registered on this computer. "));
+}
+
 TEST_F(SessionEventsTest, TellOfABusyWord)
 {
     begin();

@@ -74,6 +74,50 @@ class WordDying(EndToEndTest):
         self.assertEqual(["ok", "ok"], answers(outcome, "start"))
 
 
+class WordBusy(EndToEndTest):
+    """Word rejects calls before it runs them."""
+
+    REJECTED = "QdxException insertText\\nCOMERROR 0x80010001\\n"
+
+    def setUp(self):
+        self.document = self.new_document()
+        self.calls = [("new",), ("start",), ("create", windows(self.document)), ("insertText", "one"), ("startHeader",),
+                      ("insertText", "above"), ("endHeader",), ("insertText", "two"), ("close",), ("stop",)]
+
+    @staticmethod
+    def accepted(outcome):
+        return [line for line in outcome.transcript if " !! 0x8001" not in line]
+
+    def test_a_word_that_is_busy_for_two_answers_is_asked_again(self):
+        undisturbed = self.drive(self.calls)
+        document = self.document.read_bytes()
+        first = next(i for i, line in enumerate(undisturbed.transcript, 1) if '.InsertAfter("one")' in line)
+        header = next(i for i, line in enumerate(undisturbed.transcript, 1) if '.InsertAfter("above")' in line) - 1
+        for faults in ("1*2:0x80010001", f"{first}*2:0x80010001", f"{header}*2:0x8001010A"):
+            with self.subTest(faults):
+                self.new_document()
+                outcome = self.drive(self.calls, env={"WORDSTANDIN_FAIL": faults})
+                self.assertAllOk(outcome)
+                self.assertEqual(2, len(outcome.transcript) - len(self.accepted(outcome)))
+                self.assertEqual(undisturbed.transcript, self.accepted(outcome))
+                self.assertEqual(document, self.document.read_bytes())
+
+    def test_a_script_does_not_notice(self):
+        calls = [call for call in self.calls if call[0] != "new"]
+        outcome = self.run_vbscript(clients.vbscript(calls), env={"WORDSTANDIN_FAIL": "2*2:0x80010001,20*2:0x8001010A"})
+        self.assertAllOk(outcome)
+        self.assertEqual("onetwo", documents.text_of(self.document))
+        self.assertEqual(4, len(outcome.transcript) - len(self.accepted(outcome)))
+
+    def test_not_when_the_setting_gives_no_time(self):
+        undisturbed = self.drive(self.calls)
+        first = next(i for i, line in enumerate(undisturbed.transcript, 1) if '.InsertAfter("one")' in line)
+        outcome = self.drive(self.calls, settings={"Word/BusyTimeout": 0},
+                             env={"WORDSTANDIN_FAIL": f"{first}*1:0x80010001"})
+        self.assertTrue(answers(outcome, "insertText")[0].startswith(self.REJECTED), outcome.output)
+        self.assertEqual(["ok", "ok"], answers(outcome, "insertText")[1:])
+
+
 class WordFailing(EndToEndTest):
     def setUp(self):
         self.document = self.new_document()

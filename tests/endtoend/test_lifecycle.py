@@ -1,6 +1,6 @@
 """Word found running or started, left running or ended; documents open at the wrong moment."""
 
-from support import clients, documents
+from support import clients, documents, rtf
 from support.endtoend import STANDIN, EndToEndTest, windows
 
 RUN_WORD = ("run", windows(STANDIN), "/run")
@@ -103,6 +103,44 @@ class OpenDocuments(EndToEndTest):
         self.assertEqual((["ok"], ["no"]), (said(outcome, "release"), said(outcome, "isWordRunning")))
         self.assertEqual("saved by stop", documents.text_of(self.document))
         self.assertEqual(1, sum("Documents@1.Close(-1, missing, missing)" in line for line in outcome.transcript))
+
+
+class OneWordForEach(EndToEndTest):
+    """Word/OwnInstance: many clients at once, and a user with a Word of his own."""
+
+    CLIENTS = 8
+    DOCUMENTS = 3
+
+    def path(self, client, number):
+        return self.folder / f"client{client}-{number}.doc"
+
+    def steps_of(self, client):
+        calls = [("new",), ("start",)]
+        for number in range(self.DOCUMENTS):
+            calls += [("create", windows(self.path(client, number))), ("setStyle", "Heading 1"),
+                      ("insertText", f"client {client}"), ("insertEndl",), ("setStyle", "Normal"),
+                      ("insertText", f"document {number}"), ("close",)]
+        calls += [("stop",), ("release",)]
+        steps = self.folder / f"client{client}.txt"
+        steps.write_text(clients.driver_steps(calls), "utf-8")
+        return windows(steps)
+
+    def test_eight_clients_at_once_leave_a_users_word_alone(self):
+        together = ("together", *(self.steps_of(client) for client in range(self.CLIENTS)))
+        outcome = self.drive([RUN_WORD, ("write", "a user's own"), together, ("isWordRunning",), ("documents",)],
+                             settings={"Word/OwnInstance": 1})
+        answers = {client: (self.folder / f"client{client}.txt.out").read_text("utf-8").splitlines()
+                   for client in range(self.CLIENTS)}
+        self.assertEqual({}, {client: lines for client, lines in answers.items()
+                              if [line for line in lines if not line.endswith(" -> ok")]})
+        self.assertEqual(["ok"], said(outcome, "together"))
+        self.assertEqual((["yes"], ["1 unsaved a user's own\\r"]),
+                         (said(outcome, "isWordRunning"), said(outcome, "documents")))
+        for client in range(self.CLIENTS):
+            for number in range(self.DOCUMENTS):
+                story = rtf.Rtf(self.path(client, number)).body
+                self.assertEqual(f"client {client}\ndocument {number}\n", story.text)
+        self.assertEqual(self.CLIENTS, len(calls(outcome, "Quit")))
 
 
 class Destruction(EndToEndTest):

@@ -150,6 +150,13 @@ void SessionPlayer::chooseWriter()
                               bstr(std::to_string(static_cast<int>(writer_))), integer);
 }
 
+void SessionPlayer::setBusyTimeout(int seconds)
+{
+    constexpr short integer = 2;
+    client_->overrideRegistry(_bstr_t(L"Word"), bstr(std::string("BusyTimeout")),
+                              bstr(std::to_string(seconds)), integer);
+}
+
 template <class Call>
 bool SessionPlayer::attempt(const char* name, Call&& call)
 {
@@ -181,7 +188,9 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     word_.model().setSwitches(switches);
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
     const long firstCall = word_.callCount();
-    if (fault_.lasts)
+    if (fault_.rejections > 0)
+        word_.rejectCall(fault_.call, fault_.result, fault_.rejections);
+    else if (fault_.lasts)
         word_.failFromCall(fault_.call, fault_.result);
     else if (fault_.call > 0)
         word_.failCall(fault_.call, fault_.result);

@@ -56,8 +56,11 @@ public:
         long call = 0; ///< from 1; 0: none
         HRESULT result = E_FAIL;
         bool lasts = false;
+        int rejections = 0; ///< Not a failure: a busy Word rejects the call so often before it takes it.
     };
     void setFault(const Fault& fault) { fault_ = fault; }
+    /// For how many seconds a busy Word is asked again; 30 without this. Counts from the next `create` on.
+    void setBusyTimeout(int seconds);
     /// Word calls of the last session, from `create` to the end of closing.
     [[nodiscard]] long wordCalls() const { return wordCalls_; }
     /// Releases the client, for good; the COM objects of Word that are left.

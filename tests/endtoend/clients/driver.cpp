@@ -8,7 +8,12 @@
 // Besides the methods of IDocument (those that tests need) a step may be:
 //   new, release          make the object, let go of it
 //   run EXE ARGUMENTS     start a program; wait until Word is in the running object table
+//   together FILE...      another driver for each file of steps, all at once; waits until all have ended.
+//   What each
+//                         of them writes goes to FILE.out
 //   isWordRunning         whether it is there
+//   write TEXT            as its user: a new document with that text in the running Word
+//   documents             what the running Word has open: for each document whether it is saved, and its text
 //   showWord              make Word visible, from outside
 //   answer yes|no         press that in the next message box
 //   answered              wait for it and show its text
@@ -41,6 +46,7 @@ namespace {
 
 constexpr CLSID wordApplication = {0x000209FF, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 constexpr int patience = 20000; // milliseconds
+constexpr DWORD togetherPatience = 180000;
 
 using Words = std::vector<std::wstring>;
 
@@ -297,6 +303,92 @@ private:
         return "no Word came";
     }
 
+    static std::string together(const Words& words)
+    {
+        std::vector<HANDLE> processes;
+        for (std::size_t i = 1; i < words.size(); ++i)
+            processes.push_back(beginDriver(unescape(words[i])));
+        std::string failures;
+        for (std::size_t i = 0; i < processes.size(); ++i) {
+            DWORD status = 1;
+            if (WaitForSingleObject(processes[i], togetherPatience) == WAIT_OBJECT_0)
+                GetExitCodeProcess(processes[i], &status);
+            else
+                TerminateProcess(processes[i], 1);
+            CloseHandle(processes[i]);
+            if (status != 0)
+                failures += " " + toUtf8(words[i + 1]) + " " + std::to_string(status);
+        }
+        return failures.empty() ? "ok" : "failed:" + failures;
+    }
+
+    static HANDLE beginDriver(const std::wstring& steps)
+    {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        const HANDLE output = CreateFileW((steps + L".out").c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                                          &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        std::wstring program(32768, L'\0');
+        program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+        std::wstring command = L"\"" + program + L"\" \"" + steps + L"\"";
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdOutput = output;
+        startup.hStdError = output;
+        PROCESS_INFORMATION process{};
+        const BOOL begun = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                          nullptr, &startup, &process);
+        CloseHandle(output);
+        if (!begun)
+            throw std::runtime_error("cannot start another driver");
+        CloseHandle(process.hThread);
+        return process.hProcess;
+    }
+
+    static std::string write(const Words& words)
+    {
+        const IDispatchPtr document = invoke(get(runningWord(), L"Documents"), L"Add", DISPATCH_METHOD);
+        invoke(get(document, L"Content"), L"InsertAfter", DISPATCH_METHOD,
+               {_variant_t(static_cast<const wchar_t*>(unescape(words.at(1)).c_str()))});
+        return "ok";
+    }
+
+    static std::string documents(const Words&)
+    {
+        const IDispatchPtr all = get(runningWord(), L"Documents");
+        const long count = get(all, L"Count");
+        std::string shown = std::to_string(count);
+        for (long i = 1; i <= count; ++i) {
+            const IDispatchPtr document = invoke(all, L"Item", DISPATCH_METHOD, {_variant_t(i, VT_I4)});
+            const auto content = static_cast<_bstr_t>(get(get(document, L"Content"), L"Text"));
+            const auto saved = static_cast<bool>(get(document, L"Saved"));
+            shown += std::string(saved ? " saved " : " unsaved ") +
+                     escapeLines(toUtf8(std::wstring(static_cast<const wchar_t*>(content))));
+        }
+        return shown;
+    }
+
+    static _variant_t get(const IDispatchPtr& object, const wchar_t* member)
+    {
+        return invoke(object, member, DISPATCH_PROPERTYGET);
+    }
+
+    static _variant_t invoke(const IDispatchPtr& object, const wchar_t* memberName, WORD kind,
+                             std::vector<_variant_t> arguments = {})
+    {
+        if (!object)
+            throw std::runtime_error("no Word runs");
+        std::wstring name = memberName;
+        LPOLESTR member = name.data();
+        DISPID id = 0;
+        _com_util::CheckError(object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &id));
+        DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        _variant_t result;
+        _com_util::CheckError(
+            object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters, &result, nullptr, nullptr));
+        return result;
+    }
+
     static std::string isWordRunning(const Words&) { return runningWord() ? "yes" : "no"; }
 
     static std::string showWord(const Words&)
@@ -346,7 +438,10 @@ private:
         {"new", member(&Driver::make)},
         {"release", member(&Driver::release)},
         {"run", run},
+        {"together", together},
         {"isWordRunning", isWordRunning},
+        {"write", write},
+        {"documents", documents},
         {"showWord", showWord},
         {"answer", member(&Driver::answer)},
         {"answered", member(&Driver::answered)},

@@ -1,0 +1,78 @@
+#include "FullSession.h"
+
+#include "SessionFiles.h"
+
+namespace reference {
+
+Session fullSession()
+{
+    using M = Method;
+    return {
+        {M::insertTOC},
+        {M::setStyle, u"Heading 1"},
+        {M::insertTag, u"top"},
+        {M::insertText, u"<<01>>"},
+        {M::insertEndl},
+        {M::setStyle, u"Normal"},
+        {M::insertText, u"<<02>>"},
+        {M::setFontName, u"Courier New"},
+        {M::setFontAttribute, {}, {}, 1, true},
+        {M::insertText, u"<<03>>"},
+        {M::setFontAttribute, {}, {}, 1, false},
+        {M::insertXref, u"<<04>>", u"top"},
+        {M::insertXref, u"<<05>>", u"http://a.example/"},
+        {M::insertXref, u"<<06>>", u"never"},
+        {M::insertField, {}, {}, 4},
+        {M::insertEndl},
+        {M::setTextAlign, {}, {}, 2},
+        {M::insertText, u"<<07>>"},
+        {M::insertEndl},
+        {M::startHeader},
+        {M::insertText, u"<<08>>"},
+        {M::insertField, {}, {}, 1},
+        {M::endHeader},
+        {M::startFooter},
+        {M::insertXref, u"<<09>>", u"top"},
+        {M::endFooter},
+        {M::startTable},
+        {M::addRow},
+        {M::addCell},
+        {M::insertText, u"<<10>>"},
+        {M::insertEndl},
+        {M::insertText, u"<<11>>"},
+        {M::addCell},
+        {M::insertText, u"<<12>>"},
+        {M::setTableRowHeight, {}, {}, 20},
+        {M::addRow},
+        {M::addCell},
+        {M::insertText, u"<<13>>"},
+        {M::insertImage, std::u16string(pictureName)},
+        {M::insertText, u"<<14>>"},
+        {M::addCell},
+        {M::insertText, u"<<15>>"},
+        {M::addRow},
+        {M::addCell},
+        {M::insertText, u"<<16>>"},
+        {M::addCell},
+        {M::insertText, u"<<17>>"},
+        {M::endTable},
+        {M::insertText, u"<<18>>"},
+        {M::insertFile, u"letter.rtf"},
+        {M::insertText, u"<<19>>"},
+        {M::insertFile, u"sheet.xls"},
+        {M::insertPageBreak},
+        {M::startHeader},
+        {M::insertText, u"<<20>>"},
+        {M::endHeader},
+        {M::insertText, u"<<21>>"},
+        {M::insertEndl},
+        {M::startTOCEntry},
+        {M::insertText, u"<<22>>"},
+        {M::endTOCEntry},
+        {M::insertTag, u"end"},
+        {M::insertPageBreak},
+        {M::insertText, u"<<23>>"},
+    };
+}
+
+} // namespace reference

@@ -201,7 +201,7 @@ TEST_F(SessionEventsTest, TellOfAWordThatIsNotThere)
     EXPECT_THROW(client->start(), QdxException);
     EXPECT_THAT(written(),
                 testing::ContainsRegex("\terror\t#.*\tstart\tThe client is told: Cannot open Word .*"
-                                       "\t0x80040154\t-\t-\tWord is not registered on this computer. "));
+                                       "\t0x800401f3\t-\t-\tWord is not registered on this computer. "));
 }
 
 TEST_F(SessionEventsTest, TellOfABusyWord)

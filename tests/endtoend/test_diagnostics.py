@@ -63,7 +63,7 @@ class Diagnostics(EndToEndTest):
         self.assertIn("\tNothing done: no document is open\t", outcome.errors)
         self.assertIn("\tThe client is told: Saving document COMERROR 0x800a1499 ", outcome.errors)
         outcome = self.run_vbscript(script, status=1)
-        self.assertNotIn("diagnostics", outcome.errors)
+        self.assertNotIn("the end of the diagnostics", outcome.errors)
 
     def test_strict_tells_a_script(self):
         script = ('Set m = CreateObject("Mirovel.Mirovel")\r\nOn Error Resume Next\r\nm.insertText "lost"\r\n'

@@ -13,9 +13,8 @@ inline constexpr char swallowingRule[] = "of what fails in it the method tells f
 /// Runs a method's work so that only what clients are to see leaves it. Hardware faults inside become
 /// exceptions.
 ///  - A failed Word call goes to `onComError`, whose own exception reaches the client.
-///  - Every other exception is swallowed, while `onSwallowed` handles it: the method returns as if it had
-///  done
-///    its work.
+///  - Every other exception is swallowed; `onSwallowed` hears of it. The method returns as if it had done its
+///    work.
 template <class Work, class OnComError, class OnSwallowed>
 void runInFrame(Work&& work, OnComError&& onComError, OnSwallowed&& onSwallowed)
 {

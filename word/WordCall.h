@@ -5,6 +5,13 @@
 #include "CallName.h"
 
 #include <comdef.h>
+#include <type_traits>
+
+#ifdef _MSC_VER
+#define WORD_NOT_INLINED __declspec(noinline)
+#else
+#define WORD_NOT_INLINED __attribute__((noinline, cold))
+#endif
 
 /// What every throwing form is made of.
 namespace Word {
@@ -24,16 +31,25 @@ struct FailedAttempt
 /// information when it has some for the interface. A late-bound failure keeps its own HRESULT.
 void settle(const FailedAttempt& attempt);
 
+template <typename Argument>
+using PassedOn = std::conditional_t<std::is_scalar_v<Argument>, Argument, const Argument&>;
+
+// Out of line, and by value where that is possible: the good path stores nothing for the bad one.
+template <typename Interface, typename Invoke, typename... Arguments>
+WORD_NOT_INLINED void settleCall(HRESULT result, Interface* object, const CallName& name, Invoke invoke,
+                                 Arguments... arguments)
+{
+    const auto addArguments = [&]([[maybe_unused]] ArgumentText& text) { (text.add(arguments), ...); };
+    settle({result, object, __uuidof(Interface), name, RepeatableCall(invoke), ArgumentsOf(addArguments)});
+}
+
 /// Makes a call: `invoke` returns its HRESULT, and can be called again. `arguments` are what it is made with.
 template <typename Interface, typename Invoke, typename... Arguments>
-void call(Interface* object, const CallName& name, Invoke&& invoke, const Arguments&... arguments)
+void call(Interface* object, const CallName& name, const Invoke& invoke, const Arguments&... arguments)
 {
     const HRESULT result = invoke();
-    if (FAILED(result)) [[unlikely]] {
-        const auto addArguments = [&]([[maybe_unused]] ArgumentText& text) { (text.add(arguments), ...); };
-        settle(
-            {result, object, __uuidof(Interface), name, RepeatableCall(invoke), ArgumentsOf(addArguments)});
-    }
+    if (FAILED(result)) [[unlikely]]
+        settleCall<Interface, Invoke, PassedOn<Arguments>...>(result, object, name, invoke, arguments...);
 }
 
 // Word takes VARIANT* and BSTR for arguments it only reads, so constness ends here.
@@ -52,3 +68,5 @@ inline VARIANT_BOOL passed(bool argument)
     return argument ? VARIANT_TRUE : VARIANT_FALSE;
 }
 } // namespace Word
+
+#undef WORD_NOT_INLINED

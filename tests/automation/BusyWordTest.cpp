@@ -126,7 +126,7 @@ TEST_F(BusyWordTest, IsAskedAgainWhenItIsToBeCreated)
         CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration),
         S_OK);
     installed = std::make_unique<standin::ClassRegistration>(word); // makes the ProgID known
-    EXPECT_EQ(client->start(), S_OK);
+    EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
     CoRevokeClassObject(registration);
     EXPECT_EQ(installed->created(), 0);
     EXPECT_EQ(takeWaited(), 30ms);
@@ -159,7 +159,7 @@ TEST_F(BusyWordTest, IsAskedAgainWhenItRunsAlready)
     BusyRunningWord running(word, 2);
     DWORD registration = 0;
     ASSERT_EQ(RegisterActiveObject(&running, wordClass, ACTIVEOBJECT_STRONG, &registration), S_OK);
-    EXPECT_EQ(client->start(), S_OK);
+    EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
     RevokeActiveObject(registration, nullptr);
     EXPECT_EQ(installed->created(), 0);
     EXPECT_EQ(takeWaited(), 10ms);

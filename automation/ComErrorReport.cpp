@@ -17,6 +17,13 @@ QdxString description(const _com_error& error)
                                               : toNarrow(error.ErrorMessage());
 }
 
+QdxString fullText(const DocSession& session, const char* activity, const _com_error& error)
+{
+    QdxString text = comErrorText(activity, error);
+    text.append(toNarrow(session.events.furtherLines(error.Error()).c_str()));
+    return text;
+}
+
 // Called while the object is being destroyed, which nothing may stop: without memory there is no report.
 void traceComError(Trace& trace, const char* activity, const _com_error& error) noexcept
 try {
@@ -38,9 +45,24 @@ QdxString comErrorText(const char* activity, const _com_error& error)
 
 void reportComError(DocSession& session, const char* activity, const _com_error& error)
 {
+    session.events.reporting(error.Error());
     if (!session.quietErrors)
-        throwLogged(QdxException(comErrorText(activity, error)));
+        throwLogged(QdxException(fullText(session, activity, error)));
     traceComError(session.trace, activity, error);
+    session.diagnostics.tell([&] {
+        return diagnostics::Event{.severity = diagnostics::Severity::error,
+                                  .what = std::string("Not told, since the object is being released: ") +
+                                          activity,
+                                  .code = static_cast<std::uint32_t>(error.Error())};
+    });
+}
+
+void raiseWithText(const DocSession& session)
+try {
+    throw;
+} catch (const _com_error& error) {
+    const char* const method = session.events.lastMethod();
+    throwLogged(QdxException(fullText(session, method ? method : "", error)));
 }
 
 void logCaught(const QdxException& exception)

@@ -1,19 +1,34 @@
 #include "DocSession.h"
 
+#include "TextConversion.h"
 #include "sysSupport/SysDirectory.h"
 
 #include <algorithm>
 
 DocSession::DocSession() : startDirectory(SysDirectory::current()), settings(SettingsRecord::read(registry))
 {
+    wordCalls.observer = &events;
     followSettings();
+    diagnostics.tell([] { return diagnostics::Event{.what = "Object made"}; });
 }
 
-DocSession::~DocSession() = default;
+DocSession::~DocSession()
+{
+    diagnostics.tell([] { return diagnostics::Event{.what = "Object released"}; });
+}
+
+void DocSession::openDiagnostics() noexcept
+try {
+    const QdxString name = settings.text(SettingName::diagnostics);
+    diagnostics.open(static_cast<const wchar_t*>(toWide(name)));
+} catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the document goes on without diagnostics
+}
 
 void DocSession::followSettings()
 {
     wordCalls.busyTimeout = std::chrono::seconds(std::max(0, settings.integer(SettingName::busyTimeout)));
+    events.setStrict(settings.isOn(SettingName::strict));
+    openDiagnostics();
 }
 
 DocumentWriter& DocSession::currentWriter() const

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "ComPointers.h"
+#include "Diagnostics.h"
 #include "DocumentWriter.h"
 #include "QdxString.h"
+#include "SessionEvents.h"
 #include "registry/RegisterCache.h"
 #include "registry/SettingsRecord.h"
 #include "tracedll/Trace.h"
@@ -24,6 +26,8 @@ struct DocSession
     DocSession(const DocSession&) = delete;
     DocSession& operator=(const DocSession&) = delete;
 
+    diagnostics::Diagnostics diagnostics;
+    SessionEvents events{diagnostics};
     Trace trace;                 ///< Echo lines and error texts go here.
     std::int32_t pageNumber = 0; ///< Pages as the trace counts them: only breaks made while it echoes.
 
@@ -52,10 +56,12 @@ struct DocSession
     Word::_ApplicationPtr application;
     Word::OptionsPtr options;
 
-    Word::CallPolicy wordCalls; ///< As the settings say.
+    Word::CallPolicy wordCalls; ///< As the settings say; the observer is `events`.
 
     /// Brings what follows from the settings up to date with them.
     void followSettings();
+    /// Has the diagnostics written to the file that the settings name now.
+    void openDiagnostics() noexcept;
 
     /// The writer; raises `_com_error` with E_POINTER when there is none.
     [[nodiscard]] DocumentWriter& currentWriter() const;

@@ -23,6 +23,17 @@ void returnText(BSTR* out, const wchar_t* text)
         _com_issue_error(E_OUTOFMEMORY);
 }
 
+void tellThatWordStays(DocSession& session, bool visible, bool answers) noexcept
+{
+    session.diagnostics.tell([&] {
+        const char* const why = !answers  ? "it does not say whether its window is visible"
+                                : visible ? "its window is visible"
+                                          : "it could not be ended";
+        return diagnostics::Event{.severity = diagnostics::Severity::warning,
+                                  .what = std::string("Word is left running: ") + why};
+    });
+}
+
 } // namespace
 
 Mirovel::Mirovel() : IDispatchImpl(programId), session_(std::make_unique<DocSession>()) {}
@@ -31,6 +42,8 @@ Mirovel::~Mirovel()
 {
     DocSession& session = *session_;
     session.quietErrors = true;
+    session.events.setQuiet();
+    const MethodScope method(session, "Release");
     if (session.wordStarted) {
         // A Word that does not say stays: the user may be looking at it.
         bool visible = true;
@@ -46,15 +59,24 @@ Mirovel::~Mirovel()
             framed("Closing the document", [&] { close(); });
             framed("Stopping Word", [&] { stop(); });
         }
+        if (session.wordStarted)
+            tellThatWordStays(session, visible, answers);
     }
     // What fails leaves the rest to be completed.
     for (int i = 0; i < mostCompletions && session.writer && !session.writer->isFinished(); ++i)
         framed("Completing the document", [&] { session.writer->finish(); });
 }
 
-HRESULT Mirovel::failed(const void* caller)
+HRESULT Mirovel::failed(const void* caller) const
 {
-    return leaveMethod(caller, IID_IDocument, programId);
+    session_->events.toldTheClient();
+    if (!session_->events.isStrict())
+        return leaveMethod(caller, IID_IDocument, programId);
+    try {
+        raiseWithText(*session_);
+    } catch (...) {
+        return leaveMethod(caller, IID_IDocument, programId);
+    }
 }
 
 STDMETHODIMP Mirovel::InterfaceSupportsErrorInfo(REFIID iid) noexcept
@@ -64,16 +86,18 @@ STDMETHODIMP Mirovel::InterfaceSupportsErrorInfo(REFIID iid) noexcept
 
 STDMETHODIMP Mirovel::getPropPages(BSTR* bstrCLSID)
 try {
+    const MethodScope method(*session_, "getPropPages");
     returnText(bstrCLSID, propertyPageClass);
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::getDocType(BSTR* docType)
 try {
+    const MethodScope method(*session_, "getDocType");
     returnText(docType, documentType);
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -82,40 +106,47 @@ try {
 
 STDMETHODIMP Mirovel::insertDiagram(long /*ptr*/, short /*width*/, short /*height*/)
 try {
+    const MethodScope method(*session_, "insertDiagram");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     runInDiagramFrame(*session_, "Inserting diagram", [] {});
-    return S_OK;
+    return method.ignored(Silence::withoutEffect);
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setOption(BSTR /*option*/, BSTR /*value*/)
 {
-    return S_OK;
+    const MethodScope method(*session_, "setOption");
+    return method.ignored(Silence::withoutEffect);
 }
 
 STDMETHODIMP Mirovel::insertMark(long /*ptr*/, VARIANT_BOOL /*isPrimary*/)
 {
-    return S_OK;
+    const MethodScope method(*session_, "insertMark");
+    return method.ignored(Silence::withoutEffect);
 }
 
 STDMETHODIMP Mirovel::startFile(BSTR /*fileName*/)
 {
-    return S_OK;
+    const MethodScope method(*session_, "startFile");
+    return method.ignored(Silence::withoutEffect);
 }
 
 STDMETHODIMP Mirovel::insertLocate()
 {
-    return S_OK;
+    const MethodScope method(*session_, "insertLocate");
+    return method.ignored(Silence::withoutEffect);
 }
 
 STDMETHODIMP Mirovel::pushDirectory(BSTR /*directoryName*/)
 {
-    return S_OK;
+    const MethodScope method(*session_, "pushDirectory");
+    return method.ignored(Silence::withoutEffect);
 }
 
 STDMETHODIMP Mirovel::popDirectory()
 {
-    return S_OK;
+    const MethodScope method(*session_, "popDirectory");
+    return method.ignored(Silence::withoutEffect);
 }

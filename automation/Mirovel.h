@@ -93,7 +93,7 @@ protected:
 
 private:
     /// How an exception leaves a method; only within its handler.
-    static HRESULT failed(const void* caller);
+    HRESULT failed(const void* caller) const;
 
     bool echoes() const;
     template <class... Arguments>

@@ -13,6 +13,12 @@ namespace {
 /// `setStyle` calls after which the document is saved, so that a long generation does not lose everything.
 constexpr std::int32_t styleChangesPerSave = 100;
 
+/// The numbers that clients have for fields and alignments.
+constexpr short firstField = 1;
+constexpr short lastField = 4;
+constexpr short noAlignment = 0;
+constexpr short lastAlignment = 4;
+
 const wchar_t* textOf(BSTR text)
 {
     return text ? text : L"";
@@ -59,11 +65,12 @@ const char* attributeName(short attribute)
 
 MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::insertText(BSTR text)
 try {
+    const MethodScope method(*session_, "insertText");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("insertText", text);
     framed("insertText", [&] { writeText(text); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -115,20 +122,22 @@ void Mirovel::writeTail(std::wstring_view text)
 
 STDMETHODIMP Mirovel::insertEndl()
 try {
+    const MethodScope method(*session_, "insertEndl");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("insertEndl");
     framed("insertEndl", [&] { session_->currentWriter().insertEndl(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertPageBreak()
 try {
+    const MethodScope method(*session_, "insertPageBreak");
     DocSession& session = *session_;
     if (!session.documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     if (echoes()) {
         echo("insertPageBreak");
         session.trace << std::endl;
@@ -136,27 +145,31 @@ try {
         session.trace << "// Page " << static_cast<long>(session.pageNumber) << std::endl;
     }
     framed("insertPageBreak", [&] { session.currentWriter().insertPageBreak(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertField(short field)
 try {
+    const MethodScope method(*session_, "insertField");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("insertField", field);
+    if (field < firstField || field > lastField)
+        session_->events.ignored(Silence::unknownField, std::to_wstring(field));
     framed("insertField", [&] { session_->currentWriter().insertField(field); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setStyle(BSTR style)
 try {
+    const MethodScope method(*session_, "setStyle");
     DocSession& session = *session_;
     if (!session.documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("setStyle", style);
     if (++session.styleChangeCount > styleChangesPerSave) {
         framed("Saving document because of style changes", [&] {
@@ -166,43 +179,56 @@ try {
             session.styleChangeCount = 0;
         });
     }
-    framed("setStyle", [&] { session.currentWriter().setStyle(textOf(style)); });
-    return S_OK;
+    framed("setStyle", [&] {
+        DocumentWriter& writer = session.currentWriter();
+        try {
+            writer.setStyle(textOf(style));
+        } catch (const QdxException&) {
+            // The style in force stays.
+            session.events.ignored(Silence::unknownStyle, textOf(style));
+        }
+    });
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontName(BSTR name)
 try {
+    const MethodScope method(*session_, "setFontName");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("setFontName", name);
     framed("setFontName", [&] { session_->currentWriter().setFontName(textOf(name)); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontSize(short size)
 try {
+    const MethodScope method(*session_, "setFontSize");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     framed("setFontSize", [&] {
         DocumentWriter& writer = session_->currentWriter();
         echo("setFontSize", size);
         writer.setFontSize(size);
     });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setFontAttribute(short att, VARIANT_BOOL value)
 try {
+    const MethodScope method(*session_, "setFontAttribute");
     DocSession& session = *session_;
     if (!session.documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     const bool on = value != VARIANT_FALSE;
+    if (*attributeName(att) == '\0')
+        session.events.ignored(Silence::unknownAttribute, std::to_wstring(att));
     framed("setFontAttribute", [&] {
         EchoLine<Trace> line(session.trace);
         if (echoes())
@@ -214,97 +240,111 @@ try {
         }
         writer.setFontAttribute(att, on);
     });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTextAlign(short textAlign)
 try {
+    const MethodScope method(*session_, "setTextAlign");
     echo("setTextAlign", textAlign);
-    withWriter([&](DocumentWriter& writer) { writer.setTextAlign(textAlign); });
-    return S_OK;
+    withWriter([&](DocumentWriter& writer) {
+        if (textAlign < noAlignment || textAlign > lastAlignment)
+            session_->events.ignored(Silence::unknownAlignment, std::to_wstring(textAlign));
+        writer.setTextAlign(textAlign);
+    });
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertFile(BSTR fileName, short insertAsType)
 try {
+    const MethodScope method(*session_, "insertFile");
     echo("insertFile", fileName, insertAsType);
     withWriter([&](DocumentWriter& writer) { writer.insertFile(fileName, insertAsType); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::insertTOC()
 try {
+    const MethodScope method(*session_, "insertTOC");
     echo("insertTOC");
     withWriter([&](DocumentWriter& writer) { writer.insertTOC(static_cast<short>(session_->tocLevel)); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTOCEntry()
 try {
+    const MethodScope method(*session_, "startTOCEntry");
     echo("startTOCEntry");
     withWriter([](DocumentWriter& writer) { writer.startTOCEntry(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTOCEntry()
 try {
+    const MethodScope method(*session_, "endTOCEntry");
     echo("endTOCEntry");
     withWriter([](DocumentWriter& writer) { writer.endTOCEntry(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startTable()
 try {
+    const MethodScope method(*session_, "startTable");
     echo("startTable");
     withWriter([](DocumentWriter& writer) { writer.startTable(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endTable()
 try {
+    const MethodScope method(*session_, "endTable");
     echo("endTable");
     withWriter([](DocumentWriter& writer) { writer.endTable(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addCell()
 try {
+    const MethodScope method(*session_, "addCell");
     echo("addCell");
     withWriter([](DocumentWriter& writer) { writer.addCell(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::addRow()
 try {
+    const MethodScope method(*session_, "addRow");
     echo("addRow");
     withWriter([](DocumentWriter& writer) { writer.addRow(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setTableRowHeight(long points)
 try {
+    const MethodScope method(*session_, "setTableRowHeight");
     echo("setTableRowHeight");
     withWriter([&](DocumentWriter& writer) { writer.setTableRowHeight(points); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }

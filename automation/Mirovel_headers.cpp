@@ -14,54 +14,59 @@ constexpr float leftMargin = 130.0F; // points, in either orientation
 
 STDMETHODIMP Mirovel::startHeader()
 try {
+    const MethodScope method(*session_, "startHeader");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("startHeader");
     framed("startHeader", [&] { session_->currentWriter().startHeader(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endHeader()
 try {
+    const MethodScope method(*session_, "endHeader");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("endHeader");
     withWriter([](DocumentWriter& writer) { writer.endHeader(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::startFooter()
 try {
+    const MethodScope method(*session_, "startFooter");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("startFooter");
     framed("startFooter", [&] { session_->currentWriter().startFooter(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::endFooter()
 try {
+    const MethodScope method(*session_, "endFooter");
     if (!session_->documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("endFooter");
     withWriter([](DocumentWriter& writer) { writer.endFooter(); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::setOrientation(short docorient)
 try {
+    const MethodScope method(*session_, "setOrientation");
     const Word::PageSetupPtr page = session_->document->GetPageSetup();
     page->PutOrientation(docorient == landscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
     page->PutLeftMargin(leftMargin);
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -1,6 +1,7 @@
 #include "Mirovel.h"
 
 #include "MirovelCall.h"
+#include "SettingsReport.h"
 #include "ShellOpen.h"
 #include "TemplateChoice.h"
 #include "WordTypeLibrary.h"
@@ -11,7 +12,12 @@
 #include "sysSupport/SysCOMSupport.h"
 #include "sysSupport/SysFile.h"
 
+#include <chrono>
+#include <string>
+
 namespace {
+
+using diagnostics::Event;
 
 constexpr char wordClass[] = "{000209FF-0000-0000-C000-000000000046}";
 
@@ -65,6 +71,29 @@ try {
     const _com_error&) { // NOLINT(bugprone-empty-catch): the failure before this one is the one to report
 }
 
+void tell(DocSession& session, const char* what) noexcept
+{
+    session.diagnostics.tell([&] { return Event{.what = what}; });
+}
+
+/// Asks Word for more than it would be asked otherwise.
+void tellWhichWord(DocSession& session, bool wasRunning) noexcept
+{
+    session.diagnostics.tell([&] {
+        std::string word = wasRunning ? "Word found running" : "Word started";
+        try {
+            const auto text = [](const _bstr_t& said) {
+                return diagnostics::utf8(std::wstring_view(said, said.length()));
+            };
+            word.append(", version ").append(text(session.application->GetVersion()));
+            word.append(", build ").append(text(session.application->GetBuild()));
+        } catch (const _com_error&) {
+            word.append(", which does not say more of itself");
+        }
+        return Event{.what = std::move(word)};
+    });
+}
+
 bool isWordDocument(const QdxString& fileName)
 {
     return fileName.find(".doc") != QdxString::npos;
@@ -74,17 +103,19 @@ bool isWordDocument(const QdxString& fileName)
 
 MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::start()
 try {
+    const MethodScope method(*session_, "start");
     if (session_->wordStarted)
-        return S_OK;
+        return method.ignored(Silence::startedAlready);
     echo("start");
-    const Word::CallScope calls(session_->wordCalls);
     runInFrame([&] { connectToWord(); },
                [&](const _com_error& error) {
+                   session_->events.reporting(error.Error());
                    if (error.Error() == wordNotInstalled)
                        throwLogged(QdxException("Cannot open Word\nPlease install Word.\n"));
                    reportComError(*session_, "Cannot open Word", error);
-               });
-    return S_OK;
+               },
+               [&] { session_->events.swallowed(swallowingRule); });
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -106,16 +137,23 @@ void Mirovel::connectToWord()
     session.application = application;
     session.ownsWord = own;
     session.wordStarted = true;
+    tellWhichWord(session, running != nullptr);
 }
 
 STDMETHODIMP Mirovel::create(BSTR fileName)
 try {
+    const MethodScope method(*session_, "create");
     DocSession& session = *session_;
-    if (!session.wordStarted)
+    if (!session.wordStarted) {
+        session.events.ignored(Silence::notStarted, {});
+        method.raiseWhatWasSilent();
         return E_FAIL;
+    }
     session.settings = SettingsRecord::read(session.registry);
     session.followSettings();
-    const Word::CallScope calls(session.wordCalls);
+    session.diagnostics.setDocument(fileName ? fileName : L"");
+    tellSettings(session);
+    method.raiseWhatWasSilent();
     switchProofingOff();
 
     session.fileName = toNarrow(fileName);
@@ -132,7 +170,7 @@ try {
     addDocument();
     if (session.ownsWord)
         session.ownDocuments.push_back(session.document);
-    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.settings, session.trace);
+    std::unique_ptr<DocumentWriter> writer = chooseWriter(session.settings, session.trace, &session.events);
     framed("Saving document", [&] { saveDocument(*writer); });
     session.tocLevel = session.settings.integer(SettingName::tocLevel);
     session.saveEmf = session.settings.isOn(SettingName::saveEmf);
@@ -140,7 +178,9 @@ try {
     writer->begin(session.application, session.document);
     session.writer = std::move(writer);
     session.documentOpen = true;
-    return S_OK;
+    tell(session, "Document opened");
+    session.events.documentIsSafe();
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -190,16 +230,20 @@ void Mirovel::addDocument()
 {
     DocSession& session = *session_;
     const QdxString templateName = chooseTemplate(session.settings);
+    session.diagnostics.tell([&] {
+        return Event{.what = templateName.isEmpty() ? "Template chosen: Word's own default"
+                                                    : "Template chosen: " + diagnostics::utf8(templateName)};
+    });
     if (!templateName.isEmpty()) {
         if (SysFile::exists(templateName)) {
             try {
                 session.document = session.documents->Add(Word::text(toWide(templateName)));
                 return;
             } catch (const _com_error&) {
-                askAfterRefusedTemplate(templateName);
+                askAfterRefusedTemplate(session, templateName);
             }
         } else {
-            askAfterMissingTemplate(templateName);
+            askAfterMissingTemplate(session, templateName);
         }
     }
     framed("Adding document", [&] { session.document = session.documents->Add(); });
@@ -207,8 +251,16 @@ void Mirovel::addDocument()
 
 void Mirovel::saveDocument(const DocumentWriter& writer)
 {
+    using std::chrono::steady_clock;
     const _bstr_t fileName = toWide(session_->fileName);
+    const steady_clock::time_point start = steady_clock::now();
     session_->document->SaveAs(fileName, writer.saveFormat({fileName, fileName.length()}));
+    session_->diagnostics.tell([&] {
+        const auto time =
+            std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start).count();
+        return Event{.what = "Document saved in " + std::to_string(time) +
+                             " ms: " + diagnostics::utf8(session_->fileName)};
+    });
 }
 
 // A writer that fails stays, so that it can go on.
@@ -222,9 +274,10 @@ void Mirovel::completeDocument()
 
 MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::close()
 try {
+    const MethodScope method(*session_, "close");
     DocSession& session = *session_;
     if (!session.documentOpen)
-        return S_OK;
+        return method.ignored(Silence::noDocument);
     echo("close");
     framed("Saving document", [&] {
         DocumentWriter& writer = session.currentWriter();
@@ -237,9 +290,13 @@ try {
         });
         session.writer.reset();
         session.documentOpen = false;
+        tell(session, "Document closed");
+        session.diagnostics.setDocument(L"");
     });
+    if (!session.documentOpen)
+        session.events.documentIsSafe();
     deleteTemporaryFiles();
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -259,15 +316,15 @@ void Mirovel::deleteTemporaryFiles()
 
 MIROVEL_NOT_INLINED STDMETHODIMP Mirovel::stop()
 try {
+    const MethodScope method(*session_, "stop");
     if (!session_->wordStarted)
-        return S_OK;
+        return method.ignored(Silence::notStarted);
     echo("stop");
-    const Word::CallScope calls(session_->wordCalls);
     framed("Cannot close all Word Documents",
            [&] { session_->ownsWord ? closeOwnDocuments() : closeAllDocuments(); });
     quitWord();
     session_->wordStarted = false;
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
@@ -275,9 +332,13 @@ try {
 // Who has opened something in it meanwhile, a user or another program, keeps it.
 void Mirovel::quitWord()
 {
-    const DocSession& session = *session_;
-    if (!session.ownsWord || session.documents->GetCount() == 0)
-        session.application->Quit();
+    DocSession& session = *session_;
+    if (session.ownsWord && session.documents->GetCount() != 0) {
+        tell(session, "Word is left running: others have documents open in it");
+        return;
+    }
+    session.application->Quit();
+    tell(session, "Word ended");
 }
 
 void Mirovel::closeOwnDocuments()
@@ -301,15 +362,15 @@ void Mirovel::closeAllDocuments()
 
 STDMETHODIMP Mirovel::showLast()
 try {
+    const MethodScope method(*session_, "showLast");
     const DocSession& session = *session_;
     const bool wordDocument = isWordDocument(session.fileName);
     if (wordDocument && !session.wordStarted)
         start();
     shellOpen(session.fileName);
-    const Word::CallScope calls(session.wordCalls);
     if (wordDocument && session.wordStarted)
         session.application->PutVisible(VARIANT_TRUE);
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -5,21 +5,47 @@
 #include "DocumentWriter.h"
 #include "RegEntry.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 // A client does not fail for want of a trace.
-void openTrace(Trace& trace, const QdxString& logName)
+void openTrace(DocSession& session, const QdxString& logName)
 try {
-    trace.open(logName);
+    session.trace.open(logName);
 } catch (const QdxException& exception) {
-    trace.close();
+    session.trace.close();
     logCaught(exception);
+    session.diagnostics.tell([&] {
+        return diagnostics::Event{.severity = diagnostics::Severity::warning,
+                                  .what = diagnostics::utf8(QdxString(exception.reasonText())),
+                                  .remedy = "Name a file that this user may write in Log/LogName."};
+    });
+}
+
+/// Overrides of settings that there are not, and values that cannot be of their kind.
+void tellWhatIsWrong(DocSession& session, const RegEntry& entry)
+{
+    const auto isNamed = [&](const SettingDescription& setting) {
+        return _stricmp(setting.group, entry.getGroup().data()) == 0 &&
+               _stricmp(setting.name, entry.getName().data()) == 0;
+    };
+    const auto setting = std::ranges::find_if(settingTable, isNamed);
+    const bool isKnown = setting != settingTable.end();
+    if (isKnown && canBe(setting->kind, entry))
+        return;
+    QdxString name = entry.getGroup();
+    name.append("/").append(entry.getName());
+    session.events.ignored(isKnown ? Silence::wrongSetting : Silence::unknownSetting,
+                           static_cast<const wchar_t*>(toWide(name)));
 }
 
 } // namespace
 
 STDMETHODIMP Mirovel::overrideRegistry(BSTR group, BSTR name, BSTR value, short valueType)
 try {
+    const MethodScope method(*session_, "overrideRegistry");
     echo("overrideRegistry", group, name, value, valueType);
     RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
     switch (valueType) {
@@ -35,16 +61,18 @@ try {
     default:
         break;
     }
+    tellWhatIsWrong(*session_, entry);
     session_->registry.override(entry);
     session_->settings.takeOverrides(session_->registry);
     session_->followSettings();
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 STDMETHODIMP Mirovel::trace(short level)
 try {
+    const MethodScope method(*session_, "trace");
     Trace& trace = session_->trace;
     const SettingDescription& setting = describe(SettingName::logName);
     const QdxString logName = session_->registry.read(setting.group, setting.name, defaultEntry(setting));
@@ -52,11 +80,11 @@ try {
     if (level == 0)
         trace.close();
     else if (level > 0)
-        openTrace(trace, logName);
+        openTrace(*session_, logName);
     if (level >= 0)
         trace.setLevel(level);
     withWriter([&](DocumentWriter& writer) { writer.setTrace(trace); });
-    return S_OK;
+    return method.done();
 } catch (...) {
     return failed(MIROVEL_CALLER_ADDRESS);
 }

@@ -1,14 +1,28 @@
 #include "TemplateChoice.h"
 
 #include "ComErrorReport.h"
+#include "DocSession.h"
+
+#include "TextConversion.h"
 #include "WinUtils/QdxMessageBox.h"
 #include "registry/SettingsRecord.h"
 #include "sysSupport/SysFile.h"
 
 namespace {
 
-void askWhetherToContinue(const QdxString& question, UINT icon)
+void askWhetherToContinue(DocSession& session, const QdxString& templateName, const QdxString& question,
+                          UINT icon)
 {
+    if (!canAskUser()) {
+        session.events.ignored(Silence::missingTemplate, static_cast<const wchar_t*>(toWide(templateName)));
+        if (session.events.isAnythingKept())
+            session.events.raiseKept();
+    }
+    session.diagnostics.tell([&] {
+        return diagnostics::Event{.severity = diagnostics::Severity::warning,
+                                  .what = "The user is asked: " + diagnostics::utf8(question),
+                                  .remedy = "Check Word/WordTemplateName and Settings/InstallDir."};
+    });
     if (QdxMessageBox(nullptr, question, "Lumarkscribe", MB_YESNO | icon) != IDYES)
         throwLogged(QdxException("Document generation aborted by the user."));
 }
@@ -27,19 +41,19 @@ QdxString chooseTemplate(const SettingsRecord& settings)
     return SysFile::appendToDir(SettingsRecord::registeredInstallDir(), path);
 }
 
-void askAfterRefusedTemplate(const QdxString& templateName)
+void askAfterRefusedTemplate(DocSession& session, const QdxString& templateName)
 {
     QdxString question = "Problem reported by MS-Word :\nError occurred in setting word template file ";
     question.append(templateName).append(".\nContinue?");
-    askWhetherToContinue(question, MB_ICONHAND);
+    askWhetherToContinue(session, templateName, question, MB_ICONHAND);
 }
 
-void askAfterMissingTemplate(const QdxString& templateName)
+void askAfterMissingTemplate(DocSession& session, const QdxString& templateName)
 {
     QdxString question = "Word template file ";
     question.append(templateName)
         .append(" does not exist.\nCheck template file settings (\"File->Template properties\" and "
                 "\"View->Default "
                 "Document properties\").\nContinue?");
-    askWhetherToContinue(question, MB_ICONQUESTION);
+    askWhetherToContinue(session, templateName, question, MB_ICONQUESTION);
 }

@@ -2,7 +2,9 @@
 
 #include "Allocations.h"
 #include "Client.h"
+#include "LogFileName.h"
 #include "NullWord.h"
+#include "TemporaryFile.h"
 
 #include <algorithm>
 #include <array>
@@ -238,6 +240,39 @@ double operationNanoseconds(const Operation& operation, int count)
     return time.total() / count;
 }
 
+/// The diagnostics' file, while the environment names it.
+class DiagnosticsOn
+{
+public:
+    DiagnosticsOn() { SetEnvironmentVariableW(variable_, name_); }
+    ~DiagnosticsOn()
+    {
+        SetEnvironmentVariableW(variable_, nullptr);
+        const std::wstring folder = temporaryFile(L"");
+        DeleteFileW(diagnostics::logFileName(name_, folder, GetCurrentProcessId()).c_str());
+    }
+    DiagnosticsOn(const DiagnosticsOn&) = delete;
+    DiagnosticsOn& operator=(const DiagnosticsOn&) = delete;
+
+private:
+    static constexpr wchar_t variable_[] = L"MIROVEL_DIAGNOSTICS";
+    static constexpr wchar_t name_[] = L"mirovel-bench.log";
+};
+
+void callWithoutEffect(IDocument& generator, int count)
+{
+    for (int i = 0; i < count; ++i)
+        generator.insertLocate();
+}
+
+void printDiagnosticsTimes(const char* shown, void (*client)(IDocument&, int), int count)
+{
+    const double off = clientNanoseconds(client, count);
+    const DiagnosticsOn diagnostics;
+    const double on = clientNanoseconds(client, count);
+    std::printf("| %s | %.1f | %.1f | %.2f |\n", shown, off, on, on / off);
+}
+
 void printOperationTimes(const Operation& operation)
 {
     std::printf("| %s |", operation.shown);
@@ -300,6 +335,11 @@ void printTimes()
              Operation{"a link to an address (1 call)", {&writeLinks}},
          })
         printOperationTimes(operation);
+    std::puts("\nNanoseconds per call with the diagnostics off and on\n");
+    std::puts("| client call | off | on | ratio |\n|---|---|---|---|");
+    printDiagnosticsTimes("insertText: nothing to tell", &insertText, callCounts[1]);
+    printDiagnosticsTimes("insertEndl: nothing to tell", &insertEndl, callCounts[1]);
+    printDiagnosticsTimes("insertLocate: a line for each call", &callWithoutEffect, callCounts[0]);
 }
 
 void printAllocations()

@@ -1,7 +1,6 @@
 #include "Composer.h"
 
 #include "FileLookup.h"
-
 #include "WideText.h"
 
 #include "TextConversion.h"
@@ -39,8 +38,8 @@ std::u16string meantStyle(const std::u16string& name)
 
 } // namespace
 
-Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir)
-    : pen_(pen), installDir_(std::move(installDir)), trace_(trace)
+Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events)
+    : pen_(pen), installDir_(std::move(installDir)), trace_(trace), events_(events)
 {
 }
 
@@ -53,7 +52,9 @@ void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_
         .document = document,
         .styles = StyleBook(document),
         .readsFragments = pen_ == Pen::fragments,
-        .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); }});
+        .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); },
+        .events = events_,
+        .tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); }});
     body_ = std::make_unique<Story>(*written_, document->Range(), u"Normal", Ground());
     body_->pen().clear(); // what the template put into the new document
     current_ = body_.get();
@@ -67,6 +68,18 @@ std::wstring Composer::understood(const wchar_t* text) const
 StoryContent& Composer::content()
 {
     return current_->content();
+}
+
+void Composer::ignored(Silence why, std::wstring_view concerned) noexcept
+{
+    if (events_)
+        events_->ignored(why, concerned);
+}
+
+void Composer::heed(bool isTaken, Silence why) noexcept
+{
+    if (!isTaken)
+        ignored(why);
 }
 
 // Text
@@ -90,7 +103,7 @@ void Composer::insertEndl()
 
 void Composer::insertPageBreak()
 {
-    content().insertPageBreak();
+    heed(content().insertPageBreak(), Silence::insideTable);
 }
 
 void Composer::insertField(short number)
@@ -103,8 +116,10 @@ void Composer::insertField(short number)
 // Headers and footers keep their own style.
 void Composer::setStyle(const wchar_t* name)
 {
-    if (current_ != body_.get())
+    if (current_ != body_.get()) {
+        ignored(Silence::ownStyle, name ? name : L"");
         return;
+    }
     const std::u16string said = heard(name);
     if (content().isInForce(said))
         return;
@@ -142,36 +157,38 @@ void Composer::setTextAlign(short number)
 
 void Composer::startTable()
 {
-    content().startTable();
+    heed(content().startTable(), Silence::tableOutOfOrder);
 }
 
 void Composer::addRow()
 {
-    content().addRow();
+    heed(content().addRow(), Silence::tableOutOfOrder);
     flushIfMuchWaits();
 }
 
 void Composer::addCell()
 {
-    content().addCell();
+    heed(content().addCell(), Silence::tableOutOfOrder);
 }
 
 void Composer::endTable()
 {
-    content().endTable();
+    heed(content().endTable(), Silence::tableOutOfOrder);
 }
 
 void Composer::setTableRowHeight(long points)
 {
-    content().setTableRowHeight(static_cast<int>(points));
+    heed(content().setTableRowHeight(static_cast<int>(points)), Silence::tableOutOfOrder);
 }
 
 // Table of contents
 
 void Composer::insertTOC(short level)
 {
-    if (content().isTableOpen())
+    if (content().isTableOpen()) {
+        ignored(Silence::insideTable);
         return;
+    }
     tocLevel_ = level;
     if (content().insertTOC(contentsTitle))
         current_->pen().dropContents();
@@ -179,12 +196,12 @@ void Composer::insertTOC(short level)
 
 void Composer::startTOCEntry()
 {
-    content().startTOCEntry();
+    heed(content().startTOCEntry(), Silence::noContents);
 }
 
 void Composer::endTOCEntry()
 {
-    content().endTOCEntry();
+    heed(content().endTOCEntry(), Silence::noContents);
 }
 
 // Headers and footers
@@ -337,6 +354,7 @@ void Composer::reportMissing(const wchar_t* fileName)
 {
     if (trace_.isTrace(1))
         trace_ << "ERR File not found: " << toNarrow(fileName) << std::endl;
+    ignored(Silence::missingFile, fileName);
 }
 
 void Composer::insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
@@ -363,8 +381,12 @@ bool Composer::leadsSomewhere(const LinkTarget& target)
 {
     if (target.bookmark.empty())
         return true;
-    if (isFinishing_)
-        return tags_.isPlaced(target.bookmark);
+    if (isFinishing_) {
+        const bool isPlaced = tags_.isPlaced(target.bookmark);
+        if (!isPlaced)
+            deadTags_.insert(target.bookmark);
+        return isPlaced;
+    }
     linkedBookmarks_.insert(target.bookmark);
     return true;
 }
@@ -434,6 +456,7 @@ void Composer::complete()
         if (story->pen().hasContents())
             story->pen().makeContents(tocLevel_);
     document_->UndoClear();
+    tellOfDeadLinks();
 }
 
 // A document that is gone, or a Word that is, must not keep the client for ever.
@@ -463,7 +486,15 @@ void Composer::removeDeadLinks()
     body_->pen().removeLinks(linkedBookmarks_);
     for (const auto& [place, story] : parts_)
         story->pen().removeLinks(linkedBookmarks_);
+    deadTags_.merge(linkedBookmarks_);
     linkedBookmarks_.clear();
+}
+
+void Composer::tellOfDeadLinks() noexcept
+try {
+    for (const std::u16string& bookmark : std::exchange(deadTags_, {}))
+        ignored(Silence::missingTag, wide(tags_.tagOf(bookmark)));
+} catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }
 
 } // namespace compose

@@ -3,6 +3,7 @@
 #include "DocumentWriter.h"
 #include "Story.h"
 #include "TagNames.h"
+#include "WriterEvents.h"
 #include "WrittenDocument.h"
 
 #include <map>
@@ -37,8 +38,8 @@ public:
     /// The same for an open table, which costs more once it is in Word.
     static constexpr std::size_t mostWaitingInTable = 16U << 20U;
 
-    /// `trace`: for what it has to report itself; copied.
-    Composer(Pen pen, const Trace& trace, std::wstring installDir);
+    /// `trace`: for what it has to report itself; copied. `events`: null, or lives longer.
+    Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events = nullptr);
     ~Composer() override;
 
     // DocumentWriter
@@ -99,8 +100,11 @@ private:
     void insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
                       bool isLinked);
     void reportMissing(const wchar_t* fileName);
+    void ignored(Silence why, std::wstring_view concerned = {}) noexcept;
+    void heed(bool isTaken, Silence why) noexcept;
 
     void flushIfMuchWaits();
+    void tellOfDeadLinks() noexcept;
     void flushAll();
     void complete();
     void giveUpIfStuck();
@@ -112,8 +116,10 @@ private:
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;
+    WriterEvents* events_;
     TagNames tags_;
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
+    std::set<std::u16string> deadTags_;        ///< Links to them were not made, or taken away.
     int tocLevel_ = 0;
 
     std::unique_ptr<WrittenDocument> written_;

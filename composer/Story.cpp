@@ -2,8 +2,10 @@
 
 #include "Division.h"
 #include "Flow.h"
+#include "OperationOrigin.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -65,22 +67,38 @@ void Story::finishSteps()
 
 void Story::flush()
 {
-    finishSteps();
-    if (!content_.isPending())
-        return;
-    const std::span<const Block> blocks = content_.blocks();
-    takeSteps(blocks, blocks.size() - (content_.isTableOpen() ? 2 : 1), [this] { content_.taken(); });
-    carryOut();
+    tellOfFlush([this] {
+        finishSteps();
+        if (!content_.isPending())
+            return;
+        const std::span<const Block> blocks = content_.blocks();
+        takeSteps(blocks, blocks.size() - (content_.isTableOpen() ? 2 : 1), [this] { content_.taken(); });
+        carryOut();
+    });
 }
 
 void Story::flushInFrontOfTable()
 {
-    finishSteps();
-    const std::span<const Block> blocks = content_.blocksInFrontOfTable();
-    if (blocks.empty())
-        return;
-    takeSteps(blocks, blocks.size(), [this] { content_.takenInFrontOfTable(); });
-    carryOut();
+    tellOfFlush([this] {
+        finishSteps();
+        const std::span<const Block> blocks = content_.blocksInFrontOfTable();
+        if (blocks.empty())
+            return;
+        takeSteps(blocks, blocks.size(), [this] { content_.takenInFrontOfTable(); });
+        carryOut();
+    });
+}
+
+template <class Work>
+void Story::tellOfFlush(const Work& work)
+{
+    using std::chrono::steady_clock;
+    flushed_ = {};
+    const steady_clock::time_point start = steady_clock::now();
+    work();
+    flushed_.time = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
+    if (document_.events && flushed_.operations + flushed_.fragments > 0)
+        document_.events->flushed(flushed_);
 }
 
 Source Story::sourceOf(std::span<const Block> blocks, const Ground& ground) const
@@ -155,18 +173,44 @@ void Story::carryOut()
 {
     while (!steps_.empty()) {
         Step& step = steps_.front();
-        if (step.fragment && document_.readsFragments) {
-            if (fragmentPen_.add(*step.fragment)) {
-                if (step.fragment->beginsWithBreak)
-                    pen_.keepBreak(fragmentPen_.takeBreak());
-                steps_.pop_front();
-                continue;
-            }
-            document_.readsFragments = false;
+        try {
+            carryOut(step);
+        } catch (...) {
+            tellOfFailure(step.plan);
+            throw;
         }
-        pen_.carryOut(step.plan);
         steps_.pop_front();
     }
+}
+
+void Story::carryOut(Step& step)
+{
+    if (step.fragment && document_.readsFragments) {
+        if (fragmentPen_.add(*step.fragment)) {
+            if (step.fragment->beginsWithBreak)
+                pen_.keepBreak(fragmentPen_.takeBreak());
+            ++flushed_.fragments;
+            return;
+        }
+        document_.readsFragments = false;
+        if (document_.events)
+            document_.events->fragmentRefused(step.fragment->text.size());
+    }
+    for (const Passage& passage : step.plan.passages)
+        flushed_.operations += passage.operations.size();
+    pen_.carryOut(step.plan);
+}
+
+void Story::tellOfFailure(const Plan& plan) noexcept
+try {
+    if (!document_.events)
+        return;
+    std::optional<Operation> failed = pen_.lastFailed();
+    if (!failed && !plan.passages.empty() && !plan.passages.front().operations.empty())
+        failed = plan.passages.front().operations.front();
+    if (failed)
+        document_.events->flushFailed(originOf(*failed, document_.tagOf));
+} catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the failure itself is being raised
 }
 
 void Story::addPicture(const std::u16string& file, const LinkTarget* link)

@@ -64,6 +64,10 @@ private:
     Fragment makeFragment(std::span<const Block> blocks, const Ground& ground,
                           const std::set<std::u16string>& tags);
     void carryOut();
+    void carryOut(Step& step);
+    template <class Work>
+    void tellOfFlush(const Work& work);
+    void tellOfFailure(const Plan& plan) noexcept;
 
     WrittenDocument& document_;
     StoryContent content_;
@@ -72,6 +76,7 @@ private:
     std::deque<Step> steps_;
     std::optional<float> tableWidth_; ///< while steps are made
     bool isSectionDue_ = false;
+    WriterEvents::Flush flushed_; ///< in the flush that is being done
     TypedPen pen_;
     FragmentPen fragmentPen_;
 };

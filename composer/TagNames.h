@@ -23,6 +23,15 @@ public:
         return bookmark;
     }
 
+    /// The tag that a bookmark stands for; empty for a bookmark of nobody's.
+    [[nodiscard]] std::u16string tagOf(const std::u16string& bookmark) const
+    {
+        for (const auto& [tag, name] : bookmarks_)
+            if (name == bookmark)
+                return tag;
+        return {};
+    }
+
     /// `story`: what tells the places apart that can lose all they hold.
     void place(const std::u16string& bookmark, const void* story) { places_[bookmark] = story; }
     /// The story has lost all it held; returns the bookmarks that were placed there.

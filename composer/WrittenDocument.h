@@ -3,6 +3,7 @@
 #include "Content.h"
 
 #include "StyleBook.h"
+#include "WriterEvents.h"
 
 #include <functional>
 #include <optional>
@@ -22,6 +23,9 @@ struct WrittenDocument
     int sections = 1;
     /// Whether a link leads anywhere, or is to be plain text.
     std::function<bool(const LinkTarget&)> leadsSomewhere = {};
+    WriterEvents* events = nullptr; ///< null: nobody wants to hear
+    /// The client's name for a bookmark.
+    std::function<std::u16string(const std::u16string&)> tagOf = {};
 };
 
 } // namespace compose

@@ -12,6 +12,14 @@ bool BookmarkMgr::lookup(const QdxString& tag, QdxString& name, bool& defined) c
     return true;
 }
 
+QdxString BookmarkMgr::tagOf(const QdxString& name) const
+{
+    for (const auto& [tag, node] : nodes_)
+        if (node.name == name)
+            return tag;
+    return {};
+}
+
 QdxString BookmarkMgr::add(const QdxString& tag)
 {
     QdxString name = "b";

@@ -24,6 +24,9 @@ public:
     /// they are.
     bool lookup(const QdxString& tag, QdxString& name, bool& defined) const;
 
+    /// The tag that a bookmark name stands for; empty for a name of nobody's.
+    [[nodiscard]] QdxString tagOf(const QdxString& name) const;
+
     /// Enters `tag`, not yet defined, and returns its bookmark name: "b1" for the first tag, "b2" for the
     /// second... The tag must not be known already.
     QdxString add(const QdxString& tag);

@@ -16,14 +16,6 @@ bool isEmptyText(const wchar_t* text)
     return !text || *text == L'\0';
 }
 
-/// Completes a writer and deletes it. `section` forgets it first, since that may fail.
-void destroySection(MirovelSection*& section)
-{
-    const std::unique_ptr<MirovelSection> writer(std::exchange(section, nullptr));
-    if (writer)
-        writer->finish();
-}
-
 } // namespace
 
 CountingWriter::~CountingWriter()
@@ -38,10 +30,31 @@ void CountingWriter::begin(const Word::_ApplicationPtr& application, const Word:
     application_ = application;
     document_ = document;
     mainSection_ = new MirovelSection(application, document, document->Range());
+    mainSection_->setEvents(events_);
     MirovelSection::clearCache();
     currentSection_ = mainSection_;
     // What the template put into the new document goes.
     currentSection_->deleteRange();
+}
+
+/// Completes a writer and deletes it. `section` forgets it first, since that may fail.
+void CountingWriter::destroySection(MirovelSection*& section)
+{
+    const std::unique_ptr<MirovelSection> writer(std::exchange(section, nullptr));
+    if (!writer)
+        return;
+    writer->finish();
+    tellOfDeadLinks(*writer);
+}
+
+void CountingWriter::tellOfDeadLinks(const MirovelSection& section) const noexcept
+try {
+    if (!events_)
+        return;
+    for (const QdxString& bookmark : section.unresolvedLinks())
+        events_->ignored(Silence::missingTag,
+                         static_cast<const wchar_t*>(toWide(bookmarks_.tagOf(bookmark))));
+} catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }
 
 void CountingWriter::finish()
@@ -110,6 +123,8 @@ void CountingWriter::setStyle(const wchar_t* name)
 {
     if (currentSection_ == mainSection_)
         current().setStyle(toNarrow(name), false);
+    else if (events_)
+        events_->ignored(Silence::ownStyle, name);
 }
 
 void CountingWriter::setFontName(const wchar_t* name)
@@ -240,6 +255,7 @@ void CountingWriter::startHeaderFooter(MirovelSection*& slot, const char* style,
     destroySection(slot);
     slot = new MirovelSection(application_, document_, range);
     slot->setTrace(trace_);
+    slot->setEvents(events_);
     slot->setStyle(style, false);
     currentSection_ = slot;
 }

@@ -3,6 +3,7 @@
 #include "BookmarkMgr.h"
 #include "DocumentWriter.h"
 #include "LinkDestination.h"
+#include "WriterEvents.h"
 
 class MirovelSection;
 
@@ -13,8 +14,11 @@ class CountingWriter : public DocumentWriter
 {
 public:
     /// `trace` is the session's and outlives the writer. The writers of headers and footers get a copy of it
-    /// when they are made; that of the body gets one with `setTrace` alone.
-    explicit CountingWriter(const Trace& trace) : trace_(trace) {}
+    /// when they are made; that of the body gets one with `setTrace` alone. `events`: null, or lives longer.
+    explicit CountingWriter(const Trace& trace, WriterEvents* events = nullptr)
+        : trace_(trace), events_(events)
+    {
+    }
     ~CountingWriter() override;
     CountingWriter(const CountingWriter&) = delete;
     CountingWriter& operator=(const CountingWriter&) = delete;
@@ -66,7 +70,11 @@ private:
     void endHeaderFooter(MirovelSection*& slot);
     [[nodiscard]] LinkDestination resolveLinkTarget(const wchar_t* text);
 
+    void destroySection(MirovelSection*& section);
+    void tellOfDeadLinks(const MirovelSection& section) const noexcept;
+
     const Trace& trace_;
+    WriterEvents* events_;
     Word::_ApplicationPtr application_;
     Word::_DocumentPtr document_;
     MirovelSection* mainSection_ = nullptr;    ///< Owned.

@@ -4,6 +4,7 @@
 #include "FontSave.h"
 #include "PendingLinks.h"
 #include "SaveAlign.h"
+#include "WriterEvents.h"
 
 #include "QdxString.h"
 #include "tracedll/Trace.h"
@@ -33,6 +34,7 @@ struct MirovelSectionData
     std::int32_t lastEndlPos =
         0; ///< The insertion position just after the last paragraph end outside tables.
     Trace trace;
+    WriterEvents* events = nullptr; ///< Not owned.
     std::int32_t lastPageBreakPos =
         0; ///< Just after the last page break; 0: none that could be turned into a section.
     QdxString installDir;

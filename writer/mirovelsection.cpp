@@ -73,6 +73,18 @@ void MirovelSection::setTrace(const Trace& trace)
     data_->trace = trace;
 }
 
+void MirovelSection::setEvents(WriterEvents* events)
+{
+    data_->events = events;
+}
+
+void MirovelSection::ignored(Silence why, const QdxString& concerned) const noexcept
+try {
+    if (data_->events)
+        data_->events->ignored(why, static_cast<const wchar_t*>(toWide(concerned)));
+} catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
+}
+
 std::int32_t MirovelSection::getSectionCount() const
 {
     return data_->sectionCount;
@@ -166,6 +178,8 @@ void MirovelSection::insertPageBreak()
         range->InsertBreak();
         data_->pos = range->GetEnd();
         data_->lastPageBreakPos = data_->pos;
+    } else {
+        ignored(Silence::insideTable);
     }
     reopenStyle();
 }

@@ -10,10 +10,13 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <vector>
 
 class FontSave;
 class HyperLink;
 class Trace;
+class WriterEvents;
+enum class Silence;
 struct MirovelSectionData;
 
 /// Writes a stream of content into one range of a Word document: the body, a header or a footer.
@@ -63,6 +66,10 @@ public:
 
     /// Gives the writer a copy of a trace, for what it has to report itself.
     void setTrace(const Trace& trace);
+    /// Has `events`, which lives longer, told of what its calls do not do.
+    void setEvents(WriterEvents* events);
+    /// The bookmarks that links lead to which could not be drawn, because they were not resolved.
+    std::vector<QdxString> unresolvedLinks() const;
     /// Number of sections in the document, as far as this writer has made them; 1 at first.
     std::int32_t getSectionCount() const;
     /// Empties the cache of style fonts, for all writers: the next document may define its styles
@@ -148,6 +155,7 @@ public:
 private:
     friend class MirovelSectionProbe; // lets tests read the counters
 
+    void ignored(Silence why, const QdxString& concerned = QdxString()) const noexcept;
     void setRange(const Word::RangePtr& range);
     void loInsertText(const _bstr_t& text);
     void insertPlaceholder();

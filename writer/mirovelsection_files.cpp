@@ -130,6 +130,7 @@ bool MirovelSection::foundFile(QdxString& fileName)
     }
     if (data_->trace.isTrace(1))
         data_->trace << "ERR File not found: " << fileName << std::endl;
+    ignored(Silence::missingFile, fileName);
     return false;
 }
 

@@ -3,6 +3,8 @@
 #include "MirovelSectionData.h"
 #include "TextConversion.h"
 
+#include <utility>
+
 namespace {
 
 constexpr std::size_t longestBookmarkName = 9;
@@ -52,6 +54,15 @@ bool MirovelSection::insertTag(const QdxString& name)
 void MirovelSection::resolve(const QdxString& name)
 {
     data_->links.resolve(name);
+}
+
+std::vector<QdxString> MirovelSection::unresolvedLinks() const
+{
+    std::vector<QdxString> bookmarks;
+    for (const HyperLink& link : std::as_const(data_->links))
+        if (!link.destination.resolved)
+            bookmarks.push_back(link.destination.bookmark);
+    return bookmarks;
 }
 
 void MirovelSection::endLastTag()

@@ -13,7 +13,7 @@ bool MirovelSection::isTableOpen() const
 void MirovelSection::startTable()
 {
     if (isTableOpen())
-        return;
+        return ignored(Silence::tableOutOfOrder);
     MirovelSectionData& d = *data_;
     applyRuns();
     setStyle("Normal", false);
@@ -42,7 +42,7 @@ void MirovelSection::addRow()
 {
     MirovelSectionData& d = *data_;
     if (!isTableOpen() || (d.tableRows == 1 && d.tableColumn == 0))
-        return;
+        return ignored(Silence::tableOutOfOrder);
     resizeTableColumns();
     ++d.tableRows;
     if (d.tableRows > 1) {
@@ -57,7 +57,7 @@ void MirovelSection::addCell()
 {
     MirovelSectionData& d = *data_;
     if (!isTableOpen() || d.tableRows == 0)
-        return;
+        return ignored(Silence::tableOutOfOrder);
     ++d.tableColumn;
     if (d.tableRows != 1) {
         d.cellRange = d.rowCells->Item(std::min(d.tableColumn, d.tableColumns))->GetRange();
@@ -84,7 +84,7 @@ void MirovelSection::resizeTableColumns()
 void MirovelSection::endTable()
 {
     if (!isTableOpen())
-        return;
+        return ignored(Silence::tableOutOfOrder);
     applyAlign();
     resizeTableColumns();
     data_->pos = data_->range->GetEnd();
@@ -96,7 +96,7 @@ void MirovelSection::endTable()
 void MirovelSection::setTableRowHeight(std::int32_t points)
 {
     if (!data_->tableRow)
-        return;
+        return ignored(Silence::tableOutOfOrder);
     data_->rowHeight = points;
     data_->tableRow->SetHeight(static_cast<float>(points), Word::wdRowHeightExactly);
 }

@@ -24,7 +24,7 @@ bool isLeadByte(unsigned char byte)
 void MirovelSection::insertTOC(std::int16_t level)
 {
     if (isTableOpen())
-        return;
+        return ignored(Silence::insideTable);
     const QdxString style = data_->styleName;
     setStyle("Normal", true);
     const auto align = static_cast<std::int16_t>(data_->alignment);
@@ -43,7 +43,7 @@ void MirovelSection::insertTOC(std::int16_t level)
 void MirovelSection::startTOCEntry()
 {
     if (data_->tocPos == 0)
-        return;
+        return ignored(Silence::noContents);
     data_->collectingTocEntry = true;
     data_->tocText = "";
 }
@@ -51,7 +51,7 @@ void MirovelSection::startTOCEntry()
 void MirovelSection::endTOCEntry()
 {
     if (data_->tocPos == 0)
-        return;
+        return ignored(Silence::noContents);
     data_->collectingTocEntry = false;
     if (!data_->document->GetTablesOfContents() || data_->tocText.isEmpty())
         return;

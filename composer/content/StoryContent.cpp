@@ -228,10 +228,10 @@ void StoryContent::endParagraphIfItHoldsAnything()
         endParagraph();
 }
 
-void StoryContent::insertPageBreak()
+bool StoryContent::insertPageBreak()
 {
     if (isTableOpen_)
-        return;
+        return false;
     if (lastBreak_ == LastBreak::waiting) {
         std::vector<Item>& items = std::get<Paragraph>(blocks_[lastBreakBlock_]).items;
         const auto breakBefore = std::ranges::find_if(items.rbegin(), items.rend(), isLastBreak);
@@ -240,6 +240,7 @@ void StoryContent::insertPageBreak()
     write({PageBreak{.isLast = true}});
     lastBreak_ = LastBreak::waiting;
     lastBreakBlock_ = blocks_.size() - 1;
+    return true;
 }
 
 void StoryContent::insertField(int number)
@@ -379,10 +380,10 @@ void StoryContent::setTextAlign(int number)
 
 // Word makes one table of two that touch, so a paragraph keeps them apart. Tags in front of a table move into
 // its first cell: so they stay in front of what the client wrote behind them.
-void StoryContent::startTable()
+bool StoryContent::startTable()
 {
     if (isTableOpen_)
-        return;
+        return false;
     endParagraphIfItHoldsAnything();
     Paragraph inFront = std::exchange(outside(), Paragraph());
     blocks_.pop_back();
@@ -407,12 +408,13 @@ void StoryContent::startTable()
     isTableOpen_ = true;
     rowsBegun_ = cellsBegun_ = column_ = 0;
     rowHeight_ = 0;
+    return true;
 }
 
-void StoryContent::addRow()
+bool StoryContent::addRow()
 {
     if (!isTableOpen_ || (rowsBegun_ == 1 && cellsBegun_ == 0))
-        return;
+        return false;
     ++rowsBegun_;
     if (rowsBegun_ > 1) {
         Paragraph empty;
@@ -422,13 +424,14 @@ void StoryContent::addRow()
         addWaiting(table().columns() * paragraphSize);
     }
     cellsBegun_ = column_ = 0;
+    return true;
 }
 
 // Cells beyond those of the first row are its last one.
-void StoryContent::addCell()
+bool StoryContent::addCell()
 {
     if (!isTableOpen_ || rowsBegun_ == 0)
-        return;
+        return false;
     ++cellsBegun_;
     Row& row = table().rows.back();
     if (rowsBegun_ == 1 && cellsBegun_ > 1) {
@@ -438,25 +441,28 @@ void StoryContent::addCell()
         addWaiting(paragraphSize);
     }
     column_ = std::min(cellsBegun_, row.size()) - 1;
+    return true;
 }
 
-void StoryContent::endTable()
+bool StoryContent::endTable()
 {
     if (!isTableOpen_)
-        return;
+        return false;
     isTableOpen_ = false;
     beginStyle(normal, normal);
     alignmentNumber_ = 0;
     alignment_.reset();
+    return true;
 }
 
-void StoryContent::setTableRowHeight(int points)
+bool StoryContent::setTableRowHeight(int points)
 {
     if (!isTableOpen_ || rowsBegun_ == 0)
-        return;
+        return false;
     rowHeight_ = points;
     table().heights.back() = points;
     isHeightWaiting_ = true;
+    return true;
 }
 
 StoryContent::CellPlace StoryContent::currentCell() const
@@ -497,21 +503,23 @@ void StoryContent::collect(std::u16string_view text)
         entry_ += text;
 }
 
-void StoryContent::startTOCEntry()
+bool StoryContent::startTOCEntry()
 {
     if (!hasContents_)
-        return;
+        return false;
     isCollecting_ = true;
     entry_.clear();
+    return true;
 }
 
-void StoryContent::endTOCEntry()
+bool StoryContent::endTOCEntry()
 {
     if (!isCollecting_)
-        return;
+        return false;
     isCollecting_ = false;
     if (!entry_.empty())
         write({Entry{asEntry(entry_), entryLevel(style_)}});
+    return true;
 }
 
 StoryContent::LastBreak StoryContent::breakSection()

@@ -30,8 +30,8 @@ public:
     /// `target`: where the text leads; null: nowhere.
     void insertText(std::u16string_view text, const LinkTarget* target = nullptr);
     void insertEndl();
-    /// In a table: nothing.
-    void insertPageBreak();
+    /// In a table: nothing, and false.
+    bool insertPageBreak();
     void insertField(int number);
     /// The bookmark's earlier place is none any more.
     void insertTag(const std::u16string& bookmark);
@@ -57,15 +57,15 @@ public:
     /// @}
 
     /// \name Tables
-    /// Calls out of order are ignored.
+    /// Calls out of order are ignored, and return false.
     /// @{
     [[nodiscard]] bool isTableOpen() const { return isTableOpen_; }
-    void startTable();
-    void addRow();
-    void addCell();
-    void endTable();
+    bool startTable();
+    bool addRow();
+    bool addCell();
+    bool endTable();
     /// Of the current row and of those that follow in this table; 0: Word decides for those that follow.
-    void setTableRowHeight(int points);
+    bool setTableRowHeight(int points);
     /// Row and column of the cell being written, from 0.
     struct CellPlace
     {
@@ -80,8 +80,9 @@ public:
     /// Writes `title` as a heading of it. What was asked for earlier is dropped; true when its place is in
     /// Word already.
     bool insertTOC(std::u16string_view title);
-    void startTOCEntry();
-    void endTOCEntry();
+    /// Without a table of contents: nothing, and false.
+    bool startTOCEntry();
+    bool endTOCEntry();
     /// @}
 
     /// \name What is put into Word at once

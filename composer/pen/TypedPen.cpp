@@ -58,6 +58,7 @@ TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& sto
 
 void TypedPen::carryOut(Plan& plan)
 {
+    lastFailed_.reset();
     while (!plan.passages.empty()) {
         Passage& passage = plan.passages.front();
         operations_ = &passage.operations;
@@ -88,6 +89,8 @@ void TypedPen::beginPassage(Passage& passage)
     try {
         base_ = passage.drafted ? beginDraft(*passage.drafted) : begin(passage.cell);
     } catch (...) {
+        if (!passage.operations.empty())
+            lastFailed_ = passage.operations.front();
         if (passage.cell && ++failures_ == triesOfAnOperation) {
             failures_ = 0;
             giveUpCell(passage);
@@ -113,6 +116,7 @@ void TypedPen::giveUpCell(Passage& passage)
 void TypedPen::failed()
 {
     const Operation& operation = operations_->front();
+    lastFailed_ = operation;
     isDoubtful_ = isDoubtful_ || hasActed_;
     const bool canTell = std::holds_alternative<WriteText>(operation) ||
                          std::holds_alternative<MakeTable>(operation) ||

@@ -34,6 +34,9 @@ public:
     TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story);
 
     void carryOut(Plan& plan);
+    /// The operation at which it failed last, or in front of which; nothing when it has not failed since
+    /// `carryOut` began.
+    [[nodiscard]] const std::optional<Operation>& lastFailed() const { return lastFailed_; }
 
     /// \name A draft (Passage::drafted) at the end of the story
     /// What goes beyond `length`, which it has so far, was left by a failure, and goes.
@@ -123,7 +126,8 @@ private:
     Place place_;                                 ///< of that passage
     long base_ = 0;                               ///< where it begins
     bool isBegun_ = false;
-    bool hasActed_ = false;   ///< The operation in hand has changed the document, or may have.
+    bool hasActed_ = false; ///< The operation in hand has changed the document, or may have.
+    std::optional<Operation> lastFailed_;
     int failures_ = 0;        ///< of the operation in hand, or of beginning the passage
     bool isDoubtful_ = false; ///< It has failed, and may have changed the document.
     bool isFirst_ = false;    ///< of the passage

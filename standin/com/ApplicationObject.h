@@ -14,6 +14,7 @@ public:
 protected:
     std::u16string getName() override { return u"Microsoft Word"; }
     std::u16string getVersion() override { return u"9.0"; }
+    std::u16string getBuild() override { return u"9.0.0"; }
     Word::DocumentsPtr getDocuments() override;
     Word::_DocumentPtr getActiveDocument() override;
     Word::OptionsPtr getOptions() override;

@@ -10,6 +10,14 @@ QdxMessageBoxOverride* currentOverride = nullptr;
 
 } // namespace
 
+bool canAskUser() noexcept
+{
+    USEROBJECTFLAGS flags = {};
+    return GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags, nullptr) ==
+               0 ||
+           (flags.dwFlags & WSF_VISIBLE) != 0;
+}
+
 int QdxMessageBox(HWND parent, const QdxString& text, const QdxString& caption, UINT flags)
 {
     if (currentOverride)

@@ -6,6 +6,9 @@
 
 #include <windows.h>
 
+/// Whether anybody can see a message box: false in a service's session.
+[[nodiscard]] bool canAskUser() noexcept;
+
 /// Asks the user, as Win32's MessageBox does: the same flags (MB_YESNO...) and the button pressed (IDYES...),
 /// 0 when no box can be shown. `parent` may be null.
 int QdxMessageBox(HWND parent, const QdxString& text, const QdxString& caption, UINT flags);

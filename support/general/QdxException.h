@@ -2,51 +2,24 @@
 
 #include "general/QdxLogBase.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
 #include <utility>
 
 namespace detail {
 
-/// The log of exceptions thrown and caught: off, unless the environment variable MIROVEL_EXCEPTION_LOG names
-/// a file when it is first asked for. Then all categories are on and lines are appended to that file.
-class ExceptionFileLog : public QdxLogBase
+/// All categories are off.
+class SilentLog : public QdxLogBase
 {
 public:
-    ExceptionFileLog() : file_(openFile(), &std::fclose) {}
-
-    bool isOn(const char*) override { return file_ != nullptr; }
-    QdxLogBase& operator<<(const char* text) override
-    {
-        if (file_)
-            std::fputs(text, file_.get());
-        return *this;
-    }
-    QdxLogBase& operator<<(Manipulator) override
-    {
-        if (file_) {
-            std::fputc('\n', file_.get());
-            std::fflush(file_.get());
-        }
-        return *this;
-    }
-
-private:
-    static std::FILE* openFile()
-    {
-        const char* const name = std::getenv("MIROVEL_EXCEPTION_LOG");
-        return name && *name ? std::fopen(name, "a") : nullptr;
-    }
-
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
+    bool isOn(const char*) override { return false; }
+    QdxLogBase& operator<<(const char*) override { return *this; }
+    QdxLogBase& operator<<(Manipulator) override { return *this; }
 };
 
 inline QdxLogBase*& exceptionLog()
 {
-    static ExceptionFileLog fileLog;
-    static QdxLogBase* log = &fileLog;
+    static SilentLog silentLog;
+    static QdxLogBase* log = &silentLog;
     return log;
 }
 
@@ -65,9 +38,8 @@ public:
 
     [[nodiscard]] const char* reasonText() const noexcept { return what(); }
 
-    /// The log of this module (the DLL's and the host's are two), never null. By default it is off, unless
-    /// the environment variable MIROVEL_EXCEPTION_LOG names a file when it is first asked for: then every
-    /// category is on and lines are appended to that file.
+    /// The log of this module (the DLL's and the host's are two), never null. All its categories
+    /// are off until the module puts another one in its place.
     [[nodiscard]] static QdxLogBase* getLog() { return detail::exceptionLog(); }
     /// Puts another log in its place and returns the former one. Not owned; must outlive its use.
     static QdxLogBase* setLog(QdxLogBase* log) { return std::exchange(detail::exceptionLog(), log); }

@@ -162,11 +162,12 @@ class UnwritableFiles(EndToEndTest):
     def test_log(self):
         name = self.NOWHERE + "x.log"
         document = self.new_document()
-        exceptions = self.new_document("exceptions.log")
+        diagnostics = self.new_document("diagnostics.log")
         outcome = self.drive([("new",), ("overrideRegistry", "Log", "LogName", name, 1), ("trace", 10), ("start",),
                               ("create", windows(document)), ("insertText", "kept"), ("close",), ("stop",)],
-                             env={"MIROVEL_EXCEPTION_LOG": windows(exceptions)})
+                             env={"MIROVEL_DIAGNOSTICS": windows(diagnostics)})
         # Without a log the document is written all the same.
         self.assertAllOk(outcome)
         self.assertEqual("kept", documents.text_of(document))
-        self.assertIn(f"Exception catch: Cannot open trace log {name}\n", exceptions.read_text())
+        [written] = diagnostics.parent.glob("diagnostics.*.log")
+        self.assertIn(f"\tCannot open trace log {name} ", written.read_text())

@@ -110,12 +110,15 @@ class OneWordForEach(EndToEndTest):
 
     CLIENTS = 8
     DOCUMENTS = 3
+    # Of several servers of one class that begin at once, Wine at times gives a client none: the class is "not registered"
+    # (0x80040154) then. Such a client starts again; once it is started, that does nothing.
+    STARTS = 6
 
     def path(self, client, number):
         return self.folder / f"client{client}-{number}.doc"
 
     def steps_of(self, client):
-        calls = [("new",), ("start",)]
+        calls = [("new",)] + [("start",)] * self.STARTS
         for number in range(self.DOCUMENTS):
             calls += [("create", windows(self.path(client, number))), ("setStyle", "Heading 1"),
                       ("insertText", f"client {client}"), ("insertEndl",), ("setStyle", "Normal"),
@@ -131,8 +134,9 @@ class OneWordForEach(EndToEndTest):
                              settings={"Word/OwnInstance": 1})
         answers = {client: (self.folder / f"client{client}.txt.out").read_text("utf-8").splitlines()
                    for client in range(self.CLIENTS)}
-        self.assertEqual({}, {client: lines for client, lines in answers.items()
-                              if [line for line in lines if not line.endswith(" -> ok")]})
+        for lines in answers.values():
+            failed_starts = [line for line in lines[1:self.STARTS] if "COMERROR 0x80040154" in line]
+            self.assertEqual([], [line for line in lines if not line.endswith(" -> ok") and line not in failed_starts])
         self.assertEqual(["ok"], said(outcome, "together"))
         self.assertEqual((["yes"], ["1 unsaved a user's own\\r"]),
                          (said(outcome, "isWordRunning"), said(outcome, "documents")))

@@ -34,6 +34,15 @@ TEST(BookmarkMgrTest, LookupFindsWhatWasAdded)
     EXPECT_FALSE(defined);
 }
 
+TEST(BookmarkMgrTest, FindsTheTagOfAName)
+{
+    BookmarkMgr tags;
+    tags.add("first");
+    tags.add("second");
+    EXPECT_STREQ(tags.tagOf("b2").data(), "second");
+    EXPECT_TRUE(tags.tagOf("b3").isEmpty());
+}
+
 TEST(BookmarkMgrTest, LookupOfAnUnknownTagLeavesTheOutputs)
 {
     BookmarkMgr tags;

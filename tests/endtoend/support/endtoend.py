@@ -65,7 +65,8 @@ class EndToEndTest(unittest.TestCase):
     def run_client(self, client, *arguments, **options):
         """Runs a client of any kind.
 
-        options: settings and env (dictionaries), display, registration (False: the DLL is not registered), prefix
+        options: settings and env (dictionaries), display, registration (False: the DLL is not registered),
+        diagnostics (True: run-client switches them on), prefix
         (default: the module's), status (the one expected, 0 unless given; None for any).
         """
         transcript = self.folder / "transcript.txt"
@@ -76,6 +77,8 @@ class EndToEndTest(unittest.TestCase):
             command += ["--setting", f"{name}={value}"]
         for name, value in options.get("env", {}).items():
             command += ["--env", f"{name}={value}"]
+        if not options.get("diagnostics"):
+            command.append("--no-diagnostics")  # which ask Word for a little more
         if options.get("display"):
             command.append("--display")
         if not options.get("registration", True):

@@ -1,13 +1,12 @@
 #include "general/QdxException.h"
 
 #include "QdxString.h"
-#include "TestFolder.h"
 
 #include <gtest/gtest.h>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <type_traits>
-#include <windows.h>
 
 namespace {
 
@@ -79,21 +78,4 @@ TEST(QdxExceptionTest, AnotherLogCanBePutInItsPlace)
     EXPECT_EQ(QdxException::setLog(before), &log);
     EXPECT_EQ(log.text, "Exception throw: reason|");
     EXPECT_EQ(QdxException::getLog(), before);
-}
-
-TEST(QdxExceptionTest, TheEnvironmentNamesALogFile)
-{
-    const TestFolder folder;
-    const QdxString path = folder.file("exceptions.log");
-    ASSERT_EQ(_putenv_s("MIROVEL_EXCEPTION_LOG", path.data()), 0);
-    {
-        detail::ExceptionFileLog log;
-        EXPECT_TRUE(log.isOn("Throw"));
-        log << "Exception throw: "
-            << "reason" << std::endl;
-        EXPECT_EQ(contentOf(path), "Exception throw: reason\r\n");
-    }
-    ASSERT_EQ(_putenv_s("MIROVEL_EXCEPTION_LOG", folder.path().data()), 0);
-    EXPECT_FALSE(detail::ExceptionFileLog().isOn("Throw")) << "a log that cannot be written is off";
-    ASSERT_EQ(_putenv_s("MIROVEL_EXCEPTION_LOG", ""), 0);
 }

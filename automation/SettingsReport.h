@@ -1,0 +1,7 @@
+#pragma once
+
+class SettingsRecord;
+struct DocSession;
+
+/// Tells the settings in force, each with where it came from, and those whose values cannot be of their kind.
+void tellSettings(DocSession& session) noexcept;

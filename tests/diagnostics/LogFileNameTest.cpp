@@ -1,0 +1,32 @@
+#include "LogFileName.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using diagnostics::bareName;
+using diagnostics::logFileName;
+
+TEST(LogFileNameTest, HasTheProcessInFrontOfTheExtension)
+{
+    EXPECT_EQ(logFileName(L"c:\\logs\\out.log", L"c:\\temp\\", 4711), L"c:\\logs\\out.4711.log");
+    EXPECT_EQ(logFileName(L"c:\\logs.d\\out", L"c:\\temp\\", 4711), L"c:\\logs.d\\out.4711");
+    EXPECT_EQ(logFileName(L"logs/a.b.txt", L"c:\\temp\\", 1), L"logs/a.b.1.txt");
+}
+
+TEST(LogFileNameTest, PutsABareNameIntoTheTemporaryFolder)
+{
+    EXPECT_EQ(logFileName(L"out.log", L"c:\\temp\\", 1), L"c:\\temp\\out.1.log");
+    EXPECT_EQ(logFileName(L"out.log", L"c:\\temp", 1), L"c:\\temp\\out.1.log");
+    EXPECT_EQ(logFileName(L"out.log", L"", 1), L"out.1.log");
+}
+
+TEST(LogFileNameTest, KnowsABareName)
+{
+    EXPECT_EQ(bareName(L"c:\\logs\\out.log"), L"out.log");
+    EXPECT_EQ(bareName(L"c:out.log"), L"out.log");
+    EXPECT_EQ(bareName(L"out.log"), L"out.log");
+    EXPECT_EQ(bareName(L"c:\\logs\\"), L"");
+}
+
+} // namespace

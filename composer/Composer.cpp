@@ -48,13 +48,13 @@ Composer::~Composer() = default;
 void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_DocumentPtr& document)
 {
     document_ = document;
-    written_ = std::make_unique<WrittenDocument>(WrittenDocument{
-        .document = document,
-        .styles = StyleBook(document),
-        .readsFragments = pen_ == Pen::fragments,
-        .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); },
-        .events = events_,
-        .tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); }});
+    written_ = std::make_unique<WrittenDocument>(
+        WrittenDocument{.document = document,
+                        .styles = StyleBook(document),
+                        .readsFragments = pen_ == Pen::fragments,
+                        .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); },
+                        .events = events_,
+                        .tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); }});
     body_ = std::make_unique<Story>(*written_, document->Range(), u"Normal", Ground());
     body_->pen().clear(); // what the template put into the new document
     current_ = body_.get();

@@ -188,16 +188,14 @@ try {
 
 void registerScript(const RegistryScript& script)
 {
-    for (const ScriptRoot& root : script) {
+    for (const ScriptRoot& root : script)
         for (const ScriptKey& key : root.keys)
             registerKey(key, {rootHandle(root.root), true});
-    }
 }
 
 void unregisterScript(const RegistryScript& script)
 {
-    for (const ScriptRoot& root : script) {
+    for (const ScriptRoot& root : script)
         for (const ScriptKey& key : root.keys)
             unregisterKey(key, {rootHandle(root.root), true});
-    }
 }

@@ -108,12 +108,11 @@ private:
         const ScriptToken opening = tokens_.next();
         if (++depth_ > maximalDepth)
             fail(opening, "keys are nested too deeply");
-        while (!endOfBlock()) {
+        while (!endOfBlock())
             if (isWord(tokens_.peek(), u"val"))
                 owner.values.push_back(value());
             else
                 owner.subkeys.push_back(key());
-        }
         --depth_;
     }
 

@@ -35,12 +35,11 @@ bool isPlain(char16_t unit)
 std::u16string asEntry(std::u16string_view collected)
 {
     std::u16string entry;
-    for (std::size_t i = 0; i < collected.size(); ++i) {
+    for (std::size_t i = 0; i < collected.size(); ++i)
         if (collected[i] != paragraphEnd)
             entry += collected[i];
         else if (i == 0 || collected[i - 1] != paragraphEnd)
             entry += u' ';
-    }
     return entry;
 }
 

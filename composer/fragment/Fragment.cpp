@@ -30,12 +30,11 @@ public:
         rtf_.word("ansicpg", 1252);
         rtf_.word("uc", 1);
         styles_.writeTables(rtf_);
-        for (std::size_t index = 0; index < blocks_.size(); ++index) {
+        for (std::size_t index = 0; index < blocks_.size(); ++index)
             if (const auto* table = std::get_if<Table>(&blocks_[index]))
                 write(*table);
             else
                 write(std::get<Paragraph>(blocks_[index]), endingOf(index));
-        }
         rtf_.close();
         return rtf_.take();
     }

@@ -137,12 +137,11 @@ void TypedPen::failed()
 /// The tags behind the field in hand, which may not be there, stand at its place.
 void TypedPen::releaseTags()
 {
-    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next) {
+    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next)
         if (auto* const tag = std::get_if<PlaceTag>(&*next); tag && tag->isBehindField)
             tag->isBehindField = false;
         else if (!std::holds_alternative<RemoveText>(*next))
             return;
-    }
 }
 
 /// Where text at the end of the story, or of the cell, begins.

@@ -62,12 +62,11 @@ private:
     void writeFrom(std::size_t first)
     {
         Flow flow(source_, styles_, source_.ground, Flow::Within::story);
-        for (std::size_t i = first; i < source_.blocks.size(); ++i) {
+        for (std::size_t i = first; i < source_.blocks.size(); ++i)
             if (const auto* const paragraph = std::get_if<Paragraph>(&source_.blocks[i]))
                 flow.add(*paragraph);
             else
                 flow.add(std::get<Table>(source_.blocks[i]));
-        }
         if (!source_.endsOpen)
             flow.close();
         Passage passage{.drafted = source_.drafted};

@@ -183,17 +183,15 @@ private:
         mirovel_->insertTag(bstr(L"start"));
         mirovel_->insertTag(bstr(L"cover"));
         mirovel_->setTextAlign(alignCentred);
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 6; ++i)
             mirovel_->insertEndl();
-        }
         mirovel_->insertImage(bstr(files_ + L"\\logo.gif"), bstr(L"contents"));
         mirovel_->insertEndl();
         writeLine(L"Title", L"The Weather of 2025");
         writeLine(L"Subtitle", L"Yearly report of the Lindholm Observatory");
         mirovel_->setStyle(bstr(L"Normal"));
-        for (int i = 0; i < 12; ++i) {
+        for (int i = 0; i < 12; ++i)
             mirovel_->insertEndl();
-        }
         mirovel_->insertText(bstr(L"Printed on "));
         mirovel_->insertField(fieldDate);
         mirovel_->insertText(bstr(L" at "));

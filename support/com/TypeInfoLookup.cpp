@@ -82,9 +82,8 @@ ITypeInfoPtr findTypeInfo(const GUID& libraryId, const IID& iid, WORD majorVersi
 {
     if (ITypeInfoPtr asked = fromRegistered(libraryId, iid, {majorVersion, minorVersion}))
         return asked;
-    for (const Version version : registeredVersions(libraryId)) {
+    for (const Version version : registeredVersions(libraryId))
         if (ITypeInfoPtr registered = fromRegistered(libraryId, iid, version))
             return registered;
-    }
     return fromModule(iid);
 }

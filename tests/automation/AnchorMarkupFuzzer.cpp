@@ -16,12 +16,11 @@ constexpr std::array<std::wstring_view, 12> pieces = {L"<a href=", L"\"", L">", 
 std::wstring textFrom(const std::uint8_t* data, std::size_t size)
 {
     std::wstring text;
-    for (std::size_t i = 0; i < size; ++i) {
+    for (std::size_t i = 0; i < size; ++i)
         if (data[i] < 0x80)
             text += pieces[data[i] % pieces.size()];
         else
             text += static_cast<wchar_t>(data[i]);
-    }
     return text;
 }
 

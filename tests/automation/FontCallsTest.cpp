@@ -103,9 +103,8 @@ TEST_F(FontCallsTest, ASizeBehindATableGoesWithAnEmptyName)
 
 TEST_F(FontCallsTest, ASizeThatWordRefusesFailsWhenItIsApplied)
 {
-    for (const short size : std::initializer_list<short>{-1, -32768, 1639, 32767}) {
+    for (const short size : std::initializer_list<short>{-1, -32768, 1639, 32767})
         EXPECT_EQ(outcome([&] { return client->setFontSize(size); }), "0x00000000") << size;
-    }
     client->insertText(L"x"_b);
     EXPECT_THAT(outcome([&] { return client->close(); }),
                 testing::StartsWith("QdxException: Saving document\nCOMERROR 0x800a"));

@@ -158,10 +158,9 @@ std::vector<Exceptional> exceptionalOutcomes()
 
 std::string expectedOutcome(const Method& method, State state, bool byTable)
 {
-    for (const Exceptional& exceptional : exceptionalOutcomes()) {
+    for (const Exceptional& exceptional : exceptionalOutcomes())
         if (exceptional.state == state && exceptional.method == std::string(method.name))
             return byTable ? exceptional.byTable : exceptional.byInvoke;
-    }
     return "0x00000000";
 }
 
@@ -200,9 +199,8 @@ protected:
     {
         if (state != State::idle)
             start();
-        if (state == State::open) {
-            ASSERT_EQ(client->create(bstr(documentName())), S_OK);
-        }
+        const HRESULT created = state == State::open ? client->create(bstr(documentName())) : S_OK;
+        ASSERT_EQ(created, S_OK);
         trace(10);
     }
 

@@ -29,12 +29,11 @@ std::u16string withSingleEnds(std::u16string_view text)
 std::u16string asEntry(std::u16string_view collected)
 {
     std::u16string entry;
-    for (std::size_t i = 0; i < collected.size(); ++i) {
+    for (std::size_t i = 0; i < collected.size(); ++i)
         if (collected[i] != paragraphEnd)
             entry += collected[i];
         else if (i == 0 || collected[i - 1] != paragraphEnd)
             entry += u' ';
-    }
     return entry;
 }
 
@@ -485,12 +484,11 @@ bool ReferenceStory::breakSection()
 ReferenceStory::Flattened ReferenceStory::flatten() const
 {
     Flattener flattener;
-    for (const Block& block : blocks_) {
+    for (const Block& block : blocks_)
         if (const auto* paragraph = std::get_if<Paragraph>(&block))
             flattener.add(*paragraph, paragraph->end, false, &block == &blocks_.back());
         else
             flattener.add(std::get<Table>(block));
-    }
     return std::move(flattener.result);
 }
 

@@ -40,15 +40,13 @@ TokenAlignment::TokenAlignment(const std::vector<Token>& expected, const std::ve
         for (std::size_t j = foundEnd; j-- > front;)
             length(i, j) = isAlike(expected[i], found[j]) ? length(i + 1, j + 1) + 1
                                                           : std::max(length(i + 1, j), length(i, j + 1));
-    for (std::size_t i = front, j = front; i < expectedEnd && j < foundEnd;) {
-        if (isAlike(expected[i], found[j])) {
+    for (std::size_t i = front, j = front; i < expectedEnd && j < foundEnd;)
+        if (isAlike(expected[i], found[j]))
             matches_[i++] = j++;
-        } else if (length(i + 1, j) >= length(i, j + 1)) {
+        else if (length(i + 1, j) >= length(i, j + 1))
             ++i;
-        } else {
+        else
             ++j;
-        }
-    }
 }
 
 std::vector<std::size_t> TokenAlignment::unexpected() const

@@ -537,9 +537,8 @@ TEST_F(MirovelSectionTableTest, AFailureToStartKeepsWhatStoodBeforeTheStep)
         EXPECT_EQ(static_cast<bool>(data.table), call > flush + 6);
         EXPECT_EQ(static_cast<bool>(data.tableRow), call > flush + 8);
         EXPECT_EQ(static_cast<bool>(data.cellRange), call > flush + 11);
-        if (writer->isTableOpen() && !data.cellRange) {
-            EXPECT_EQ(comErrorOf([&] { writer->insertText(L"lost"); }), E_POINTER);
-        }
+        const bool hasNoCell = writer->isTableOpen() && !data.cellRange;
+        EXPECT_EQ(hasNoCell ? comErrorOf([&] { writer->insertText(L"lost"); }) : E_POINTER, E_POINTER);
         writer->endTable();
         writer->insertText(L"goes on");
         endWriter(writer);

@@ -80,18 +80,17 @@ private:
     {
         static const char* const keywords[] = {"", "DATE", "TIME", "FILENAME", "PAGE"};
         const Look look{fontOf(item.font.get(), style), targetOf(item.link)};
-        if (const auto* text = std::get_if<Text>(&item.what)) {
+        if (const auto* text = std::get_if<Text>(&item.what))
             for (const char16_t c : text->characters)
                 tokens_.push_back(characterToken(c, look));
-        } else if (const auto* field = std::get_if<Field>(&item.what)) {
+        else if (const auto* field = std::get_if<Field>(&item.what))
             tokens_.push_back(fieldToken(keywords[field->number], look));
-        } else if (const auto* entry = std::get_if<Entry>(&item.what)) {
+        else if (const auto* entry = std::get_if<Entry>(&item.what))
             tokens_.push_back(entryToken(entry->text, entry->level));
-        } else if (const auto* tag = std::get_if<Tag>(&item.what)) {
+        else if (const auto* tag = std::get_if<Tag>(&item.what))
             tokens_.push_back(tagToken(tag->bookmark));
-        } else {
+        else
             tokens_.push_back(pageBreakToken());
-        }
     }
 
     static Font fontOf(const FontWish* wish, const std::u16string& style)

@@ -102,12 +102,11 @@ Font wishedFont(const FontWish* wish, const std::u16string& paragraphStyle, Samp
 StoryReading readingOf(const Blocks& blocks, const std::vector<LinkTarget>& links, SampleStyles& styles)
 {
     Reader reader(links, styles);
-    for (const Block& block : blocks) {
+    for (const Block& block : blocks)
         if (const auto* const paragraph = std::get_if<Paragraph>(&block))
             reader.read(*paragraph, paragraph->end == ParagraphEnd::section ? "section" : "end");
         else
             reader.read(std::get<Table>(block));
-    }
     const auto& last = std::get<Paragraph>(blocks.back());
     if (!last.holdsAnything() && !last.isSettled)
         reader.result.tokens.back() = StoryReading::anyEnd;

@@ -21,7 +21,7 @@ struct StoryReading
 inline std::string printable(std::u16string_view text)
 {
     std::string result;
-    for (const char16_t unit : text) {
+    for (const char16_t unit : text)
         if (unit == u'\r')
             result += '|';
         else if (unit == u'\f')
@@ -30,7 +30,6 @@ inline std::string printable(std::u16string_view text)
             result += static_cast<char>(unit);
         else
             result += "<" + std::to_string(static_cast<unsigned>(unit)) + ">";
-    }
     return result;
 }
 

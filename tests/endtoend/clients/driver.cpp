@@ -116,12 +116,11 @@ std::string ansiToUtf8(const char* text)
 Words split(const std::wstring& line)
 {
     Words words(1);
-    for (const wchar_t c : line) {
+    for (const wchar_t c : line)
         if (c == L'\t')
             words.emplace_back();
         else
             words.back() += c;
-    }
     return words;
 }
 

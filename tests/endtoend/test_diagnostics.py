@@ -38,15 +38,20 @@ class Diagnostics(EndToEndTest):
         for line in lines:
             self.assertRegex(line["time"], r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} [+-]\d\d:\d\d$")
 
-    def test_the_environment_switches_them_on_for_a_word_that_dies(self):
+    def test_the_environment_switches_them_on_for_a_word_that_is_busy_and_then_dies(self):
         document = self.new_document()
         calls = self.session(document)
         first = self.drive(calls)
-        dying = next(i for i, line in enumerate(first.transcript, 1) if '.InsertAfter("kept")' in line)
         # Word is asked for its version and its build besides.
+        busy, dying = [next(i for i, line in enumerate(first.transcript, 3) if call in line)
+                       for call in ('.Item("No Such")', '.InsertAfter("kept")')]
         self.drive(calls, status=None, env={"MIROVEL_DIAGNOSTICS": windows(self.folder / "death.log"),
-                                            "WORDSTANDIN_EXIT": dying + 2})
+                                            "WORDSTANDIN_FAIL": f"{busy}*2:0x80010001", "WORDSTANDIN_EXIT": dying})
         lines = self.lines("death")
+        repeated = [(line["severity"], line["method"], line["what"], line["code"]) for line in lines
+                    if "busy" in line["what"] or "repeated" in line["what"]]
+        self.assertEqual([("warning", "setStyle", "Word is busy; repeating Styles.Item", "0x80010001")], repeated[:1])
+        self.assertEqual(2, len(repeated), "and how that ended")
         failed = [line for line in lines if line["what"].startswith("Word call failed: Range.InsertAfter(")]
         self.assertEqual(1, len(failed))
         self.assertEqual("insertText", failed[0]["method"])

@@ -42,7 +42,7 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
     : document_(document), content_(style), ground_(std::move(ground)), pen_(document.document, range),
-      fragmentPen_(document.document, range, document.styles, document.keepsLooks)
+      fragmentPen_(document.document, range, document.keepsLooks)
 {
 }
 
@@ -137,6 +137,7 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
     fragment.text =
         fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0)});
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
+    fragment.tellsOfLooks = beginsInStyleFont(blocks.front(), document_.styles);
     fragment.ground = ground;
     const auto* const last = std::get_if<Paragraph>(&blocks.back());
     fragment.endsInTable = last == nullptr;

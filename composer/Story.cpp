@@ -19,13 +19,13 @@ bool holdTables(std::span<const Block> blocks)
                                [](const Block& block) { return std::holds_alternative<Table>(block); });
 }
 
-template <class Visit>
-void forEachTag(std::span<const Block> blocks, const Visit& visit)
+template <class What, class Visit>
+void forEach(std::span<const Block> blocks, const Visit& visit)
 {
     const auto visitIn = [&](const Paragraph& paragraph) {
         for (const Item& item : paragraph.items)
-            if (const auto* const tag = std::get_if<Tag>(&item.what))
-                visit(tag->bookmark);
+            if (const auto* const what = std::get_if<What>(&item.what))
+                visit(*what);
     };
     for (const Block& block : blocks) {
         if (const auto* const paragraph = std::get_if<Paragraph>(&block)) {
@@ -41,8 +41,8 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 } // namespace
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
-    : document_(document), content_(style), ground_(std::move(ground)), pen_(document.document, range),
-      fragmentPen_(document.document, range, document.keepsLooks)
+    : document_(document), content_(style), ground_(std::move(ground)), end_(range),
+      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.keepsLooks)
 {
 }
 
@@ -114,7 +114,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
             operations += passage.operations.size();
         if (stretch.isFragment && operations >= fewestOperations)
             step.fragment = makeFragment(part, ground, tags);
-        forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
+        forEach<Tag>(part, [&](const Tag& tag) { tags.insert(tag.bookmark); });
         ground = step.plan.after;
         steps.push_back(std::move(step));
     }
@@ -145,10 +145,11 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
         fragment.lastStyle = last->style;
         fragment.lastAlignment = directAlignment(*last, document_.styles);
     }
-    forEachTag(blocks, [&](const std::u16string& bookmark) {
-        if (tags.contains(bookmark))
-            fragment.movedTags.push_back(bookmark);
+    forEach<Tag>(blocks, [&](const Tag& tag) {
+        if (tags.contains(tag.bookmark))
+            fragment.movedTags.push_back(tag.bookmark);
     });
+    forEach<Field>(blocks, [&](const Field& /*field*/) { fragment.holdsFields = true; });
     return fragment;
 }
 

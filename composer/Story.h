@@ -7,6 +7,7 @@
 #include "Fragment.h"
 #include "FragmentPen.h"
 #include "Plan.h"
+#include "StoryEnd.h"
 #include "TypedPen.h"
 
 #include <deque>
@@ -72,6 +73,7 @@ private:
     std::deque<Step> steps_;
     std::optional<float> tableWidth_; ///< while steps are made
     bool isSectionDue_ = false;
+    StoryEnd end_;
     TypedPen pen_;
     FragmentPen fragmentPen_;
 };

@@ -123,8 +123,9 @@ bool FragmentPen::goOn(const Fragment& fragment)
 void FragmentPen::mark()
 {
     surplus_ = 0;
-    start_ = range_->GetStoryLength() - 1;
+    start_ = end_.ask();
     range_->SetRange(start_, start_);
+    end_.forget();
     change();
     range_->InsertAfter(markText);
     stage_ = Stage::marked;
@@ -143,6 +144,7 @@ void FragmentPen::removeMark()
     range_->SetRange(place - surplus_, place + 1);
     change();
     range_->Delete();
+    end_.know(place - surplus_);
     stage_ = Stage::begun;
 }
 
@@ -175,6 +177,8 @@ void FragmentPen::read(const Fragment& fragment)
             if (const _bstr_t name = bstr(tag); bookmarks->Exists(name))
                 bookmarks->Item(Word::text(name))->Delete();
     }
+    if (fragment.holdsFields)
+        end_.distrust();
     insert(fragment.text, Stage::read);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Plan.h"
+#include "StoryEnd.h"
 
 #include "Word.h"
 
@@ -22,6 +23,7 @@ struct Fragment
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
     bool beginsWithBreak = false; ///< the page break whose place is wanted
+    bool holdsFields = false;     ///< that Word is to update
     bool tellsOfLooks = false;    ///< Its first character is as `beginsInStyleFont` says.
 };
 
@@ -37,11 +39,11 @@ struct Fragment
 class FragmentPen
 {
 public:
-    /// `story`: moved about. `keepsLooks`: what the first fragment told, which counts for all stories of the
-    /// document; lives longer.
-    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story,
+    /// `story`: moved about. `end`: the story's. `keepsLooks`: what the first fragment told, which counts for
+    /// all stories of the document. Both live longer.
+    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
                 std::optional<bool>& keepsLooks)
-        : document_(document), range_(story), keepsLooks_(keepsLooks)
+        : document_(document), range_(story), end_(end), keepsLooks_(keepsLooks)
     {
     }
 
@@ -88,6 +90,7 @@ private:
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
+    StoryEnd& end_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
     long surplus_ = 0; ///< paragraph ends in front of the character that have to go with it

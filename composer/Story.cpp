@@ -56,6 +56,7 @@ TypedPen::Place Story::place() const
 
 void Story::finishSteps()
 {
+    end_.resume();
     carryOut();
     if (!isSectionDue_)
         return;

@@ -17,7 +17,7 @@ public:
 
     long ask()
     {
-        if (!known_ || !isTrusted_)
+        if (!known_)
             known_ = story_->GetStoryLength() - 1;
         return *known_;
     }
@@ -25,6 +25,12 @@ public:
     void forget() { known_.reset(); }
     /// The story holds what Word may change whenever it likes, as it does with the results of fields.
     void distrust() { isTrusted_ = false; }
+    /// Comes when time may have gone by since Word was called.
+    void resume()
+    {
+        if (!isTrusted_)
+            forget();
+    }
     /// Behind such a call that succeeded, where there is no doubt about what it did.
     void know(long place) { known_ = place; }
 

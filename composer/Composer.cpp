@@ -262,7 +262,9 @@ void Composer::endPart(Part part)
 std::unique_ptr<Story> Composer::makePart(PartPlace place)
 {
     const bool isHeader = place.part == Part::header;
-    const Word::SectionPtr section = document_->GetSections()->Item(place.section);
+    if (!allSections_)
+        allSections_ = document_->GetSections();
+    const Word::SectionPtr section = allSections_->Item(place.section);
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);

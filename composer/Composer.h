@@ -113,6 +113,7 @@ private:
     [[nodiscard]] bool leadsSomewhere(const LinkTarget& target);
 
     Word::_DocumentPtr document_;
+    Word::SectionsPtr allSections_;
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;

@@ -43,8 +43,8 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 } // namespace
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
-    : document_(document), content_(style), ground_(std::move(ground)), pen_(document.document, range),
-      fragmentPen_(document.document, range, document.styles, document.keepsLooks)
+    : document_(document), content_(style), ground_(std::move(ground)), end_(range),
+      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.keepsLooks)
 {
 }
 
@@ -58,6 +58,7 @@ TypedPen::Place Story::place() const
 
 void Story::finishSteps()
 {
+    end_.forget();
     carryOut();
     if (!isSectionDue_)
         return;
@@ -155,6 +156,7 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
     fragment.text =
         fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0)});
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
+    fragment.tellsOfLooks = beginsInStyleFont(blocks.front(), document_.styles);
     fragment.ground = ground;
     const auto* const last = std::get_if<Paragraph>(&blocks.back());
     fragment.endsInTable = last == nullptr;

@@ -7,6 +7,7 @@
 #include "Fragment.h"
 #include "FragmentPen.h"
 #include "Plan.h"
+#include "StoryEnd.h"
 #include "TypedPen.h"
 
 #include <deque>
@@ -77,6 +78,7 @@ private:
     std::optional<float> tableWidth_; ///< while steps are made
     bool isSectionDue_ = false;
     WriterEvents::Flush flushed_; ///< in the flush that is being done
+    StoryEnd end_;
     TypedPen pen_;
     FragmentPen fragmentPen_;
 };

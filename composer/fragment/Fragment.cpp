@@ -1,6 +1,7 @@
 #include "Fragment.h"
 
 #include "FieldCode.h"
+#include "FontChange.h"
 #include "FragmentStyles.h"
 #include "RowDefinition.h"
 #include "RtfBuilder.h"
@@ -28,6 +29,7 @@ public:
         rtf_.word("rtf", 1);
         rtf_.word("ansi");
         rtf_.word("ansicpg", 1252);
+        rtf_.word("deff", 0);
         rtf_.word("uc", 1);
         styles_.writeTables(rtf_);
         for (std::size_t index = 0; index < blocks_.size(); ++index)
@@ -267,6 +269,28 @@ private:
 };
 
 } // namespace
+
+bool beginsInStyleFont(const Block& block, StyleSheet& styles)
+{
+    const auto* const paragraph = std::get_if<Paragraph>(&block);
+    if (!paragraph) {
+        const Cell& cell = std::get<Table>(block).rows.front().front();
+        return cell.empty() || beginsInStyleFont(cell.front(), styles);
+    }
+    for (const Item& item : paragraph->items) {
+        if (std::holds_alternative<Tag>(item.what))
+            continue;
+        if (item.link != noLink)
+            return false;
+        if (const auto* const text = std::get_if<Text>(&item.what)) {
+            if (text->characters.empty())
+                continue;
+            return !changeOf(item.font.get(), paragraph->style, styles).name;
+        }
+        return std::holds_alternative<PageBreak>(item.what);
+    }
+    return paragraph->endLink == noLink;
+}
 
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context)
 {

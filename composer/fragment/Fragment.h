@@ -27,4 +27,8 @@ struct FragmentContext
 /// but are marked as to be updated.
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context);
 
+/// Whether a fragment's first character, when this is its first block, states the font that its style does,
+/// and is visible text or a mark: then it shows what a reader made of that font.
+bool beginsInStyleFont(const Block& block, StyleSheet& styles);
+
 } // namespace compose

@@ -2,6 +2,7 @@
 
 #include "EscapedText.h"
 #include "FieldCode.h"
+#include "FragmentFont.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -41,7 +42,7 @@ bool fits(const Entry& entry)
 
 bool fits(const FontWish& wish)
 {
-    return (!wish.name || isName(*wish.name)) && wish.size.value_or(0) >= 0 &&
+    return (!wish.name || (isName(*wish.name) && *wish.name != fragmentFont)) && wish.size.value_or(0) >= 0 &&
            wish.size.value_or(0) <= largestSize;
 }
 

@@ -11,7 +11,7 @@ namespace compose {
 /// It cannot carry the end of a section, the place of the table of contents, fields without a name of their
 /// own, what has begun to stand in Word, a page break in a cell, control characters and halves of surrogate
 /// pairs, and what Word refuses (its error belongs to a call): names that no font or style can have, lengths
-/// and tables beyond Word's limits.
+/// and tables beyond Word's limits. Nor text in the font that fragments have for default.
 bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links);
 
 } // namespace compose

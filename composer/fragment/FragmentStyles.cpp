@@ -1,5 +1,6 @@
 #include "FragmentStyles.h"
 
+#include "FragmentFont.h"
 #include "StyleName.h"
 
 #include <array>
@@ -9,10 +10,6 @@
 namespace compose {
 
 namespace {
-
-/// The font of text that names none: the first one, and never one that a text names. It is not called the
-/// default (\deff), since readers take a default that is named for direct formatting.
-constexpr std::u16string_view defaultFont = u"Times New Roman";
 
 /// That of RTF, and that of styles that state none in old documents.
 bool isDefaultSize(float points)
@@ -47,7 +44,8 @@ void writeNamed(rtf::RtfBuilder& rtf, std::u16string_view name)
 
 FragmentStyles::FragmentStyles(StyleSheet& styles) : sheet_(styles)
 {
-    style(u"Normal"); // has number 0 by convention, used or not
+    noteFont(std::u16string(fragmentFont)); // the default: number 0
+    style(u"Normal");                       // has number 0 by convention, used or not
 }
 
 FragmentStyles::Style& FragmentStyles::style(const std::u16string& name)
@@ -59,6 +57,7 @@ FragmentStyles::Style& FragmentStyles::style(const std::u16string& name)
         if (isNew) {
             known->name = place->first;
             known->number = static_cast<std::int32_t>(inOrder_.size());
+            known->stated.name = fragmentFont;
             inOrder_.push_back(known);
         }
     }
@@ -82,10 +81,6 @@ void FragmentStyles::note(const Paragraph& paragraph)
 
 void FragmentStyles::stateWhatIsDefault(Style& style, const std::u16string& name, const FontChange& change)
 {
-    if (change.name == defaultFont) {
-        style.stated.name = sheet_.fontOf(name, FontProperty::name).name;
-        noteFont(style.stated.name);
-    }
     if (change.size && isDefaultSize(*change.size))
         style.stated.size = sheet_.fontOf(name, FontProperty::size).size;
     if (change.isBold == false)
@@ -104,8 +99,8 @@ void FragmentStyles::noteFont(const std::optional<std::u16string>& name)
         return;
     const auto [place, isNew] = fonts_.try_emplace(*name);
     if (isNew) {
-        fontsInOrder_.push_back(&place->first);
         place->second = static_cast<std::int32_t>(fontsInOrder_.size());
+        fontsInOrder_.push_back(&place->first);
     }
 }
 
@@ -121,10 +116,6 @@ void FragmentStyles::writeTables(rtf::RtfBuilder& rtf) const
 {
     rtf.open();
     rtf.word("fonttbl");
-    rtf.open();
-    rtf.word("f", 0);
-    rtf.word("fnil");
-    writeNamed(rtf, defaultFont);
     for (const std::u16string* name : fontsInOrder_) {
         rtf.open();
         rtf.word("f", fonts_.at(*name));

@@ -18,9 +18,10 @@ namespace compose {
 ///
 /// A reader takes what a text states, compares it with what the fragment's style sheet states, and makes the
 /// difference direct formatting; the document's own definition of the style wins over the sheet's. So the
-/// sheet states nothing, and neither does text that has its style's look. The exception: a text that wants
-/// what RTF has by default ("not bold" in a bold heading) would differ in nothing. Then the sheet, and the
-/// rest of the text in that style, state the property as the document's style has it.
+/// sheet and text that has its style's look state the same, and no more than a font (`fragmentFont`). The
+/// exception: a text that wants what RTF has by default ("not bold" in a bold heading) would differ in
+/// nothing. Then the sheet, and the rest of the text in that style, state the property as the document's
+/// style has it.
 class FragmentStyles
 {
 public:
@@ -59,7 +60,7 @@ private:
     std::map<std::u16string, Style> styles_; ///< by RTF's names
     std::map<std::u16string, Style*> byName_;
     std::vector<const Style*> inOrder_;
-    std::map<std::u16string, std::int32_t> fonts_; ///< those that are named directly
+    std::map<std::u16string, std::int32_t> fonts_; ///< the default and those that are named
     std::vector<const std::u16string*> fontsInOrder_;
     bool hasLinks_ = false;
 };

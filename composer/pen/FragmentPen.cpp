@@ -1,6 +1,7 @@
 #include "FragmentPen.h"
 
 #include "FragmentFile.h"
+#include "FragmentFont.h"
 #include "StyleBook.h"
 #include "WideText.h"
 
@@ -18,13 +19,14 @@ constexpr std::wstring_view paragraphEnd = L"\r";
 constexpr std::wstring_view pageBreak = L"\f";
 constexpr std::wstring_view twoParagraphEnds = L"\r\r";
 
-/// Some readers take the default font, or what a text says as the style's entry says it, for direct
-/// formatting: then the first paragraph is in another font than its style, or struck. It ends whatever
-/// becomes of the last.
-constexpr std::string_view trial = R"({\rtf1\ansi{\fonttbl{\f0\fnil Times New Roman;}})"
-                                   R"({\stylesheet{\s0 Normal;}{\s1\strike heading 1;}})"
-                                   R"(\pard\plain\s1\strike x\par\pard\plain\par})";
-constexpr char16_t trialStyle[] = u"Heading 1";
+/// Says of its first paragraph what fragments say of text that is to look as its style does. That paragraph
+/// ends whatever becomes of the last.
+std::string trial()
+{
+    const std::string font(fragmentFont.begin(), fragmentFont.end());
+    return R"({\rtf1\ansi\deff0{\fonttbl{\f0\fnil )" + font +
+           R"(;}}{\stylesheet{\s0\f0 Normal;}}\pard\plain\s0\f0 x\par\pard\plain\par})";
+}
 
 std::wstring textOf(const Word::RangePtr& range)
 {
@@ -83,13 +85,14 @@ bool FragmentPen::goOn(const Fragment& fragment)
             mark();
             break;
         case Stage::marked:
-            if (keepsLooks_)
+            if (keepsLooks_ || fragment.tellsOfLooks)
                 read(fragment);
             else
                 readTrial();
             break;
         case Stage::tried:
-            judgeTrial();
+            judge();
+            stage_ = Stage::judged;
             break;
         case Stage::judged:
             removeText();
@@ -120,8 +123,9 @@ bool FragmentPen::goOn(const Fragment& fragment)
 void FragmentPen::mark()
 {
     surplus_ = 0;
-    start_ = range_->GetStoryLength() - 1;
+    start_ = end_.ask();
     range_->SetRange(start_, start_);
+    end_.forget();
     change();
     range_->InsertAfter(markText);
     stage_ = Stage::marked;
@@ -140,23 +144,19 @@ void FragmentPen::removeMark()
     range_->SetRange(place - surplus_, place + 1);
     change();
     range_->Delete();
+    end_.know(place - surplus_);
     stage_ = Stage::begun;
 }
 
 void FragmentPen::readTrial()
 {
-    insert(std::string(trial), Stage::tried);
+    insert(trial(), Stage::tried);
 }
 
-void FragmentPen::judgeTrial()
+void FragmentPen::judge()
 {
-    const auto expected = [&](FontProperty property) { return styles_.fontOf(trialStyle, property); };
     range_->SetRange(start_, start_ + 1);
-    const Word::_FontPtr font = range_->GetFont();
-    keepsLooks_ = portable(font->GetName()) == expected(FontProperty::name).name &&
-                  font->GetSize() == expected(FontProperty::size).size &&
-                  (font->GetStrikeThrough() != 0) == expected(FontProperty::strike).isStruck;
-    stage_ = Stage::judged;
+    keepsLooks_ = portable(range_->GetFont()->GetName()) != fragmentFont;
 }
 
 void FragmentPen::removeText()
@@ -203,6 +203,13 @@ void FragmentPen::lookAtTheEnd(const Fragment& fragment)
     if (place <= start_) {
         stage_ = Stage::refused;
         return;
+    }
+    if (!keepsLooks_) {
+        judge();
+        if (!*keepsLooks_) {
+            stage_ = Stage::judged;
+            return;
+        }
     }
     range_->SetRange(std::max(place - 2, start_), place);
     const std::wstring last = textOf(range_); // the end of a cell or a row is two characters

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Plan.h"
-#include "StyleSheet.h"
+#include "StoryEnd.h"
 
 #include "Word.h"
 
@@ -23,24 +23,26 @@ struct Fragment
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
     bool beginsWithBreak = false; ///< the page break whose place is wanted
+    bool tellsOfLooks = false;    ///< Its first character is as `beginsInStyleFont` says.
 };
 
 /// Has Word read fragments in at the end of a story.
 ///
 /// No position is computed afterwards: a character of our own stands behind the place, and tells where the
-/// end is. What readers are known to do differently with the last paragraph is looked for and mended. What
-/// they do with formatting that a text does not say of its own is tried out in front of the first fragment.
+/// end is. What readers are known to do differently with the last paragraph is looked for and mended. Whether
+/// text that is to look as its style does comes to look so, the first fragment tells by its first character,
+/// or a trial in front of it where that character cannot.
 ///
 /// Errors: a failed Word call raises `_com_error`; adding the same fragment again goes on where it failed.
 /// After a second failure it only tells what came of the fragment.
 class FragmentPen
 {
 public:
-    /// `story`: moved about. `styles`: those of the document. `keepsLooks`: what the trial showed, which
-    /// counts for all stories of the document. Both live longer.
-    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StyleSheet& styles,
+    /// `story`: moved about. `end`: the story's. `keepsLooks`: what the first fragment told, which counts for
+    /// all stories of the document. Both live longer.
+    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
                 std::optional<bool>& keepsLooks)
-        : document_(document), range_(story), styles_(styles), keepsLooks_(keepsLooks)
+        : document_(document), range_(story), end_(end), keepsLooks_(keepsLooks)
     {
     }
 
@@ -59,7 +61,7 @@ private:
         begun,  ///< nothing is there
         marked, ///< the character is
         tried,  ///< in front of it a piece of text to look at
-        judged, ///< which has been looked at and has to go
+        judged, ///< which has been looked at and has to go; the fragment too, if it showed that it should
         read,   ///< in front of it the fragment
         joined, ///< whose last paragraph has joined that of the character, formatted as it is to be
         parted, ///< and is one of its own again
@@ -72,7 +74,7 @@ private:
     void giveUp();
     void mark();
     void readTrial();
-    void judgeTrial();
+    void judge();
     void removeText();
     void findBreak(const Fragment& fragment);
     void read(const Fragment& fragment);
@@ -87,7 +89,7 @@ private:
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
-    StyleSheet& styles_;
+    StoryEnd& end_;
     Stage stage_ = Stage::begun;
     long start_ = 0;
     long surplus_ = 0; ///< paragraph ends in front of the character that have to go with it

@@ -36,6 +36,15 @@ _variant_t fieldType(int number)
     }
 }
 
+/// Whether the story is as long afterwards as it was.
+bool keepsLength(const Operation& operation)
+{
+    return std::holds_alternative<ClearFont>(operation) || std::holds_alternative<PutStyle>(operation) ||
+           std::holds_alternative<PutAlignment>(operation) || std::holds_alternative<PutFont>(operation) ||
+           std::holds_alternative<PlaceTag>(operation) || std::holds_alternative<KeepBreak>(operation) ||
+           std::holds_alternative<KeepContents>(operation);
+}
+
 bool endsParagraph(wchar_t unit)
 {
     return unit == L'\r' || unit == L'\n' || unit == L'\a';
@@ -51,8 +60,8 @@ bool isRichText(const std::u16string& file)
 
 } // namespace
 
-TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story)
-    : document_(document), range_(story)
+TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end)
+    : document_(document), range_(story), end_(end)
 {
 }
 
@@ -67,9 +76,7 @@ void TypedPen::carryOut(Plan& plan)
         while (!passage.operations.empty()) {
             hasActed_ = false;
             try {
-                // The operation may put another one in front of the rest.
-                const Operation operation = passage.operations.front();
-                std::visit([this](const auto& each) { perform(each); }, operation);
+                performNext();
             } catch (...) {
                 failed();
                 throw;
@@ -82,6 +89,15 @@ void TypedPen::carryOut(Plan& plan)
         plan.passages.pop_front();
         isBegun_ = false;
     }
+}
+
+void TypedPen::performNext()
+{
+    // The operation may put another one in front of the rest.
+    const Operation operation = operations_->front();
+    if (!keepsLength(operation))
+        end_.forget();
+    std::visit([this](const auto& each) { perform(each); }, operation);
 }
 
 void TypedPen::beginPassage(Passage& passage)
@@ -148,7 +164,7 @@ void TypedPen::releaseTags()
 long TypedPen::begin(const Place& place)
 {
     if (!place)
-        return range_->GetStoryLength() - 1;
+        return end_.ask();
     return table_->Cell(static_cast<long>(place->row) + 1, static_cast<long>(place->column) + 1)
                ->GetRange()
                ->GetEnd() -
@@ -163,6 +179,7 @@ long TypedPen::beginDraft(Position length)
         draft_ = end;
     if (const long known = *draft_ + length; known < end) {
         range_->SetRange(known, end);
+        end_.forget();
         range_->Delete();
     }
     return *draft_;
@@ -192,6 +209,8 @@ void TypedPen::perform(const WriteText& text)
     select({text.at, text.at});
     mutate();
     range_->InsertAfter(characters);
+    if (isFirst_ && !place_)
+        end_.know(base_ + text.at + static_cast<long>(characters.length()));
 }
 
 void TypedPen::perform(const ClearFont& clear)
@@ -406,6 +425,7 @@ void TypedPen::breakSection()
         return;
     const long at = lastBreak_->GetEnd() - 1; // What was put right in front of it is in the range as well.
     range_->SetRange(at, at);
+    end_.forget();
     range_->InsertBreak(Word::integer(Word::wdSectionBreakNextPage));
     range_->SetRange(at + 1, at + 2);
     range_->Delete();
@@ -417,14 +437,18 @@ void TypedPen::goOnWithDraft(Position length, const std::u16string& text)
     base_ = beginDraft(length);
     if (text.empty())
         return;
+    const _bstr_t characters = bstr(text);
     select({length, length});
-    range_->InsertAfter(bstr(text));
+    end_.forget();
+    range_->InsertAfter(characters);
+    end_.know(base_ + length + static_cast<long>(characters.length()));
 }
 
 void TypedPen::addPictureToDraft(Position length, const std::u16string& file)
 {
     select({length, length});
     insertPicture(file);
+    end_.know(base_ + length + 1);
 }
 
 void TypedPen::addPicture(const Place& place, const std::u16string& file)
@@ -432,12 +456,21 @@ void TypedPen::addPicture(const Place& place, const std::u16string& file)
     base_ = begin(place);
     select({0, 0});
     insertPicture(file);
+    if (!place)
+        end_.know(base_ + 1);
+}
+
+void TypedPen::linkPicture(const LinkTarget& target)
+{
+    end_.forget();
+    perform(AddLink{{0, 1}, target});
 }
 
 void TypedPen::insertPicture(const std::u16string& file)
 {
     const bool isLinked = false;
     const bool isSaved = true;
+    end_.forget();
     range_->GetInlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
 }
 
@@ -447,6 +480,7 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
     base_ = begin(place);
     select({0, 0});
     const bool isIcon = true;
+    end_.forget();
     const _variant_t classType = object.isLinked ? Word::missing : _variant_t(bstr(object.classType));
     range_->GetInlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
                                             bstr(object.iconProgram), Word::integer(defaultIcon),
@@ -459,6 +493,7 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
 {
     base_ = begin(place);
     select({0, 0});
+    end_.forget();
     range_->InsertAfter(L"\r");
     if (ground != Ground()) {
         select({0, 1});
@@ -475,6 +510,7 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
         throw;
     }
     const long end = begin(place) - 1; // in front of the paragraph's own end
+    end_.forget();
     if (end == base_)
         return false;
     range_->SetRange(end - 1, end);
@@ -533,6 +569,7 @@ void TypedPen::makeContents(int level)
     const bool rightAlignPageNumbers = true;
     const bool includePageNumbers = true;
     const Word::RangePtr place = std::exchange(contents_, nullptr);
+    end_.forget();
     const Word::TableOfContentsPtr table =
         document_->GetTablesOfContents()->Add(place, useHeadingStyles, upperLevel, lowerLevel, useFields,
                                               Word::missing, rightAlignPageNumbers, includePageNumbers, L"");
@@ -542,6 +579,7 @@ void TypedPen::makeContents(int level)
 void TypedPen::removeLinks(const std::set<std::u16string>& bookmarks)
 {
     range_->WholeStory();
+    end_.forget();
     const Word::HyperlinksPtr links = range_->GetHyperlinks();
     for (long i = links->GetCount(); i > 0; --i) {
         const Word::HyperlinkPtr link = links->Item(Word::integer(i));
@@ -560,6 +598,7 @@ void TypedPen::removeTag(const std::u16string& bookmark)
 
 void TypedPen::clear()
 {
+    end_.forget();
     range_->Delete();
     range_->GetParagraphFormat()->Reset();
     range_->GetFont()->Reset();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Plan.h"
+#include "StoryEnd.h"
 
 #include "Word.h"
 
@@ -30,8 +31,8 @@ struct EmbeddedObject
 class TypedPen
 {
 public:
-    /// Writes at the end of the story that `story` is a range of.
-    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story);
+    /// Writes at the end of the story that `story` is a range of. `end`: that story's; lives longer.
+    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end);
 
     void carryOut(Plan& plan);
     /// The operation at which it failed last, or in front of which; nothing when it has not failed since
@@ -50,7 +51,7 @@ public:
     using Place = std::optional<Passage::Cell>;
     void addPicture(const Place& place, const std::u16string& file);
     /// The picture added last leads there.
-    void linkPicture(const LinkTarget& target) { perform(AddLink{{0, 1}, target}); }
+    void linkPicture(const LinkTarget& target);
     void addObject(const Place& place, const EmbeddedObject& object);
     /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when
     /// it ends in a table.
@@ -86,6 +87,7 @@ private:
     Word::TablePtr convert(const MakeTable& table);
     void select(Span span);
     void mutate() { hasActed_ = true; }
+    void performNext();
     [[nodiscard]] bool isTagNext() const;
 
     void perform(const WriteText& text);
@@ -112,6 +114,7 @@ private:
 
     Word::_DocumentPtr document_;
     Word::RangePtr range_; ///< moved to each place
+    StoryEnd& end_;
     Word::HyperlinksPtr hyperlinks_;
     Word::BookmarksPtr bookmarks_;
     Word::TablePtr table_;      ///< the story's last one

@@ -106,6 +106,22 @@ TEST_F(ComposerTest, KeepsWhatIsSaidUntilMuchWaits)
     EXPECT_EQ(text().size(), said * piece.size());
 }
 
+TEST_F(ComposerTest, AsksInEachFlushForTheEndOfAStoryWithFields)
+{
+    const auto questionsFor = [this](const wchar_t* text) {
+        write(text);
+        composer->prepareSave();
+        return std::ranges::count_if(
+            takeCalls(), [](const std::string& call) { return call.find("StoryLength") != call.npos; });
+    };
+    EXPECT_EQ(questionsFor(L"a"), 1);
+    EXPECT_EQ(questionsFor(L"b"), 0);
+    composer->insertField(4);
+    composer->prepareSave();
+    EXPECT_EQ(questionsFor(L"c"), 1);
+    EXPECT_EQ(questionsFor(L"d"), 1);
+}
+
 TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly)
 {
     composer->insertXref(L"never", L"no tag");

@@ -41,9 +41,11 @@ FORBIDDEN = re.compile(
 OWN_EXCEPTIONS = {
     "SystemLibrary.cpp.obj": {"LoadLibraryExW"},  # from the system folder only
     "CSignal2ExceptionMingw.cpp.obj": {"AddVectoredExceptionHandler"},  # taken back when the DLL is unloaded
+    "MessageFilter.cpp.obj": {"CoRegisterMessageFilter"},  # the one way to see the host's, which is put back at once
 }
 # What the compiler's libraries bring along, and why it does no harm. TheHost shows that nothing has changed.
 RUNTIME_EXCEPTIONS = {
+    "CoRegisterMessageFilter",  # ours
     "AddVectoredExceptionHandler",  # ours and winpthreads' (names of threads), both taken back
     "LoadLibraryExW",  # ours
     "LoadLibraryW",  # msvcrt's rand_s, behind std::random_device, which no code of ours uses
@@ -51,7 +53,7 @@ RUNTIME_EXCEPTIONS = {
     "setlocale",  # libstdc++: reading numbers from streams; no code of ours does
     "signal",  # libgcc's abort path
 }
-DLL_FOLDERS = {"support", "word", "writer", "automation", "proppage", "server"}
+DLL_FOLDERS = {"support", "word", "writer", "composer", "rtf", "diagnostics", "automation", "proppage", "server"}
 # Everything else that is compiled is shipped.
 UNSHIPPED_FOLDERS = {"standin", "tests", "samples", "bench", "build"}
 

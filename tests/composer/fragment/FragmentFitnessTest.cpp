@@ -79,6 +79,7 @@ TEST(FragmentFitness, FontsFitUnlessWordRefusesThem)
     EXPECT_TRUE(fits(FontWish{.style = u"Normal", .size = 0}));
     EXPECT_FALSE(fits(FontWish{.style = u"Normal", .name = u""}));
     EXPECT_FALSE(fits(FontWish{.style = u"Normal", .name = u"a;b"}));
+    EXPECT_FALSE(fits(FontWish{.style = u"Normal", .name = u"No Such Font"})) << "means the style's";
     EXPECT_FALSE(fits(FontWish{.style = u"Normal", .size = -1}));
     EXPECT_FALSE(fits(FontWish{.style = u"Normal", .size = 1639}));
 }

@@ -21,10 +21,10 @@ std::string fragment(Blocks blocks, std::vector<LinkTarget> links = {}, bool isL
 std::string textOf(Blocks blocks, std::vector<LinkTarget> links = {}, bool isLinked = true)
 {
     static const std::string start =
-        "{\\rtf1\\ansi\\ansicpg1252\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n";
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil No Such Font;}}\n";
     const std::string rtf = fragment(std::move(blocks), std::move(links), isLinked);
     EXPECT_TRUE(rtf.starts_with(start)) << rtf;
-    const std::size_t sheet = rtf.find("{\\stylesheet{\\s0 Normal;}");
+    const std::size_t sheet = rtf.find("{\\stylesheet{\\s0\\f0 Normal;}");
     const std::size_t text = rtf.find('\n', sheet) + 1;
     EXPECT_TRUE(sheet == start.size() && text != 0 && rtf.ends_with('}')) << rtf;
     return rtf.substr(text, rtf.size() - text - 1);
@@ -49,10 +49,10 @@ TEST(Fragment, OfPlainTextStatesStylesByNameAlone)
 {
     EXPECT_EQ(fragment({Paragraph{.items = {text(u"a", {.style = u"Heading 1"})}, .style = u"Heading 1"},
                         Paragraph{.items = {text(u"b{")}}}),
-              "{\\rtf1\\ansi\\ansicpg1252\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n"
-              "{\\stylesheet{\\s0 Normal;}{\\s1 heading 1;}}\n"
-              "\\pard\\plain\\s1 a\\par\n"
-              "\\pard\\plain\\s0 b\\{\\par\n"
+              "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil No Such Font;}}\n"
+              "{\\stylesheet{\\s0\\f0 Normal;}{\\s1\\f0 heading 1;}}\n"
+              "\\pard\\plain\\s1\\f0 a\\par\n"
+              "\\pard\\plain\\s0\\f0 b\\{\\par\n"
               "}");
 }
 
@@ -62,14 +62,14 @@ TEST(Fragment, NamesStylesAndFontsInSevenBits)
         fragment({Paragraph{.items = {text(u"a", {.style = u"Zitat {\u00E4\u4E2D}", .name = u"\uFF2D"})},
                             .style = u"Zitat {\u00E4\u4E2D}"}});
     EXPECT_NE(rtf.find("{\\f1\\fnil \\u-211?;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("{\\s1 Zitat \\{\\u228?\\u20013?\\};}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("{\\s1\\f0 Zitat \\{\\u228?\\u20013?\\};}"), rtf.npos) << rtf;
 }
 
 TEST(Fragment, HasDirectFormattingOnlyWhereTextDiffersFromItsStyle)
 {
     EXPECT_EQ(
         textOf({Paragraph{.items = {text(u"a", {.style = u"Normal", .size = 12}), text(u"b", bold())}}}),
-        "\\pard\\plain\\s0 a{\\b b}\\par\n");
+        "\\pard\\plain\\s0\\f0 a{\\b b}\\par\n");
 }
 
 TEST(Fragment, SaysEachPropertyOfAFont)
@@ -83,7 +83,7 @@ TEST(Fragment, SaysEachPropertyOfAFont)
                        .isStruck = true};
     const std::string rtf = fragment({Paragraph{.items = {text(u"a", all)}}});
     EXPECT_NE(rtf.find("{\\f1\\fnil Arial;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("\\s0{\\f1\\fs18\\b\\i\\ul\\strike a}\\par"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("\\s0\\f0{\\f1\\fs18\\b\\i\\ul\\strike a}\\par"), rtf.npos) << rtf;
 }
 
 // A reader that compares "not bold" with a style sheet that says nothing finds no difference.
@@ -93,70 +93,91 @@ TEST(Fragment, StatesWhatAStyleHasWhereSomeTextHasItTakenAway)
     const Item light = text(u"b", {.style = u"Heading 1", .isBold = false});
     const std::string rtf = fragment({Paragraph{.items = {plain, light}, .style = u"Heading 1"},
                                       Paragraph{.items = {plain}, .style = u"Heading 1"}});
-    EXPECT_NE(rtf.find("{\\s1\\b heading 1;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("\\pard\\plain\\s1\\b a{\\b0 b}\\par\n\\pard\\plain\\s1\\b a\\par\n"), rtf.npos)
+    EXPECT_NE(rtf.find("{\\s1\\f0\\b heading 1;}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("\\pard\\plain\\s1\\f0\\b a{\\b0 b}\\par\n\\pard\\plain\\s1\\f0\\b a\\par\n"),
+              rtf.npos)
         << rtf;
 }
 
-TEST(Fragment, StatesTheFontOfAStyleWhereSomeTextHasTheDefaultOne)
+TEST(Fragment, StatesTheSizeOfAStyleWhereSomeTextHasTheDefaultOne)
 {
     const FontWish wish{.style = u"Heading 1", .name = u"Times New Roman", .size = 12};
     const std::string rtf = fragment({Paragraph{.items = {text(u"a", wish)}, .style = u"Heading 1"}});
-    EXPECT_NE(rtf.find("{\\f1\\fnil Times New Roman;}{\\f2\\fnil Arial;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("{\\s1\\f2\\fs32 heading 1;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("\\pard\\plain\\s1\\f2\\fs32{\\f1\\fs24 a}\\par"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("{\\f1\\fnil Times New Roman;}}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("{\\s1\\f0\\fs32 heading 1;}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("\\pard\\plain\\s1\\f0\\fs32{\\f1\\fs24 a}\\par"), rtf.npos) << rtf;
+}
+
+TEST(Fragment, ShowsWhatBecameOfItsStylesFontByItsFirstCharacter)
+{
+    TestStyles styles;
+    const auto shows = [&](std::vector<Item> items) {
+        return beginsInStyleFont(Paragraph{.items = std::move(items)}, styles);
+    };
+    const FontWish arial{.style = u"Normal", .name = u"Arial"};
+    EXPECT_TRUE(shows({}));
+    EXPECT_TRUE(shows({{Tag{u"b1"}}, text(u"", arial), text(u"a", bold()), text(u"b", arial)}));
+    EXPECT_TRUE(shows({text(u"a", {.style = u"Normal", .name = u"Times New Roman"})})) << "the style's own";
+    EXPECT_TRUE(shows({{PageBreak()}, text(u"a", arial)}));
+    EXPECT_FALSE(shows({text(u"a", arial)}));
+    EXPECT_FALSE(shows({linked(u"a", 0)}));
+    EXPECT_FALSE(shows({{Field{4}}}));
+    EXPECT_FALSE(shows({{Entry{u"a", 1}}}));
+    EXPECT_TRUE(beginsInStyleFont(Table{.rows = {Row(1)}}, styles));
+    EXPECT_FALSE(beginsInStyleFont(Table{.rows = {{Cell{Paragraph{.items = {text(u"a", arial)}}}}}}, styles));
 }
 
 TEST(Fragment, SaysAnAlignmentOnlyWhereTheStyleHasAnother)
 {
     EXPECT_EQ(textOf({Paragraph{.alignment = 1}, Paragraph{.alignment = 2}, Paragraph{.alignment = 3},
                       Paragraph{.alignment = 4}, Paragraph()}),
-              "\\pard\\plain\\s0\\par\n\\pard\\plain\\s0\\qc\\par\n\\pard\\plain\\s0\\qr\\par\n"
-              "\\pard\\plain\\s0\\qj\\par\n\\pard\\plain\\s0\\par\n");
+              "\\pard\\plain\\s0\\f0\\par\n\\pard\\plain\\s0\\qc\\f0\\par\n\\pard\\plain\\s0\\qr\\f0\\par\n"
+              "\\pard\\plain\\s0\\qj\\f0\\par\n\\pard\\plain\\s0\\f0\\par\n");
     const std::string rtf = fragment({Paragraph{.style = u"Title", .alignment = 2}});
-    EXPECT_NE(rtf.find("{\\s1 Title;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("\\s1\\par"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("{\\s1\\f0 Title;}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("\\s1\\f0\\par"), rtf.npos) << rtf;
 }
 
 TEST(Fragment, StatesTheAlignmentOfAStyleWhereAParagraphIsToBeLeft)
 {
     const std::string rtf =
         fragment({Paragraph{.style = u"Title", .alignment = 1}, Paragraph{.style = u"Title"}});
-    EXPECT_NE(rtf.find("{\\s1\\qc Title;}"), rtf.npos) << rtf;
-    EXPECT_NE(rtf.find("\\s1\\ql\\par\n\\pard\\plain\\s1\\qc\\par"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("{\\s1\\qc\\f0 Title;}"), rtf.npos) << rtf;
+    EXPECT_NE(rtf.find("\\s1\\ql\\f0\\par\n\\pard\\plain\\s1\\qc\\f0\\par"), rtf.npos) << rtf;
 }
 
 TEST(Fragment, MergesNeighboursWithTheSameLook)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {text(u"a", bold()), text(u""), text(u"b", bold()), text(u"c"),
                                           text(u"d", bold())}}}),
-              "\\pard\\plain\\s0{\\b ab}c{\\b d}\\par\n");
+              "\\pard\\plain\\s0\\f0{\\b ab}c{\\b d}\\par\n");
 }
 
 TEST(Fragment, HasFieldsThatAreToBeUpdated)
 {
     EXPECT_EQ(textOf({Paragraph{
                   .items = {{Field{4}, nullptr}, {Field{1}, std::make_shared<const FontWish>(bold())}}}}),
-              "\\pard\\plain\\s0{\\field\\flddirty{\\*\\fldinst{ PAGE }}{\\fldrslt}}"
+              "\\pard\\plain\\s0\\f0{\\field\\flddirty{\\*\\fldinst{ PAGE }}{\\fldrslt}}"
               "{\\b{\\field\\flddirty{\\*\\fldinst{ DATE }}{\\fldrslt}}}\\par\n");
 }
 
 TEST(Fragment, HidesEntriesAndEscapesThemTwice)
 {
-    EXPECT_EQ(textOf({Paragraph{.items = {{Entry{u"a\\b", 2}}}}}),
-              "\\pard\\plain\\s0{\\v{\\field{\\*\\fldinst{ TC \"a\\\\\\\\b\" \\\\fC \\\\l \"2\" }}}}\\par\n");
+    EXPECT_EQ(
+        textOf({Paragraph{.items = {{Entry{u"a\\b", 2}}}}}),
+        "\\pard\\plain\\s0\\f0{\\v{\\field{\\*\\fldinst{ TC \"a\\\\\\\\b\" \\\\fC \\\\l \"2\" }}}}\\par\n");
 }
 
 TEST(Fragment, HasTagsAsCollapsedBookmarks)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {text(u"a"), {Tag{u"b1"}}, text(u"b")}}}),
-              "\\pard\\plain\\s0 a{\\*\\bkmkstart b1}{\\*\\bkmkend b1}b\\par\n");
+              "\\pard\\plain\\s0\\f0 a{\\*\\bkmkstart b1}{\\*\\bkmkend b1}b\\par\n");
 }
 
 TEST(Fragment, HasPageBreaks)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {text(u"a", bold()), {PageBreak()}, text(u"b")}}}),
-              "\\pard\\plain\\s0{\\b a}\\page b\\par\n");
+              "\\pard\\plain\\s0\\f0{\\b a}\\page b\\par\n");
 }
 
 TEST(Fragment, LinksToAddressesAndBookmarks)
@@ -164,17 +185,17 @@ TEST(Fragment, LinksToAddressesAndBookmarks)
     const std::vector<LinkTarget> links = {{u"c:\\a", u""}, {u"", u"b1"}};
     const Blocks blocks = {Paragraph{.items = {linked(u"a", 0), linked(u"b", 1), text(u"c")}}};
     EXPECT_EQ(textOf(blocks, links),
-              "\\pard\\plain\\s0"
+              "\\pard\\plain\\s0\\f0"
               "{\\field{\\*\\fldinst{ HYPERLINK \"c:\\\\\\\\a\" }}{\\fldrslt{\\cs1 a}}}"
               "{\\field{\\*\\fldinst{ HYPERLINK  \\\\l \"b1\" }}{\\fldrslt{\\cs1 b}}}c\\par\n");
-    EXPECT_NE(fragment(blocks, links).find("{\\s0 Normal;}{\\*\\cs1\\additive Hyperlink;}}"),
+    EXPECT_NE(fragment(blocks, links).find("{\\s0\\f0 Normal;}{\\*\\cs1\\additive Hyperlink;}}"),
               std::string::npos);
 }
 
 TEST(Fragment, HasTheTextAloneOfALinkThatIsNotToBeMade)
 {
     const Blocks blocks = {Paragraph{.items = {linked(u"a", 0)}}};
-    EXPECT_EQ(textOf(blocks, {{u"", u"b1"}}, false), "\\pard\\plain\\s0 a\\par\n");
+    EXPECT_EQ(textOf(blocks, {{u"", u"b1"}}, false), "\\pard\\plain\\s0\\f0 a\\par\n");
     EXPECT_EQ(fragment(blocks, {{u"", u"b1"}}, false).find("Hyperlink"), std::string::npos);
 }
 
@@ -182,7 +203,7 @@ TEST(Fragment, HasOneFieldForALinkOverSeveralItems)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {linked(u"a", 0), text(u"b", bold(), 0), linked(u"c", 0)}}},
                      {{u"x", u""}}),
-              "\\pard\\plain\\s0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}"
+              "\\pard\\plain\\s0\\f0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}"
               "{\\fldrslt{\\cs1 a}{\\cs1\\b b}{\\cs1 c}}}\\par\n");
 }
 
@@ -190,7 +211,7 @@ TEST(Fragment, HasNoFieldForALinkWithoutText)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {linked(u"a", 0), linked(u"", 1), text(u"b")}}},
                      {{u"x", u""}, {u"y", u""}}),
-              "\\pard\\plain\\s0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}}}b\\par\n");
+              "\\pard\\plain\\s0\\f0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}}}b\\par\n");
 }
 
 TEST(Fragment, RestatesAParagraphBehindALinkThatBeganInFrontOfIt)
@@ -198,22 +219,22 @@ TEST(Fragment, RestatesAParagraphBehindALinkThatBeganInFrontOfIt)
     EXPECT_EQ(textOf({Paragraph{.items = {linked(u"a", 0)}, .endLink = 0},
                       Paragraph{.items = {linked(u"b", 0), text(u"c")}, .alignment = 2}},
                      {{u"x", u""}}),
-              "\\pard\\plain\\s0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}\\par\n"
-              "\\pard\\plain\\s0\\qc{\\cs1 b}}}\\pard\\plain\\s0\\qc c\\par\n");
+              "\\pard\\plain\\s0\\f0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}\\par\n"
+              "\\pard\\plain\\s0\\qc\\f0{\\cs1 b}}}\\pard\\plain\\s0\\qc\\f0 c\\par\n");
 }
 
 TEST(Fragment, EndsALinkThatEndsWithAParagraphBehindItsMark)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {linked(u"a", 0)}, .endLink = 0}, Paragraph{.items = {text(u"b")}}},
                      {{u"x", u""}}),
-              "\\pard\\plain\\s0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}\\par\n"
-              "}}\\pard\\plain\\s0 b\\par\n");
+              "\\pard\\plain\\s0\\f0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}\\par\n"
+              "}}\\pard\\plain\\s0\\f0 b\\par\n");
 }
 
 TEST(Fragment, EndsALinkInFrontOfTheLastMark)
 {
     EXPECT_EQ(textOf({Paragraph{.items = {linked(u"a", 0)}, .endLink = 0}}, {{u"x", u""}}),
-              "\\pard\\plain\\s0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}}}\\par\n");
+              "\\pard\\plain\\s0\\f0{\\field{\\*\\fldinst{ HYPERLINK \"x\" }}{\\fldrslt{\\cs1 a}}}\\par\n");
 }
 
 TEST(Fragment, HasTablesOfEqualColumnsAndExactHeights)
@@ -222,27 +243,27 @@ TEST(Fragment, HasTablesOfEqualColumnsAndExactHeights)
     const Cell bc = {Paragraph{.items = {text(u"b")}}, Paragraph{.items = {text(u"c"), {Tag{u"b1"}}}}};
     EXPECT_EQ(textOf({Table{.rows = {{a, bc}, {Cell(), a}}, .heights = {0, 20}}, Paragraph()}),
               "\\trowd\\trgaph108\\trleft-108\\cellx3892\\cellx7892\n"
-              "\\pard\\plain\\intbl\\s0 a\\cell\n"
-              "\\pard\\plain\\intbl\\s0 b\\par\n"
-              "\\pard\\plain\\intbl\\s0 c{\\*\\bkmkstart b1}{\\*\\bkmkend b1}\\cell\n"
+              "\\pard\\plain\\intbl\\s0\\f0 a\\cell\n"
+              "\\pard\\plain\\intbl\\s0\\f0 b\\par\n"
+              "\\pard\\plain\\intbl\\s0\\f0 c{\\*\\bkmkstart b1}{\\*\\bkmkend b1}\\cell\n"
               "\\row\n"
               "\\trowd\\trgaph108\\trleft-108\\trrh-400\\cellx3892\\cellx7892\n"
-              "\\pard\\plain\\intbl\\s0\\cell\n"
-              "\\pard\\plain\\intbl\\s0 a\\cell\n"
+              "\\pard\\plain\\intbl\\s0\\f0\\cell\n"
+              "\\pard\\plain\\intbl\\s0\\f0 a\\cell\n"
               "\\row\n"
               "\\pard\\plain\n"
-              "\\pard\\plain\\s0\\par\n");
+              "\\pard\\plain\\s0\\f0\\par\n");
 }
 
 TEST(Fragment, HasACellForEachColumnOfTheFirstRow)
 {
     EXPECT_EQ(textOf({Table{.rows = {Row(2), Row(1)}, .heights = {}}, Paragraph()}),
               "\\trowd\\trgaph108\\trleft-108\\cellx3892\\cellx7892\n"
-              "\\pard\\plain\\intbl\\s0\\cell\n\\pard\\plain\\intbl\\s0\\cell\n\\row\n"
+              "\\pard\\plain\\intbl\\s0\\f0\\cell\n\\pard\\plain\\intbl\\s0\\f0\\cell\n\\row\n"
               "\\trowd\\trgaph108\\trleft-108\\cellx3892\\cellx7892\n"
-              "\\pard\\plain\\intbl\\s0\\cell\n\\pard\\plain\\intbl\\s0\\cell\n\\row\n"
+              "\\pard\\plain\\intbl\\s0\\f0\\cell\n\\pard\\plain\\intbl\\s0\\f0\\cell\n\\row\n"
               "\\pard\\plain\n"
-              "\\pard\\plain\\s0\\par\n");
+              "\\pard\\plain\\s0\\f0\\par\n");
 }
 
 class CountingStyles : public TestStyles

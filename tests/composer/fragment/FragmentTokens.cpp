@@ -272,7 +272,8 @@ private:
         } else if (name == "trrh") {
             height_ = number.value();
         } else {
-            static const std::string known = " rtf ansi ansicpg uc fnil additive flddirty trgaph trleft ";
+            static const std::string known =
+                " rtf ansi ansicpg deff uc fnil additive flddirty trgaph trleft ";
             if (known.find(' ' + name + ' ') == std::string::npos)
                 refuse("an unknown word " + name);
         }

@@ -2,6 +2,7 @@
 
 #include "SilenceText.h"
 
+#include "BusyWord.h"
 #include "CodeMeaning.h"
 #include "TextConversion.h"
 #include "general/QdxException.h"
@@ -193,9 +194,10 @@ void SessionEvents::retried(const Word::CallName& name, int attempts, std::chron
                             HRESULT outcome)
 {
     diagnostics_.tell([&] {
-        Event event{.severity = SUCCEEDED(outcome) ? Severity::info : Severity::warning,
-                    .what = nameOf(name) + (SUCCEEDED(outcome) ? " went through" : " did not go through") +
-                            " after " + std::to_string(attempts) + " attempts and " + milliseconds(elapsed)};
+        const bool isTaken = !Word::isRejected(outcome); // which is no success yet
+        Event event{.severity = isTaken ? Severity::info : Severity::warning,
+                    .what = nameOf(name) + (isTaken ? " went through" : " did not go through") + " after " +
+                            std::to_string(attempts) + " attempts and " + milliseconds(elapsed)};
         if (FAILED(outcome))
             event.code = static_cast<std::uint32_t>(outcome);
         return event;

@@ -49,7 +49,7 @@ class Diagnostics(EndToEndTest):
                                             "WORDSTANDIN_FAIL": f"{busy}*2:0x80010001", "WORDSTANDIN_EXIT": dying})
         lines = self.lines("death")
         repeated = [(line["severity"], line["method"], line["what"], line["code"]) for line in lines
-                    if "busy" in line["what"] or "repeated" in line["what"]]
+                    if "busy" in line["what"] or "went through" in line["what"]]
         self.assertEqual([("warning", "setStyle", "Word is busy; repeating Styles.Item", "0x80010001")], repeated[:1])
         self.assertEqual(2, len(repeated), "and how that ended")
         failed = [line for line in lines if line["what"].startswith("Word call failed: Range.InsertAfter(")]

@@ -13,7 +13,7 @@ help:
 	@echo 'make package   make the installer and the archive, and build them a second time: results in out/package/'
 	@echo 'make check     the quick part of make test: natively, in process under Wine, formatting'
 	@echo 'make test      build and run all tests: natively under sanitizers, then under Wine'
-	@echo 'make soak      what takes long: long runs of the fuzzers, a second build'
+	@echo 'make soak      what takes long: long runs of the fuzzers, every failure at every Word call, a second build'
 	@echo 'make bench     measure; the results are described in docs/performance.md'
 	@echo 'make lint      formatting, line endings, headers that compile alone, a second compiler'
 	@echo 'make tidy      clang-tidy over the portable code'

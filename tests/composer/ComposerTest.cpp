@@ -106,20 +106,15 @@ TEST_F(ComposerTest, KeepsWhatIsSaidUntilMuchWaits)
     EXPECT_EQ(text().size(), said * piece.size());
 }
 
-TEST_F(ComposerTest, AsksInEachFlushForTheEndOfAStoryWithFields)
+TEST_F(ComposerTest, GoesOnBehindWhatAUserTypesIntoTheDocument)
 {
-    const auto questionsFor = [this](const wchar_t* text) {
-        write(text);
-        composer->prepareSave();
-        return std::ranges::count_if(
-            takeCalls(), [](const std::string& call) { return call.find("StoryLength") != call.npos; });
-    };
-    EXPECT_EQ(questionsFor(L"a"), 1);
-    EXPECT_EQ(questionsFor(L"b"), 0);
-    composer->insertField(4);
+    write(L"one");
     composer->prepareSave();
-    EXPECT_EQ(questionsFor(L"c"), 1);
-    EXPECT_EQ(questionsFor(L"d"), 1);
+    const Word::RangePtr beginning = document->Range(Word::integer(0), Word::integer(0));
+    beginning->InsertAfter(L"zero");
+    write(L"two");
+    composer->finish();
+    EXPECT_EQ(text(), u"zeroonetwo");
 }
 
 TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly)

@@ -98,7 +98,6 @@ SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFile
 {
     MirovelSection::clearCache();
     writeFiles();
-    word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
     makeClient();
 }
 
@@ -158,6 +157,12 @@ void SessionPlayer::setBusyTimeout(int seconds)
                               bstr(std::to_string(seconds)), integer);
 }
 
+void SessionPlayer::writeDiagnostics(const std::string& file)
+{
+    constexpr short text = 1;
+    client_->overrideRegistry(_bstr_t(L"Log"), bstr(std::string("Diagnostics")), bstr(file), text);
+}
+
 template <class Call>
 bool SessionPlayer::attempt(const char* name, Call&& call)
 {
@@ -186,7 +191,9 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
 {
     played_ = {};
     isRead_ = false;
+    // Of the Word that runs now: a client that was released may have ended another.
     word_.model().setSwitches(switches);
+    word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
     const long firstCall = word_.callCount();
     if (fault_.rejections > 0)

@@ -61,6 +61,8 @@ public:
     void setFault(const Fault& fault) { fault_ = fault; }
     /// For how many seconds a busy Word is asked again; 30 without this. Counts from the next `create` on.
     void setBusyTimeout(int seconds);
+    /// The client's diagnostics go to a file of that name, with the process's number in it.
+    void writeDiagnostics(const std::string& file);
     /// Word calls of the last session, from `create` to the end of closing.
     [[nodiscard]] long wordCalls() const { return wordCalls_; }
     /// Releases the client, for good; the COM objects of Word that are left.

@@ -1,6 +1,5 @@
 #pragma once
 
-class SettingsRecord;
 struct DocSession;
 
 /// Tells the settings in force, each with where it came from, and those whose values cannot be of their kind.

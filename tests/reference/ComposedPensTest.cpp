@@ -34,14 +34,6 @@ protected:
     }
 };
 
-std::string listed(const std::vector<Difference>& differences)
-{
-    std::string text;
-    for (const Difference& difference : differences)
-        text += "    " + std::string(nameOf(difference.kind)) + ": " + difference.description + "\n";
-    return text;
-}
-
 bool isEnd(const Token& token)
 {
     return token.kind == TokenKind::paragraphEnd || token.kind == TokenKind::sectionEnd ||
@@ -68,8 +60,8 @@ TEST_P(ComposedPensTest, WriteTheSameDocument)
     const std::vector<PlayedSession> fragments = played(Writer::fragments);
     for (std::uint32_t i = 0; i < sessionsInALot; ++i) {
         SCOPED_TRACE("session " + std::to_string(seedOf(i)));
-        EXPECT_EQ(listed(compare(withOpenEnds(typed[i].content), fragments[i].content)), "");
-        EXPECT_EQ(listed(compare(withOpenEnds(typed[i].restyled), fragments[i].restyled)), "")
+        EXPECT_EQ(printable(compare(withOpenEnds(typed[i].content), fragments[i].content)), "");
+        EXPECT_EQ(printable(compare(withOpenEnds(typed[i].restyled), fragments[i].restyled)), "")
             << "with another font in every style";
         EXPECT_EQ(typed[i].failedCalls, fragments[i].failedCalls);
         EXPECT_FALSE(typed[i].content.stories.empty());

@@ -324,6 +324,14 @@ std::vector<Difference> compare(const DocumentContent& expected, const DocumentC
     return Comparer(expected, found).compare();
 }
 
+std::string printable(const std::vector<Difference>& differences)
+{
+    std::string text;
+    for (const Difference& difference : differences)
+        text += "    " + std::string(nameOf(difference.kind)) + ": " + difference.description + "\n";
+    return text;
+}
+
 std::string printable(const StoryContent& story)
 {
     std::string text;

@@ -42,6 +42,9 @@ struct Difference
 /// so that a character too much is one difference and not one for each character behind it.
 std::vector<Difference> compare(const DocumentContent& expected, const DocumentContent& found);
 
+/// For people: a line for each; empty when there are none.
+std::string printable(const std::vector<Difference>& differences);
+
 /// For people: the story's text with its structure.
 std::string printable(const StoryContent& story);
 

@@ -51,14 +51,6 @@ std::string hexadecimal(HRESULT code)
     return text.data();
 }
 
-std::string listed(const std::vector<Difference>& differences)
-{
-    std::string text;
-    for (const Difference& difference : differences)
-        text += "    " + std::string(nameOf(difference.kind)) + ": " + difference.description + "\n";
-    return text;
-}
-
 using WriterAndDuration = std::tuple<Writer, bool>;
 
 class FailingCallsTest : public testing::TestWithParam<WriterAndDuration>
@@ -85,7 +77,8 @@ protected:
         player.setFault({});
         const PlayedSession next = player.play(session);
         EXPECT_EQ(next.failures, undisturbed.failures);
-        EXPECT_EQ(listed(compare(undisturbed.content, next.content)), "") << "in the next session's document";
+        EXPECT_EQ(printable(compare(undisturbed.content, next.content)), "")
+            << "in the next session's document";
         EXPECT_EQ(player.release(), 0) << "objects of Word are left";
         const std::string line = lineOf(folder);
         EXPECT_NE(line.find(hexadecimal(code)), line.npos) << line;

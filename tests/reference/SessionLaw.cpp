@@ -25,10 +25,7 @@ std::string report(SessionPlayer& player, const Session& session, const standin:
                            [kind](const Difference& difference) { return difference.kind == kind; });
     };
     const Session shortest = shrink(session, differs);
-    std::string text = stepsOf(shortest);
-    for (const Difference& difference : differencesOf(player, shortest, switches))
-        text += "    " + std::string(nameOf(difference.kind)) + ": " + difference.description + "\n";
-    return text;
+    return stepsOf(shortest) + printable(differencesOf(player, shortest, switches));
 }
 
 } // namespace

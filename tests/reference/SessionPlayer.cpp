@@ -136,31 +136,26 @@ void SessionPlayer::makeClient()
     void* created = nullptr;
     _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
     client_.Attach(static_cast<IDocument*>(created));
-    const _bstr_t word(L"Word");
-    client_->overrideRegistry(word, bstr(std::string("WordTemplateName")), bstr(std::string()), 1);
-    chooseWriter();
+    override("Word", "WordTemplateName", "");
+    override("Word", "Compose", std::to_string(static_cast<int>(writer_)));
     _com_util::CheckError(client_->start());
 }
 
-void SessionPlayer::chooseWriter()
+// As a text, which says a number as well.
+void SessionPlayer::override(const char* group, const char* name, const std::string& value)
 {
-    constexpr short integer = 2;
-    const _bstr_t word(L"Word");
-    client_->overrideRegistry(word, bstr(std::string("Compose")),
-                              bstr(std::to_string(static_cast<int>(writer_))), integer);
+    constexpr short text = 1;
+    client_->overrideRegistry(bstr(std::string(group)), bstr(std::string(name)), bstr(value), text);
 }
 
 void SessionPlayer::setBusyTimeout(int seconds)
 {
-    constexpr short integer = 2;
-    client_->overrideRegistry(_bstr_t(L"Word"), bstr(std::string("BusyTimeout")),
-                              bstr(std::to_string(seconds)), integer);
+    override("Word", "BusyTimeout", std::to_string(seconds));
 }
 
 void SessionPlayer::writeDiagnostics(const std::string& file)
 {
-    constexpr short text = 1;
-    client_->overrideRegistry(_bstr_t(L"Log"), bstr(std::string("Diagnostics")), bstr(file), text);
+    override("Log", "Diagnostics", file);
 }
 
 template <class Call>

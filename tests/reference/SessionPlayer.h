@@ -72,7 +72,7 @@ public:
 private:
     void writeFiles();
     void makeClient();
-    void chooseWriter();
+    void override(const char* group, const char* name, const std::string& value);
     void read(const standin::model::Document& document);
     [[nodiscard]] std::u16string withPaths(const ClientCall& call) const;
     bool perform(const ClientCall& call);

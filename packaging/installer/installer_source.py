@@ -5,6 +5,7 @@ import re
 import uuid
 import xml.etree.ElementTree as xml
 
+import machine_settings
 import registry_rows
 
 PRODUCT = "Mirovelcom"
@@ -56,6 +57,7 @@ class InstallerSource:
         self.queries = []  # in SQL, for the finished package
         self.components = []
         self.directories = {}
+        self.customized = {"INSTALLDIR"}  # what the command line may say
         self.module = None  # the DLL's component
         self.wix = xml.Element("Wix", xmlns="http://schemas.microsoft.com/wix/2006/wi")
         self.product = xml.SubElement(
@@ -68,6 +70,7 @@ class InstallerSource:
         self.add_conditions()
         self.add_upgrade()
         self.add_properties()
+        self.add_settings()
         self.add_tree(scripts)
         feature = xml.SubElement(self.product, "Feature", Id="Complete", Title=PRODUCT, Level="1")
         for component in self.components:
@@ -106,12 +109,34 @@ class InstallerSource:
         previous = xml.SubElement(self.product, "Property", Id="PREVIOUSINSTALLDIR")
         xml.SubElement(previous, "RegistrySearch", Id="PreviousInstallDir", Root="HKLM", Key=SETTINGS_KEY,
                        Name="InstallDir", Type="raw", Win64="yes")
-        condition = "PREVIOUSINSTALLDIR AND NOT INSTALLDIR"
+        self.decide("KeepInstallDir", "INSTALLDIR", "[PREVIOUSINSTALLDIR]", "PREVIOUSINSTALLDIR AND NOT INSTALLDIR", 60)
+
+    def decide(self, action, name, value, condition, sequence):
+        """Gives a property a value before anything is installed."""
         self.queries.append("INSERT INTO `CustomAction` (`Action`, `Type`, `Source`, `Target`) VALUES "
-                            "('KeepInstallDir', 51, 'INSTALLDIR', '[PREVIOUSINSTALLDIR]')")
+                            f"('{action}', 51, '{name}', '{value}')")
         for table in ("InstallExecuteSequence", "InstallUISequence"):
             self.queries.append(f"INSERT INTO `{table}` (`Action`, `Condition`, `Sequence`) VALUES "
-                                f"('KeepInstallDir', '{condition}', 60)")
+                                f"('{action}', '{condition}', {sequence})")
+
+    def add_settings(self):
+        """The search's own property keeps what is stored apart from what the command line says."""
+        sequence = 61  # behind the search and KeepInstallDir, before the conditions are tested
+        for setting in machine_settings.SETTINGS:
+            found = f"PREVIOUS{setting.property}"
+            search = xml.SubElement(self.product, "Property", Id=found)
+            xml.SubElement(search, "RegistrySearch", Id=f"Previous{setting.name}", Root="HKLM", Key=setting.key,
+                           Name=setting.name, Type="raw", Win64="yes")
+            for action, value, condition in setting.decisions(found):
+                self.decide(action, setting.property, value, condition, sequence)
+                sequence += 1
+            if setting.accepted:
+                condition = xml.SubElement(self.product, "Condition", Message=setting.refusal)
+                condition.text = f"Installed OR NOT {setting.property} OR {setting.accepted}"
+            self.customized.add(setting.property)
+        secure = ";".join(sorted(self.customized | {"EARLIERVERSION", "LATERVERSION"}))
+        self.queries += ["DELETE FROM `Property` WHERE `Property` = 'SecureCustomProperties'",
+                         f"INSERT INTO `Property` (`Property`, `Value`) VALUES ('SecureCustomProperties', '{secure}')"]
 
     def add_tree(self, scripts):
         root = xml.SubElement(self.product, "Directory", Id="TARGETDIR", Name="SourceDir")
@@ -131,6 +156,7 @@ class InstallerSource:
         self.add_classes(scripts)
         self.add_library(self.directory("bin", names))
         self.add_place()
+        self.add_setting_values()
 
     def directory(self, path, names):
         if path not in self.directories:
@@ -168,15 +194,21 @@ class InstallerSource:
         xml.SubElement(component, "RemoveFolder", Id="RemoveInstallDir", On="uninstall")
 
     def add_library(self, directory):
-        """What stays when the product is removed, as when the DLL is unregistered."""
+        """What DllUnregisterServer leaves, for the sake of other versions; an installation takes it along."""
         rows = registry_rows.library_rows(f"[#{identifier(MODULE)}]", "[INSTALLDIR]bin")
         for name, win64, own in (("library", True, rows + registry_rows.interface_rows()),
                                  ("library32", False, registry_rows.interface_rows())):
             component = self.component(directory, name, win64)
             self.add_rows(component, own, key_path=True)
-            # 4: its key path is a registry value; 16: never removed; 256: 64-bit.
-            self.queries.append(f"UPDATE `Component` SET `Attributes` = {4 + 16 + (256 if win64 else 0)} "
-                                f"WHERE `Component` = '{name}'")
+
+    def add_setting_values(self):
+        for setting in machine_settings.SETTINGS:
+            component = self.component(self.directories[""], f"setting {setting.name}")
+            # wixl has no conditions of components.
+            self.queries.append(f"UPDATE `Component` SET `Condition` = '{setting.property}' "
+                                f"WHERE `Component` = '{component.get('Id')}'")
+            self.add_rows(component, [registry_rows.Row("HKLM", setting.key, setting.name, f"[{setting.property}]")],
+                          key_path=True)
 
     def add_rows(self, component, rows, key_path=False):
         for row in rows:

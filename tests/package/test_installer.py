@@ -14,8 +14,9 @@ VERSION = os.environ["MIROVEL_VERSION"]
 PLACE = "C:\\Program Files\\Mirovelcom\\"
 # The system's own records of what is installed, and of what stays installed.
 RECORDS = ("Classes\\Installer", "CurrentVersion\\Installer", "CurrentVersion\\Uninstall")
-LIBRARY = ("{5C2E7A12-3B41-4D8E-9F62-A1B3C4D5E6F7}", "{5C2E7A13-3B41-4D8E-9F62-A1B3C4D5E6F7}")
-SETTINGS = "Software\\Lumarkscribe\\Mirovelcom\\Settings"
+OWN = "Software\\Lumarkscribe\\Mirovelcom"
+SETTINGS = OWN + "\\Settings"
+WORD = OWN + "\\Word"
 CLIENT = """
 Set mirovel = CreateObject("Mirovel.Mirovel.2.1.0")
 mirovel.start
@@ -93,7 +94,7 @@ class Installer(EndToEndTest):
 
         self.assertGreater(len(by_dll), 20)
         self.assertEqual(by_dll, machines.without(by_installer, *RECORDS, "Lumarkscribe"))
-        self.assertEqual({SETTINGS: {"InstallDir": PLACE}},
+        self.assertEqual({SETTINGS: {"InstallDir": PLACE}, WORD: {"Compose": "1", "OwnInstance": "1"}},
                          {key: values for key, values in by_installer.items() if "Lumarkscribe" in key and values})
 
     def test_installed_used_and_removed(self):
@@ -104,10 +105,10 @@ class Installer(EndToEndTest):
         machine.check("cscript.exe", "//nologo", machines.wine_name(self.folder / "nothing.vbs"))
         before = machine.registry()
         machine.install(self.package)
-        installed = self.check_installed(machine, before)
+        self.check_installed(machine, before)
         self.check_use(machine)
         machine.remove(self.package)
-        self.check_removed(machine, before, installed)
+        self.check_removed(machine, before)
 
     def check_installed(self, machine, before):
         files = machine.files(PLACE)
@@ -123,7 +124,6 @@ class Installer(EndToEndTest):
         self.assertEqual(block_below("Registry"), as_shown({key: values for key, values in keys.items() if values or
                                                             key.endswith("Programmable")}),
                          "docs/installation.md lists what is written")
-        return added
 
     def check_use(self, machine):
         """A client that finds the server, its template and a picture where the installer has put them."""
@@ -141,16 +141,19 @@ class Installer(EndToEndTest):
         self.assertNotIn(" !! ", calls)
         self.assertEqual("Installed", documents.text_of(document).strip())
 
-    def check_removed(self, machine, before, installed):
-        """The type library stays, as when the DLL is unregistered."""
+    def check_removed(self, machine, before):
+        """Nothing stays, the type library's registration included."""
         after = machine.registry()
         self.assertEqual([], machines.missing(before, after))
-        library = {key: values for key, values in installed.items() if any(name in key for name in LIBRARY)}
-        self.assertGreater(len(library), 5)
-        self.assertEqual(library, machines.without(machines.added(before, after), *RECORDS))
+        self.assertEqual({}, machines.without(machines.added(before, after), *RECORDS))
         self.assertFalse(machine.path(PLACE).exists())
         self.assertEqual([], machine.start_menu())
         self.assertEqual([], self.products(after))
+
+    def stored(self, machine):
+        """What is set for all users."""
+        return {f"{key.removeprefix(OWN)[1:]}/{name}": value for key, values in machine.registry().items()
+                if key.startswith(OWN) and key != SETTINGS for name, value in values.items()}
 
     def products(self, registry):
         """What the list of programs shows."""
@@ -161,15 +164,21 @@ class Installer(EndToEndTest):
     def test_an_upgrade_takes_the_place_of_the_version_before(self):
         machine = self.machine("upgraded")
         place = "C:\\Elsewhere\\Mirovelcom\\"
-        machine.install(self.earlier("2.0.9"), f"INSTALLDIR={place}")
+        machine.install(self.earlier("2.0.9"), f"INSTALLDIR={place}", "COMPOSE=2", "TEMPLATE=House.dot", "BUSYTIMEOUT=60")
         self.assertIn("templates/Former.dot", machine.files(place))
+        self.assertEqual({"Word/Compose": "2", "Word/OwnInstance": "1", "Word/WordTemplateName": "House.dot",
+                          "Word/BusyTimeout": "60"}, self.stored(machine))
+        machine.check("reg.exe", "add", f"HKLM\\{WORD}", "/v", "OwnInstance", "/t", "REG_DWORD", "/d", "0", "/f")
         own = machine.path(place) / "templates" / "Own.dot"
         own.write_text("{\\rtf1}")
 
-        machine.install(self.package)
+        machine.install(self.package, "BUSYTIMEOUT=5", "STRICT=1", "DIAGNOSTICS=C:\\Logs\\mirovel.log")
         after = machine.registry()
         self.assertEqual([("Mirovelcom", VERSION)], self.products(after))
         self.assertEqual({"InstallDir": place}, after[SETTINGS])
+        self.assertEqual({"Word/Compose": "2", "Word/OwnInstance": "0", "Word/WordTemplateName": "House.dot",
+                          "Word/BusyTimeout": "5", "Word/Strict": "1", "Log/Diagnostics": "C:\\Logs\\mirovel.log"},
+                         self.stored(machine), "what was stored, unless the command line says otherwise")
         server = "Software\\Classes\\CLSID\\{5C2E7A10-3B41-4D8E-9F62-A1B3C4D5E6F7}\\InprocServer32"
         self.assertEqual(place + "bin\\mirovelcom.dll", after[server][""])
         self.assertEqual(sorted([*block_below("Files"), "templates/Own.dot"]), machine.files(place))
@@ -185,10 +194,21 @@ class Installer(EndToEndTest):
 
     def test_another_build_of_the_same_version_takes_the_place_of_the_first(self):
         machine = self.machine("rebuilt")
-        machine.install(self.earlier(VERSION))
+        machine.install(self.earlier(VERSION), "OWNINSTANCE=0")
+        machine.check("reg.exe", "delete", f"HKLM\\{WORD}", "/v", "Compose", "/f")
         machine.install(self.package)
         self.assertEqual([("Mirovelcom", VERSION)], self.products(machine.registry()))
         self.assertEqual(block_below("Files"), machine.files(PLACE))
+        self.assertEqual({"Word/OwnInstance": "0"}, self.stored(machine), "whose documents were counted, has them counted")
+
+    def test_values_that_settings_do_not_have_are_refused(self):
+        machine = self.machine("refusing")
+        for wrong in ("COMPOSE=3", "COMPOSE=yes", "OWNINSTANCE=2", "STRICT=on", "BUSYTIMEOUT=soon", "BUSYTIMEOUT=-1"):
+            status, _ = machine.run("msiexec.exe", "/i", machines.wine_name(self.package), "/qn", wrong)
+            self.assertNotEqual(0, status, wrong)
+        registry = machine.registry()
+        self.assertEqual([], self.products(registry))
+        self.assertEqual({}, {key: values for key, values in registry.items() if "Lumarkscribe" in key and values})
 
 
 class Package(EndToEndTest):
@@ -218,7 +238,16 @@ class Package(EndToEndTest):
 
     def test_it_runs_no_code(self):
         self.assertNotIn("SelfReg", self.info("tables"))
-        self.assertEqual([("KeepInstallDir", "51")], [(row["Action"], row["Type"]) for row in self.table("CustomAction")])
+        actions = self.table("CustomAction")
+        self.assertIn("KeepInstallDir", [row["Action"] for row in actions])
+        self.assertEqual({"51"}, {row["Type"] for row in actions}, "they set a property")
+
+    def test_every_property_of_the_manual_can_be_said_by_an_installing_user(self):
+        """Without rights of his own, Windows passes only these on to the service that installs."""
+        manual = (ROOT / "docs" / "installation.md").read_text("utf-8")
+        named = re.findall(r"^\| `([A-Z]+)` \|", manual, re.MULTILINE)
+        secure = next(row["Value"] for row in self.table("Property") if row["Property"] == "SecureCustomProperties")
+        self.assertEqual(sorted([*named, "EARLIERVERSION", "LATERVERSION"]), sorted(secure.split(";")))
 
     def test_programs_have_versions(self):
         versions = {row["FileName"].rpartition("|")[2]: row["Version"] for row in self.table("File")}

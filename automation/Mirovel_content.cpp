@@ -48,13 +48,13 @@ std::wstring withoutGuidMarks(std::wstring_view written)
 const char* attributeName(short attribute)
 {
     switch (attribute) {
-    case 1:
+    case mirovelBold:
         return "DocBold,";
-    case 2:
+    case mirovelItalic:
         return "DocItalic,";
-    case 4:
+    case mirovelUnderline:
         return "DocUnderline,";
-    case 8:
+    case mirovelStrike:
         return "DocStrike,";
     default:
         return "";

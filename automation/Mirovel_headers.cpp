@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr short landscape = 1;
 constexpr float leftMargin = 130.0F; // points, in either orientation
 
 } // namespace
@@ -64,7 +63,7 @@ STDMETHODIMP Mirovel::setOrientation(short docorient)
 try {
     const MethodScope method(*session_, "setOrientation");
     const Word::PageSetupPtr page = session_->document->GetPageSetup();
-    page->PutOrientation(docorient == landscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
+    page->PutOrientation(docorient == mirovelLandscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
     page->PutLeftMargin(leftMargin);
     return method.done();
 } catch (...) {

@@ -49,13 +49,13 @@ try {
     echo("overrideRegistry", group, name, value, valueType);
     RegEntry entry(toNarrow(group), toNarrow(name), toNarrow(value));
     switch (valueType) {
-    case 1:
+    case mirovelText:
         entry.setKind(RegEntry::textKind);
         break;
-    case 2:
+    case mirovelInteger:
         entry.setKind(RegEntry::integerKind);
         break;
-    case 3:
+    case mirovelBoolean:
         entry.setKind(RegEntry::booleanKind);
         break;
     default:

@@ -140,14 +140,61 @@ class TypeLibrary : public testing::Test
 protected:
     TypeLibrary()
     {
-        ITypeLibPtr library;
-        _com_util::CheckError(LoadTypeLibEx(ServerModule::builtFile().c_str(), REGKIND_NONE, &library));
-        _com_util::CheckError(library->GetTypeInfoOfGuid(IID_IDocument, &dispatch_));
+        _com_util::CheckError(LoadTypeLibEx(ServerModule::builtFile().c_str(), REGKIND_NONE, &library_));
+        _com_util::CheckError(library_->GetTypeInfoOfGuid(IID_IDocument, &dispatch_));
         HREFTYPE reference = 0;
         _com_util::CheckError(dispatch_->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
         _com_util::CheckError(dispatch_->GetRefTypeInfo(reference, &table_));
     }
 
+    /// "Name: first = 1, second = 2" of every enumeration in the library.
+    std::vector<std::string> enumerations() const
+    {
+        std::vector<std::string> found;
+        for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) {
+            TYPEKIND kind{};
+            _com_util::CheckError(library_->GetTypeInfoType(i, &kind));
+            if (kind != TKIND_ENUM)
+                continue;
+            ITypeInfoPtr type;
+            _com_util::CheckError(library_->GetTypeInfo(i, &type));
+            found.push_back(nameOf(*type, MEMBERID_NIL) + ':' + valuesOf(*type));
+        }
+        return found;
+    }
+
+    static std::string nameOf(ITypeInfo& type, MEMBERID member)
+    {
+        BSTR name = nullptr;
+        _com_util::CheckError(type.GetDocumentation(member, &name, nullptr, nullptr, nullptr));
+        return narrow(_bstr_t(name, false));
+    }
+
+    static std::string helpOf(ITypeInfo& type, MEMBERID member)
+    {
+        BSTR help = nullptr;
+        _com_util::CheckError(type.GetDocumentation(member, nullptr, &help, nullptr, nullptr));
+        return narrow(_bstr_t(help, false));
+    }
+
+    static std::string valuesOf(ITypeInfo& type)
+    {
+        TYPEATTR* attributes = nullptr;
+        _com_util::CheckError(type.GetTypeAttr(&attributes));
+        const UINT count = attributes->cVars;
+        type.ReleaseTypeAttr(attributes);
+        std::string text;
+        for (UINT i = 0; i < count; ++i) {
+            VARDESC* constant = nullptr;
+            _com_util::CheckError(type.GetVarDesc(i, &constant));
+            text += (i > 0 ? ", " : " ") + nameOf(type, constant->memid) + " = " +
+                    std::to_string(constant->lpvarValue->lVal);
+            type.ReleaseVarDesc(constant);
+        }
+        return text;
+    }
+
+    ITypeLibPtr library_;
     ITypeInfoPtr dispatch_; ///< as scripts see it
     ITypeInfoPtr table_;    ///< as compilers do
 };
@@ -192,6 +239,45 @@ TEST_F(TypeLibrary, TellsScriptHostsTheSameMethodsBehindTheirOwnSeven)
         EXPECT_EQ((*function).elemdescFunc.tdesc.vt, VT_VOID);
         EXPECT_EQ((*function).invkind, INVOKE_FUNC);
     }
+}
+
+TEST_F(TypeLibrary, SaysOfEveryMethodInASentenceWhatItDoes)
+{
+    for (UINT i = 0; i < methods.size(); ++i) {
+        const std::string help = helpOf(*table_, static_cast<MEMBERID>(i + 1));
+        EXPECT_GE(help.size(), 11U) << methods[i];
+        EXPECT_TRUE(help.ends_with('.')) << methods[i] << ": " << help;
+    }
+}
+
+TEST_F(TypeLibrary, NamesTheNumbersThatMethodsTake)
+{
+    EXPECT_EQ(enumerations(),
+              (std::vector<std::string>{
+                  "MirovelAlignment: mirovelAlignLeft = 1, mirovelAlignCentred = 2, mirovelAlignRight = 3, "
+                  "mirovelAlignJustified = 4",
+                  "MirovelFontAttribute: mirovelBold = 1, mirovelItalic = 2, mirovelUnderline = 4, "
+                  "mirovelStrike = 8",
+                  "MirovelField: mirovelFieldDate = 1, mirovelFieldTime = 2, mirovelFieldFileName = 3, "
+                  "mirovelFieldPage = 4",
+                  "MirovelOrientation: mirovelPortrait = 0, mirovelLandscape = 1",
+                  "MirovelFileKind: mirovelFileEmbedded = 0, mirovelFileLinked = 2, mirovelFileHyperlink = 4",
+                  "MirovelValueType: mirovelText = 1, mirovelInteger = 2, mirovelBoolean = 3"}));
+}
+
+TEST_F(TypeLibrary, SaysOfEveryTypeOfItsOwnWhatItIs)
+{
+    unsigned described = 0;
+    for (UINT i = 0; i < library_->GetTypeInfoCount(); ++i) {
+        ITypeInfoPtr type;
+        _com_util::CheckError(library_->GetTypeInfo(i, &type));
+        const std::string name = nameOf(*type, MEMBERID_NIL);
+        if (!name.starts_with("Mirovel") && name != "IDocument")
+            continue; // the system's, which came along
+        EXPECT_FALSE(helpOf(*type, MEMBERID_NIL).empty()) << name;
+        ++described;
+    }
+    EXPECT_EQ(described, 9U) << "six enumerations, the interface, two classes";
 }
 
 } // namespace

@@ -26,7 +26,7 @@ namespace {
 constexpr short alignLeft = 1, alignCentred = 2, alignRight = 3, alignJustified = 4;
 constexpr short bold = 1, italic = 2, underline = 4, strike = 8;
 constexpr short fieldDate = 1, fieldTime = 2, fieldFileName = 3, fieldPage = 4;
-constexpr short embedded = 0, portrait = 0;
+constexpr short embedded = 0;
 constexpr short textSetting = 1, numberSetting = 2;
 constexpr wchar_t homePage[] = L"http://www.lindholm.example/";
 
@@ -58,8 +58,8 @@ public:
         writeYear();
         writeMonths();
         writeMethod();
-        writeFigures();
         writeSigns();
+        writeFigures();
         writeContact();
         mirovel_->close();
         mirovel_->showLast();
@@ -87,7 +87,6 @@ private:
         mirovel_->trace(10);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));
-        mirovel_->setOrientation(portrait);
     }
 
     // They do nothing; clients that still make them go on working.
@@ -121,13 +120,18 @@ private:
         return L"<a href=\"" + target + L"\">" + label + L"</a>";
     }
 
+    void writeTitle(const std::wstring& tag, const std::wstring& title)
+    {
+        mirovel_->insertTag(bstr(tag));
+        mirovel_->insertText(bstr(title));
+        mirovel_->insertEndl();
+    }
+
     void startChapter(const std::wstring& tag, const std::wstring& title)
     {
         mirovel_->setStyle(bstr(L"Heading 1"));
         mirovel_->insertPageBreak();
-        mirovel_->insertTag(bstr(tag));
-        mirovel_->insertText(bstr(title));
-        mirovel_->insertEndl();
+        writeTitle(tag, title);
     }
 
     void writeEmphasized(short attribute, const std::wstring& text)
@@ -149,8 +153,10 @@ private:
         mirovel_->insertText(bstr(text));
     }
 
-    void writeNumberCell(const std::wstring& text)
+    void writeNumberCell(std::wstring text)
     {
+        if (text.starts_with(L'-'))
+            text.replace(0, 1, minus_);
         startCell(alignRight);
         mirovel_->insertText(bstr(text));
     }
@@ -194,10 +200,6 @@ private:
             mirovel_->insertEndl();
         mirovel_->insertText(bstr(L"Printed on "));
         mirovel_->insertField(fieldDate);
-        mirovel_->insertText(bstr(L" at "));
-        mirovel_->insertField(fieldTime);
-        mirovel_->insertText(bstr(L" from the file "));
-        mirovel_->insertField(fieldFileName);
         mirovel_->insertEndl();
         mirovel_->setTextAlign(alignJustified);
         mirovel_->insertPageBreak();
@@ -232,8 +234,8 @@ private:
         writeLine(L"Caption", L"The year in brief");
         writePoint(bullet_, L"The " + link(L"highest reading", L"July") + L" was 31.4" + degrees_ +
                                 L", in a hot " + link(L"summer", L"Summer") + L".");
-        writePoint(bullet_, L"The " + link(L"lowest reading", L"January") + L" was -12.9" + degrees_ +
-                                L", in a mild " + link(L"winter", L"Winter") + L".");
+        writePoint(bullet_, L"The " + link(L"lowest reading", L"January") + L" was " + minus_ + L"12.9" +
+                                degrees_ + L", in a mild " + link(L"winter", L"Winter") + L".");
         writePoint(bullet_, L"The brook behind the station " + link(L"rose above its banks", L"flood") +
                                 L" in October.");
         writePoint(bullet_, link(L"How we measure", L"method") + L" has not changed since 1931; " +
@@ -303,7 +305,7 @@ private:
                  L"happened in it.");
 
         writeSeasonHeading(L"Winter", L"0.4", L": snow on 31 days");
-        writeParagraph(L"A mean of " + link(L"-0.8" + degrees_, L"Table 1, Winter") +
+        writeParagraph(L"A mean of " + link(minus_ + L"0.8" + degrees_, L"Table 1, Winter") +
                        L" hides one cold week: the night to the 9th of January brought " +
                        link(L"12.9 degrees of frost", L"January") + L".");
         writeSeasonHeading(L"Spring", L"0.2", L": 26 days without rain");
@@ -411,7 +413,7 @@ private:
         mirovel_->insertTag(bstr(L"figures"));
         writeLine(L"Heading 1", L"Appendix: the months in figures");
         writeParagraph(L"Temperatures are in degrees Celsius, rain is in millimetres.");
-        startTable(L"Table 2. The months of 2025", 20);
+        startTable(L"Table 3. The months of 2025", 20);
         writeCell(L"Month");
         writeCell(L"Season");
         writeNumberCell(L"Mean");
@@ -456,8 +458,9 @@ private:
 
     void writeSigns()
     {
-        startChapter(L"signs", L"Signs and sources");
-        startTable(L"Table 3. Signs", 20);
+        mirovel_->setStyle(bstr(L"Heading 1"));
+        writeTitle(L"signs", L"Signs and sources");
+        startTable(L"Table 2. Signs", 20);
         writeCell(L"Sign");
         writeCell(L"Meaning");
         writeCell(L"First used in");
@@ -478,7 +481,7 @@ private:
 
     void writeContact()
     {
-        writeLine(L"Heading 2", L"The observatory");
+        writeLine(L"Heading 1", L"The observatory");
         writeParagraph(L"The observatory is open to visitors on the first Sunday of each month. Its sign, "
                        L"which is also on " +
                        link(L"the cover", L"cover") + L", leads to the readings of today:");
@@ -486,6 +489,13 @@ private:
         mirovel_->insertImage(bstr(files_ + L"\\sign.bmp"), bstr(homePage));
         mirovel_->insertEndl();
         mirovel_->setStyle(bstr(L"Body Text"));
+        mirovel_->setTextAlign(alignJustified);
+        mirovel_->insertText(bstr(L"This report is the file "));
+        mirovel_->insertField(fieldFileName);
+        mirovel_->insertText(bstr(L", made at "));
+        mirovel_->insertField(fieldTime);
+        mirovel_->insertText(bstr(L"."));
+        mirovel_->insertEndl();
         mirovel_->setTextAlign(alignRight);
         mirovel_->insertText(bstr(L"A. Berg, for the observers"));
         mirovel_->insertTag(bstr(L"end"));
@@ -494,7 +504,7 @@ private:
     IDocumentPtr mirovel_;
     std::wstring files_;
     const std::wstring bullet_ = L"\u2022", dot_ = L" \u00b7 ", degrees_ = L" \u00b0C";
-    const std::wstring deltaT_ = L"\u0394T", sigma_ = L"\u03c3";
+    const std::wstring deltaT_ = L"\u0394T", sigma_ = L"\u03c3", minus_ = L"\u2212";
 };
 
 } // namespace

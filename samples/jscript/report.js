@@ -9,10 +9,10 @@
 var alignLeft = 1, alignCentred = 2, alignRight = 3, alignJustified = 4;
 var bold = 1, italic = 2, underline = 4, strike = 8;
 var fieldDate = 1, fieldTime = 2, fieldFileName = 3, fieldPage = 4;
-var embedded = 0, portrait = 0;
+var embedded = 0;
 var textSetting = 1, numberSetting = 2;
 var homePage = "http://www.lindholm.example/";
-var bullet = "\u2022", dot = " \u00b7 ", degrees = " \u00b0C", deltaT = "\u0394T", sigma = "\u03c3";
+var bullet = "\u2022", dot = " \u00b7 ", degrees = " \u00b0C", deltaT = "\u0394T", sigma = "\u03c3", minus = "\u2212";
 
 var mirovel, files;
 
@@ -26,7 +26,6 @@ function startDocument(fileName) {
     mirovel.trace(10);
     mirovel.start();
     mirovel.create(fileName);
-    mirovel.setOrientation(portrait);
 }
 
 // They do nothing; clients that still make them go on working.
@@ -58,12 +57,16 @@ function link(label, target) {
     return "<a href=\"" + target + "\">" + label + "</a>";
 }
 
-function startChapter(tag, title) {
-    mirovel.setStyle("Heading 1");
-    mirovel.insertPageBreak();
+function writeTitle(tag, title) {
     mirovel.insertTag(tag);
     mirovel.insertText(title);
     mirovel.insertEndl();
+}
+
+function startChapter(tag, title) {
+    mirovel.setStyle("Heading 1");
+    mirovel.insertPageBreak();
+    writeTitle(tag, title);
 }
 
 function writeEmphasized(attribute, text) {
@@ -84,7 +87,7 @@ function writeCell(text) {
 
 function writeNumberCell(text) {
     startCell(alignRight);
-    mirovel.insertText(text);
+    mirovel.insertText(text.replace("-", minus));
 }
 
 function setTableFont(isBold) {
@@ -124,10 +127,6 @@ function writeTitlePage() {
     }
     mirovel.insertText("Printed on ");
     mirovel.insertField(fieldDate);
-    mirovel.insertText(" at ");
-    mirovel.insertField(fieldTime);
-    mirovel.insertText(" from the file ");
-    mirovel.insertField(fieldFileName);
     mirovel.insertEndl();
     mirovel.setTextAlign(alignJustified);
     mirovel.insertPageBreak();
@@ -159,7 +158,7 @@ function writeContentsPage() {
     writeLine("Caption", "The year in brief");
     writePoint(bullet, "The " + link("highest reading", "July") + " was 31.4" + degrees + ", in a hot " +
         link("summer", "Summer") + ".");
-    writePoint(bullet, "The " + link("lowest reading", "January") + " was -12.9" + degrees + ", in a mild " +
+    writePoint(bullet, "The " + link("lowest reading", "January") + " was " + minus + "12.9" + degrees + ", in a mild " +
         link("winter", "Winter") + ".");
     writePoint(bullet, "The brook behind the station " + link("rose above its banks", "flood") + " in October.");
     writePoint(bullet, link("How we measure", "method") + " has not changed since 1931; " +
@@ -222,7 +221,7 @@ function writeYear() {
     endTable("The mean of a season is that of its three months. Each season's name leads to what happened in it.");
 
     writeSeasonHeading("Winter", "0.4", ": snow on 31 days");
-    writeParagraph("A mean of " + link("-0.8" + degrees, "Table 1, Winter") + " hides one cold week: the " +
+    writeParagraph("A mean of " + link(minus + "0.8" + degrees, "Table 1, Winter") + " hides one cold week: the " +
         "night to the 9th of January brought " + link("12.9 degrees of frost", "January") + ".");
     writeSeasonHeading("Spring", "0.2", ": 26 days without rain");
     writeParagraph("April began dry, as " + link("winter", "Winter") + " had ended. The drought broke with the " +
@@ -316,7 +315,7 @@ function writeFigures() {
     mirovel.insertTag("figures");
     writeLine("Heading 1", "Appendix: the months in figures");
     writeParagraph("Temperatures are in degrees Celsius, rain is in millimetres.");
-    startTable("Table 2. The months of 2025", 20);
+    startTable("Table 3. The months of 2025", 20);
     writeCell("Month");
     writeCell("Season");
     writeNumberCell("Mean");
@@ -358,8 +357,9 @@ function writeSign(tag, sign, meaning, label, target) {
 }
 
 function writeSigns() {
-    startChapter("signs", "Signs and sources");
-    startTable("Table 3. Signs", 20);
+    mirovel.setStyle("Heading 1");
+    writeTitle("signs", "Signs and sources");
+    startTable("Table 2. Signs", 20);
     writeCell("Sign");
     writeCell("Meaning");
     writeCell("First used in");
@@ -378,13 +378,20 @@ function writeSigns() {
 }
 
 function writeContact() {
-    writeLine("Heading 2", "The observatory");
+    writeLine("Heading 1", "The observatory");
     writeParagraph("The observatory is open to visitors on the first Sunday of each month. Its sign, which is " +
         "also on " + link("the cover", "cover") + ", leads to the readings of today:");
     mirovel.setTextAlign(alignCentred);
     mirovel.insertImage(files + "\\sign.bmp", homePage);
     mirovel.insertEndl();
     mirovel.setStyle("Body Text");
+    mirovel.setTextAlign(alignJustified);
+    mirovel.insertText("This report is the file ");
+    mirovel.insertField(fieldFileName);
+    mirovel.insertText(", made at ");
+    mirovel.insertField(fieldTime);
+    mirovel.insertText(".");
+    mirovel.insertEndl();
     mirovel.setTextAlign(alignRight);
     mirovel.insertText("A. Berg, for the observers");
     mirovel.insertTag("end");
@@ -399,8 +406,8 @@ function writeReport(fileName) {
     writeYear();
     writeMonths();
     writeMethod();
-    writeFigures();
     writeSigns();
+    writeFigures();
     writeContact();
     mirovel.close();
     mirovel.showLast();

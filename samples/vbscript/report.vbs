@@ -11,20 +11,22 @@ Option Explicit
 Const AlignLeft = 1, AlignCentred = 2, AlignRight = 3, AlignJustified = 4
 Const Bold = 1, Italic = 2, Underline = 4, Strike = 8
 Const FieldDate = 1, FieldTime = 2, FieldFileName = 3, FieldPage = 4
-Const Embedded = 0, Portrait = 0
+Const Embedded = 0
 Const TextSetting = 1, NumberSetting = 2
 Const ForReading = 1, AsUnicode = -1
 Const HomePage = "http://www.lindholm.example/"
 
-Dim mirovel, files, bullet, dot, degrees, deltaT, sigma
+Dim mirovel, files, bullet, dot, degrees, deltaT, sigma, minus
 
-' Greek letters come from a file: a script's own text is in the ANSI code page, and Wine's VBScript has no ChrW.
+' Greek letters and the minus sign come from a file: a script's own text is in the ANSI code page, and Wine's VBScript
+' has no ChrW.
 Sub FindCharacters
-    Dim fileSystem, greek
+    Dim fileSystem, letters
     Set fileSystem = CreateObject("Scripting.FileSystemObject")
-    greek = fileSystem.OpenTextFile(files & "\greek.txt", ForReading, False, AsUnicode).ReadAll
-    deltaT = Left(greek, 1) & "T"
-    sigma = Mid(greek, 2, 1)
+    letters = fileSystem.OpenTextFile(files & "\letters.txt", ForReading, False, AsUnicode).ReadAll
+    deltaT = Left(letters, 1) & "T"
+    sigma = Mid(letters, 2, 1)
+    minus = Mid(letters, 3, 1)
     bullet = Chr(149)
     dot = " " & Chr(183) & " "
     degrees = " " & Chr(176) & "C"
@@ -40,7 +42,6 @@ Sub StartDocument(fileName)
     mirovel.trace 10
     mirovel.start
     mirovel.create fileName
-    mirovel.setOrientation Portrait
 End Sub
 
 ' They do nothing; clients that still make them go on working.
@@ -72,12 +73,16 @@ Function Link(label, target)
     Link = "<a href=""" & target & """>" & label & "</a>"
 End Function
 
-Sub StartChapter(tag, title)
-    mirovel.setStyle "Heading 1"
-    mirovel.insertPageBreak
+Sub WriteTitle(tag, title)
     mirovel.insertTag tag
     mirovel.insertText title
     mirovel.insertEndl
+End Sub
+
+Sub StartChapter(tag, title)
+    mirovel.setStyle "Heading 1"
+    mirovel.insertPageBreak
+    WriteTitle tag, title
 End Sub
 
 Sub WriteEmphasized(attribute, text)
@@ -98,7 +103,7 @@ End Sub
 
 Sub WriteNumberCell(text)
     StartCell AlignRight
-    mirovel.insertText text
+    mirovel.insertText Replace(text, "-", minus)
 End Sub
 
 Sub SetTableFont(isBold)
@@ -139,10 +144,6 @@ Sub WriteTitlePage
     Next
     mirovel.insertText "Printed on "
     mirovel.insertField FieldDate
-    mirovel.insertText " at "
-    mirovel.insertField FieldTime
-    mirovel.insertText " from the file "
-    mirovel.insertField FieldFileName
     mirovel.insertEndl
     mirovel.setTextAlign AlignJustified
     mirovel.insertPageBreak
@@ -174,7 +175,7 @@ Sub WriteContentsPage
     WriteLine "Caption", "The year in brief"
     WritePoint bullet, "The " & Link("highest reading", "July") & " was 31.4" & degrees & ", in a hot " & _
         Link("summer", "Summer") & "."
-    WritePoint bullet, "The " & Link("lowest reading", "January") & " was -12.9" & degrees & ", in a mild " & _
+    WritePoint bullet, "The " & Link("lowest reading", "January") & " was " & minus & "12.9" & degrees & ", in a mild " & _
         Link("winter", "Winter") & "."
     WritePoint bullet, "The brook behind the station " & Link("rose above its banks", "flood") & " in October."
     WritePoint bullet, Link("How we measure", "method") & " has not changed since 1931; " & _
@@ -237,7 +238,7 @@ Sub WriteYear
     EndTable "The mean of a season is that of its three months. Each season's name leads to what happened in it."
 
     WriteSeasonHeading "Winter", "0.4", ": snow on 31 days"
-    WriteParagraph "A mean of " & Link("-0.8" & degrees, "Table 1, Winter") & " hides one cold week: the " & _
+    WriteParagraph "A mean of " & Link(minus & "0.8" & degrees, "Table 1, Winter") & " hides one cold week: the " & _
         "night to the 9th of January brought " & Link("12.9 degrees of frost", "January") & "."
     WriteSeasonHeading "Spring", "0.2", ": 26 days without rain"
     WriteParagraph "April began dry, as " & Link("winter", "Winter") & " had ended. The drought broke with the " & _
@@ -331,7 +332,7 @@ Sub WriteFigures
     mirovel.insertTag "figures"
     WriteLine "Heading 1", "Appendix: the months in figures"
     WriteParagraph "Temperatures are in degrees Celsius, rain is in millimetres."
-    StartTable "Table 2. The months of 2025", 20
+    StartTable "Table 3. The months of 2025", 20
     WriteCell "Month"
     WriteCell "Season"
     WriteNumberCell "Mean"
@@ -373,8 +374,9 @@ Sub WriteSign(tag, sign, meaning, label, target)
 End Sub
 
 Sub WriteSigns
-    StartChapter "signs", "Signs and sources"
-    StartTable "Table 3. Signs", 20
+    mirovel.setStyle "Heading 1"
+    WriteTitle "signs", "Signs and sources"
+    StartTable "Table 2. Signs", 20
     WriteCell "Sign"
     WriteCell "Meaning"
     WriteCell "First used in"
@@ -393,13 +395,20 @@ Sub WriteSigns
 End Sub
 
 Sub WriteContact
-    WriteLine "Heading 2", "The observatory"
+    WriteLine "Heading 1", "The observatory"
     WriteParagraph "The observatory is open to visitors on the first Sunday of each month. Its sign, which is " & _
         "also on " & Link("the cover", "cover") & ", leads to the readings of today:"
     mirovel.setTextAlign AlignCentred
     mirovel.insertImage files & "\sign.bmp", HomePage
     mirovel.insertEndl
     mirovel.setStyle "Body Text"
+    mirovel.setTextAlign AlignJustified
+    mirovel.insertText "This report is the file "
+    mirovel.insertField FieldFileName
+    mirovel.insertText ", made at "
+    mirovel.insertField FieldTime
+    mirovel.insertText "."
+    mirovel.insertEndl
     mirovel.setTextAlign AlignRight
     mirovel.insertText "A. Berg, for the observers"
     mirovel.insertTag "end"
@@ -415,8 +424,8 @@ Sub WriteReport(fileName)
     WriteYear
     WriteMonths
     WriteMethod
-    WriteFigures
     WriteSigns
+    WriteFigures
     WriteContact
     mirovel.close
     mirovel.showLast

@@ -46,6 +46,8 @@ void writeDocument(const wchar_t* fileName)
     IDocumentPtr mirovel;
     _com_util::CheckError(mirovel.CreateInstance(L"Mirovel.Mirovel"));
     mirovel->trace(10);
+    // The installer sets this for the machine; the DLL alone does not.
+    mirovel->overrideRegistry(_bstr_t(L"Word"), _bstr_t(L"Compose"), _bstr_t(L"1"), 2);
     mirovel->start();
     _com_util::CheckError(mirovel->create(_bstr_t(fileName)));
 

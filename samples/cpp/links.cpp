@@ -2,9 +2,8 @@
 //   scripts/run-client build/mingw-release/samples/sample_links.exe --log /tmp/links.log --
 //       'Z:\tmp\links.doc' 'Z:\...\samples\report-files'
 //
-// The links are drawn at the end, one after the other, where their texts stood before the first was drawn. So
-// in the document only the first covers just its text; a document that is to be read has one link for each of
-// its parts.
+// It is composed (the setting Word/Compose): each link covers just its text, and may lead to a tag that is
+// placed later.
 //
 // By virtual table a failure in Word arrives as a QdxException; what has no text for the user stays a
 // _com_error.
@@ -48,6 +47,8 @@ public:
     void writeLinks(const std::wstring& fileName)
     {
         _com_util::CheckError(mirovel_.CreateInstance(L"Mirovel.Mirovel"));
+        // The installer sets this for the machine; the DLL alone does not.
+        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"Compose"), bstr(L"1"), 2);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));
         mirovel_->trace(10);

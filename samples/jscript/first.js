@@ -5,6 +5,8 @@
 function writeDocument(fileName) {
     var mirovel = new ActiveXObject("Mirovel.Mirovel");
     mirovel.trace(10);
+    // The installer sets this for the machine; the DLL alone does not.
+    mirovel.overrideRegistry("Word", "Compose", "1", 2);
     mirovel.start();
     mirovel.create(fileName);
 

@@ -4,8 +4,7 @@
 //   scripts/run-client samples/jscript/links.js --log /tmp/links.log -- 'Z:\tmp\links.doc' \
 //       'Z:\...\samples\report-files'
 //
-// The links are drawn at the end, one after the other, where their texts stood before the first was drawn. So in the
-// document only the first covers just its text; a document that is to be read has one link for each of its parts.
+// It is composed (the setting Word/Compose): each link covers just its text, and may lead to a tag that is placed later.
 var embeddedFile = 0, linkedFile = 2, linkToFile = 4;
 var landscape = 1;
 var homePage = "http://www.lindholm.example/";
@@ -75,6 +74,8 @@ function writeLinksInCells() {
 
 function writeLinks(fileName) {
     mirovel = new ActiveXObject("Mirovel.Mirovel");
+    // The installer sets this for the machine; the DLL alone does not.
+    mirovel.overrideRegistry("Word", "Compose", "1", 2);
     mirovel.start();
     mirovel.create(fileName);
     mirovel.trace(10);

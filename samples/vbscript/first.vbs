@@ -8,6 +8,8 @@ Sub WriteDocument(fileName)
     Dim mirovel
     Set mirovel = CreateObject("Mirovel.Mirovel")
     mirovel.trace 10
+    ' The installer sets this for the machine; the DLL alone does not.
+    mirovel.overrideRegistry "Word", "Compose", "1", 2
     mirovel.start
     mirovel.create fileName
 

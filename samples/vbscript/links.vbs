@@ -4,8 +4,7 @@
 '   scripts/run-client samples/vbscript/links.vbs --log /tmp/links.log -- 'Z:\tmp\links.doc' \
 '       'Z:\...\samples\report-files'
 '
-' The links are drawn at the end, one after the other, where their texts stood before the first was drawn. So in the
-' document only the first covers just its text; a document that is to be read has one link for each of its parts.
+' It is composed (the setting Word/Compose): each link covers just its text, and may lead to a tag that is placed later.
 Option Explicit
 
 Const EmbeddedFile = 0, LinkedFile = 2, LinkToFile = 4
@@ -77,6 +76,8 @@ End Sub
 
 Sub WriteLinks(fileName)
     Set mirovel = CreateObject("Mirovel.Mirovel")
+    ' The installer sets this for the machine; the DLL alone does not.
+    mirovel.overrideRegistry "Word", "Compose", "1", 2
     mirovel.start
     mirovel.create fileName
     mirovel.trace 10

@@ -203,6 +203,13 @@ TEST_F(StrictTest, IsOffByDefault)
               "QdxException: insertEndl: no document is open: call create first");
 }
 
+TEST_F(StrictTest, LetsALogBeOpenedWhereThereIsNoDocument)
+{
+    begin(0, true);
+    EXPECT_EQ(outcome([&] { return client->trace(10); }), succeeds);
+    EXPECT_EQ(outcome([&] { return client->trace(0); }), succeeds);
+}
+
 TEST_F(StrictTest, TellsScriptsTheMethodToo)
 {
     begin(0, true);

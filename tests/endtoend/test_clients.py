@@ -11,6 +11,7 @@ TEXT = "A first document\nWord wrote this page. The client said what, one call a
 def sample_log(document):
     """What the samples' calls echo."""
     return "".join(line + "\r\n" for line in [
+        'mirovel->overrideRegistry("Word","Compose","1",2);',
         "mirovel->start();",
         f'mirovel->create("{windows(document).lower()}");',
         "// Page 1",

@@ -40,14 +40,15 @@ class Clients(EndToEndTest):
 
 
 class Settings(EndToEndTest):
-    def read(self, *names, settings):
+    def read(self, *names, settings, **options):
         """The client shows the values with their kinds, as reg.exe does."""
         key = "HKCU\\Software\\Lumarkscribe\\Mirovelcom\\"
         lines = ["On Error Resume Next", 'Set shell = CreateObject("WScript.Shell")']
         for name in names:
             lines += [f'value = "(none)"', f'value = shell.RegRead("{key}{name}")',
                       'WScript.Echo TypeName(value) & " " & value', "Err.Clear"]
-        return self.run_vbscript("\r\n".join(lines) + "\r\n", settings=settings).output
+        return self.run_vbscript("\r\n".join(lines) + "\r\n", settings=settings,
+                                **options).output
 
     def test_kinds(self):
         names = ["Word\\TOCLevel", "Word\\Negative", "Settings\\InstallDir", "Word\\WordTemplateName"]
@@ -58,6 +59,11 @@ class Settings(EndToEndTest):
         self.assertEqual(["Long 4"], self.read("Word\\TOCLevel", settings={"Word/TOCLevel": "4"}))
         self.assertEqual(["String (none)", "String "],
                          self.read("Word\\TOCLevel", "Word\\WordTemplateName", settings={}))
+
+    def test_documents_are_composed_unless_something_else_is_asked_for(self):
+        self.assertEqual(["Long 1"], self.read("Word\\Compose", settings={}, composing=True))
+        self.assertEqual(["Long 0"], self.read("Word\\Compose", settings={}))
+        self.assertEqual(["Long 2"], self.read("Word\\Compose", settings={"Word/Compose": "2"}, composing=True))
 
     def test_the_template_name_can_be_set(self):
         self.assertEqual(["String my.dot"],

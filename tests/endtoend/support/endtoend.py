@@ -66,8 +66,8 @@ class EndToEndTest(unittest.TestCase):
         """Runs a client of any kind.
 
         options: settings and env (dictionaries), display, registration (False: the DLL is not registered),
-        diagnostics (True: run-client switches them on), prefix
-        (default: the module's), status (the one expected, 0 unless given; None for any).
+        diagnostics (True: run-client switches them on), composing (True: run-client's own choice of writer; otherwise the
+        DLL's, the counting one), prefix (default: the module's), status (the one expected, 0 unless given; None for any).
         """
         transcript = self.folder / "transcript.txt"
         log = options.get("log", self.folder / "trace.log")
@@ -79,6 +79,8 @@ class EndToEndTest(unittest.TestCase):
             command += ["--env", f"{name}={value}"]
         if not options.get("diagnostics"):
             command.append("--no-diagnostics")  # which ask Word for a little more
+        if not options.get("composing"):
+            command.append("--counting")
         if options.get("display"):
             command.append("--display")
         if not options.get("registration", True):

@@ -384,24 +384,26 @@ bool StoryContent::startTable()
     if (isTableOpen_)
         return false;
     endParagraphIfItHoldsAnything();
-    Paragraph inFront = std::exchange(outside(), Paragraph());
-    blocks_.pop_back();
+    beginStyle(normal, normal);
     const bool isBehindTable =
-        blocks_.empty() ? isBehindTable_ : std::holds_alternative<Table>(blocks_.back());
-    Paragraph first;
+        blocks_.size() == 1 ? isBehindTable_ : std::holds_alternative<Table>(blocks_[blocks_.size() - 2]);
+    // All memory first: there is always an open paragraph behind the table, or nothing can go on.
+    Table made{.rows = {Row{Cell{Paragraph()}}}, .heights = {0}};
+    if (blocks_.capacity() - blocks_.size() < 2)
+        blocks_.reserve(2 * blocks_.size() + 2);
+    Paragraph& inFront = outside();
     if (isBehindTable) {
         inFront.style = normal;
         inFront.alignment.reset();
-        blocks_.emplace_back(std::move(inFront));
+        blocks_.emplace_back(std::move(made));
     } else {
-        first.items = std::move(inFront.items);
+        made.rows.front().front().front().items = std::move(inFront.items);
+        blocks_.back() = std::move(made);
     }
-    beginStyle(normal, normal);
+    blocks_.emplace_back(Paragraph());
     alignmentNumber_ = 0;
     alignment_.reset();
     waitingInFront_ = waiting_;
-    blocks_.emplace_back(Table{.rows = {Row{Cell{std::move(first)}}}, .heights = {0}});
-    blocks_.emplace_back(Paragraph());
     addWaiting(2 * paragraphSize);
     isBehindTable_ = false;
     isTableOpen_ = true;
@@ -414,14 +416,16 @@ bool StoryContent::addRow()
 {
     if (!isTableOpen_ || (rowsBegun_ == 1 && cellsBegun_ == 0))
         return false;
-    ++rowsBegun_;
-    if (rowsBegun_ > 1) {
+    if (rowsBegun_ > 0) {
         Paragraph empty;
         empty.alignment = alignment_;
-        table().rows.push_back(Row(table().columns(), Cell{empty}));
-        table().heights.push_back(rowHeight_);
-        addWaiting(table().columns() * paragraphSize);
+        Table& open = table();
+        open.heights.resize(open.rows.size() + 1); // without a row for it, it is the next one's
+        open.rows.push_back(Row(open.columns(), Cell{empty}));
+        open.heights.back() = rowHeight_;
+        addWaiting(open.columns() * paragraphSize);
     }
+    ++rowsBegun_;
     cellsBegun_ = column_ = 0;
     return true;
 }

@@ -4,7 +4,9 @@
 //           list
 //   text    of the body, as the reference model says: a line for each paragraph; what is not text as private
 //           characters (see the table below)
+// sessions_as_json full FOLDER: the session with everything there is.
 #include "DocumentContent.h"
+#include "FullSession.h"
 #include "PrintableText.h"
 #include "RandomSession.h"
 #include "ReferenceDocument.h"
@@ -14,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <string_view>
 
 namespace reference {
 namespace {
@@ -105,6 +108,11 @@ std::string writeFiles(const std::filesystem::path& folder)
 
 int main(int argc, char** argv)
 {
+    if (argc == 3 && argv[1] == std::string_view("full")) {
+        std::cout << reference::writeFiles(argv[2]) << '\n'
+                  << reference::asJson(reference::fullSession()) << '\n';
+        return 0;
+    }
     if (argc != 4)
         return 2;
     const auto first = static_cast<std::uint32_t>(std::atoi(argv[1]));

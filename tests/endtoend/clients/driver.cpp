@@ -15,6 +15,8 @@
 //   write TEXT            as its user: a new document with that text in the running Word
 //   documents             what the running Word has open: for each document whether it is saved, and its text
 //   showWord              make Word visible, from outside
+//   environment NAME TEXT for the Words that start from now on
+//   awaitNoWord           until no process of the stand-in's is left
 //   answer yes|no         press that in the next message box
 //   answered              wait for it and show its text
 //
@@ -25,6 +27,7 @@
 
 #include <IDocument.h>
 #include <comdef.h>
+#include <tlhelp32.h>
 
 #include <cstdio>
 #include <fstream>
@@ -390,6 +393,39 @@ private:
 
     static std::string isWordRunning(const Words&) { return runningWord() ? "yes" : "no"; }
 
+    static std::string environment(const Words& words)
+    {
+        SetEnvironmentVariableW(words.at(1).c_str(), unescape(words.at(2)).c_str());
+        return "ok";
+    }
+
+    // One that has been told to quit stays for a moment, for those who still hold its objects.
+    static std::string awaitNoWord(const Words&)
+    {
+        int running = 0;
+        for (int waited = 0; waited < patience; waited += 20) {
+            running = wordProcesses();
+            if (running == 0)
+                return "ok";
+            Sleep(20);
+        }
+        return std::to_string(running) + " left";
+    }
+
+    static int wordProcesses()
+    {
+        const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+        PROCESSENTRY32W process{};
+        process.dwSize = sizeof process;
+        int count = 0;
+        for (BOOL found = Process32FirstW(processes, &process); found;
+             found = Process32NextW(processes, &process))
+            if (_wcsicmp(process.szExeFile, L"wordstandin.exe") == 0)
+                ++count;
+        CloseHandle(processes);
+        return count;
+    }
+
     static std::string showWord(const Words&)
     {
         const IDispatchPtr word = runningWord();
@@ -442,6 +478,8 @@ private:
         {"write", write},
         {"documents", documents},
         {"showWord", showWord},
+        {"environment", environment},
+        {"awaitNoWord", awaitNoWord},
         {"answer", member(&Driver::answer)},
         {"answered", member(&Driver::answered)},
         {"overrideRegistry", member(&Driver::overrideRegistry)},

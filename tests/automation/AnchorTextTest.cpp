@@ -10,7 +10,7 @@ class AnchorTextTest : public FrontEndTest
 protected:
     AnchorTextTest() { openDocument(); }
 
-    void insert(const std::string& text) { EXPECT_EQ(client->insertText(bstr(text)), S_OK); }
+    void insert(const std::string& text) { EXPECT_THAT(client->insertText(bstr(text)), isHresult(S_OK)); }
     /// The echo lines of one text.
     std::string echoOf(const std::string& text)
     {
@@ -101,9 +101,9 @@ TEST_F(AnchorTextTest, PassesTheWholeTextOnWhenItHoldsNoAnchor)
 
 TEST_F(AnchorTextTest, KeepsCharactersOutsideTheCodePageOnlyWithoutAnchor)
 {
-    EXPECT_EQ(client->insertText(L"\u4e2d"_b), S_OK);
-    EXPECT_EQ(client->insertText(L"\u4e2d<a href=\"t\">\u4e2d</a>\u4e2d"_b), S_OK);
-    EXPECT_EQ(client->insertText(L"\u4e2d<a href="_b), S_OK);
+    EXPECT_THAT(client->insertText(L"\u4e2d"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"\u4e2d<a href=\"t\">\u4e2d</a>\u4e2d"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"\u4e2d<a href="_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), (Lines{
                                     "Range@1.InsertAfter(\"\\u4e2d\")",
                                     "Range@1.InsertAfter(\"?\")",

@@ -32,7 +32,7 @@ TEST_F(BadInputTest, TakesNullTextForEmptyTextWithoutDocument)
 {
     for (const auto& [name, call] : callsWith(nullptr))
         EXPECT_EQ(outcome(call), "0x00000000") << name;
-    EXPECT_EQ(client->create(nullptr), E_FAIL);
+    EXPECT_THAT(client->create(nullptr), isHresult(E_FAIL));
 }
 
 TEST_F(BadInputTest, TakesNullTextForEmptyText)
@@ -67,9 +67,9 @@ TEST_F(BadInputTest, EndsTextAtItsFirstNul)
 {
     openDocument();
     trace(10);
-    EXPECT_EQ(client->insertText(L"ab\0cd"_b), S_OK);
-    EXPECT_EQ(client->insertText(L"x\0<a href=\"t\">L</a>"_b), S_OK);
-    EXPECT_EQ(client->insertXref(L"L\0x"_b, L"t\0y"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"ab\0cd"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"x\0<a href=\"t\">L</a>"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertXref(L"L\0x"_b, L"t\0y"_b), isHresult(S_OK));
     EXPECT_EQ(documentText(), "abxL");
     EXPECT_EQ(log(), logLines({"mirovel->insertText(\"ab\");", "mirovel->insertText(\"x\");",
                                "mirovel->insertXref(\"L\",\"t\");"}));
@@ -80,7 +80,7 @@ TEST_F(BadInputTest, PassesUnpairedSurrogatesOn)
     openDocument();
     trace(10);
     const wchar_t text[] = {L'a', 0xD800, L'b', 0xDC00, 0};
-    EXPECT_EQ(client->insertText(_bstr_t(text)), S_OK);
+    EXPECT_THAT(client->insertText(_bstr_t(text)), isHresult(S_OK));
     EXPECT_EQ(word.transcript().back(), "Range@1.InsertAfter(\"a\\ud800b\\udc00\")");
     EXPECT_EQ(log(), logLines({"mirovel->insertText(\"a?b?\");"}));
 }
@@ -90,7 +90,7 @@ TEST_F(BadInputTest, TakesAMegabyteOfText)
     openDocument();
     trace(10);
     const std::string text(1 << 20, 'x');
-    EXPECT_EQ(client->insertText(bstr(text)), S_OK);
+    EXPECT_THAT(client->insertText(bstr(text)), isHresult(S_OK));
     EXPECT_EQ(documentText(), text);
     EXPECT_EQ(log(), "mirovel->insertText(\"" + text + "\");\r\n");
 }
@@ -111,10 +111,10 @@ TEST_F(BadInputTest, RefusesNullOutParameters)
 TEST_F(BadInputTest, OverwritesWhatStandsInOutParameters)
 {
     BSTR answer = reinterpret_cast<BSTR>(static_cast<std::uintptr_t>(0xDEADBEEF));
-    ASSERT_EQ(client->getDocType(&answer), S_OK);
+    ASSERT_THAT(client->getDocType(&answer), isHresult(S_OK));
     EXPECT_EQ(_bstr_t(answer, false), _bstr_t(L"Word"));
     answer = reinterpret_cast<BSTR>(static_cast<std::uintptr_t>(0xDEADBEEF));
-    ASSERT_EQ(client->getPropPages(&answer), S_OK);
+    ASSERT_THAT(client->getPropPages(&answer), isHresult(S_OK));
     EXPECT_EQ(SysStringLen(answer), 38U);
     SysFreeString(answer);
 }
@@ -144,7 +144,7 @@ TEST_F(BadInputTest, TakesEveryNumber)
         EXPECT_EQ(outcome([&] { return m.insertMark(number, number); }), "0x00000000") << number;
         EXPECT_EQ(outcome([&] { return m.setTableRowHeight(number); }), "0x00000000") << number;
     }
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
 }
 
 TEST_F(BadInputTest, TakesFileNamesThatLeadNowhere)
@@ -191,10 +191,10 @@ TEST_F(BadInputTest, PushedDirectoriesDoNotCount)
     openDocument();
     trace(1);
     folder.write("pushed only.bmp", "x");
-    EXPECT_EQ(client->pushDirectory(bstr(folder.file(""))), S_OK);
-    EXPECT_EQ(client->insertFile(L"pushed only.bmp"_b, 1), S_OK);
-    EXPECT_EQ(client->popDirectory(), S_OK);
-    EXPECT_EQ(client->popDirectory(), S_OK);
+    EXPECT_THAT(client->pushDirectory(bstr(folder.file(""))), isHresult(S_OK));
+    EXPECT_THAT(client->insertFile(L"pushed only.bmp"_b, 1), isHresult(S_OK));
+    EXPECT_THAT(client->popDirectory(), isHresult(S_OK));
+    EXPECT_THAT(client->popDirectory(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
     EXPECT_EQ(log(), "ERR File not found: pushed only.bmp\r\n");
 }
@@ -202,13 +202,13 @@ TEST_F(BadInputTest, PushedDirectoriesDoNotCount)
 TEST_F(BadInputTest, AsksNothingOfWordForCallsWithoutEffect)
 {
     openDocument();
-    EXPECT_EQ(client->insertDiagram(1, 2, 3), S_OK);
-    EXPECT_EQ(client->setOption(L"a"_b, L"b"_b), S_OK);
-    EXPECT_EQ(client->insertMark(7, VARIANT_TRUE), S_OK);
-    EXPECT_EQ(client->startFile(L"a"_b), S_OK);
-    EXPECT_EQ(client->insertLocate(), S_OK);
-    EXPECT_EQ(client->pushDirectory(L"c:\\"_b), S_OK);
-    EXPECT_EQ(client->popDirectory(), S_OK);
+    EXPECT_THAT(client->insertDiagram(1, 2, 3), isHresult(S_OK));
+    EXPECT_THAT(client->setOption(L"a"_b, L"b"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertMark(7, VARIANT_TRUE), isHresult(S_OK));
+    EXPECT_THAT(client->startFile(L"a"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertLocate(), isHresult(S_OK));
+    EXPECT_THAT(client->pushDirectory(L"c:\\"_b), isHresult(S_OK));
+    EXPECT_THAT(client->popDirectory(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
 }
 

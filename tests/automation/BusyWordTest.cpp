@@ -77,8 +77,8 @@ TEST_F(BusyWordTest, IsAskedOnceWhenThereIsNoTime)
         word.rejectCall(1, rejected, 1);
         EXPECT_EQ(outcome([&] { return client->insertText(L"abc"_b); }), busy("insertText"));
         EXPECT_EQ(takeTranscript().size(), 1U);
-        EXPECT_EQ(client->close(), S_OK);
-        EXPECT_EQ(client->stop(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
+        EXPECT_THAT(client->stop(), isHresult(S_OK));
         EXPECT_EQ(takeWaited(), 0s);
     }
 }
@@ -87,8 +87,8 @@ TEST_F(BusyWordTest, IsAskedAgainByCallsWithoutAFrame)
 {
     openDocument();
     word.rejectCall(1, later, 3);
-    EXPECT_EQ(client->startTable(), S_OK);
-    EXPECT_EQ(client->addRow(), S_OK);
+    EXPECT_THAT(client->startTable(), isHresult(S_OK));
+    EXPECT_THAT(client->addRow(), isHresult(S_OK));
     EXPECT_EQ(takeWaited(), 30ms);
 }
 
@@ -122,9 +122,9 @@ TEST_F(BusyWordTest, IsAskedAgainWhenItIsToBeCreated)
     installed.reset();
     BusyFactory factory(word, 3);
     DWORD registration = 0;
-    ASSERT_EQ(
+    ASSERT_THAT(
         CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration),
-        S_OK);
+        isHresult(S_OK));
     installed = std::make_unique<standin::ClassRegistration>(word); // makes the ProgID known
     EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
     CoRevokeClassObject(registration);
@@ -158,7 +158,8 @@ TEST_F(BusyWordTest, IsAskedAgainWhenItRunsAlready)
 {
     BusyRunningWord running(word, 2);
     DWORD registration = 0;
-    ASSERT_EQ(RegisterActiveObject(&running, wordClass, ACTIVEOBJECT_STRONG, &registration), S_OK);
+    ASSERT_THAT(RegisterActiveObject(&running, wordClass, ACTIVEOBJECT_STRONG, &registration),
+                isHresult(S_OK));
     EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
     RevokeActiveObject(registration, nullptr);
     EXPECT_EQ(installed->created(), 0);
@@ -198,7 +199,7 @@ TEST_F(BusyWordTest, IsAskedOnceForAHostWithAMessageFilter)
         }
     } filter;
     openDocument();
-    ASSERT_EQ(CoRegisterMessageFilter(&filter, nullptr), S_OK);
+    ASSERT_THAT(CoRegisterMessageFilter(&filter, nullptr), isHresult(S_OK));
     word.rejectCall(1, rejected);
     EXPECT_EQ(outcome([&] { return client->insertText(L"abc"_b); }), busy("insertText"));
     CoRegisterMessageFilter(nullptr, nullptr);
@@ -224,7 +225,7 @@ protected:
         if (call > 0)
             busy.rejectCall(call, code, 2);
         start();
-        EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+        EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
         client->insertTOC();
         client->setStyle(L"Heading 1"_b);
         client->insertTag(L"top"_b);
@@ -251,8 +252,8 @@ protected:
         client->startFooter();
         client->insertText(L"below"_b);
         client->endFooter();
-        EXPECT_EQ(client->close(), S_OK);
-        EXPECT_EQ(client->stop(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
+        EXPECT_THAT(client->stop(), isHresult(S_OK));
         client = nullptr;
         calls = busy.callCount();
         EXPECT_EQ(busy.liveObjects(), 0);

@@ -120,8 +120,8 @@ TEST_F(DestructionTest, ReleasesEverythingWhateverFails)
         installed = std::make_unique<standin::ClassRegistration>(session);
         client = newClient();
         setting("Word", "WordTemplateName", "");
-        ASSERT_EQ(client->start(), S_OK);
-        ASSERT_EQ(client->create(bstr(documentName())), S_OK);
+        ASSERT_THAT(client->start(), isHresult(S_OK));
+        ASSERT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
         client->insertText(L"abc"_b);
         client->startHeader();
         client->insertText(L"head"_b);

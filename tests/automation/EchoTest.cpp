@@ -89,7 +89,7 @@ TEST_F(EchoTest, EchoesTheLowerCasedNameWithoutTheAddedExtension)
     std::string name = folder.file("Report");
     for (char& c : name)
         c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    EXPECT_EQ(client->create(bstr(name)), S_OK);
+    EXPECT_THAT(client->create(bstr(name)), isHresult(S_OK));
     EXPECT_EQ(log(), logLines({"mirovel->create(\"" + folder.file("report") + "\");", "// Page 1"}));
 }
 

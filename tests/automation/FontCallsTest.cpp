@@ -13,7 +13,7 @@ protected:
     {
         client->insertText(L"x"_b);
         word.clearTranscript();
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         std::string font;
         for (const std::string& call : takeTranscript()) {
             const std::size_t value = call.find(" = ");
@@ -108,7 +108,7 @@ TEST_F(FontCallsTest, ASizeThatWordRefusesFailsWhenItIsApplied)
     client->insertText(L"x"_b);
     EXPECT_THAT(outcome([&] { return client->close(); }),
                 testing::StartsWith("QdxException: Saving document\nCOMERROR 0x800a"));
-    EXPECT_EQ(client->close(), S_OK) << "the writer has gone, the document is saved without";
+    EXPECT_THAT(client->close(), isHresult(S_OK)) << "the writer has gone, the document is saved without";
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("x"));
 }
 

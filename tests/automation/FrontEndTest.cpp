@@ -155,12 +155,12 @@ IDocumentPtr FrontEndTest::newClient()
 
 void FrontEndTest::setting(const char* group, const char* name, const std::string& value, short kind) const
 {
-    ASSERT_EQ(client->overrideRegistry(bstr(group), bstr(name), bstr(value), kind), S_OK);
+    ASSERT_THAT(client->overrideRegistry(bstr(group), bstr(name), bstr(value), kind), isHresult(S_OK));
 }
 
 void FrontEndTest::trace(short level) const
 {
-    ASSERT_EQ(client->trace(level), S_OK);
+    ASSERT_THAT(client->trace(level), isHresult(S_OK));
 }
 
 std::string FrontEndTest::log() const
@@ -170,13 +170,13 @@ std::string FrontEndTest::log() const
 
 void FrontEndTest::start() const
 {
-    ASSERT_EQ(client->start(), S_OK);
+    ASSERT_THAT(client->start(), isHresult(S_OK));
 }
 
 void FrontEndTest::openDocument()
 {
     start();
-    ASSERT_EQ(client->create(bstr(documentName())), S_OK);
+    ASSERT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     word.clearTranscript();
 }
 

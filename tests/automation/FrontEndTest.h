@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Hresult.h"
 #include "Mirovel.h"
 #include "ScratchFolder.h"
 #include "ShellOpen.h"

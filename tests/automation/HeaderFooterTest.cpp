@@ -92,14 +92,14 @@ protected:
 TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedHeader)
 {
     trace(10);
-    EXPECT_EQ(client->startHeader(), S_OK);
+    EXPECT_THAT(client->startHeader(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), partTaken("Headers", "-32"));
-    EXPECT_EQ(client->insertText(L"head"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"head"_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines{"Range@2.InsertAfter(\"head\")"});
-    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_THAT(client->endHeader(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(),
               join(runApplied("Range@2", 0, 4, "-32", "Font@5"), {"Document@1.UndoClear()"}));
-    EXPECT_EQ(client->insertText(L"body"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"body"_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"body\")"});
     EXPECT_EQ(log(), logLines({"mirovel->startHeader();", "mirovel->insertText(\"head\");",
                                "mirovel->endHeader();", "mirovel->insertText(\"body\");"}));
@@ -110,10 +110,10 @@ TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedHeader)
 TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedFooter)
 {
     trace(10);
-    EXPECT_EQ(client->startFooter(), S_OK);
+    EXPECT_THAT(client->startFooter(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), partTaken("Footers", "-33"));
-    EXPECT_EQ(client->insertText(L"foot"_b), S_OK);
-    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_THAT(client->insertText(L"foot"_b), isHresult(S_OK));
+    EXPECT_THAT(client->endFooter(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(),
               join(join({"Range@2.InsertAfter(\"foot\")"}, runApplied("Range@2", 0, 4, "-33", "Font@5")),
                    {"Document@1.UndoClear()"}));
@@ -140,14 +140,14 @@ TEST_F(HeaderFooterTest, ReplacesAHeaderThatIsStillEmpty)
 {
     client->startHeader();
     word.clearTranscript();
-    EXPECT_EQ(client->startHeader(), S_OK);
+    EXPECT_THAT(client->startHeader(), isHresult(S_OK));
     const Lines calls = takeTranscript();
     ASSERT_GT(calls.size(), 7U);
     EXPECT_EQ(calls[6], "Range@3.Delete(missing, missing) -> 1") << "the header is emptied first";
     EXPECT_EQ(calls[7], "Range@2.Start = 0") << "then the earlier writer ends";
     client->insertText(L"second"_b);
     client->endHeader();
-    EXPECT_EQ(client->insertText(L"body"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"body"_b), isHresult(S_OK));
     EXPECT_EQ(documentText(), "body");
     EXPECT_EQ(headerText(), "second");
 }
@@ -159,7 +159,7 @@ TEST_F(HeaderFooterTest, ReplacesTheWriterAndKeepsTheTextInTheEarlierHeader)
     client->insertPageBreak();
     client->startHeader();
     client->insertText(L"of the second"_b);
-    EXPECT_EQ(client->startHeader(), S_OK);
+    EXPECT_THAT(client->startHeader(), isHresult(S_OK));
     client->insertText(L"of the first"_b);
     client->endHeader();
     EXPECT_EQ(headerText(1), "of the first");
@@ -183,7 +183,7 @@ TEST_F(HeaderFooterTest, FailsToBeginAgainInAHeaderWithText)
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body") << "content goes to the body again";
 
-    EXPECT_EQ(client->startHeader(), S_OK);
+    EXPECT_THAT(client->startHeader(), isHresult(S_OK));
     client->insertText(L"second"_b);
     client->endHeader();
     EXPECT_EQ(headerText(), "second");
@@ -194,22 +194,22 @@ TEST_F(HeaderFooterTest, EndHeaderLeavesAFooterThatIsBeingBuiltUnfinished)
     client->startFooter();
     client->insertText(L"foot"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_THAT(client->endHeader(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body");
     EXPECT_EQ(footerText(), "foot");
     word.clearTranscript();
-    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_THAT(client->endFooter(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(),
               join(runApplied("Range@2", 0, 4, "-33", "Font@5"), {"Document@1.UndoClear()"}));
 }
 
 TEST_F(HeaderFooterTest, EndWithoutStartTouchesNothing)
 {
-    EXPECT_EQ(client->endHeader(), S_OK);
-    EXPECT_EQ(client->endFooter(), S_OK);
-    EXPECT_EQ(client->endFooter(), S_OK);
+    EXPECT_THAT(client->endHeader(), isHresult(S_OK));
+    EXPECT_THAT(client->endFooter(), isHresult(S_OK));
+    EXPECT_THAT(client->endFooter(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body");
@@ -288,7 +288,7 @@ TEST_F(HeaderFooterTest, TakesTablesFontsAndAlignments)
     client->insertText(L"body"_b);
     client->endTable();
     EXPECT_EQ(documentText(), "body\r\a\r\a ");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
 }
 
 TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInTheBody)
@@ -311,13 +311,13 @@ TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInTheBody)
                                      "\nCOMERROR 0x800a1234\nUnknown error 0x800A1234");
             word.clearFaults();
             word.clearTranscript();
-            EXPECT_EQ(client->insertText(L"x"_b), S_OK);
+            EXPECT_THAT(client->insertText(L"x"_b), isHresult(S_OK));
             EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"x\")"});
-            EXPECT_EQ(header ? client->endHeader() : client->endFooter(), S_OK);
+            EXPECT_THAT(header ? client->endHeader() : client->endFooter(), isHresult(S_OK));
         }
     }
     EXPECT_EQ(documentText(), std::string(static_cast<std::size_t>(2 * calls), 'x'));
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
 }
 
 TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInThePartThatIsOpen)
@@ -325,9 +325,10 @@ TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInThePartThatIsOpen)
     client->startHeader();
     const long calls = static_cast<long>(word.transcript().size());
     for (const bool header : {true, false}) {
-        EXPECT_EQ(header ? client->startHeader() : client->startFooter(), S_OK); // the part that is open
+        EXPECT_THAT(header ? client->startHeader() : client->startFooter(),
+                    isHresult(S_OK)); // the part that is open
         word.clearTranscript();
-        EXPECT_EQ(client->insertText(L"."_b), S_OK);
+        EXPECT_THAT(client->insertText(L"."_b), isHresult(S_OK));
         const Lines inPart = takeTranscript();
         std::string text = ".";
         for (long call = 1; call <= calls; ++call) {
@@ -339,7 +340,7 @@ TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInThePartThatIsOpen)
             EXPECT_THAT(word.transcript(), testing::Contains(testing::HasSubstr(" !! 0x800a1234")));
             word.clearFaults();
             word.clearTranscript();
-            EXPECT_EQ(client->insertText(L"."_b), S_OK);
+            EXPECT_THAT(client->insertText(L"."_b), isHresult(S_OK));
             EXPECT_EQ(takeTranscript(), inPart);
             text += '.';
         }
@@ -354,7 +355,7 @@ TEST_F(HeaderFooterTest, AFailureToEndReturnsContentToTheBody)
     client->insertText(L"head"_b);
     word.failCall(2, refused);
     EXPECT_EQ(outcome([&] { return client->endHeader(); }), "_com_error 0x800a1234");
-    EXPECT_EQ(client->endHeader(), S_OK);
+    EXPECT_THAT(client->endHeader(), isHresult(S_OK));
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body");
     EXPECT_EQ(headerText(), "head");
@@ -367,7 +368,7 @@ TEST_F(HeaderFooterTest, CloseCompletesWhatIsStillBeingBuilt)
     client->startFooter();
     client->insertText(L"foot"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     const Lines calls = takeTranscript();
     const Lines header = join(runApplied("Range@2", 0, 4, "-32", "Font@9"), {"Document@1.UndoClear()"});
     ASSERT_GT(calls.size(), header.size());

@@ -87,7 +87,7 @@ TEST_F(LifecycleTest, AttachesToARunningWord)
     start();
     EXPECT_EQ(installed->created(), 0);
     EXPECT_EQ(takeTranscript(), Lines{"Application@1.Documents -> Documents@1"});
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     EXPECT_EQ(word.model().documentCount(), 1);
 }
 
@@ -100,17 +100,17 @@ TEST_F(LifecycleTest, AsksForWordWhenItIsNotInstalled)
     EXPECT_EQ(exceptions.lines, Lines{"Exception throw: Cannot open Word\nPlease install Word.\n"});
     EXPECT_EQ(invoke(*client, 17, {}).outcome,
               "Mirovel.Mirovel 0x80004005 Cannot open Word\nPlease install Word.\n");
-    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(E_FAIL));
     installed = std::make_unique<standin::ClassRegistration>(word);
-    EXPECT_EQ(client->start(), S_OK);
+    EXPECT_THAT(client->start(), isHresult(S_OK));
 }
 
 TEST_F(LifecycleTest, StaysIdleWhenWordDoesNotAnswer)
 {
     word.failCall(1, refused);
     EXPECT_THROW(client->start(), QdxException);
-    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
-    EXPECT_EQ(client->start(), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(E_FAIL));
+    EXPECT_THAT(client->start(), isHresult(S_OK));
 }
 
 TEST_F(LifecycleTest, EndsTheWordThatItStartedInVain)
@@ -199,14 +199,15 @@ TEST_F(LifecycleTest, TakesAnObjectThatIsNoWordForNone)
             object.refusal = refusal;
             DWORD registration = 0;
             if (running) {
-                ASSERT_EQ(RegisterActiveObject(&object, wordClass, ACTIVEOBJECT_STRONG, &registration), S_OK);
+                ASSERT_THAT(RegisterActiveObject(&object, wordClass, ACTIVEOBJECT_STRONG, &registration),
+                            isHresult(S_OK));
                 outcomes.push_back(outcome([&] { return client->start(); }));
                 RevokeActiveObject(registration, nullptr);
             } else {
                 installed.reset(); // of two factories for one class, the first is asked
-                ASSERT_EQ(CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                                                &registration),
-                          S_OK);
+                ASSERT_THAT(CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER,
+                                                  REGCLS_MULTIPLEUSE, &registration),
+                            isHresult(S_OK));
                 installed = std::make_unique<standin::ClassRegistration>(word); // makes the ProgID known
                 outcomes.push_back(outcome([&] { return client->start(); }));
                 CoRevokeClassObject(registration);
@@ -216,7 +217,7 @@ TEST_F(LifecycleTest, TakesAnObjectThatIsNoWordForNone)
     EXPECT_EQ(outcomes, (Lines{cannotOpenWord(E_POINTER), cannotOpenWord(E_ACCESSDENIED),
                                cannotOpenWord(E_POINTER), cannotOpenWord(E_ACCESSDENIED)}));
     EXPECT_EQ(installed->created(), 0);
-    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(E_FAIL));
     installed.reset();
     installed = std::make_unique<standin::ClassRegistration>(word); // now alone
     EXPECT_EQ(outcome([&] { return client->start(); }), "0x00000000");
@@ -225,7 +226,7 @@ TEST_F(LifecycleTest, TakesAnObjectThatIsNoWordForNone)
 TEST_F(LifecycleTest, RefusesToCreateWithoutWord)
 {
     trace(10);
-    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(E_FAIL));
     EXPECT_EQ(log(), "");
     EXPECT_EQ(word.callCount(), 0);
 }
@@ -234,7 +235,7 @@ TEST_F(LifecycleTest, CreatesTheDocumentStepByStep)
 {
     start();
     word.clearTranscript();
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), createCalls(documentName()));
     EXPECT_THAT(contentOf(documentName()), testing::StartsWith("{\\rtf"));
 }
@@ -248,17 +249,17 @@ TEST_F(LifecycleTest, AFailureElsewhereInCreateReachesTheClientAsItIs)
         word.failCall(call, refused);
         EXPECT_EQ(outcome([&] { return client->create(bstr(documentName())); }), "_com_error 0x800a1234");
         EXPECT_EQ(takeTranscript().back(), line + " !! 0x800a1234");
-        EXPECT_EQ(client->insertText(L"lost"_b), S_OK);
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->insertText(L"lost"_b), isHresult(S_OK));
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         EXPECT_EQ(takeTranscript(), Lines()) << "no document is open";
     };
     expectFailure(1, "Application@1.Options");
     EXPECT_EQ(word.model().documentCount(), 0);
     expectFailure(8, "Document@1.Range(missing, missing)");
     EXPECT_EQ(word.model().documentCount(), 1) << "it stays with Word";
-    EXPECT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
-    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"abc"_b), isHresult(S_OK));
+    EXPECT_THAT(client->close(), isHresult(S_OK));
 }
 
 TEST_F(LifecycleTest, ClosesTheDocumentStepByStep)
@@ -266,7 +267,7 @@ TEST_F(LifecycleTest, ClosesTheDocumentStepByStep)
     openDocument();
     client->insertText(L"abc"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), (Lines{
                                     "Range@1.Start = 0",
                                     "Range@1.End = 3",
@@ -294,7 +295,7 @@ TEST_F(LifecycleTest, StopsStepByStep)
 {
     start();
     word.clearTranscript();
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(),
               (Lines{"Documents@1.Count -> 0", "Application@1.Quit(missing, missing, missing)"}));
     EXPECT_TRUE(word.hasQuit());
@@ -303,9 +304,9 @@ TEST_F(LifecycleTest, StopsStepByStep)
 TEST_F(LifecycleTest, SavesAndClosesEveryDocumentWhenItStops)
 {
     openDocument();
-    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"abc"_b), isHresult(S_OK));
     word.clearTranscript();
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), (Lines{"Documents@1.Count -> 1", "Documents@1.Close(-1, missing, missing)",
                                        "Application@1.Quit(missing, missing, missing)"}));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("abc"));
@@ -314,10 +315,10 @@ TEST_F(LifecycleTest, SavesAndClosesEveryDocumentWhenItStops)
 TEST_F(LifecycleTest, FailsToCloseADocumentThatStopHasClosed)
 {
     openDocument();
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
     EXPECT_THAT(outcome([&] { return client->close(); }),
                 testing::StartsWith("QdxException: Saving document\nCOMERROR 0x"));
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
 }
 
 TEST_F(LifecycleTest, RestoresTheProofingThatItFound)
@@ -326,7 +327,7 @@ TEST_F(LifecycleTest, RestoresTheProofingThatItFound)
     openDocument();
     EXPECT_FALSE(word.model().options.checkGrammarAsYouType);
     EXPECT_FALSE(word.model().options.checkSpellingAsYouType);
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_FALSE(word.model().options.checkGrammarAsYouType);
     EXPECT_TRUE(word.model().options.checkSpellingAsYouType);
 }
@@ -335,7 +336,7 @@ TEST_F(LifecycleTest, LowerCasesTheNameAndAddsTheExtension)
 {
     start();
     const std::string name = folder.file("Report");
-    EXPECT_EQ(client->create(bstr(name)), S_OK);
+    EXPECT_THAT(client->create(bstr(name)), isHresult(S_OK));
     EXPECT_THAT(word.transcript(), testing::Contains(saveCall("Document@1", folder.file("report") + ".doc")));
 }
 
@@ -344,10 +345,10 @@ TEST_F(LifecycleTest, KeepsAnyExtension)
     start();
     for (const char* name : {"a.rtf", "b.x.y", "c."}) {
         word.clearTranscript();
-        EXPECT_EQ(client->create(bstr(folder.file(name))), S_OK);
+        EXPECT_THAT(client->create(bstr(folder.file(name))), isHresult(S_OK));
         EXPECT_THAT(word.transcript(),
                     testing::Contains(testing::HasSubstr(escaped(folder.file(name)) + "\", ")));
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
     }
 }
 
@@ -356,7 +357,7 @@ TEST_F(LifecycleTest, AbandonsTheEarlierDocumentInASecondCreate)
     openDocument();
     client->insertText(L"abc"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
+    EXPECT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
     EXPECT_EQ(word.model().documentCount(), 2);
     const Lines calls = takeTranscript();
     EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr("Document@1.SaveAs"))));
@@ -368,9 +369,9 @@ TEST_F(LifecycleTest, AbandonsTheEarlierDocumentInASecondCreate)
     };
     EXPECT_LT(indexOf(saveCall("Document@2", folder.file("second.doc"))), indexOf("Range@1.Style = -1"));
     EXPECT_LT(indexOf("Range@1.Style = -1"), indexOf("Document@2.Range(missing, missing) -> Range@2"));
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(word.model().documentCount(), 1);
-    EXPECT_EQ(client->close(), S_OK); // nothing more to close
+    EXPECT_THAT(client->close(), isHresult(S_OK)); // nothing more to close
     EXPECT_EQ(word.model().documentCount(), 1);
 }
 
@@ -382,13 +383,13 @@ TEST_F(LifecycleTest, EndsHeadersAndFootersBeforeTheBodyInASecondCreate)
     client->startFooter();
     client->insertText(L"foot"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
+    EXPECT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
     Lines styled;
     for (const std::string& line : takeTranscript())
         if (line.find(".Style = ") != std::string::npos)
             styled.push_back(line);
     EXPECT_EQ(styled, (Lines{"Range@2.Style = -32", "Range@3.Style = -33", "Range@1.Style = -1"}));
-    EXPECT_EQ(client->insertText(L"body"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"body"_b), isHresult(S_OK));
     EXPECT_THAT(word.transcript().back(), testing::HasSubstr(".InsertAfter(\"body\")"));
 }
 
@@ -399,14 +400,14 @@ TEST_F(LifecycleTest, ClosesAgainAfterAFailedClose)
     word.failCall(2, refused);
     EXPECT_THROW(client->close(), QdxException);
     word.clearTranscript();
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), (Lines{
                                     "Options@1.CheckGrammarAsYouType = true",
                                     "Options@1.CheckSpellingAsYouType = true",
                                     saveCall("Document@1", documentName()),
                                     "Document@1.Close(missing, missing, missing)",
                                 }));
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
 }
 
@@ -415,10 +416,10 @@ TEST_F(LifecycleTest, StartsAgainAfterStop)
     openDocument();
     client->close();
     client->stop();
-    EXPECT_EQ(client->create(bstr(documentName())), E_FAIL);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(E_FAIL));
     trace(10);
-    EXPECT_EQ(client->stop(), S_OK);
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(log(), "");
 }
 
@@ -427,7 +428,7 @@ TEST_F(LifecycleTest, OpensTheLastDocumentAndShowsWord)
     openDocument();
     client->close();
     word.clearTranscript();
-    EXPECT_EQ(client->showLast(), S_OK);
+    EXPECT_THAT(client->showLast(), isHresult(S_OK));
     EXPECT_EQ(opened, Lines{documentName()});
     EXPECT_EQ(takeTranscript(), Lines{"Application@1.Visible = true"});
 }
@@ -435,10 +436,10 @@ TEST_F(LifecycleTest, OpensTheLastDocumentAndShowsWord)
 TEST_F(LifecycleTest, OnlyOpensWhatIsNoWordDocument)
 {
     start();
-    EXPECT_EQ(client->create(bstr(folder.file("a.rtf"))), S_OK);
+    EXPECT_THAT(client->create(bstr(folder.file("a.rtf"))), isHresult(S_OK));
     client->close();
     word.clearTranscript();
-    EXPECT_EQ(client->showLast(), S_OK);
+    EXPECT_THAT(client->showLast(), isHresult(S_OK));
     EXPECT_EQ(opened, Lines{folder.file("a.rtf")});
     EXPECT_EQ(takeTranscript(), Lines());
 }
@@ -446,15 +447,15 @@ TEST_F(LifecycleTest, OnlyOpensWhatIsNoWordDocument)
 TEST_F(LifecycleTest, TakesTheExtensionAnywhereForAWordDocument)
 {
     start();
-    EXPECT_EQ(client->create(bstr(folder.file("a.docs.rtf"))), S_OK);
+    EXPECT_THAT(client->create(bstr(folder.file("a.docs.rtf"))), isHresult(S_OK));
     word.clearTranscript();
-    EXPECT_EQ(client->showLast(), S_OK);
+    EXPECT_THAT(client->showLast(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines{"Application@1.Visible = true"});
 }
 
 TEST_F(LifecycleTest, ShowsNothingBeforeAnyDocument)
 {
-    EXPECT_EQ(client->showLast(), S_OK);
+    EXPECT_THAT(client->showLast(), isHresult(S_OK));
     EXPECT_EQ(opened, Lines{""});
     EXPECT_EQ(word.callCount(), 0);
 }
@@ -474,7 +475,7 @@ TEST_F(RunningDocumentTest, ClosesTheDocumentThatIsOpenUnderTheName)
     documents->Add()->SaveAs(bstr(folder.file("third.doc")));
     start();
     word.clearTranscript();
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     const Lines calls = takeTranscript();
     ASSERT_GE(calls.size(), 11U);
     EXPECT_EQ(Lines(calls.begin() + 5, calls.begin() + 12),
@@ -503,10 +504,10 @@ TEST_F(RunningDocumentTest, AFailureInLookingForItReachesTheClientAsItIs)
         EXPECT_EQ(outcome([&] { return client->create(bstr(documentName())); }), "_com_error 0x800a1234");
         EXPECT_EQ(takeTranscript().back(), std::string(line) + " !! 0x800a1234");
         EXPECT_EQ(word.model().documentCount(), 1) << "nothing is closed or added";
-        EXPECT_EQ(client->insertText(L"lost"_b), S_OK);
+        EXPECT_THAT(client->insertText(L"lost"_b), isHresult(S_OK));
         EXPECT_EQ(takeTranscript(), Lines());
     }
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     EXPECT_EQ(word.model().documentCount(), 1);
 }
 
@@ -518,7 +519,7 @@ TEST_F(RunningDocumentTest, LeavesWordAloneWhenAnotherProgramHasTheFileOpen)
     document->SaveAs(bstr(documentName()));
     start();
     word.clearTranscript();
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
     const Lines calls = takeTranscript();
     EXPECT_EQ(calls[5], "Documents@1.Count -> 0");
     EXPECT_EQ(calls[6], "Documents@1.Add(missing, missing, missing, missing) -> Document@1");

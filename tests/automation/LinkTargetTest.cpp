@@ -14,7 +14,7 @@ protected:
     Lines linksAtClose()
     {
         word.clearTranscript();
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         Lines links;
         for (const std::string& call : takeTranscript()) {
             if (call.find(".Add(Range@") == std::string::npos || call.rfind("Hyperlinks@", 0) != 0)
@@ -43,17 +43,17 @@ protected:
 
 TEST_F(LinkTargetTest, ATextWithoutTagIsPlainText)
 {
-    EXPECT_EQ(client->insertXref(L"label"_b, L""_b), S_OK);
-    EXPECT_EQ(client->insertXref(L"!"_b, nullptr), S_OK);
+    EXPECT_THAT(client->insertXref(L"label"_b, L""_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertXref(L"!"_b, nullptr), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), (Lines{"Range@1.InsertAfter(\"label\")", "Range@1.InsertAfter(\"!\")"}));
     EXPECT_EQ(linksAtClose(), Lines());
 }
 
 TEST_F(LinkTargetTest, WithoutTextNothingIsInsertedAndNoTagEntered)
 {
-    EXPECT_EQ(client->insertXref(L""_b, L"tag"_b), S_OK);
-    EXPECT_EQ(client->insertXref(L""_b, L""_b), S_OK);
-    EXPECT_EQ(client->insertXref(nullptr, L"http://example.org"_b), S_OK);
+    EXPECT_THAT(client->insertXref(L""_b, L"tag"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertXref(L""_b, L""_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertXref(nullptr, L"http://example.org"_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
     client->insertText(L"x"_b);
     client->insertTag(L"first"_b);
@@ -62,8 +62,8 @@ TEST_F(LinkTargetTest, WithoutTextNothingIsInsertedAndNoTagEntered)
 
 TEST_F(LinkTargetTest, ATagWithoutNameIsNone)
 {
-    EXPECT_EQ(client->insertTag(L""_b), S_OK);
-    EXPECT_EQ(client->insertTag(nullptr), S_OK);
+    EXPECT_THAT(client->insertTag(L""_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertTag(nullptr), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
 }
 
@@ -173,7 +173,7 @@ TEST_F(LinkTargetTest, AnyTextIsATag)
 {
     const std::wstring huge(100'000, L't');
     for (const wchar_t* tag : {L" ", L"a b", L"\u4e2d", L"?", L"\"", huge.c_str()})
-        EXPECT_EQ(client->insertXref(L"x"_b, _bstr_t(tag)), S_OK);
+        EXPECT_THAT(client->insertXref(L"x"_b, _bstr_t(tag)), isHresult(S_OK));
     client->insertTag(L"?"_b); // what becomes of a character outside the code page
     EXPECT_EQ(bookmarksPlaced(), Lines{"b3"});
     client->insertTag(_bstr_t(huge.c_str()));
@@ -212,7 +212,7 @@ TEST_F(LinkTargetTest, ATagThatFailsIsEnteredAndNotPlaced)
     client->insertXref(L"label"_b, L"tag"_b);
     word.failCall(1, E_ACCESSDENIED);
     EXPECT_EQ(outcome([&] { return client->insertTag(L"tag"_b); }), "_com_error 0x80070005");
-    EXPECT_EQ(client->insertTag(L"tag"_b), S_OK);
+    EXPECT_THAT(client->insertTag(L"tag"_b), isHresult(S_OK));
     EXPECT_EQ(linksAtClose(), Lines{"|b1"});
 }
 
@@ -259,7 +259,7 @@ TEST_F(LinkTargetTest, ALinksTextIsCountedThoughWordRefusesIt)
 // The bookmark before ends one in front of the position.
 TEST_F(LinkTargetTest, TwoTagsInFrontOfAllTextFail)
 {
-    EXPECT_EQ(client->insertTag(L"one"_b), S_OK);
+    EXPECT_THAT(client->insertTag(L"one"_b), isHresult(S_OK));
     EXPECT_EQ(outcome([&] { return client->insertTag(L"two"_b); }), "_com_error 0x800a1200");
     client->insertXref(L"label"_b, L"two"_b);
     EXPECT_EQ(linksAtClose(), Lines()) << "the tag was not placed";
@@ -267,21 +267,21 @@ TEST_F(LinkTargetTest, TwoTagsInFrontOfAllTextFail)
 
 TEST_F(LinkTargetTest, ATagInAnEmptyDocumentFailsTheFirstClose)
 {
-    EXPECT_EQ(client->insertTag(L"one"_b), S_OK);
+    EXPECT_THAT(client->insertTag(L"one"_b), isHresult(S_OK));
     EXPECT_EQ(outcome([&] { return client->close(); }),
               "QdxException: Saving document\nCOMERROR 0x800a1200\nUnknown error 0x800A1200");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_THAT(contentOf(documentName()), testing::StartsWith("{\\rtf"));
 }
 
 TEST_F(LinkTargetTest, AnImageLeadsToAnAddressAFileOrATag)
 {
     const _bstr_t picture = bstr(folder.write("a.bmp", sample::bmp()));
-    EXPECT_EQ(client->insertImage(picture, L"http://example.org/"_b), S_OK);
-    EXPECT_EQ(client->insertImage(picture, L"tag"_b), S_OK);
-    EXPECT_EQ(client->insertImage(picture, L"other"_b), S_OK);
-    EXPECT_EQ(client->insertImage(picture, L""_b), S_OK);
-    EXPECT_EQ(client->insertImage(picture, nullptr), S_OK);
+    EXPECT_THAT(client->insertImage(picture, L"http://example.org/"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertImage(picture, L"tag"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertImage(picture, L"other"_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertImage(picture, L""_b), isHresult(S_OK));
+    EXPECT_THAT(client->insertImage(picture, nullptr), isHresult(S_OK));
     client->insertTag(L"tag"_b);
     EXPECT_EQ(linksAtClose(), (Lines{"http://example.org/|", "|b1"}));
 }

@@ -200,7 +200,7 @@ protected:
         if (state != State::idle)
             start();
         const HRESULT created = state == State::open ? client->create(bstr(documentName())) : S_OK;
-        ASSERT_EQ(created, S_OK);
+        ASSERT_THAT(created, isHresult(S_OK));
         trace(10);
     }
 
@@ -279,7 +279,8 @@ TEST_F(InterfaceTest, GivesEveryMethodTheIdOfItsPlaceInTheTable)
         std::wstring name(method.name, method.name + std::strlen(method.name));
         LPOLESTR names = name.data();
         DISPID id = 0;
-        EXPECT_EQ(client->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_NEUTRAL, &id), S_OK) << method.name;
+        EXPECT_THAT(client->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_NEUTRAL, &id), isHresult(S_OK))
+            << method.name;
         EXPECT_EQ(id, method.id) << method.name;
     }
     EXPECT_EQ(methodTable("x.doc").size(), 42U);
@@ -291,8 +292,8 @@ TEST_F(InterfaceTest, PutsTheMethodsBehindTheSevenSlotsOfIDispatch)
     void** const table = *reinterpret_cast<void***>(object);
     trace(10);
     // `start` (17) and `stop` (18), by their place alone.
-    EXPECT_EQ(reinterpret_cast<NoArguments>(table[7 + 16])(object), S_OK);
-    EXPECT_EQ(reinterpret_cast<NoArguments>(table[7 + 17])(object), S_OK);
+    EXPECT_THAT(reinterpret_cast<NoArguments>(table[7 + 16])(object), isHresult(S_OK));
+    EXPECT_THAT(reinterpret_cast<NoArguments>(table[7 + 17])(object), isHresult(S_OK));
     EXPECT_EQ(log(), logLines({"mirovel->start();", "mirovel->stop();"}));
 }
 
@@ -317,9 +318,9 @@ TEST_F(InterfaceTest, AnswersTextsInVariablesOfScripts)
         reference.vt = VT_BYREF | VT_VARIANT;
         reference.pvarVal = &variable;
         DISPPARAMS parameters = {&reference, nullptr, 1, 0};
-        EXPECT_EQ(client->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &parameters, nullptr, nullptr,
-                                 nullptr),
-                  S_OK);
+        EXPECT_THAT(client->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &parameters, nullptr,
+                                   nullptr, nullptr),
+                    isHresult(S_OK));
         EXPECT_EQ(variable, _variant_t(answer.c_str()));
     }
 }
@@ -327,9 +328,9 @@ TEST_F(InterfaceTest, AnswersTextsInVariablesOfScripts)
 TEST_F(InterfaceTest, AnswersTextsInOutParameters)
 {
     BSTR answer = nullptr;
-    ASSERT_EQ(client->getPropPages(&answer), S_OK);
+    ASSERT_THAT(client->getPropPages(&answer), isHresult(S_OK));
     EXPECT_EQ(_bstr_t(answer, false), _bstr_t(L"{5C2E7A11-3B41-4D8E-9F62-A1B3C4D5E6F7}"));
-    ASSERT_EQ(client->getDocType(&answer), S_OK);
+    ASSERT_THAT(client->getDocType(&answer), isHresult(S_OK));
     EXPECT_EQ(SysStringLen(answer), 4U);
     EXPECT_EQ(_bstr_t(answer, false), _bstr_t(L"Word"));
 }

@@ -16,7 +16,7 @@ TEST_F(OrientationTest, OneIsLandscapeAndEveryOtherNumberPortrait)
     int setup = 1; // the first one was the writer's
     for (const auto& [number, orientation] : std::vector<std::pair<short, const char*>>{
              {1, "1"}, {0, "0"}, {1, "1"}, {2, "0"}, {-1, "0"}, {32767, "0"}, {-32768, "0"}, {257, "0"}}) {
-        EXPECT_EQ(client->setOrientation(number), S_OK);
+        EXPECT_THAT(client->setOrientation(number), isHresult(S_OK));
         const std::string page = "PageSetup@" + std::to_string(++setup);
         EXPECT_EQ(takeTranscript(),
                   (Lines{"Document@1.PageSetup -> " + page, page + ".Orientation = " + orientation,
@@ -61,7 +61,7 @@ TEST_F(OrientationTest, LetsFailuresThroughAtEachCall)
         word.failCall(call, refused);
         EXPECT_EQ(outcome([&] { return client->setOrientation(1); }), "_com_error 0x800a1234");
     }
-    EXPECT_EQ(client->setOrientation(1), S_OK);
+    EXPECT_THAT(client->setOrientation(1), isHresult(S_OK));
 }
 
 } // namespace

@@ -130,10 +130,10 @@ const std::string cannotOpen = "Cannot open Word\nCOMERROR 0x800a1234\nUnknown e
 TEST_F(OtherApartmentTest, CallsThroughAProxy)
 {
     EXPECT_NE(client.GetInterfacePtr(), apartment.object.GetInterfacePtr());
-    EXPECT_EQ(client->start(), S_OK);
-    EXPECT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
-    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->start(), isHresult(S_OK));
+    EXPECT_THAT(client->create(bstr(folder.file("a.doc"))), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"abc"_b), isHresult(S_OK));
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(errorObject(), "(none)");
     EXPECT_THAT(contentOf(folder.file("a.doc")), testing::HasSubstr("abc"));
 }
@@ -143,15 +143,15 @@ TEST_F(OtherApartmentTest, AFramedMethodReturnsItsFailure)
     apartment.word->failCall(1, refused);
     EXPECT_EQ(outcome([&] { return client->start(); }), "0x80004005");
     EXPECT_EQ(errorObject(), "Mirovel.Mirovel: " + cannotOpen);
-    EXPECT_EQ(client->start(), S_OK) << "both sides live on";
+    EXPECT_THAT(client->start(), isHresult(S_OK)) << "both sides live on";
 }
 
 TEST_F(OtherApartmentTest, AnUnframedMethodReturnsItsFailure)
 {
     EXPECT_EQ(outcome([&] { return client->setOrientation(1); }), "0x80004003");
     EXPECT_EQ(errorObject(), "Mirovel.Mirovel: " + systemMessage(E_POINTER));
-    ASSERT_EQ(client->start(), S_OK);
-    ASSERT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
+    ASSERT_THAT(client->start(), isHresult(S_OK));
+    ASSERT_THAT(client->create(bstr(folder.file("a.doc"))), isHresult(S_OK));
     apartment.word->failCall(1, refused);
     EXPECT_EQ(outcome([&] { return client->startTable(); }), "0x800a1234");
     EXPECT_EQ(errorObject(), "Mirovel.Mirovel: Unknown error 0x800A1234");
@@ -166,8 +166,8 @@ TEST_F(OtherApartmentTest, AScriptGetsTheSameTextAsBeside)
 // A piece is a call of the object's own, and its failure an exception there.
 TEST_F(OtherApartmentTest, AFailureInAPieceOfATextStopsTheRest)
 {
-    ASSERT_EQ(client->start(), S_OK);
-    ASSERT_EQ(client->create(bstr(folder.file("a.doc"))), S_OK);
+    ASSERT_THAT(client->start(), isHresult(S_OK));
+    ASSERT_THAT(client->create(bstr(folder.file("a.doc"))), isHresult(S_OK));
     apartment.word->clearTranscript();
     apartment.word->failCall(1, refused);
     EXPECT_EQ(outcome([&] { return client->insertText(L"a<a href=\"t\">L</a>b"_b); }), "0x00000000");
@@ -192,8 +192,8 @@ TEST_F(OtherApartmentTest, TheObjectSaysThatItHasErrorObjects)
 {
     const ISupportErrorInfoPtr support = client;
     ASSERT_TRUE(support);
-    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDocument), S_OK);
-    EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
+    EXPECT_THAT(support->InterfaceSupportsErrorInfo(IID_IDocument), isHresult(S_OK));
+    EXPECT_THAT(support->InterfaceSupportsErrorInfo(IID_IUnknown), isHresult(S_FALSE));
 }
 
 } // namespace

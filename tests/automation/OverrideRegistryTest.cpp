@@ -42,7 +42,7 @@ TEST_F(OverrideRegistryTest, NeverReachesTheRegistry)
 TEST_F(OverrideRegistryTest, AcceptsEveryKindAndEmptyNames)
 {
     for (const short kind : std::initializer_list<short>{-32768, -1, 0, 1, 2, 3, 4, 32767})
-        EXPECT_EQ(client->overrideRegistry(L""_b, L""_b, L"x"_b, kind), S_OK);
+        EXPECT_THAT(client->overrideRegistry(L""_b, L""_b, L"x"_b, kind), isHresult(S_OK));
 }
 
 /// The log name as its kind makes it read, seen by the file that the trace writes to. A bare name lies in the
@@ -56,8 +56,8 @@ protected:
         std::filesystem::remove(path);
         {
             const IDocumentPtr other = newClient();
-            EXPECT_EQ(other->overrideRegistry(L"Log"_b, L"LogName"_b, bstr(value), kind), S_OK);
-            EXPECT_EQ(other->trace(10), S_OK);
+            EXPECT_THAT(other->overrideRegistry(L"Log"_b, L"LogName"_b, bstr(value), kind), isHresult(S_OK));
+            EXPECT_THAT(other->trace(10), isHresult(S_OK));
             other->addRow();
         }
         const bool found = contentOf(path) == "mirovel->addRow();\r\n";

@@ -27,7 +27,7 @@ protected:
     Lines stop()
     {
         word.clearTranscript();
-        EXPECT_EQ(client->stop(), S_OK);
+        EXPECT_THAT(client->stop(), isHresult(S_OK));
         return takeTranscript();
     }
 
@@ -66,7 +66,7 @@ TEST_F(OwnInstanceTest, IsStartedOnceForEachStart)
     start();
     start();
     EXPECT_EQ(installed->created(), 1);
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
     start();
     EXPECT_EQ(installed->created(), 2);
 }
@@ -77,7 +77,7 @@ TEST_F(OwnInstanceTest, EndsAloneWithStop)
         const Word::_DocumentPtr document = addDocument(others, L"a user's");
         openDocument();
         client->insertText(L"abc"_b);
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         others.clearTranscript();
         EXPECT_EQ(stop(), (Lines{"Documents@1.Count -> 0", quit}));
         EXPECT_TRUE(word.hasQuit());
@@ -92,7 +92,7 @@ TEST_F(OwnInstanceTest, SavesAndClosesWhatTheClientLeftOpen)
 {
     openDocument();
     client->insertText(L"first"_b);
-    ASSERT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
+    ASSERT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
     client->insertText(L"second"_b);
     EXPECT_EQ(stop(), (Lines{"Document@1" + closeAndSave, "Document@2" + closeAndSave,
                              "Documents@1.Count -> 0", quit}));
@@ -116,7 +116,7 @@ TEST_F(OwnInstanceTest, StaysWithTheDocumentsOfOthers)
 TEST_F(OwnInstanceTest, PassesOverWhatSomebodyElseHasClosed)
 {
     openDocument();
-    ASSERT_EQ(client->create(bstr(folder.file("second.doc"))), S_OK);
+    ASSERT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
     word.application()->GetDocuments()->Item(Word::integer(1))->Close();
     EXPECT_EQ(stop().back(), quit);
     EXPECT_TRUE(word.hasQuit());
@@ -150,7 +150,7 @@ TEST_F(OwnInstanceTest, IsTheOneThatDocumentsAreWrittenInToTheEnd)
     openDocument();
     setting("Word", "OwnInstance", "false", truth);
     client->insertText(L"abc"_b);
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_EQ(stop(), (Lines{"Documents@1.Count -> 0", quit}));
     EXPECT_TRUE(others.transcript().empty());
 }

@@ -172,7 +172,7 @@ TEST_F(SessionEventsTest, TellOfAFragmentThatWordRefuses)
     client->create(bstr(documentName()));
     writeMuch();
     word.failCall(static_cast<long>(read - calls.begin()) + 1, static_cast<HRESULT>(0x800A1420));
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_THAT(events(), testing::Contains(testing::MatchesRegex(
                               "warning close Word did not take a fragment of \\d+ bytes; .*")));
     EXPECT_THAT(events(),
@@ -210,7 +210,7 @@ TEST_F(SessionEventsTest, TellOfABusyWord)
     openDocument();
     const Word::BusyWaitOverride time;
     word.rejectCall(1, RPC_E_CALL_REJECTED, 3);
-    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
+    EXPECT_THAT(client->insertText(L"abc"_b), isHresult(S_OK));
     EXPECT_THAT(events(), testing::Contains("warning insertText Word is busy; repeating Range.InsertAfter"));
     EXPECT_THAT(events(),
                 testing::Contains(testing::MatchesRegex(
@@ -241,11 +241,11 @@ TEST_F(SessionEventsTest, TellOfWhatFailsWhileTheObjectIsReleased)
 TEST_F(SessionEventsTest, TellOfCallsWithoutEffect)
 {
     begin();
-    EXPECT_EQ(client->setOption(L"a"_b, L"b"_b), S_OK);
-    EXPECT_EQ(client->pushDirectory(L"a"_b), S_OK);
+    EXPECT_THAT(client->setOption(L"a"_b, L"b"_b), isHresult(S_OK));
+    EXPECT_THAT(client->pushDirectory(L"a"_b), isHresult(S_OK));
     openDocument();
-    EXPECT_EQ(client->start(), S_OK);
-    EXPECT_EQ(client->insertDiagram(0, 1, 1), S_OK);
+    EXPECT_THAT(client->start(), isHresult(S_OK));
+    EXPECT_THAT(client->insertDiagram(0, 1, 1), isHresult(S_OK));
     for (const char* const method : {"setOption", "pushDirectory", "insertDiagram"})
         EXPECT_THAT(events(), testing::Contains(std::string("info ") + method +
                                                 " Nothing done: the call has no effect; it is kept for older "

@@ -14,7 +14,7 @@ protected:
     void setStyles(int count)
     {
         for (int i = 0; i < count; ++i)
-            ASSERT_EQ(client->setStyle(L"Normal"_b), S_OK);
+            ASSERT_THAT(client->setStyle(L"Normal"_b), isHresult(S_OK));
     }
     [[nodiscard]] std::string saveCall(const std::string& name) const
     {
@@ -77,7 +77,7 @@ TEST_F(SetStyleTest, CountsWhileAHeaderIsBuiltButLeavesTheHeaderAlone)
 {
     client->startHeader();
     word.clearTranscript();
-    EXPECT_EQ(client->setStyle(L"Heading 1"_b), S_OK);
+    EXPECT_THAT(client->setStyle(L"Heading 1"_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
     setStyles(99);
     EXPECT_EQ(takeTranscript(), Lines());
@@ -85,7 +85,7 @@ TEST_F(SetStyleTest, CountsWhileAHeaderIsBuiltButLeavesTheHeaderAlone)
     EXPECT_EQ(takeTranscript(), Lines{saveCall(documentName())});
     client->endHeader();
     word.clearTranscript();
-    EXPECT_EQ(client->setStyle(L"Heading 1"_b), S_OK);
+    EXPECT_THAT(client->setStyle(L"Heading 1"_b), isHresult(S_OK));
     EXPECT_EQ(takeTranscript().front(), "Styles@1.Item(-2) -> Style@4");
 }
 
@@ -96,7 +96,7 @@ TEST_F(SetStyleTest, KeepsTheOldStyleWhenWordDoesNotKnowTheNewOne)
     EXPECT_EQ(outcome([&] { return client->setStyle(L"No Such Style"_b); }), "0x00000000");
     EXPECT_EQ(invoke(*client, 12, {L"No Such Style"}).outcome, "0x00000000");
     word.clearTranscript();
-    EXPECT_EQ(client->setStyle(L"Heading 1"_b), S_OK); // still in force
+    EXPECT_THAT(client->setStyle(L"Heading 1"_b), isHresult(S_OK)); // still in force
     EXPECT_EQ(takeTranscript(), Lines());
 }
 

@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(All, SilentCaseInDocumentTest, testing::ValuesIn(modesI
 
 TEST_F(StrictTest, IsOffByDefault)
 {
-    EXPECT_EQ(client->insertEndl(), S_OK);
+    EXPECT_THAT(client->insertEndl(), isHresult(S_OK));
     const Setting stored("Word", "Strict", "yes");
     client = newClient();
     EXPECT_EQ(outcome([&] { return client->insertEndl(); }),
@@ -245,7 +245,7 @@ TEST_F(StrictTest, KnowsTagsThatComeLate)
         openDocument();
         client->insertXref(L"a"_b, L"Later"_b);
         client->insertTag(L"Later"_b);
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         client->stop();
         client = newClient();
     }
@@ -322,7 +322,7 @@ TEST_F(StrictTest, AsksTheUserWhereThereIsOne)
     begin(0, true);
     start();
     setting("Word", "WordTemplateName", "c:\\no such.dot");
-    EXPECT_EQ(client->create(bstr(documentName())), S_OK);
+    EXPECT_THAT(client->create(bstr(documentName())), isHresult(S_OK));
 }
 
 TEST_F(StrictTest, RaisesWhatAFrameSwallows)

@@ -12,8 +12,8 @@ protected:
 
     void addCell(const wchar_t* text)
     {
-        ASSERT_EQ(client->addCell(), S_OK);
-        ASSERT_EQ(client->insertText(_bstr_t(text)), S_OK);
+        ASSERT_THAT(client->addCell(), isHresult(S_OK));
+        ASSERT_THAT(client->insertText(_bstr_t(text)), isHresult(S_OK));
     }
 
     std::vector<std::pair<const char*, std::function<HRESULT()>>> tableCalls()
@@ -46,7 +46,7 @@ TEST_F(TableCallsTest, GoIntoTheDocumentAndItsFile)
                                "mirovel->insertText(\"three\");", "mirovel->addCell();",
                                "mirovel->insertText(\"four\");", "mirovel->endTable();",
                                "mirovel->insertText(\"behind\");"}));
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     const std::string file = contentOf(documentName());
     EXPECT_THAT(file, testing::HasSubstr("\\trowd"));
     EXPECT_THAT(file, testing::HasSubstr("four\\cell"));
@@ -87,7 +87,7 @@ TEST_F(TableCallsTest, LetFailuresThrough)
     }
     // Besides, a cell of the first row has been counted that Word has not made.
     EXPECT_EQ(outcome([&] { return client->endTable(); }), "_com_error 0x800a1735");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
 }
 
 TEST_F(TableCallsTest, AnchorsInCellsBecomeLinks)
@@ -108,7 +108,7 @@ TEST_F(TableCallsTest, ATableThatIsNeverEndedIsSaved)
     client->startTable();
     client->addRow();
     addCell(L"one");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("one\\cell"));
 }
 
@@ -135,7 +135,7 @@ TEST_F(TableCallsTest, AFontInARowWithoutCellsFailsTheFirstClose)
     client->endTable();
     EXPECT_EQ(outcome([&] { return client->close(); }),
               "QdxException: Saving document\nCOMERROR 0x800a1735\nUnknown error 0x800A1735");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("only"));
 }
 
@@ -145,8 +145,8 @@ TEST_F(TableCallsTest, HeightsThatWordRefusesAreReported)
     for (const long height : {-1L, -2147483647L - 1, 1585L, 2147483647L})
         EXPECT_EQ(outcome([&] { return client->setTableRowHeight(height); }), "_com_error 0x800a1200")
             << height;
-    EXPECT_EQ(client->setTableRowHeight(0), S_OK);
-    EXPECT_EQ(client->endTable(), S_OK);
+    EXPECT_THAT(client->setTableRowHeight(0), isHresult(S_OK));
+    EXPECT_THAT(client->endTable(), isHresult(S_OK));
 }
 
 } // namespace

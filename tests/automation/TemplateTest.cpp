@@ -62,7 +62,7 @@ TEST_F(TemplateTest, IsInTheInstallationUnlessSetOtherwise)
     const std::string path = folder.write("templates\\Vantpl01.dot", emptyRtf);
     const Setting registered("Settings", "InstallDir", folder.file(""));
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), Lines{additionOf(path)});
     EXPECT_TRUE(questions.empty());
 }
@@ -72,7 +72,7 @@ TEST_F(TemplateTest, IsInTheSessionsInstallationUnlessSetOtherwise)
     const std::string path = folder.write("templates\\Vantpl01.dot", emptyRtf);
     setting("Settings", "InstallDir", folder.file(""));
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), Lines{additionOf(path)});
 }
 
@@ -81,7 +81,7 @@ TEST_F(TemplateTest, IsTheRegisteredOne)
     const std::string path = folder.write("registered.dot", emptyRtf);
     const Setting registered("Word", "WordTemplateName", path);
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), Lines{additionOf(path)});
 }
 
@@ -91,7 +91,7 @@ TEST_F(TemplateTest, IsTheSessionsBeforeTheRegisteredOne)
     const std::string path = folder.write("session.dot", emptyRtf);
     setting("Word", "WordTemplateName", path);
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), Lines{additionOf(path)});
 }
 
@@ -103,7 +103,7 @@ TEST_F(TemplateTest, IsInTheRegisteredInstallationUnderABareName)
     setting("Settings", "InstallDir", folder.file("session"));
     setting("Word", "WordTemplateName", "my.dot");
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), Lines{additionOf(path)});
 }
 
@@ -111,7 +111,7 @@ TEST_F(TemplateTest, IsWordsOwnWhenTheSettingIsEmpty)
 {
     setting("Word", "WordTemplateName", "");
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     EXPECT_EQ(additions(), plainAddition);
     EXPECT_TRUE(questions.empty());
 }
@@ -121,8 +121,8 @@ TEST_F(TemplateTest, LeavesNothingOfItsTextInTheDocument)
     setting("Word", "WordTemplateName",
             folder.write("a.dot", "{\\rtf1\\ansi\\pard Text of the template\\par}"));
     start();
-    EXPECT_EQ(create(), S_OK);
-    EXPECT_EQ(client->insertText(L"abc"_b), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
+    EXPECT_THAT(client->insertText(L"abc"_b), isHresult(S_OK));
     EXPECT_EQ(documentText(), "abc");
 }
 
@@ -131,7 +131,7 @@ TEST_F(TemplateTest, AsksWhenItDoesNotExist)
     setting("Word", "WordTemplateName", folder.file("gone.dot"));
     answer = IDYES;
     start();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_EQ(questions[0].text,
               "Word template file " + folder.file("gone.dot") +
@@ -147,7 +147,7 @@ TEST_F(TemplateTest, NamesTheDefaultWhenThatDoesNotExist)
 {
     start();
     answer = IDYES;
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_THAT(questions[0].text,
                 testing::StartsWith("Word template file templates\\Vantpl01.dot does not exist.\n"));
@@ -175,7 +175,7 @@ TEST_F(TemplateTest, AsksWhenWordRefusesIt)
     answer = IDYES;
     start();
     word.failCall(6, refused);
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_THAT(create(), isHresult(S_OK));
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_EQ(questions[0].text,
               "Problem reported by MS-Word :\nError occurred in setting word template file " + path +

@@ -9,9 +9,9 @@ protected:
     /// The heading levels that Word is asked for when the document is closed.
     std::string levelsAtClose()
     {
-        EXPECT_EQ(client->insertTOC(), S_OK);
+        EXPECT_THAT(client->insertTOC(), isHresult(S_OK));
         word.clearTranscript();
-        EXPECT_EQ(client->close(), S_OK);
+        EXPECT_THAT(client->close(), isHresult(S_OK));
         for (const std::string& call : takeTranscript()) {
             const std::size_t range = call.find(".Add(Range@");
             if (call.rfind("TablesOfContents@", 0) == 0 && range != std::string::npos)
@@ -55,7 +55,7 @@ TEST_F(TocCallsTest, ANegativeLevelFailsTheFirstClose)
     client->insertTOC();
     EXPECT_EQ(outcome([&] { return client->close(); }),
               "QdxException: Saving document\nCOMERROR 0x800a1200\nUnknown error 0x800A1200");
-    EXPECT_EQ(client->close(), S_OK);
+    EXPECT_THAT(client->close(), isHresult(S_OK));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("Table of Contents"));
 }
 
@@ -67,7 +67,7 @@ TEST_F(TocCallsTest, EntriesAreMarkedAtTheStylesLevel)
     client->startTOCEntry();
     client->insertText(L"Overview"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->endTOCEntry(), S_OK);
+    EXPECT_THAT(client->endTOCEntry(), isHresult(S_OK));
     EXPECT_THAT(takeTranscript(),
                 testing::Contains(testing::HasSubstr(R"(, 9, "\"Overview\" \\fC \\l \"2\"", missing))")));
     client->close();
@@ -79,7 +79,7 @@ TEST_F(TocCallsTest, EntriesWithoutATableOfContentsAreNotHeard)
     client->startTOCEntry();
     client->insertText(L"Overview"_b);
     word.clearTranscript();
-    EXPECT_EQ(client->endTOCEntry(), S_OK);
+    EXPECT_THAT(client->endTOCEntry(), isHresult(S_OK));
     EXPECT_EQ(takeTranscript(), Lines());
 }
 

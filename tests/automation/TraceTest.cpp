@@ -72,7 +72,7 @@ TEST_F(TraceTest, TakesTheLogNameOfTheRegistry)
 {
     const Setting registered("Log", "LogName", folder.file("registered.log"));
     const IDocumentPtr other = newClient();
-    ASSERT_EQ(other->trace(10), S_OK);
+    ASSERT_THAT(other->trace(10), isHresult(S_OK));
     other->endTable();
     EXPECT_EQ(contentOf(folder.file("registered.log")), logLines({"mirovel->endTable();"}));
 }
@@ -85,7 +85,7 @@ TEST_F(TraceTest, GoesOnWithoutALogThatCannotBeWritten)
     setting("Log", "LogName", name);
     const std::string echoed = log();
     RecordedExceptionLog exceptions;
-    EXPECT_EQ(client->trace(10), S_OK);
+    EXPECT_THAT(client->trace(10), isHresult(S_OK));
     ASSERT_EQ(exceptions.lines.size(), 1U);
     EXPECT_THAT(exceptions.lines[0],
                 testing::StartsWith("Exception catch: Cannot open trace log " + name + "\n"));
@@ -94,7 +94,7 @@ TEST_F(TraceTest, GoesOnWithoutALogThatCannotBeWritten)
     EXPECT_EQ(log(), echoed) << "nothing is traced";
     EXPECT_EQ(invoke(*client, 15, {_variant_t(static_cast<short>(1), VT_I2)}).outcome, "0x00000000");
     exceptions.off = "Catch";
-    EXPECT_EQ(client->trace(10), S_OK);
+    EXPECT_THAT(client->trace(10), isHresult(S_OK));
     EXPECT_EQ(exceptions.lines.size(), 2U);
 }
 

@@ -126,6 +126,20 @@ class QuickChecks(unittest.TestCase):
         self.write("bad.py", "def\n")
         self.assertFound("Python files parse", "bad.py")
 
+    def test_results_compared_as_numbers(self):
+        for statement in ("EXPECT_EQ(m.close(), S_OK);", "ASSERT_NE(E_FAIL, m.close());", "EXPECT_EQ(m.create(\n    L\"a,b\"), S_OK) << 1;",
+                          "EXPECT_TRUE(FAILED(m.close()));", "EXPECT_FALSE(!SUCCEEDED(m.close()));",
+                          "EXPECT_HRESULT_SUCCEEDED(m.close());", "EXPECT_EQ(m.close(), isWine ? CO_E_CLASSSTRING : S_OK);",
+                          "EXPECT_EQ(m.close(), static_cast<HRESULT>(0x800A1735));", "EXPECT_EQ(comErrorOf([&] { f(1, 2); }), code);",
+                          "EXPECT_EQ(error.Error(), refused);"):
+            with self.subTest(statement):
+                self.write("tests/bad.cpp", f"// Two\n\n{statement}\n")
+                self.assertIn("tests/bad.cpp:3: compares results as numbers", self.lint()[1])
+
+    def test_results_compared_by_the_matcher(self):
+        self.write("tests/good.cpp", "int i = EXPECT_THAT(m.close(), isHresult(S_OK)) + EXPECT_EQ(textOf(E_FAIL), R\"(a\")\") + EXPECT_TRUE(found);\n")
+        self.assertNotIn("tests/good.cpp:1: compares", self.lint()[1])
+
     CHANGELOG = "changelog, version and tags agree"
 
     def test_the_changelog_knows_the_version(self):

@@ -1,4 +1,5 @@
 // The page as its container sees it.
+#include "Hresult.h"
 #include "PageFixture.h"
 
 #include <commctrl.h>
@@ -38,7 +39,7 @@ TEST_F(MirovelComPageTest, TellsItsTitleItsPurposeAndItsSize)
     const IPropertyPagePtr page = newPage();
     PROPPAGEINFO info;
     std::memset(&info, 0xAB, sizeof info);
-    ASSERT_EQ(page->GetPageInfo(&info), S_OK);
+    ASSERT_THAT(page->GetPageInfo(&info), isHresult(S_OK));
     EXPECT_EQ(info.cb, sizeof info);
     EXPECT_STREQ(info.pszTitle, L"&Word");
     EXPECT_STREQ(info.pszDocString, L"Microsoft Word Settings");
@@ -52,7 +53,7 @@ TEST_F(MirovelComPageTest, TellsItsTitleItsPurposeAndItsSize)
     MapDialogRect(container.page(), &units);
     EXPECT_EQ(info.size.cx, units.right);
     EXPECT_EQ(info.size.cy, units.bottom);
-    EXPECT_EQ(page->GetPageInfo(nullptr), E_POINTER);
+    EXPECT_THAT(page->GetPageInfo(nullptr), isHresult(E_POINTER));
     page->SetPageSite(nullptr);
 }
 
@@ -82,7 +83,7 @@ TEST_F(MirovelComPageTest, HasItsControlsInTheirPlacesAndOrder)
     const IPropertyPagePtr page = newPage();
     PageContainer container(page);
     const RECT pagePlace{0, 0, 400, 200};
-    ASSERT_EQ(page->Activate(container.window(), &pagePlace, FALSE), S_OK);
+    ASSERT_THAT(page->Activate(container.window(), &pagePlace, FALSE), isHresult(S_OK));
     const HDC screen = GetDC(nullptr);
     const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSY);
     ReleaseDC(nullptr, screen);
@@ -126,11 +127,11 @@ TEST_F(MirovelComPageTest, FillsItsFieldsWhenItIsShownAndNotBefore)
     PageContainer container(page);
     page->SetPageSite(&container);
     const RECT place{0, 0, 400, 200};
-    ASSERT_EQ(page->Activate(container.window(), &place, FALSE), S_OK);
+    ASSERT_THAT(page->Activate(container.window(), &place, FALSE), isHresult(S_OK));
     EXPECT_FALSE(IsWindowVisible(container.page()));
     EXPECT_EQ(textOf(container.control(templateName)), L"");
     ShowWindow(container.window(), SW_SHOW);
-    EXPECT_EQ(page->Show(SW_SHOW), S_OK);
+    EXPECT_THAT(page->Show(SW_SHOW), isHresult(S_OK));
     EXPECT_TRUE(IsWindowVisible(container.page()));
     EXPECT_EQ(textOf(container.control(templateName)), L"c:\\stored.dot");
     EXPECT_EQ(textOf(container.control(tocLevel)), L"7");
@@ -140,7 +141,7 @@ TEST_F(MirovelComPageTest, FillsItsFieldsWhenItIsShownAndNotBefore)
                  reinterpret_cast<LPARAM>(&highest));
     EXPECT_EQ(lowest, 0);
     EXPECT_EQ(highest, 50);
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     EXPECT_THAT(container.record(), IsEmpty());
     EXPECT_EQ(GetFocus(), container.control(templateName));
     page->SetPageSite(nullptr);
@@ -154,7 +155,7 @@ TEST_F(MirovelComPageTest, ProposesATemplateAndTheDeepestLevelWhenNothingIsStore
     container.show();
     EXPECT_EQ(textOf(container.control(templateName)), L"templates\\KXR1.dot");
     EXPECT_EQ(textOf(container.control(tocLevel)), L"50");
-    EXPECT_EQ(page->Deactivate(), S_OK);
+    EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
     store(L"Settings", L"InstallDir", L"c:\\mirovel");
     page->SetPageSite(nullptr);
     container.show();
@@ -170,7 +171,7 @@ TEST_F(MirovelComPageTest, ShowsAStoredLevelWithItsSignAndBeyondTheLimits)
         store(L"Word", L"TOCLevel", static_cast<DWORD>(level));
         container.show();
         EXPECT_EQ(textOf(container.control(tocLevel)), std::to_wstring(level));
-        EXPECT_EQ(page->Deactivate(), S_OK);
+        EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
         page->SetPageSite(nullptr);
     }
 }
@@ -181,18 +182,18 @@ TEST_F(MirovelComPageTest, KeepsWhatIsTypedWhenItIsHiddenAndForgetsItWhenItIsDea
     PageContainer container(page);
     container.show();
     SetWindowTextW(container.control(tocLevel), L"3");
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
-    EXPECT_EQ(page->Show(SW_HIDE), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
+    EXPECT_THAT(page->Show(SW_HIDE), isHresult(S_OK));
     EXPECT_FALSE(IsWindowVisible(container.page()));
-    EXPECT_EQ(page->Show(SW_SHOW), S_OK);
+    EXPECT_THAT(page->Show(SW_SHOW), isHresult(S_OK));
     EXPECT_EQ(textOf(container.control(tocLevel)), L"3");
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
-    EXPECT_EQ(page->Deactivate(), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
+    EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
     EXPECT_EQ(container.page(), nullptr);
     page->SetPageSite(nullptr);
     container.show();
     EXPECT_EQ(textOf(container.control(tocLevel)), L"50");
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     EXPECT_THAT(container.record(), ElementsAre("status 1", "status 0"));
     page->SetPageSite(nullptr);
 }
@@ -203,21 +204,22 @@ TEST_F(MirovelComPageTest, IsMadeDirtyByEachFieldAndByTheUpDownControl)
         const IPropertyPagePtr page = newPage();
         PageContainer container(page);
         container.show();
-        EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+        EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
         edit(container);
         const HRESULT dirty = page->IsPageDirty();
         page->SetPageSite(nullptr);
         return dirty;
     };
-    EXPECT_EQ(dirtyAfter([](const PageContainer&) {}), S_FALSE);
-    EXPECT_EQ(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(templateName), L"a"); }),
-              S_OK);
-    EXPECT_EQ(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(tocLevel), L"1"); }), S_OK);
-    EXPECT_EQ(dirtyAfter([](const PageContainer& c) {
-                  NMUPDOWN step{{c.control(tocSpin), tocSpin, static_cast<UINT>(UDN_DELTAPOS)}, 50, -1};
-                  SendMessageW(c.page(), WM_NOTIFY, tocSpin, reinterpret_cast<LPARAM>(&step));
-              }),
-              S_OK);
+    EXPECT_THAT(dirtyAfter([](const PageContainer&) {}), isHresult(S_FALSE));
+    EXPECT_THAT(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(templateName), L"a"); }),
+                isHresult(S_OK));
+    EXPECT_THAT(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(tocLevel), L"1"); }),
+                isHresult(S_OK));
+    EXPECT_THAT(dirtyAfter([](const PageContainer& c) {
+                    NMUPDOWN step{{c.control(tocSpin), tocSpin, static_cast<UINT>(UDN_DELTAPOS)}, 50, -1};
+                    SendMessageW(c.page(), WM_NOTIFY, tocSpin, reinterpret_cast<LPARAM>(&step));
+                }),
+                isHresult(S_OK));
 }
 
 TEST_F(MirovelComPageTest, StoresItsFieldsAndIsCleanAgain)
@@ -228,13 +230,13 @@ TEST_F(MirovelComPageTest, StoresItsFieldsAndIsCleanAgain)
     container.show();
     SetWindowTextW(container.control(templateName), file.c_str());
     SetWindowTextW(container.control(tocLevel), L"0");
-    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(storedLevel(), L"number 0");
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     SetWindowTextW(container.control(templateName), L"");
     SetWindowTextW(container.control(tocLevel), L"49 levels");
-    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(storedLevel(), L"number 49");
     EXPECT_THAT(container.record(), ElementsAre("status 1", "status 0", "status 1", "status 0"));
@@ -256,7 +258,7 @@ TEST_F(MirovelComPageTest, ReadsTwoHundredAndFiftySixCharactersOfAField)
     container.show();
     SetWindowTextW(container.control(templateName), (longName + L"and more").c_str());
     SetWindowTextW(container.control(tocLevel), (std::wstring(255, L'0') + L"99").c_str());
-    EXPECT_EQ(page->Apply(), S_OK);
+    EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), longName);
     EXPECT_EQ(storedLevel(), L"number 9");
     page->SetPageSite(nullptr);
@@ -267,8 +269,8 @@ TEST_F(MirovelComPageTest, StoresNothingUnlessItWasShown)
     const IPropertyPagePtr page = newPage();
     PageContainer container(page);
     const RECT place{0, 0, 400, 200};
-    ASSERT_EQ(page->Activate(container.window(), &place, FALSE), S_OK);
-    EXPECT_EQ(page->Apply(), S_OK);
+    ASSERT_THAT(page->Activate(container.window(), &place, FALSE), isHresult(S_OK));
+    EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), L"(none)");
     EXPECT_EQ(storedLevel(), L"(none)");
 }
@@ -279,18 +281,18 @@ TEST_F(MirovelComPageTest, AnswersMisuse)
     PageContainer container(page);
     const RECT place{1, 2, 301, 152};
     MSG message{};
-    EXPECT_EQ(page->Deactivate(), E_UNEXPECTED);
-    EXPECT_EQ(page->Show(SW_SHOW), E_UNEXPECTED);
-    EXPECT_EQ(page->Move(&place), E_UNEXPECTED);
-    EXPECT_EQ(page->Apply(), E_UNEXPECTED);
-    EXPECT_EQ(page->TranslateAccelerator(&message), E_UNEXPECTED);
-    EXPECT_EQ(page->TranslateAccelerator(nullptr), E_POINTER);
-    EXPECT_EQ(page->Move(nullptr), E_POINTER);
-    EXPECT_EQ(page->Activate(container.window(), nullptr, FALSE), E_POINTER);
-    EXPECT_EQ(page->Activate(nullptr, &place, FALSE), E_INVALIDARG);
-    EXPECT_EQ(page->Activate(container.window(), &place, FALSE), S_OK);
-    EXPECT_EQ(page->Activate(container.window(), &place, FALSE), E_UNEXPECTED);
-    EXPECT_EQ(page->Help(L""), E_NOTIMPL);
+    EXPECT_THAT(page->Deactivate(), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->Show(SW_SHOW), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->Move(&place), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->Apply(), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->TranslateAccelerator(&message), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->TranslateAccelerator(nullptr), isHresult(E_POINTER));
+    EXPECT_THAT(page->Move(nullptr), isHresult(E_POINTER));
+    EXPECT_THAT(page->Activate(container.window(), nullptr, FALSE), isHresult(E_POINTER));
+    EXPECT_THAT(page->Activate(nullptr, &place, FALSE), isHresult(E_INVALIDARG));
+    EXPECT_THAT(page->Activate(container.window(), &place, FALSE), isHresult(S_OK));
+    EXPECT_THAT(page->Activate(container.window(), &place, FALSE), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->Help(L""), isHresult(E_NOTIMPL));
 }
 
 TEST_F(MirovelComPageTest, LiesWhereItsContainerPutsIt)
@@ -299,10 +301,10 @@ TEST_F(MirovelComPageTest, LiesWhereItsContainerPutsIt)
     PageContainer container(page);
     const RECT first{1, 2, 301, 152};
     const RECT second{5, 6, 205, 106};
-    ASSERT_EQ(page->Activate(container.window(), &first, TRUE), S_OK);
+    ASSERT_THAT(page->Activate(container.window(), &first, TRUE), isHresult(S_OK));
     EXPECT_EQ(GetParent(container.page()), container.window());
     EXPECT_EQ(shown(placeIn(container.window(), container.page())), shown(first));
-    EXPECT_EQ(page->Move(&second), S_OK);
+    EXPECT_THAT(page->Move(&second), isHresult(S_OK));
     EXPECT_EQ(shown(placeIn(container.window(), container.page())), shown(second));
 }
 
@@ -311,8 +313,8 @@ TEST_F(MirovelComPageTest, HasNoUseForObjects)
     const IPropertyPagePtr page = newPage();
     PageContainer container(page);
     IUnknown* objects[] = {&container, &container};
-    EXPECT_EQ(page->SetObjects(2, objects), S_OK);
-    EXPECT_EQ(page->SetObjects(0, nullptr), S_OK);
+    EXPECT_THAT(page->SetObjects(2, objects), isHresult(S_OK));
+    EXPECT_THAT(page->SetObjects(0, nullptr), isHresult(S_OK));
     EXPECT_EQ(container.count, 1u);
 }
 
@@ -324,8 +326,8 @@ TEST_F(MirovelComPageTest, SurvivesItsWindow)
         container.show();
         page->SetPageSite(nullptr);
     }
-    EXPECT_EQ(page->Apply(), E_UNEXPECTED);
-    EXPECT_EQ(page->Deactivate(), E_UNEXPECTED);
+    EXPECT_THAT(page->Apply(), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->Deactivate(), isHresult(E_UNEXPECTED));
     PageContainer another(page);
     another.show();
     EXPECT_EQ(textOf(another.control(tocLevel)), L"50");

@@ -1,5 +1,7 @@
 #include "PageFixture.h"
 
+#include "Hresult.h"
+
 #include <IDocument.h>
 
 #include <filesystem>
@@ -35,7 +37,7 @@ PageFixture::PageFixture()
 
 PageFixture::~PageFixture()
 {
-    EXPECT_EQ(server.canUnloadNow(), S_OK);
+    EXPECT_THAT(server.canUnloadNow(), isHresult(S_OK));
     OleUninitialize();
     std::error_code ignored;
     // The system's open-file dialog leaves the process in the folder it has shown.

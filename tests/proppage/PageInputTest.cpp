@@ -1,4 +1,5 @@
 // The page under a user's hands.
+#include "Hresult.h"
 #include "ImportedFunction.h"
 #include "PageFixture.h"
 
@@ -125,7 +126,7 @@ TEST_F(PageInputTest, RefusesATemplateThatIsNotThere)
         EXPECT_THAT(container->record(), ElementsAre("status 1", "Apply 0x8000ffff"));
         EXPECT_EQ(textOf(control(templateName)), L"c:\\none.dot");
     });
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), L"c:\\old.dot");
     EXPECT_EQ(storedLevel(), L"(none)");
 }
@@ -142,7 +143,7 @@ TEST_F(PageInputTest, RefusesALevelBeyondTheLimitButKeepsTheTemplate)
         EXPECT_THAT(container->record(), ElementsAre("status 1", "Apply 0x8000ffff"));
         EXPECT_EQ(textOf(control(tocLevel)), L"51");
     });
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(storedLevel(), L"(none)");
 }
@@ -272,7 +273,7 @@ TEST_F(PageInputTest, BrowsesFromTheStoredTemplate)
         user.waitFor("the chosen name", [&] { return textOf(control(templateName)) == other; });
         user.dialog(L"Container");
     });
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(currentDirectory(), directory);
 }
@@ -290,7 +291,7 @@ TEST_F(PageInputTest, BrowsesWhateverIsStored)
             user.dialog(L"Container");
         });
     }
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
 }
 
 struct DialogRequest
@@ -329,7 +330,7 @@ TEST_F(PageInputTest, AsksForATemplateFile)
     EXPECT_EQ(fields.lpstrInitialDir, nullptr);
     EXPECT_EQ(fields.lpstrDefExt, nullptr);
     EXPECT_EQ(fields.nFilterIndex, 0U);
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
 }
 
 TEST_F(PageInputTest, OpensTheDialogWithEnterOnItsButton)
@@ -343,7 +344,7 @@ TEST_F(PageInputTest, OpensTheDialogWithEnterOnItsButton)
         user.dialog(L"Container");
     });
     EXPECT_THAT(container->record(), IsEmpty());
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // Wine's frame is a property sheet that holds the page's window. It differs from what is documented in ways
 // that the tests name: they expect what holds everywhere, and what is known to be otherwise in Wine is
 // asserted under `inWine`.
+#include "Hresult.h"
 #include "PageFixture.h"
 
 #include <IDocument.h>
@@ -20,8 +21,8 @@ bool isWine()
 class PropertyFrameTest : public PageFixture
 {
 protected:
-    PropertyFrameTest() { EXPECT_EQ(server.registerServer(), S_OK); }
-    ~PropertyFrameTest() override { EXPECT_EQ(server.unregisterServer(), S_OK); }
+    PropertyFrameTest() { EXPECT_THAT(server.registerServer(), isHresult(S_OK)); }
+    ~PropertyFrameTest() override { EXPECT_THAT(server.unregisterServer(), isHresult(S_OK)); }
 
     void userDoes(const std::function<void()>& script)
     {
@@ -36,7 +37,7 @@ protected:
                 frame = user.dialog(L"Properties for Settings");
                 script();
             });
-        EXPECT_EQ(result, S_OK);
+        EXPECT_THAT(result, isHresult(S_OK));
         CoFreeUnusedLibraries();
     }
 

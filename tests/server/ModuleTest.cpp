@@ -1,3 +1,4 @@
+#include "Hresult.h"
 #include "RegistryContents.h"
 #include "ServerModule.h"
 
@@ -39,16 +40,16 @@ protected:
     Module()
     {
         CoInitialize(nullptr);
-        EXPECT_EQ(server_.canUnloadNow(), S_OK);
-        EXPECT_EQ(server_.getClassObject(*GetParam().classId, IID_IClassFactory,
-                                         reinterpret_cast<void**>(&factory_)),
-                  S_OK);
+        EXPECT_THAT(server_.canUnloadNow(), isHresult(S_OK));
+        EXPECT_THAT(server_.getClassObject(*GetParam().classId, IID_IClassFactory,
+                                           reinterpret_cast<void**>(&factory_)),
+                    isHresult(S_OK));
     }
 
     ~Module() override
     {
         factory_->Release();
-        EXPECT_EQ(server_.canUnloadNow(), S_OK);
+        EXPECT_THAT(server_.canUnloadNow(), isHresult(S_OK));
         CoUninitialize();
     }
 
@@ -59,78 +60,82 @@ protected:
 TEST_P(Module, isHeldByAnObject)
 {
     IUnknown* object = nullptr;
-    ASSERT_EQ(factory_->CreateInstance(nullptr, *GetParam().interfaceId, reinterpret_cast<void**>(&object)),
-              S_OK);
-    EXPECT_EQ(server_.canUnloadNow(), S_FALSE);
+    ASSERT_THAT(factory_->CreateInstance(nullptr, *GetParam().interfaceId, reinterpret_cast<void**>(&object)),
+                isHresult(S_OK));
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_FALSE));
     EXPECT_EQ(object->Release(), 0u);
-    EXPECT_EQ(server_.canUnloadNow(), S_OK);
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_OK));
 }
 
 TEST_P(Module, isHeldByAPart)
 {
     Outer outer;
-    ASSERT_EQ(factory_->CreateInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)), S_OK);
-    EXPECT_EQ(server_.canUnloadNow(), S_FALSE);
+    ASSERT_THAT(factory_->CreateInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
+                isHresult(S_OK));
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_FALSE));
     IUnknown* inner = nullptr;
-    ASSERT_EQ(outer.QueryInterface(*GetParam().interfaceId, reinterpret_cast<void**>(&inner)), S_OK);
+    ASSERT_THAT(outer.QueryInterface(*GetParam().interfaceId, reinterpret_cast<void**>(&inner)),
+                isHresult(S_OK));
     EXPECT_EQ(outer.count, 2u);
     IUnknown* identity = nullptr;
-    ASSERT_EQ(inner->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)), S_OK);
+    ASSERT_THAT(inner->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)), isHresult(S_OK));
     EXPECT_EQ(identity, static_cast<IUnknown*>(&outer));
     identity->Release();
     inner->Release();
     EXPECT_EQ(outer.part->Release(), 0u);
-    EXPECT_EQ(server_.canUnloadNow(), S_OK);
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_OK));
 }
 
 TEST_P(Module, isHeldByALock)
 {
-    EXPECT_EQ(factory_->LockServer(TRUE), S_OK);
-    EXPECT_EQ(server_.canUnloadNow(), S_FALSE);
-    EXPECT_EQ(factory_->LockServer(FALSE), S_OK);
-    EXPECT_EQ(server_.canUnloadNow(), S_OK);
+    EXPECT_THAT(factory_->LockServer(TRUE), isHresult(S_OK));
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_FALSE));
+    EXPECT_THAT(factory_->LockServer(FALSE), isHresult(S_OK));
+    EXPECT_THAT(server_.canUnloadNow(), isHresult(S_OK));
 }
 
 TEST_P(Module, refusesBadCreations)
 {
     Outer outer;
     void* out = &out;
-    EXPECT_EQ(factory_->CreateInstance(&outer, *GetParam().interfaceId, &out), CLASS_E_NOAGGREGATION);
+    EXPECT_THAT(factory_->CreateInstance(&outer, *GetParam().interfaceId, &out),
+                isHresult(CLASS_E_NOAGGREGATION));
     EXPECT_EQ(out, nullptr);
     out = &out;
-    EXPECT_EQ(factory_->CreateInstance(nullptr, IID_IClassFactory, &out), E_NOINTERFACE);
+    EXPECT_THAT(factory_->CreateInstance(nullptr, IID_IClassFactory, &out), isHresult(E_NOINTERFACE));
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(factory_->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_THAT(factory_->CreateInstance(nullptr, IID_IUnknown, nullptr), isHresult(E_POINTER));
 }
 
 TEST_P(Module, hasOneClassObjectForEachClass)
 {
     void* again = nullptr;
-    ASSERT_EQ(server_.getClassObject(*GetParam().classId, IID_IClassFactory, &again), S_OK);
+    ASSERT_THAT(server_.getClassObject(*GetParam().classId, IID_IClassFactory, &again), isHresult(S_OK));
     EXPECT_EQ(again, factory_);
     factory_->Release();
     void* out = &out;
-    EXPECT_EQ(server_.getClassObject(*GetParam().classId, IID_IDispatch, &out), E_NOINTERFACE);
+    EXPECT_THAT(server_.getClassObject(*GetParam().classId, IID_IDispatch, &out), isHresult(E_NOINTERFACE));
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(server_.getClassObject(*GetParam().classId, IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_THAT(server_.getClassObject(*GetParam().classId, IID_IUnknown, nullptr), isHresult(E_POINTER));
 }
 
 TEST_P(Module, registersItsClasses)
 {
     wchar_t id[64];
     StringFromGUID2(*GetParam().classId, id, 64);
-    ASSERT_EQ(server_.registerServer(), S_OK);
+    ASSERT_THAT(server_.registerServer(), isHresult(S_OK));
     EXPECT_FALSE(readRegistry(HKEY_CLASSES_ROOT, std::wstring(L"CLSID\\") + id).empty());
-    EXPECT_EQ(server_.unregisterServer(), S_OK);
+    EXPECT_THAT(server_.unregisterServer(), isHresult(S_OK));
     EXPECT_TRUE(readRegistry(HKEY_CLASSES_ROOT, std::wstring(L"CLSID\\") + id).empty());
 }
 
 TEST_P(Module, hasNoOtherClass)
 {
     void* out = &out;
-    EXPECT_EQ(server_.getClassObject(IID_IDocument, IID_IClassFactory, &out), CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_THAT(server_.getClassObject(IID_IDocument, IID_IClassFactory, &out),
+                isHresult(CLASS_E_CLASSNOTAVAILABLE));
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(server_.getClassObject(IID_IDocument, IID_IClassFactory, nullptr), E_POINTER);
+    EXPECT_THAT(server_.getClassObject(IID_IDocument, IID_IClassFactory, nullptr), isHresult(E_POINTER));
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryClass, Module,

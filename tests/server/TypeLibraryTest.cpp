@@ -1,4 +1,5 @@
 // What compilers and script hosts read of IDocument: the type library in the built DLL, method by method.
+#include "Hresult.h"
 #include "ServerModule.h"
 
 #include <gtest/gtest.h>
@@ -202,7 +203,7 @@ protected:
 TEST_F(TypeLibrary, TellsCompilersEveryMethodWithItsSlot)
 {
     TYPEATTR* attributes = nullptr;
-    ASSERT_EQ(table_->GetTypeAttr(&attributes), S_OK);
+    ASSERT_THAT(table_->GetTypeAttr(&attributes), isHresult(S_OK));
     EXPECT_EQ(attributes->typekind, TKIND_INTERFACE);
     EXPECT_EQ(attributes->wTypeFlags & TYPEFLAG_FDUAL, TYPEFLAG_FDUAL);
     EXPECT_EQ(attributes->cFuncs, methods.size());
@@ -226,7 +227,7 @@ TEST_F(TypeLibrary, TellsCompilersEveryMethodWithItsSlot)
 TEST_F(TypeLibrary, TellsScriptHostsTheSameMethodsBehindTheirOwnSeven)
 {
     TYPEATTR* attributes = nullptr;
-    ASSERT_EQ(dispatch_->GetTypeAttr(&attributes), S_OK);
+    ASSERT_THAT(dispatch_->GetTypeAttr(&attributes), isHresult(S_OK));
     EXPECT_EQ(attributes->typekind, TKIND_DISPATCH);
     const UINT inherited = 7;
     ASSERT_EQ(attributes->cFuncs, inherited + methods.size());

@@ -1,6 +1,7 @@
 // The frame around the page of the built DLL, under a user's hands.
 #include "PageFrame.h"
 
+#include "Hresult.h"
 #include "IPropertyPageImpl.h"
 #include "PageFixture.h"
 #include "resource.h"
@@ -237,7 +238,7 @@ TEST_F(PageFrameTest, PassesOnThatThereIsNoPage)
         const PageFrame unfinished(page);
         ADD_FAILURE() << "nothing was thrown";
     } catch (const _com_error& error) {
-        EXPECT_EQ(error.Error(), E_OUTOFMEMORY);
+        EXPECT_THAT(error.Error(), isHresult(E_OUTOFMEMORY));
     }
     EXPECT_FALSE(page.hasSite());
     EXPECT_EQ(FindWindowW(L"#32770", L"Mirovelcom Settings"), nullptr);
@@ -260,12 +261,13 @@ TEST_F(PageFrameTest, LetsGoOfAPageThatIsInactiveAlready)
     const IPropertyPagePtr page = newPage();
     {
         const PageFrame unused(*page);
-        EXPECT_EQ(page->Deactivate(), S_OK) << "it was active";
+        EXPECT_THAT(page->Deactivate(), isHresult(S_OK)) << "it was active";
     }
-    EXPECT_EQ(page->SetPageSite(nullptr), S_OK);
+    EXPECT_THAT(page->SetPageSite(nullptr), isHresult(S_OK));
     RECT place{0, 0, 10, 10};
-    EXPECT_EQ(page->Activate(GetDesktopWindow(), &place, FALSE), S_OK) << "it can be shown again";
-    EXPECT_EQ(page->Deactivate(), S_OK);
+    EXPECT_THAT(page->Activate(GetDesktopWindow(), &place, FALSE), isHresult(S_OK))
+        << "it can be shown again";
+    EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
 }
 
 } // namespace

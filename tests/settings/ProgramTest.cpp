@@ -1,4 +1,5 @@
 // mirovel-settings.exe as users start it.
+#include "Hresult.h"
 #include "PageFixture.h"
 
 #include <filesystem>
@@ -75,7 +76,7 @@ class ProgramTest : public PageFixture
 
 TEST_F(ProgramTest, ShowsTheRegisteredPage)
 {
-    ASSERT_EQ(server.registerServer(), S_OK);
+    ASSERT_THAT(server.registerServer(), isHresult(S_OK));
     store(L"Word", L"TOCLevel", 7);
     {
         const Program program;
@@ -85,12 +86,12 @@ TEST_F(ProgramTest, ShowsTheRegisteredPage)
         PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
         EXPECT_EQ(program.status(), 0u);
     }
-    EXPECT_EQ(server.unregisterServer(), S_OK);
+    EXPECT_THAT(server.unregisterServer(), isHresult(S_OK));
 }
 
 TEST_F(ProgramTest, StoresWhatIsEntered)
 {
-    ASSERT_EQ(server.registerServer(), S_OK);
+    ASSERT_THAT(server.registerServer(), isHresult(S_OK));
     {
         const Program program;
         const HWND window = program.window();
@@ -101,7 +102,7 @@ TEST_F(ProgramTest, StoresWhatIsEntered)
         EXPECT_EQ(program.status(), 0u);
     }
     EXPECT_EQ(storedLevel(), L"number 4");
-    EXPECT_EQ(server.unregisterServer(), S_OK);
+    EXPECT_THAT(server.unregisterServer(), isHresult(S_OK));
 }
 
 TEST_F(ProgramTest, TellsThatThePageIsNotRegistered)

@@ -1,3 +1,5 @@
+#include "Hresult.h"
+
 #include <BusyWord.h>
 
 #include <BusyWait.h>
@@ -67,7 +69,7 @@ private:
 class BusyWord : public testing::Test
 {
 protected:
-    BusyWord() { EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK); }
+    BusyWord() { EXPECT_THAT(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), isHresult(S_OK)); }
     ~BusyWord() override { CoUninitialize(); }
 
     /// A call that is answered with one code after the other, the last of them for ever.
@@ -88,7 +90,7 @@ protected:
 
 TEST_F(BusyWord, IsAskedOnceWhereNobodySaidOtherwise)
 {
-    EXPECT_EQ(callAnswered({rejected, S_OK}), rejected);
+    EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(rejected));
     EXPECT_EQ(attempts, 1u);
 }
 
@@ -97,7 +99,7 @@ TEST_F(BusyWord, IsAskedAgainAtOnce)
     const Word::CallScope scope(policy);
     for (const HRESULT code : {rejected, later}) {
         log.lines.clear();
-        EXPECT_EQ(callAnswered({code, S_OK}), S_OK);
+        EXPECT_THAT(callAnswered({code, S_OK}), isHresult(S_OK));
         EXPECT_EQ(attempts, 2u);
         EXPECT_TRUE(pauses.empty());
         EXPECT_EQ(log.lines.size(), 2u);
@@ -109,7 +111,7 @@ TEST_F(BusyWord, IsAskedAgainAtOnce)
 TEST_F(BusyWord, IsAskedAgainAfterGrowingPauses)
 {
     const Word::CallScope scope(policy);
-    EXPECT_EQ(callAnswered({rejected, rejected, later, rejected, S_FALSE}), S_FALSE);
+    EXPECT_THAT(callAnswered({rejected, rejected, later, rejected, S_FALSE}), isHresult(S_FALSE));
     EXPECT_EQ(attempts, 5u);
     EXPECT_EQ(pauses, (std::vector{10ms, 20ms, 40ms}));
     EXPECT_EQ(log.lines, (std::vector<std::string>{"retrying Range.InsertAfter 0x80010001",
@@ -120,7 +122,7 @@ TEST_F(BusyWord, IsAskedNoLongerThanThePolicySays)
 {
     policy.busyTimeout = 5s;
     const Word::CallScope scope(policy);
-    EXPECT_EQ(callAnswered({rejected}), rejected);
+    EXPECT_THAT(callAnswered({rejected}), isHresult(rejected));
     EXPECT_EQ(pauses, (std::vector<milliseconds>{10ms, 20ms, 40ms, 80ms, 160ms, 320ms, 640ms, 1000ms, 1000ms,
                                                  1000ms, 730ms}));
     EXPECT_EQ(attempts, pauses.size() + 2);
@@ -131,7 +133,7 @@ TEST_F(BusyWord, IsAskedOnceWhenThePolicyGivesNoTime)
 {
     policy.busyTimeout = 0ms;
     const Word::CallScope scope(policy);
-    EXPECT_EQ(callAnswered({rejected, S_OK}), rejected);
+    EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(rejected));
     EXPECT_EQ(attempts, 1u);
     EXPECT_TRUE(log.lines.empty());
 }
@@ -144,9 +146,9 @@ TEST_F(BusyWord, IsTheOnlyFailureThatIsTriedAgain)
           RPC_E_CALL_CANCELED, RPC_E_CANTCALLOUT_ININPUTSYNCCALL, RPC_E_RETRY,
           HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), HRESULT_FROM_WIN32(RPC_S_SERVER_TOO_BUSY),
           HRESULT_FROM_WIN32(RPC_S_CALL_FAILED), static_cast<HRESULT>(0x800A1735)}) {
-        EXPECT_EQ(callAnswered({code, S_OK}), code);
+        EXPECT_THAT(callAnswered({code, S_OK}), isHresult(code));
         EXPECT_EQ(attempts, 1u) << std::hex << code;
-        EXPECT_EQ(callAnswered({rejected, code, S_OK}), code);
+        EXPECT_THAT(callAnswered({rejected, code, S_OK}), isHresult(code));
         EXPECT_EQ(attempts, 2u) << std::hex << code;
     }
 }
@@ -183,20 +185,20 @@ TEST_F(BusyWord, IsAskedOnceOnTheThreadOfAHostWithAMessageFilter)
 {
     const Word::CallScope scope(policy);
     Filter filter;
-    ASSERT_EQ(CoRegisterMessageFilter(&filter, nullptr), S_OK);
+    ASSERT_THAT(CoRegisterMessageFilter(&filter, nullptr), isHresult(S_OK));
     const ULONG references = filter.references;
-    EXPECT_EQ(callAnswered({rejected, S_OK}), rejected);
+    EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(rejected));
     EXPECT_EQ(attempts, 1u);
     EXPECT_TRUE(log.lines.empty());
     EXPECT_EQ(filter.references, references);
 
     IMessageFilter* stillThere = nullptr;
-    ASSERT_EQ(CoRegisterMessageFilter(nullptr, &stillThere), S_OK);
+    ASSERT_THAT(CoRegisterMessageFilter(nullptr, &stillThere), isHresult(S_OK));
     EXPECT_EQ(stillThere, &filter);
     if (stillThere)
         stillThere->Release();
     EXPECT_EQ(filter.references, 1u);
-    EXPECT_EQ(callAnswered({rejected, S_OK}), S_OK) << "the filter is gone";
+    EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(S_OK)) << "the filter is gone";
 }
 
 TEST_F(BusyWord, IsAskedAgainInAMultithreadedApartment)
@@ -208,7 +210,7 @@ TEST_F(BusyWord, IsAskedAgainInAMultithreadedApartment)
         result = callAnswered({rejected, S_OK});
         CoUninitialize();
     }).join();
-    EXPECT_EQ(result, S_OK);
+    EXPECT_THAT(result, isHresult(S_OK));
 }
 
 TEST_F(BusyWord, ScopesNestAndBelongToTheirThread)
@@ -274,7 +276,7 @@ TEST_F(BusyWord, AnObserverThatThrowsHarmsNoCall)
     const Word::CallScope scope(policy);
     Plain plain;
     IUnknown* const object = &plain;
-    EXPECT_EQ(callAnswered({rejected, S_OK}), S_OK);
+    EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(S_OK));
     EXPECT_THROW(Word::call(object, name, [] { return E_FAIL; }), _com_error);
     EXPECT_EQ(log.lines.size(), 3u);
 }
@@ -293,11 +295,12 @@ TEST_F(BusyWord, LongArgumentsAreShortened)
 
 TEST(BusyPause, LeavesTheApartmentToCom)
 {
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    ASSERT_THAT(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), isHresult(S_OK));
     IStream* object = nullptr;
-    ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, &object), S_OK);
+    ASSERT_THAT(CreateStreamOnHGlobal(nullptr, TRUE, &object), isHresult(S_OK));
     IStream* marshalled = nullptr;
-    ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(__uuidof(ISequentialStream), object, &marshalled), S_OK);
+    ASSERT_THAT(CoMarshalInterThreadInterfaceInStream(__uuidof(ISequentialStream), object, &marshalled),
+                isHresult(S_OK));
     std::atomic<bool> answered = false;
     std::thread caller([&] {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);

@@ -1,3 +1,5 @@
+#include "Hresult.h"
+
 #include <WordArguments.h>
 
 #include <gtest/gtest.h>
@@ -6,7 +8,7 @@ namespace {
 TEST(WordArguments, MissingIsAnErrorThatSaysNotGiven)
 {
     EXPECT_EQ(Word::missing.vt, VT_ERROR);
-    EXPECT_EQ(Word::missing.scode, DISP_E_PARAMNOTFOUND);
+    EXPECT_THAT(Word::missing.scode, isHresult(DISP_E_PARAMNOTFOUND));
 }
 
 TEST(WordArguments, IntegersTravelAsFourByteIntegers)

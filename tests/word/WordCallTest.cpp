@@ -1,3 +1,5 @@
+#include "Hresult.h"
+
 #include <WordCall.h>
 
 #include <gtest/gtest.h>
@@ -34,11 +36,12 @@ private:
 void leaveErrorInformation(const wchar_t* description)
 {
     ICreateErrorInfo* created = nullptr;
-    ASSERT_EQ(CreateErrorInfo(&created), S_OK);
+    ASSERT_THAT(CreateErrorInfo(&created), isHresult(S_OK));
     std::wstring text = description;
     created->SetDescription(text.data());
     IErrorInfo* information = nullptr;
-    ASSERT_EQ(created->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(&information)), S_OK);
+    ASSERT_THAT(created->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(&information)),
+                isHresult(S_OK));
     SetErrorInfo(0, information);
     information->Release();
     created->Release();
@@ -63,7 +66,7 @@ TEST(WordCall, AFailureCarriesTheObjectsErrorInformation)
     Reporter reporter(__uuidof(IDispatch));
     leaveErrorInformation(L"No such member.");
     const _com_error error = errorOf(wordFailure, &reporter);
-    EXPECT_EQ(error.Error(), wordFailure);
+    EXPECT_THAT(error.Error(), isHresult(wordFailure));
     EXPECT_STREQ(error.Description(), L"No such member.");
     EXPECT_EQ(reporter.references, 1u);
 }
@@ -82,7 +85,7 @@ TEST(WordCall, AServerThatIsGoneIsAskedNothing)
 {
     Reporter reporter(__uuidof(IDispatch));
     for (const HRESULT gone : {HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), RPC_E_DISCONNECTED}) {
-        EXPECT_EQ(errorOf(gone, &reporter).Error(), gone);
+        EXPECT_THAT(errorOf(gone, &reporter).Error(), isHresult(gone));
         EXPECT_EQ(reporter.questions, 0);
     }
 }

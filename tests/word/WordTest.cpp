@@ -1,3 +1,5 @@
+#include "Hresult.h"
+
 #include <Word.h>
 
 #include <CallObserver.h>
@@ -103,7 +105,7 @@ TEST(Word, EveryThrowingFormCallsItsSlotAndRaisesItsResult)
             member.callThrowingForm(&object);
             ADD_FAILURE() << described(member) << " did not raise";
         } catch (const _com_error& error) {
-            EXPECT_EQ(error.Error(), firstResult + member.slot) << described(member);
+            EXPECT_THAT(error.Error(), isHresult(firstResult + member.slot)) << described(member);
             EXPECT_EQ(error.ErrorInfo(), nullptr) << described(member);
         }
     }
@@ -113,7 +115,7 @@ TEST(Word, InterfacesHaveTheTablesIdentities)
 {
     for (const auto& member : word_table::members) {
         IID expected{};
-        ASSERT_EQ(IIDFromString(member.iid, &expected), S_OK);
+        ASSERT_THAT(IIDFromString(member.iid, &expected), isHresult(S_OK));
         EXPECT_TRUE(IsEqualIID(expected, member.compiledIid)) << member.interfaceName;
     }
 }
@@ -148,6 +150,6 @@ resultOfGetEnd(const Word::RangePtr& range)
 
 TEST(Word, ANullPointerRaisesEPointer)
 {
-    EXPECT_EQ(resultOfGetEnd(Word::RangePtr()), E_POINTER);
+    EXPECT_THAT(resultOfGetEnd(Word::RangePtr()), isHresult(E_POINTER));
 }
 } // namespace

@@ -50,7 +50,7 @@ protected:
             SCOPED_TRACE(call);
             data().pos = 0;
             session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
-            EXPECT_EQ(comErrorOf([&] { writer().insertFile(file, 0); }), E_ACCESSDENIED);
+            EXPECT_THAT(comErrorOf([&] { writer().insertFile(file, 0); }), isHresult(E_ACCESSDENIED));
             session_.clearFaults();
             EXPECT_EQ(data().pos, positions[call - 1]);
             EXPECT_EQ(text().ends_with(u"X"), call > 1);

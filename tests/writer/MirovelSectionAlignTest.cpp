@@ -223,7 +223,7 @@ TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)
     writer().setTextAlign(3);
     writer().insertText(L"right");
     session_.failCall(4, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::applyAlign(writer()); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::applyAlign(writer()); }), isHresult(E_FAIL));
     EXPECT_EQ(data().alignRuns.size(), 2U);
     EXPECT_EQ(data().alignment, 3);
 }
@@ -232,7 +232,7 @@ TEST_F(MirovelSectionAlignTest, AFailureToReadTheEndRecordsNothing)
 {
     writer().insertText(L"ab");
     session_.failCall(2, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().setTextAlign(2); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().setTextAlign(2); }), isHresult(E_FAIL));
     EXPECT_TRUE(data().alignRuns.empty());
     EXPECT_EQ(data().alignment, 0);
     EXPECT_EQ(text(), u"ab\r");

@@ -224,7 +224,8 @@ TEST_F(MirovelSectionFileTest, WhatWordCannotReadLeavesItsPlaceholder)
 {
     const QdxString file = write("damaged.rtf", "{\\rtf1 ");
     writer().insertText(L"a");
-    EXPECT_EQ(comErrorOf([&] { writer().insertFile(file, 0); }), static_cast<HRESULT>(0x800A1499));
+    EXPECT_THAT(comErrorOf([&] { writer().insertFile(file, 0); }),
+                isHresult(static_cast<HRESULT>(0x800A1499)));
     EXPECT_EQ(text(), u"aX");
     EXPECT_EQ(data().pos, 2);
     writer().insertText(L"b");

@@ -264,7 +264,7 @@ TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)
     writer().insertText(L"x");
     writer().setFont(courier.data());
     session_.failCall(4, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_FAIL));
     EXPECT_EQ(data().fontRuns.size(), 2U);
     EXPECT_EQ(writer().getFont(), courier.data());
 }

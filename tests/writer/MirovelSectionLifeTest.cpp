@@ -4,7 +4,6 @@
 #include "tracedll/Trace.h"
 
 #include <functional>
-#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -177,8 +176,8 @@ TEST_F(MirovelSectionLifeTest, EveryFailureAtTheEndStopsTheRestAndLeaves)
         session.clearTranscript();
 
         session.failCall(static_cast<long>(call), static_cast<HRESULT>(0x800A16C1));
-        EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
-                  static_cast<HRESULT>(0x800A16C1));
+        EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
+                    isHresult(static_cast<HRESULT>(0x800A16C1)));
 
         Calls expected(busyWritersEnd_.begin(), busyWritersEnd_.begin() + static_cast<std::ptrdiff_t>(call));
         std::string& last = expected.back();
@@ -199,14 +198,14 @@ TEST_F(MirovelSectionLifeTest, AFailureIsToldWhateverIsBeingHandled)
         std::function<void()> work;
         ~Ending() { work(); }
     };
-    std::optional<HRESULT> told;
+    HRESULT told = S_OK;
     try {
         const Ending ending{[&] { told = comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }); }};
         throw 42;
     } catch (int number) {
         EXPECT_EQ(number, 42);
     }
-    EXPECT_EQ(told, E_FAIL);
+    EXPECT_THAT(told, isHresult(E_FAIL));
     EXPECT_EQ(takeCalls(), (Calls{"Range@1.Start = 0", "Range@1.End = 5 !! 0x80004005"}))
         << "the first failure stops the rest";
 }
@@ -225,7 +224,8 @@ TEST_F(MirovelSectionLifeTest, AWordThatHasGoneIsReportedByTheEnd)
 {
     MirovelSection* writer = busyWriter();
     application_->Quit();
-    EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }), RPC_E_DISCONNECTED);
+    EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
+                isHresult(RPC_E_DISCONNECTED));
 }
 
 TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
@@ -233,8 +233,8 @@ TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
     MirovelSection* writer = busyWriter();
     document_->Close();
     takeCalls();
-    EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
-              static_cast<HRESULT>(0x800A16C1));
+    EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
+                isHresult(static_cast<HRESULT>(0x800A16C1)));
     EXPECT_EQ(takeCalls(), Calls{"Range@1.Start = 0 !! 0x800a16c1"});
 }
 
@@ -242,14 +242,14 @@ TEST_F(MirovelSectionLifeTest, AFailedConstructionHoldsNothing)
 {
     const long held = session_.liveObjects();
     session_.failCall(1, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { newWriter(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { newWriter(); }), isHresult(E_FAIL));
     session_.failCall(2, E_FAIL);
     EXPECT_EQ(reasonOf([&] { newWriter(); }), "ERR Unknown style: Normal");
     for (int pageCall = 10; pageCall <= 13; ++pageCall) {
         MirovelSection::clearCache();
         takeCalls();
         session_.failCall(pageCall, E_FAIL);
-        EXPECT_EQ(comErrorOf([&] { newWriter(); }), E_FAIL) << "call " << pageCall;
+        EXPECT_THAT(comErrorOf([&] { newWriter(); }), isHresult(E_FAIL)) << "call " << pageCall;
         EXPECT_EQ(takeCalls().size(), static_cast<std::size_t>(pageCall)) << "nothing is applied";
     }
     EXPECT_EQ(session_.liveObjects(), held);
@@ -257,7 +257,8 @@ TEST_F(MirovelSectionLifeTest, AFailedConstructionHoldsNothing)
 
 TEST_F(MirovelSectionLifeTest, WithoutADocumentThereIsNoWriter)
 {
-    EXPECT_EQ(comErrorOf([&] { new MirovelSection(application_, Word::_DocumentPtr(), range_); }), E_POINTER);
+    EXPECT_THAT(comErrorOf([&] { new MirovelSection(application_, Word::_DocumentPtr(), range_); }),
+                isHresult(E_POINTER));
     EXPECT_EQ(takeCalls(), Calls{});
 }
 
@@ -317,7 +318,7 @@ TEST_F(MirovelSectionLifeTest, AFailureOfOnesOwnWorkLeavesTheAssignment)
     auto* const other = new MirovelSection(application_, document_, headerRange());
     takeCalls();
     session_.failCall(3, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { *writer = *other; }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { *writer = *other; }), isHresult(E_FAIL));
     EXPECT_EQ(takeCalls().size(), 3U);
     endWriter(writer);
     EXPECT_EQ(takeCalls(), Calls{});

@@ -105,7 +105,7 @@ TEST_F(MirovelSectionLinkTest, TheTableOfContentsMovesForALinkInFrontOfItAlone)
         data().tocPos = 3;
         takeCalls();
         session_.failCall(4, E_FAIL);
-        EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }), E_FAIL);
+        EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }), isHresult(E_FAIL));
         EXPECT_EQ(takeCalls(), (Calls{"Document@1.UndoClear()", "Range@1.Start = 0", "Range@1.End = 4",
                                       "Document@1.Hyperlinks !! 0x80004005"}));
         EXPECT_EQ(data().tocPos, c.expectedPos) << "for a table of contents at " << c.tocStartPos;

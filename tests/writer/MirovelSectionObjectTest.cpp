@@ -91,7 +91,7 @@ TEST_F(MirovelSectionObjectTest, ExtensionsAreComparedWithTheirCase)
 TEST_F(MirovelSectionObjectTest, AMissingOneAsAHyperlinkIsAskedOfWord)
 {
     openTrace(1);
-    EXPECT_TRUE(comErrorOf([&] { writer().insertFile("c:\\no such.xls", 4); }).has_value());
+    EXPECT_THAT(comErrorOf([&] { writer().insertFile("c:\\no such.xls", 4); }), isFailure());
     EXPECT_EQ(log(), "ERR File not found: c:\\no such.xls\r\n");
     EXPECT_EQ(text(), u"X") << "the placeholder stays";
     EXPECT_EQ(data().pos, 1);

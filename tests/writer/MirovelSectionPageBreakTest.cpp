@@ -109,7 +109,7 @@ TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
 {
     writer().insertText(L"ab");
     session_.failCall(2, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().insertPageBreak(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().insertPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(data().pos, 2);
     EXPECT_EQ(data().lastPageBreakPos, 0);
 }
@@ -196,7 +196,7 @@ TEST_F(ChangeLastPageBreakTest, AFailureLeavesTheBreakOnRecord)
     writer().insertText(L"ab");
     writer().insertPageBreak();
     session_.failCall(5, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().changeLastPageBreak(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 1);
     EXPECT_EQ(data().lastPageBreakPos, 3);
     EXPECT_EQ(data().pos, 3);
@@ -209,7 +209,7 @@ TEST_F(ChangeLastPageBreakTest, AFailureToReturnComesAfterTheSectionHasBeenCount
     writer().insertText(L"ab");
     writer().insertPageBreak();
     session_.failCall(6, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().changeLastPageBreak(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 2);
     EXPECT_EQ(data().lastPageBreakPos, 0);
     EXPECT_EQ(model().sectionCount(), 2);

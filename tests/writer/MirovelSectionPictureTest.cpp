@@ -70,8 +70,8 @@ TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
 
 TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholder)
 {
-    EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, {}, -1, 0); }),
-              static_cast<HRESULT>(0x800A1200));
+    EXPECT_THAT(comErrorOf([&] { writer().insertImage(picture_, {}, -1, 0); }),
+                isHresult(static_cast<HRESULT>(0x800A1200)));
     EXPECT_EQ(text(), u"\x01X");
     EXPECT_EQ(data().pos, 2);
 }
@@ -171,7 +171,8 @@ TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
     for (const char* name : {"empty.gif", "text.gif", "text.txt"}) {
         const QdxString file = write(name, name[0] == 'e' ? "" : "no picture");
         takeCalls();
-        EXPECT_TRUE(comErrorOf([&] { writer().insertImage(file, toBookmark("b1", true), 0, 0); }).has_value())
+        EXPECT_THAT(comErrorOf([&] { writer().insertImage(file, toBookmark("b1", true), 0, 0); }),
+                    isFailure())
             << name;
         EXPECT_EQ(takeCalls().size(), 4U);
     }
@@ -197,8 +198,8 @@ TEST_F(MirovelSectionPictureTest, AFailureAtEachCallLeavesWhatWasDone)
         SCOPED_TRACE(call);
         data().pos = 0;
         session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().insertImage(picture_, toBookmark("b1", false), 10, 20); }),
-                  E_ACCESSDENIED);
+        EXPECT_THAT(comErrorOf([&] { writer().insertImage(picture_, toBookmark("b1", false), 10, 20); }),
+                    isHresult(E_ACCESSDENIED));
         session_.clearFaults();
         EXPECT_EQ(text(), texts.at(call - 1));
         EXPECT_EQ(data().pos, positions.at(call - 1));

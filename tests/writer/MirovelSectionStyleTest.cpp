@@ -366,7 +366,7 @@ TEST_F(MirovelSectionStyleTest, WritersShareTheFontsOfStyles)
 TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)
 {
     session_.failCall(5, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::findFont(writer(), "Heading 1"); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::findFont(writer(), "Heading 1"); }), isHresult(E_FAIL));
     session_.clearFaults();
     takeCalls();
     EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());

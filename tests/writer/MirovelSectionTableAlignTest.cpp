@@ -112,7 +112,7 @@ TEST_F(MirovelSectionTableAlignTest, AFailureWhenTheTableEndsKeepsItOpen)
     addCell(2, L"one");
     for (long call = 1; call <= 5; ++call) {
         session_.failCall(call, E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), E_ACCESSDENIED) << "call " << call;
+        EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
         EXPECT_TRUE(writer().isTableOpen());
         EXPECT_EQ(data().alignRuns.size(), 1U);
         EXPECT_EQ(data().alignment, 2);

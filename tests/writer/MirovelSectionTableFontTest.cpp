@@ -251,7 +251,7 @@ TEST_F(MirovelSectionTableFontTest, InACellOfARowWithoutCellsFailsAtTheEnd)
     writer().insertText(L"only");
     writer().endTable();
     takeCalls();
-    EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), static_cast<HRESULT>(0x800A1735));
+    EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(static_cast<HRESULT>(0x800A1735)));
     EXPECT_EQ(takeCalls(),
               (Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
                      "Columns@1.Count -> 1", "Table@1.Cell(1, 0) !! 0x800a1735"}));
@@ -335,7 +335,7 @@ TEST_F(MirovelSectionTableFontTest, AFailureAmongTheCellsKeepsTheRuns)
     data().fontRuns.front().setCell(1, 1);
     for (std::size_t call = 1; call <= calls; ++call) {
         session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().applyFont(); }), E_ACCESSDENIED) << "call " << call;
+        EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
         EXPECT_EQ(data().fontRuns.size(), 1U);
         session_.clearFaults();
     }

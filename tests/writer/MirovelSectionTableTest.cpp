@@ -469,9 +469,9 @@ TEST_F(MirovelSectionTableTest, AHeightThatWordRefusesIsKeptAndRefusedForEveryRo
     openRow();
     writer().addCell();
     for (const std::int32_t height : {-1, 1585, 2147483647}) {
-        EXPECT_EQ(comErrorOf([&] { writer().setTableRowHeight(height); }), outOfRange);
+        EXPECT_THAT(comErrorOf([&] { writer().setTableRowHeight(height); }), isHresult(outOfRange));
         EXPECT_EQ(data().rowHeight, height);
-        EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), outOfRange);
+        EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(outOfRange));
     }
     EXPECT_EQ(counters(), (Counters{4, 1, 1, 0})) << "the rows are there, the column was not reset";
     writer().setTableRowHeight(20);
@@ -488,15 +488,15 @@ TEST_F(MirovelSectionTableTest, AColumnTooManyIsRefusedUntilTheWriterEnds)
     addCells(most);
     for (int column = most + 1; column <= 300; ++column) {
         takeCalls();
-        EXPECT_EQ(comErrorOf([&] { writer().addCell(); }), outOfRange);
+        EXPECT_THAT(comErrorOf([&] { writer().addCell(); }), isHresult(outOfRange));
         EXPECT_EQ(takeCalls().back(), "Cells@1.Add(missing) !! 0x800a1200");
     }
     EXPECT_EQ(counters(), (Counters{1, 300, most, 0}));
     writer().insertText(L"last");
     EXPECT_TRUE(cellTexts().ends_with(u"|last"));
 
-    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), memberMissing);
-    EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), memberMissing);
+    EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(memberMissing));
+    EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(memberMissing));
     EXPECT_TRUE(writer().isTableOpen());
     EXPECT_EQ(counters(), (Counters{1, 300, most, 0}));
     EXPECT_EQ(finish(), Calls{"Document@1.UndoClear()"});
@@ -531,14 +531,15 @@ TEST_F(MirovelSectionTableTest, AFailureToStartKeepsWhatStoodBeforeTheStep)
         const MirovelSectionData& data = MirovelSectionProbe::data(*writer);
         writer->deleteRange();
         session.failCall(static_cast<long>(call), E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer->startTable(); }), E_ACCESSDENIED);
+        EXPECT_THAT(comErrorOf([&] { writer->startTable(); }), isHresult(E_ACCESSDENIED));
         EXPECT_EQ(writer->isTableOpen(), call > flush);
         EXPECT_EQ(data.pos, call <= flush + 1 ? 0 : 1);
         EXPECT_EQ(static_cast<bool>(data.table), call > flush + 6);
         EXPECT_EQ(static_cast<bool>(data.tableRow), call > flush + 8);
         EXPECT_EQ(static_cast<bool>(data.cellRange), call > flush + 11);
         const bool hasNoCell = writer->isTableOpen() && !data.cellRange;
-        EXPECT_EQ(hasNoCell ? comErrorOf([&] { writer->insertText(L"lost"); }) : E_POINTER, E_POINTER);
+        EXPECT_THAT(hasNoCell ? comErrorOf([&] { writer->insertText(L"lost"); }) : E_POINTER,
+                    isHresult(E_POINTER));
         writer->endTable();
         writer->insertText(L"goes on");
         endWriter(writer);
@@ -555,7 +556,7 @@ TEST_F(MirovelSectionTableTest, AFailedCellCountsInItsRowOnly)
     for (long call = 1; call <= 7; ++call) {
         session_.failCall(call, E_ACCESSDENIED);
         const int column = data().tableColumn;
-        EXPECT_EQ(comErrorOf([&] { writer().addCell(); }), E_ACCESSDENIED) << "call " << call;
+        EXPECT_THAT(comErrorOf([&] { writer().addCell(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
         session_.clearFaults();
         EXPECT_EQ(data().tableColumn, column + 1);
         EXPECT_EQ(data().tableColumns, 1);
@@ -569,10 +570,10 @@ TEST_F(MirovelSectionTableTest, AFailedRowLeavesTheRowBeforeCurrent)
     addCell(L"one");
     takeCalls();
     session_.failCall(2, E_ACCESSDENIED); // the width
-    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), E_ACCESSDENIED);
+    EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(E_ACCESSDENIED));
     EXPECT_EQ(counters(), (Counters{1, 1, 1, 0})) << "not begun yet";
     session_.failCall(4, E_ACCESSDENIED); // Rows.Add
-    EXPECT_EQ(comErrorOf([&] { writer().addRow(); }), E_ACCESSDENIED);
+    EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(E_ACCESSDENIED));
     EXPECT_EQ(counters(), (Counters{2, 1, 1, 0}));
     writer().insertText(L"!");
     EXPECT_EQ(cellTexts(), u"one!");
@@ -588,7 +589,7 @@ TEST_F(MirovelSectionTableTest, AFailedEndLeavesTheTableOpen)
     addCell(L"one");
     for (long call = 1; call <= 3; ++call) {
         session_.failCall(call, E_ACCESSDENIED);
-        EXPECT_EQ(comErrorOf([&] { writer().endTable(); }), E_ACCESSDENIED);
+        EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(E_ACCESSDENIED));
         EXPECT_TRUE(writer().isTableOpen());
         EXPECT_EQ(counters(), (Counters{1, 1, 1, 0}));
     }

@@ -69,7 +69,9 @@ TEST_F(MirovelSectionTagTest, NamesHaveAtMostNineCharacters)
 TEST_F(MirovelSectionTagTest, AnEmptyOrBadNameIsRefusedByWord)
 {
     for (const char* name : {"", "1b", "a b", "b-1"}) {
-        EXPECT_EQ(comErrorOf([&] { writer().insertTag(name); }), static_cast<HRESULT>(0x800A16C4)) << name;
+        EXPECT_THAT(comErrorOf([&] { writer().insertTag(name); }),
+                    isHresult(static_cast<HRESULT>(0x800A16C4)))
+            << name;
         EXPECT_FALSE(data().lastTagBookmark);
     }
 }
@@ -93,7 +95,7 @@ TEST_F(MirovelSectionTagTest, ASecondOneAtTheVeryStartFails)
 {
     writer().insertTag("b1");
     takeCalls();
-    EXPECT_EQ(comErrorOf([&] { writer().insertTag("b2"); }), static_cast<HRESULT>(0x800A1200));
+    EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(static_cast<HRESULT>(0x800A1200)));
     EXPECT_EQ(takeCalls().back(), "Bookmark@1.End = -1 !! 0x800a1200");
     EXPECT_EQ(place(u"b2"), "0-0") << "it is there, but not the last one";
     writer().insertText(L"text");
@@ -105,7 +107,7 @@ TEST_F(MirovelSectionTagTest, ASecondOneAtTheVeryStartFails)
 TEST_F(MirovelSectionTagTest, OneAtTheVeryStartWithoutTextFailsTheEnd)
 {
     writer().insertTag("b1");
-    EXPECT_EQ(comErrorOf([&] { finish(); }), static_cast<HRESULT>(0x800A1200));
+    EXPECT_THAT(comErrorOf([&] { finish(); }), isHresult(static_cast<HRESULT>(0x800A1200)));
     EXPECT_EQ(takeCalls(),
               join(styleRunApplied(0, 0, "-1", 2, normalFont), Calls{"Bookmark@1.End = -1 !! 0x800a1200"}))
         << "nothing behind it is done";
@@ -179,7 +181,7 @@ TEST_F(MirovelSectionTagTest, AFailureAtEachCallKeepsTheLastOne)
     const Word::BookmarkPtr last = data().lastTagBookmark;
     for (long call = 1; call <= 4; ++call) {
         session_.failCall(call, E_FAIL);
-        EXPECT_EQ(comErrorOf([&] { writer().insertTag("b2"); }), E_FAIL) << "call " << call;
+        EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(E_FAIL)) << "call " << call;
         EXPECT_EQ(data().lastTagBookmark.GetInterfacePtr(), last.GetInterfacePtr());
         session_.clearFaults();
     }

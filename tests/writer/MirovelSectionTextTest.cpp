@@ -316,7 +316,7 @@ TEST_F(DeleteLastCharTest, AFailureLeavesThePositionMoved)
 {
     writer().insertText(L"abcd");
     session_.failCall(1, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { MirovelSectionProbe::deleteLastChar(writer()); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::deleteLastChar(writer()); }), isHresult(E_FAIL));
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"abcd");
 }
@@ -349,7 +349,8 @@ TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
 TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
 {
     session_.failCall(1, static_cast<HRESULT>(0x800706BA));
-    EXPECT_EQ(comErrorOf([&] { writer().insertText(L"lost"); }), static_cast<HRESULT>(0x800706BA));
+    EXPECT_THAT(comErrorOf([&] { writer().insertText(L"lost"); }),
+                isHresult(static_cast<HRESULT>(0x800706BA)));
     EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("lost") !! 0x800706ba)"});
     EXPECT_EQ(data().pos, 0);
     writer().insertText(L"kept");
@@ -361,7 +362,7 @@ TEST_F(MirovelSectionTextTest, AFailedParagraphEndIsNoneButTheStyleHasMoved)
 {
     writer().setStyle("Heading 1", false);
     session_.failCall(1, E_OUTOFMEMORY);
-    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_OUTOFMEMORY);
+    EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_OUTOFMEMORY));
     EXPECT_EQ(data().pos, 0);
     EXPECT_EQ(data().lastEndlPos, 0);
     EXPECT_EQ(data().endlCount, 0);
@@ -373,7 +374,7 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
 {
     data().endlCount = 100;
     session_.failCall(2, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_FAIL));
     EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Document@1.UndoClear() !! 0x80004005"}));
     EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
@@ -382,9 +383,9 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
 TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)
 {
     data().range = nullptr;
-    EXPECT_EQ(comErrorOf([&] { writer().insertText(L"x"); }), E_POINTER);
-    EXPECT_EQ(comErrorOf([&] { writer().insertEndl(); }), E_POINTER);
-    EXPECT_EQ(comErrorOf([&] { writer().deleteRange(); }), E_POINTER);
+    EXPECT_THAT(comErrorOf([&] { writer().insertText(L"x"); }), isHresult(E_POINTER));
+    EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_POINTER));
+    EXPECT_THAT(comErrorOf([&] { writer().deleteRange(); }), isHresult(E_POINTER));
     EXPECT_EQ(takeCalls(), Calls{});
     data().range = range_;
 }

@@ -84,7 +84,7 @@ TEST_F(MirovelSectionTocDrawingTest, LevelsBeyondNineAreNine)
 TEST_F(MirovelSectionTocDrawingTest, ANegativeLevelIsRefusedByWordAtTheEnd)
 {
     writer().insertTOC(-1);
-    EXPECT_EQ(comErrorOf([&] { finish(); }), static_cast<HRESULT>(0x800A1200));
+    EXPECT_THAT(comErrorOf([&] { finish(); }), isHresult(static_cast<HRESULT>(0x800A1200)));
     EXPECT_NE(takeCalls().back().find(", true, 1s, -1s, true, "), std::string::npos);
 }
 
@@ -128,7 +128,8 @@ TEST_F(MirovelSectionTocDrawingTest, AFailureOfAnyStepLeavesTheEnd)
         writer->applyStyle();
         MirovelSectionProbe::applyAlign(*writer);
         session.failCall(call + 1, E_ACCESSDENIED); // behind UndoClear
-        EXPECT_EQ(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }), E_ACCESSDENIED);
+        EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
+                    isHresult(E_ACCESSDENIED));
         document = nullptr;
         EXPECT_EQ(session.liveObjects(), 0);
     }

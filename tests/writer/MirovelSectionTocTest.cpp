@@ -81,7 +81,7 @@ TEST_F(MirovelSectionTocTest, AnEntryEndsEvenIfWordHasNoTablesOfContents)
     writer().insertText(L"entry");
     takeCalls();
     session_.failCall(1, E_FAIL);
-    EXPECT_EQ(comErrorOf([&] { writer().endTOCEntry(); }), E_FAIL);
+    EXPECT_THAT(comErrorOf([&] { writer().endTOCEntry(); }), isHresult(E_FAIL));
     EXPECT_EQ(takeCalls(), Calls{"Document@1.TablesOfContents !! 0x80004005"});
     EXPECT_FALSE(data().collectingTocEntry);
     EXPECT_EQ(text(), u"entry");

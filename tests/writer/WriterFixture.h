@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Hresult.h"
 #include "InProcess.h"
 #include "MirovelSectionProbe.h"
 #include "general/QdxException.h"
@@ -132,18 +133,6 @@ class ClientWriterTest : public WriterTest
 protected:
     void SetUp() override;
 };
-
-/// The HRESULT of the `_com_error` that `act` raises; nothing when it does not.
-template <class Act>
-std::optional<HRESULT> comErrorOf(Act&& act)
-{
-    try {
-        act();
-        return std::nullopt;
-    } catch (const _com_error& error) {
-        return error.Error();
-    }
-}
 
 /// The text of the QdxException that `act` raises; nothing when it does not.
 template <class Act>

@@ -1,5 +1,6 @@
 #include "FragmentFile.h"
 
+#include "Hresult.h"
 #include "ScratchFolder.h"
 
 #include <comdef.h>
@@ -94,7 +95,7 @@ TEST(FragmentFileTest, SaysSoWhereThereIsNoPlaceForIt)
         const FragmentFile file("text");
         FAIL() << "it was made";
     } catch (const _com_error& error) {
-        EXPECT_EQ(error.Error(), HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND));
+        EXPECT_THAT(error.Error(), isHresult(HRESULT_FROM_WIN32(ERROR_PATH_NOT_FOUND)));
     }
 }
 

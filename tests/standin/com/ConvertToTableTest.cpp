@@ -1,12 +1,11 @@
 #include "DocumentFixture.h"
 
+#include "Hresult.h"
 #include "TableFormats.h"
 
 #include <WordConstants.h>
 
 namespace {
-using standin_test::failureOf;
-using standin_test::wordError;
 
 class ConvertToTable : public standin_test::DocumentFixture
 {
@@ -82,15 +81,16 @@ TEST_F(ConvertToTable, ColumnsCanBeAdded)
 TEST_F(ConvertToTable, RefusesWhatItCannotMake)
 {
     const Word::RangePtr place = write(L"a\nb\n");
-    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::integer(4)); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::text(L"ab")); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { place->ConvertToTable(Word::integer(0), Word::missing, Word::integer(64)); }),
-              wordError(4608));
-    EXPECT_EQ(failureOf([&] {
-                  place->ConvertToTable(Word::integer(0), Word::missing, Word::missing, Word::missing,
-                                        Word::integer(3));
-              }),
-              E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { place->ConvertToTable(Word::integer(4)); }), isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { place->ConvertToTable(Word::text(L"ab")); }), isHresult(wordError(4608)));
+    EXPECT_THAT(
+        comErrorOf([&] { place->ConvertToTable(Word::integer(0), Word::missing, Word::integer(64)); }),
+        isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] {
+                    place->ConvertToTable(Word::integer(0), Word::missing, Word::missing, Word::missing,
+                                          Word::integer(3));
+                }),
+                isHresult(E_NOTIMPL));
     EXPECT_EQ(text(), u"a\rb\r\r");
 }
 } // namespace

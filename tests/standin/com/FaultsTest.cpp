@@ -1,3 +1,5 @@
+#include "Hresult.h"
+
 #include <Faults.h>
 
 #include <gtest/gtest.h>
@@ -11,7 +13,7 @@ TEST(Faults, ACallFailsOnce)
     Faults faults;
     faults.read("3:0x800706BA");
     EXPECT_EQ(faults.resultOf(2), std::nullopt);
-    EXPECT_EQ(faults.resultOf(3), static_cast<HRESULT>(0x800706BA));
+    EXPECT_THAT(faults.resultOf(3), isHresult(static_cast<HRESULT>(0x800706BA)));
     EXPECT_EQ(faults.resultOf(4), std::nullopt);
 }
 
@@ -20,10 +22,10 @@ TEST(Faults, PlusMeansFromThatCallOn)
     Faults faults;
     faults.read("2:0x80010001,5+:0x800A1735");
     EXPECT_EQ(faults.resultOf(1), std::nullopt);
-    EXPECT_EQ(faults.resultOf(2), static_cast<HRESULT>(0x80010001));
+    EXPECT_THAT(faults.resultOf(2), isHresult(static_cast<HRESULT>(0x80010001)));
     EXPECT_EQ(faults.resultOf(4), std::nullopt);
-    EXPECT_EQ(faults.resultOf(5), static_cast<HRESULT>(0x800A1735));
-    EXPECT_EQ(faults.resultOf(5000), static_cast<HRESULT>(0x800A1735));
+    EXPECT_THAT(faults.resultOf(5), isHresult(static_cast<HRESULT>(0x800A1735)));
+    EXPECT_THAT(faults.resultOf(5000), isHresult(static_cast<HRESULT>(0x800A1735)));
 }
 
 TEST(Faults, StarMeansRejectionsBeforeTheCallRuns)
@@ -31,11 +33,11 @@ TEST(Faults, StarMeansRejectionsBeforeTheCallRuns)
     Faults faults;
     faults.read("2*2:0x80010001,5:0x800A1735");
     EXPECT_EQ(faults.takeRejection(1), std::nullopt);
-    EXPECT_EQ(faults.takeRejection(2), static_cast<HRESULT>(0x80010001));
-    EXPECT_EQ(faults.takeRejection(2), static_cast<HRESULT>(0x80010001));
+    EXPECT_THAT(faults.takeRejection(2), isHresult(static_cast<HRESULT>(0x80010001)));
+    EXPECT_THAT(faults.takeRejection(2), isHresult(static_cast<HRESULT>(0x80010001)));
     EXPECT_EQ(faults.takeRejection(2), std::nullopt);
     EXPECT_EQ(faults.resultOf(2), std::nullopt);
-    EXPECT_EQ(faults.resultOf(5), static_cast<HRESULT>(0x800A1735));
+    EXPECT_THAT(faults.resultOf(5), isHresult(static_cast<HRESULT>(0x800A1735)));
 }
 
 TEST(Faults, ClearForgetsAll)

@@ -1,11 +1,11 @@
 #include "DocumentFixture.h"
 
+#include "Hresult.h"
+
 #include <WordConstants.h>
 #include <gmock/gmock.h>
 
 namespace {
-using standin_test::failureOf;
-using standin_test::wordError;
 using testing::ElementsAre;
 
 class DocumentParts : public standin_test::DocumentFixture
@@ -82,8 +82,8 @@ TEST_F(Fields, AFieldTellsAndChangesItsParts)
     EXPECT_EQ(first->GetResult()->GetText(), _bstr_t(L"z"));
     document->Range()->Delete();
     EXPECT_EQ(fields->GetCount(), 0);
-    EXPECT_EQ(failureOf([&] { first->GetCode(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { fields->Item(1); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { first->GetCode(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { fields->Item(1); }), isHresult(wordError(5941)));
 }
 
 TEST_F(Fields, UpdatingAllTellsTheFirstThatIsWrong)
@@ -113,11 +113,13 @@ TEST_F(Fields, OfARangeAreThoseThatStartInIt)
 TEST_F(Fields, WhatIsNoRangeAndWhatCannotBeComputedIsRefused)
 {
     const Word::FieldsPtr fields = document->GetFields();
-    EXPECT_EQ(failureOf([&] { fields->Add(nullptr, Word::integer(Word::wdFieldPage)); }), wordError(4218));
-    EXPECT_EQ(failureOf([&] { fields->Add(range(0, 0), Word::integer(4711)); }), wordError(5843));
-    EXPECT_EQ(failureOf([&] { fields->Add(range(0, 0), Word::integer(12)); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { fields->Add(nullptr, Word::integer(Word::wdFieldPage)); }),
+                isHresult(wordError(4218)));
+    EXPECT_THAT(comErrorOf([&] { fields->Add(range(0, 0), Word::integer(4711)); }),
+                isHresult(wordError(5843)));
+    EXPECT_THAT(comErrorOf([&] { fields->Add(range(0, 0), Word::integer(12)); }), isHresult(E_NOTIMPL));
     EXPECT_EQ(text(), u"\r");
-    EXPECT_EQ(failureOf([&] { fields->ToggleShowCodes(); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { fields->ToggleShowCodes(); }), isHresult(E_NOTIMPL));
 }
 
 using Hyperlinks = DocumentParts;
@@ -158,8 +160,8 @@ TEST_F(Hyperlinks, CanBeListedAndRemoved)
     first->Delete();
     EXPECT_EQ(links->GetCount(), 1);
     EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"shown two\r"));
-    EXPECT_EQ(failureOf([&] { links->Item(Word::integer(2)); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { links->Add(range(0, 1), Word::text(L"")); }), wordError(4198));
+    EXPECT_THAT(comErrorOf([&] { links->Item(Word::integer(2)); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { links->Add(range(0, 1), Word::text(L"")); }), isHresult(wordError(4198)));
     EXPECT_EQ(range(0, 2)->GetHyperlinks()->GetCount(), 0);
 }
 
@@ -225,7 +227,7 @@ TEST_F(BookmarksOfADocument, StartAtTheBeginningAndGetTheirBorders)
     EXPECT_EQ(bookmark->GetRange()->GetText(), _bstr_t(L"two"));
     EXPECT_EQ(bookmark->GetName(), _bstr_t(L"b1"));
     EXPECT_EQ(bookmark->GetRange()->GetStoryType(), 1);
-    EXPECT_EQ(failureOf([&] { bookmark->PutStart(99); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { bookmark->PutStart(99); }), isHresult(wordError(4608)));
 }
 
 TEST_F(BookmarksOfADocument, AreFoundByNameAndNumber)
@@ -241,12 +243,12 @@ TEST_F(BookmarksOfADocument, AreFoundByNameAndNumber)
     EXPECT_EQ(bookmarks->GetCount(), 3);
     EXPECT_EQ(bookmarks->Exists(L"B"), VARIANT_TRUE);
     EXPECT_EQ(bookmarks->Exists(L"c"), VARIANT_FALSE);
-    EXPECT_EQ(failureOf([&] { bookmarks->Item(Word::text(L"c")); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { bookmarks->Add(L"not good"); }), wordError(5828));
+    EXPECT_THAT(comErrorOf([&] { bookmarks->Item(Word::text(L"c")); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { bookmarks->Add(L"not good"); }), isHresult(wordError(5828)));
     const Word::BookmarkPtr gone = bookmarks->Item(Word::text(L"a"));
     gone->Delete();
     EXPECT_EQ(bookmarks->Exists(L"a"), VARIANT_FALSE);
-    EXPECT_EQ(failureOf([&] { gone->GetStart(); }), wordError(5825));
+    EXPECT_THAT(comErrorOf([&] { gone->GetStart(); }), isHresult(wordError(5825)));
 }
 
 using TablesOfContents = DocumentParts;
@@ -276,10 +278,10 @@ TEST_F(TablesOfContents, AreBuiltFromHeadingsAndEntries)
               _bstr_t(L" TOC \\o \"1-9\" \\f \\h \\z "));
     EXPECT_EQ(tables->GetCount(), 1);
     EXPECT_EQ(tables->Item(1)->GetLowerHeadingLevel(), 9);
-    EXPECT_EQ(failureOf([&] { tables->Item(2); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { tables->Item(2); }), isHresult(wordError(5941)));
     EXPECT_EQ(tables->Item(1)->GetUpperHeadingLevel(), 1);
     EXPECT_EQ(table->GetTabLeader(), Word::wdTabLeaderDots);
-    EXPECT_EQ(failureOf([&] { table->PutTabLeader(6); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { table->PutTabLeader(6); }), isHresult(wordError(4608)));
     document->Range(Word::integer(document->Range()->GetEnd() - 1))->InsertAfter(L"Third");
     document->GetSections();
     document->Range(Word::integer(document->Range()->GetEnd() - 1))
@@ -292,12 +294,12 @@ TEST_F(TablesOfContents, SayWhenTheyFindNothing)
 {
     const Word::TableOfContentsPtr table = document->GetTablesOfContents()->Add(range(0, 0));
     EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"Error! No table of contents entries found."));
-    EXPECT_EQ(failureOf([&] { table->UpdatePageNumbers(); }), E_NOTIMPL);
-    EXPECT_EQ(failureOf([&] {
-                  document->GetTablesOfContents()->Add(range(0, 0), Word::boolean(true), Word::integer(1),
-                                                       Word::integer(0));
-              }),
-              wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { table->UpdatePageNumbers(); }), isHresult(E_NOTIMPL));
+    EXPECT_THAT(comErrorOf([&] {
+                    document->GetTablesOfContents()->Add(range(0, 0), Word::boolean(true), Word::integer(1),
+                                                         Word::integer(0));
+                }),
+                isHresult(wordError(4608)));
 }
 
 TEST_F(DocumentParts, AreGoneWithTheDocument)
@@ -310,10 +312,10 @@ TEST_F(DocumentParts, AreGoneWithTheDocument)
     const Word::BookmarksPtr bookmarks = document->GetBookmarks();
     document->Close(Word::integer(Word::wdDoNotSaveChanges));
     for (const HRESULT failure :
-         {failureOf([&] { field->GetType(); }), failureOf([&] { link->GetAddress(); }),
-          failureOf([&] { bookmark->GetStart(); }), failureOf([&] { table->Update(); }),
-          failureOf([&] { bookmarks->GetCount(); }), failureOf([&] { document->GetFields(); }),
-          failureOf([&] { table->GetTabLeader(); }), failureOf([&] { field->Update(); })})
-        EXPECT_EQ(failure, wordError(5825));
+         {comErrorOf([&] { field->GetType(); }), comErrorOf([&] { link->GetAddress(); }),
+          comErrorOf([&] { bookmark->GetStart(); }), comErrorOf([&] { table->Update(); }),
+          comErrorOf([&] { bookmarks->GetCount(); }), comErrorOf([&] { document->GetFields(); }),
+          comErrorOf([&] { table->GetTabLeader(); }), comErrorOf([&] { field->Update(); })})
+        EXPECT_THAT(failure, isHresult(wordError(5825)));
 }
 } // namespace

@@ -8,9 +8,7 @@
 
 namespace {
 using standin_test::bytesOf;
-using standin_test::failureOf;
 using standin_test::ScratchFolder;
-using standin_test::wordError;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -59,8 +57,8 @@ TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
         font->PutBold(1);
         document->GetStyles()->Item(Word::integer(Word::wdStyleHeading1));
         application->PutVisible(true);
-        failureOf([&] { document->GetStyles()->Item(Word::text(L"Nope")); });
-        failureOf([&] { range->Sort(); });
+        comErrorOf([&] { document->GetStyles()->Item(Word::text(L"Nope")); });
+        comErrorOf([&] { range->Sort(); });
         document->Close(Word::integer(Word::wdDoNotSaveChanges));
     }
     EXPECT_THAT(
@@ -127,16 +125,19 @@ TEST_F(InProcess, ADocumentIsOneObjectWithOneNumber)
 TEST_F(InProcess, WordsErrorsComeWithTheirText)
 {
     const Word::DocumentsPtr documents = session.application()->GetDocuments();
-    EXPECT_EQ(failureOf([&] { documents->Item(Word::integer(1)); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { documents->Item(Word::text(L"x")); }), wordError(4160));
-    EXPECT_EQ(failureOf([&] { documents->Add(Word::text(L"c:\\none.dot")); }), wordError(5174));
-    EXPECT_EQ(failureOf([&] { session.application()->GetActiveDocument(); }), wordError(4248));
+    EXPECT_THAT(comErrorOf([&] { documents->Item(Word::integer(1)); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { documents->Item(Word::text(L"x")); }), isHresult(wordError(4160)));
+    EXPECT_THAT(comErrorOf([&] { documents->Add(Word::text(L"c:\\none.dot")); }), isHresult(wordError(5174)));
+    EXPECT_THAT(comErrorOf([&] { session.application()->GetActiveDocument(); }), isHresult(wordError(4248)));
     const Word::_DocumentPtr document = addDocument();
-    EXPECT_EQ(failureOf([&] { document->Range(Word::integer(1), Word::integer(1)); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { document->Range(Word::integer(-1)); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { document->Range()->PutEnd(2); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { document->Range()->PutStyle(Word::text(L"Nope")); }), wordError(5834));
-    EXPECT_EQ(failureOf([&] { document->Range()->InsertBreak(Word::integer(99)); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { document->Range(Word::integer(1), Word::integer(1)); }),
+                isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { document->Range(Word::integer(-1)); }), isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { document->Range()->PutEnd(2); }), isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { document->Range()->PutStyle(Word::text(L"Nope")); }),
+                isHresult(wordError(5834)));
+    EXPECT_THAT(comErrorOf([&] { document->Range()->InsertBreak(Word::integer(99)); }),
+                isHresult(wordError(4608)));
     try {
         document->GetStyles()->Item(Word::text(L"Nope"));
         FAIL() << "no error";
@@ -152,7 +153,7 @@ TEST_F(InProcess, WhatIsNotThereFailsLoudly)
 {
     const Word::_DocumentPtr document = addDocument();
     session.clearTranscript();
-    EXPECT_EQ(failureOf([&] { document->GetVBProject(); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { document->GetVBProject(); }), isHresult(E_NOTIMPL));
     EXPECT_THAT(session.transcript(), ElementsAre("Document@1.VBProject !! 0x80004001"));
     const Word::TableOfContentsPtr contents = document->GetTablesOfContents()->Add(document->Range());
     const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
@@ -160,18 +161,18 @@ TEST_F(InProcess, WhatIsNotThereFailsLoudly)
     const Word::RowPtr row = table->GetRows()->Item(1);
     const Word::BookmarksPtr bookmarks = document->GetBookmarks();
     for (const HRESULT failure :
-         {failureOf([&] { session.application()->GetScreenUpdating(); }),
-          failureOf([&] { session.application()->PutScreenUpdating(false); }),
-          failureOf([&] { document->Save(); }), failureOf([&] { range->Move(); }),
-          failureOf([&] { range->GetBookmarks(); }), failureOf([&] { range->InRange(range); }),
-          failureOf([&] { bookmarks->PutDefaultSorting(1); }), failureOf([&] { table->Delete(); }),
-          failureOf([&] { row->GetNext(); }), failureOf([&] { row->PutHeight(5); }),
-          failureOf([&] { row->GetCells()->PutWidth(5); }), failureOf([&] { contents->Delete(); }),
-          failureOf([&] { contents->PutUseFields(true); }),
-          failureOf([&] { document->GetStyles()->Add(L"a"); }),
-          failureOf([&] { document->GetPageSetup()->PutTopMargin(5); }),
-          failureOf([&] { document->GetSections()->Item(1)->GetRange(); })})
-        EXPECT_EQ(failure, E_NOTIMPL);
+         {comErrorOf([&] { session.application()->GetScreenUpdating(); }),
+          comErrorOf([&] { session.application()->PutScreenUpdating(false); }),
+          comErrorOf([&] { document->Save(); }), comErrorOf([&] { range->Move(); }),
+          comErrorOf([&] { range->GetBookmarks(); }), comErrorOf([&] { range->InRange(range); }),
+          comErrorOf([&] { bookmarks->PutDefaultSorting(1); }), comErrorOf([&] { table->Delete(); }),
+          comErrorOf([&] { row->GetNext(); }), comErrorOf([&] { row->PutHeight(5); }),
+          comErrorOf([&] { row->GetCells()->PutWidth(5); }), comErrorOf([&] { contents->Delete(); }),
+          comErrorOf([&] { contents->PutUseFields(true); }),
+          comErrorOf([&] { document->GetStyles()->Add(L"a"); }),
+          comErrorOf([&] { document->GetPageSetup()->PutTopMargin(5); }),
+          comErrorOf([&] { document->GetSections()->Item(1)->GetRange(); })})
+        EXPECT_THAT(failure, isHresult(E_NOTIMPL));
 }
 
 TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
@@ -179,10 +180,11 @@ TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
     const Word::_DocumentPtr document = addDocument();
     Word::Range* range = reinterpret_cast<Word::Range*>(0x10);
     _variant_t beyond = Word::integer(99);
-    EXPECT_EQ(document->raw_Range(&beyond, &beyond, &range), wordError(4608));
+    EXPECT_THAT(document->raw_Range(&beyond, &beyond, &range), isHresult(wordError(4608)));
     EXPECT_EQ(range, nullptr);
-    EXPECT_EQ(document->get_Content(nullptr), E_POINTER);
-    EXPECT_EQ(document->raw_Range(nullptr, nullptr, &range), S_OK); // no pointer counts as no argument
+    EXPECT_THAT(document->get_Content(nullptr), isHresult(E_POINTER));
+    EXPECT_THAT(document->raw_Range(nullptr, nullptr, &range),
+                isHresult(S_OK)); // no pointer counts as no argument
     ASSERT_NE(range, nullptr);
     range->Release();
 }
@@ -195,13 +197,13 @@ TEST_F(InProcess, AClosedDocumentsObjectsAreDeleted)
     const Word::StylesPtr styles = document->GetStyles();
     const Word::PageSetupPtr setup = document->GetPageSetup();
     document->Close();
-    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"x"); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { range->GetEnd(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { font->PutBold(1); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { styles->GetCount(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { setup->GetPageWidth(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { document->Range(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { document->Close(); }), wordError(5825));
+    EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"x"); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { range->GetEnd(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { font->PutBold(1); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { styles->GetCount(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { setup->GetPageWidth(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { document->Range(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { document->Close(); }), isHresult(wordError(5825)));
     EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);
 }
 
@@ -212,7 +214,7 @@ TEST_F(InProcess, CallsFailOnDemand)
     session.clearTranscript();
     session.failCall(2, static_cast<HRESULT>(0x80010001));
     range->InsertAfter(L"a");
-    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"b"); }), static_cast<HRESULT>(0x80010001));
+    EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"b"); }), isHresult(static_cast<HRESULT>(0x80010001)));
     range->InsertAfter(L"c");
     EXPECT_EQ(textOf(session.model(document)), u"ac\r");
     EXPECT_THAT(session.transcript(),
@@ -224,8 +226,8 @@ TEST_F(InProcess, CallsFailOnDemand)
     EXPECT_TRUE(range->GetFont());
     EXPECT_THAT(session.transcript(), ElementsAre("Range@1.Font", "Range@1.Font -> Font@1"));
     session.failFromCall(1, wordError(4605));
-    EXPECT_EQ(failureOf([&] { range->GetEnd(); }), wordError(4605));
-    EXPECT_EQ(failureOf([&] { range->GetStart(); }), wordError(4605));
+    EXPECT_THAT(comErrorOf([&] { range->GetEnd(); }), isHresult(wordError(4605)));
+    EXPECT_THAT(comErrorOf([&] { range->GetStart(); }), isHresult(wordError(4605)));
     session.clearFaults();
     EXPECT_EQ(range->GetStart(), 0);
 }
@@ -237,8 +239,8 @@ TEST_F(InProcess, CallsAreRejectedOnDemandAndThenRun)
     session.clearTranscript();
     const long before = session.callCount();
     session.rejectCall(1, RPC_E_CALL_REJECTED, 2);
-    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
-    EXPECT_EQ(failureOf([&] { range->InsertAfter(L"a"); }), RPC_E_CALL_REJECTED);
+    EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"a"); }), isHresult(RPC_E_CALL_REJECTED));
+    EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"a"); }), isHresult(RPC_E_CALL_REJECTED));
     EXPECT_EQ(session.callCount(), before);
     range->InsertAfter(L"a");
     EXPECT_EQ(session.callCount(), before + 1);
@@ -275,7 +277,7 @@ TEST_F(InProcess, FontsReadAndWriteARangesText)
     EXPECT_EQ(mixed->GetSize(), static_cast<float>(Word::wdUndefined));
     EXPECT_EQ(mixed->GetBold(), Word::wdUndefined);
     EXPECT_EQ(mixed->GetUnderline(), Word::wdUndefined);
-    EXPECT_EQ(failureOf([&] { font->PutSize(0.0f); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { font->PutSize(0.0f); }), isHresult(wordError(4608)));
 }
 
 TEST_F(InProcess, ResettingTakesDirectFormattingOnly)
@@ -297,8 +299,8 @@ TEST_F(InProcess, ResettingTakesDirectFormattingOnly)
     EXPECT_EQ(one->GetUnderline(), 1);
     document->Range()->GetParagraphFormat()->Reset();
     EXPECT_EQ(one->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphLeft);
-    EXPECT_EQ(failureOf([&] { document->GetStyles()->Item(Word::integer(-1))->GetFont()->Reset(); }),
-              E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { document->GetStyles()->Item(Word::integer(-1))->GetFont()->Reset(); }),
+                isHresult(E_NOTIMPL));
 }
 
 TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
@@ -308,7 +310,8 @@ TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
     EXPECT_EQ(styles->Item(Word::integer(-2))->GetNameLocal(), _bstr_t(L"Heading 1"));
     EXPECT_EQ(styles->Item(Word::text(L"HEADING 1"))->GetNameLocal(), _bstr_t(L"Heading 1"));
     EXPECT_EQ(styles->Item(Word::integer(-2))->GetFont()->GetSize(), 16.0f);
-    EXPECT_EQ(failureOf([&] { styles->Item(Word::integer(styles->GetCount() + 1)); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { styles->Item(Word::integer(styles->GetCount() + 1)); }),
+                isHresult(wordError(5941)));
     session.model(document)->styles().add(u"Mine", standin::model::StyleType::paragraph);
     const Word::StylePtr own = styles->Item(Word::text(L"Mine"));
     own->GetFont()->PutSize(9.0f);
@@ -334,7 +337,8 @@ TEST_F(InProcess, AlignmentReachesTheParagraphsTouched)
     range->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphCenter);
     EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphCenter);
     EXPECT_EQ(document->Range()->GetParagraphFormat()->GetAlignment(), Word::wdUndefined);
-    EXPECT_EQ(failureOf([&] { range->GetParagraphFormat()->PutAlignment(17); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { range->GetParagraphFormat()->PutAlignment(17); }),
+                isHresult(wordError(4608)));
     range->GetParagraphFormat()->Reset();
     EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphLeft);
 }
@@ -361,8 +365,8 @@ TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)
     EXPECT_EQ(header->GetRange()->GetText(), _bstr_t(L"head\r"));
     const Word::SectionPtr first = document->GetSections()->Item(1);
     EXPECT_EQ(first->GetHeaders()->Item(Word::wdHeaderFooterPrimary)->GetRange()->GetText(), _bstr_t(L"\r"));
-    EXPECT_EQ(failureOf([&] { document->GetSections()->Item(3); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { second->GetHeaders()->Item(4); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { document->GetSections()->Item(3); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { second->GetHeaders()->Item(4); }), isHresult(wordError(5941)));
 }
 
 TEST_F(InProcess, SaveAsWritesAndNamesTheDocument)
@@ -399,7 +403,8 @@ TEST_F(InProcess, EveryFormatThatKeepsFormattingIsRtf)
         EXPECT_EQ(document->GetName(), _bstr_t(L"a") + extension);
         EXPECT_EQ(bytesOf(folder.file(std::wstring(L"a") + extension)).rfind("{\\rtf1", 0), 0u);
     }
-    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"a"), Word::integer(2)); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { document->SaveAs(Word::text(L"a"), Word::integer(2)); }),
+                isHresult(E_NOTIMPL));
     document->UndoClear();
 }
 
@@ -439,22 +444,24 @@ TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
 {
     const ScratchFolder folder;
     const Word::_DocumentPtr document = addDocument();
-    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(folder.file(L"no\\such\\x.doc").c_str())); }),
-              wordError(5273));
-    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"c:\\a*b.doc")); }), wordError(5152));
-    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(L"")); }), wordError(5152));
+    EXPECT_THAT(comErrorOf([&] { document->SaveAs(Word::text(folder.file(L"no\\such\\x.doc").c_str())); }),
+                isHresult(wordError(5273)));
+    EXPECT_THAT(comErrorOf([&] { document->SaveAs(Word::text(L"c:\\a*b.doc")); }),
+                isHresult(wordError(5152)));
+    EXPECT_THAT(comErrorOf([&] { document->SaveAs(Word::text(L"")); }), isHresult(wordError(5152)));
     CloseHandle(CreateFileW(folder.file(L"locked.doc").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                             FILE_ATTRIBUTE_READONLY, nullptr));
-    EXPECT_EQ(failureOf([&] { document->SaveAs(Word::text(folder.file(L"locked.doc").c_str())); }),
-              wordError(5155));
+    EXPECT_THAT(comErrorOf([&] { document->SaveAs(Word::text(folder.file(L"locked.doc").c_str())); }),
+                isHresult(wordError(5155)));
     SetFileAttributesW(folder.file(L"locked.doc").c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(document->GetFullName(), _bstr_t(L"Document1"));
     document->Range()->InsertAfter(L"x");
-    EXPECT_EQ(failureOf([&] { document->Close(Word::integer(Word::wdSaveChanges)); }), wordError(4198));
+    EXPECT_THAT(comErrorOf([&] { document->Close(Word::integer(Word::wdSaveChanges)); }),
+                isHresult(wordError(4198)));
     document->SaveAs(Word::text(folder.file(L"mine.doc").c_str()));
     const Word::_DocumentPtr other = addDocument();
-    EXPECT_EQ(failureOf([&] { other->SaveAs(Word::text(folder.file(L"MINE.doc").c_str())); }),
-              wordError(5356));
+    EXPECT_THAT(comErrorOf([&] { other->SaveAs(Word::text(folder.file(L"MINE.doc").c_str())); }),
+                isHresult(wordError(5356)));
 }
 
 TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
@@ -483,8 +490,8 @@ TEST_F(InProcess, AfterQuitNothingAnswers)
     application->Quit(Word::integer(Word::wdDoNotSaveChanges));
     EXPECT_TRUE(session.hasQuit());
     session.clearTranscript();
-    EXPECT_EQ(failureOf([&] { application->GetDocuments(); }), RPC_E_DISCONNECTED);
-    EXPECT_EQ(failureOf([&] { document->GetName(); }), RPC_E_DISCONNECTED);
+    EXPECT_THAT(comErrorOf([&] { application->GetDocuments(); }), isHresult(RPC_E_DISCONNECTED));
+    EXPECT_THAT(comErrorOf([&] { document->GetName(); }), isHresult(RPC_E_DISCONNECTED));
     EXPECT_THAT(session.transcript(), IsEmpty());
 }
 
@@ -492,13 +499,14 @@ TEST_F(InProcess, AnApplicationIsCreatedByItsProgId)
 {
     const standin::ClassRegistration registration(session);
     Word::_ApplicationPtr application;
-    ASSERT_EQ(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), S_OK);
+    ASSERT_THAT(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), isHresult(S_OK));
     EXPECT_EQ(application.GetInterfacePtr(), session.application().GetInterfacePtr());
     application->Quit();
     Word::_ApplicationPtr next;
-    ASSERT_EQ(next.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), S_OK);
+    ASSERT_THAT(next.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), isHresult(S_OK));
     EXPECT_EQ(next->GetDocuments()->GetCount(), 0);
-    EXPECT_EQ(failureOf([&] { application->GetName(); }), RPC_E_DISCONNECTED); // the earlier Word stays gone
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }),
+                isHresult(RPC_E_DISCONNECTED)); // the earlier Word stays gone
     EXPECT_EQ(registration.created(), 2);
 }
 
@@ -507,10 +515,10 @@ TEST_F(InProcess, TheRegistrationLeavesNothingBehind)
     {
         const standin::ClassRegistration registration(session);
         CLSID id{};
-        EXPECT_EQ(CLSIDFromProgID(L"Word.Application", &id), S_OK);
+        EXPECT_THAT(CLSIDFromProgID(L"Word.Application", &id), isHresult(S_OK));
     }
     CLSID id{};
-    EXPECT_EQ(CLSIDFromProgID(L"Word.Application", &id), static_cast<HRESULT>(CO_E_CLASSSTRING));
+    EXPECT_THAT(CLSIDFromProgID(L"Word.Application", &id), isHresult(CO_E_CLASSSTRING));
 }
 
 TEST_F(InProcess, ARunningApplicationIsFound)
@@ -519,11 +527,11 @@ TEST_F(InProcess, ARunningApplicationIsFound)
     IUnknown* found = nullptr;
     {
         const standin::RunningApplication running(session);
-        ASSERT_EQ(GetActiveObject(applicationClass, nullptr, &found), S_OK);
+        ASSERT_THAT(GetActiveObject(applicationClass, nullptr, &found), isHresult(S_OK));
         EXPECT_EQ(Word::_ApplicationPtr(found).GetInterfacePtr(), session.application().GetInterfacePtr());
         found->Release();
     }
-    EXPECT_EQ(GetActiveObject(applicationClass, nullptr, &found), MK_E_UNAVAILABLE);
+    EXPECT_THAT(GetActiveObject(applicationClass, nullptr, &found), isHresult(MK_E_UNAVAILABLE));
 }
 
 TEST(InProcessSwitches, DocumentsEnterTheRunningObjectTable)
@@ -536,11 +544,11 @@ TEST(InProcessSwitches, DocumentsEnterTheRunningObjectTable)
     document->SaveAs(Word::text(file.c_str()));
     IBindCtx* context = nullptr;
     IMoniker* moniker = nullptr;
-    ASSERT_EQ(CreateBindCtx(0, &context), S_OK);
-    ASSERT_EQ(CreateFileMoniker(file.c_str(), &moniker), S_OK);
-    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_OK);
+    ASSERT_THAT(CreateBindCtx(0, &context), isHresult(S_OK));
+    ASSERT_THAT(CreateFileMoniker(file.c_str(), &moniker), isHresult(S_OK));
+    EXPECT_THAT(moniker->IsRunning(context, nullptr, nullptr), isHresult(S_OK));
     document->Close();
-    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_FALSE);
+    EXPECT_THAT(moniker->IsRunning(context, nullptr, nullptr), isHresult(S_FALSE));
     moniker->Release();
     context->Release();
 }
@@ -553,7 +561,7 @@ TEST(InProcessSwitches, ChangesAreDroppedOrTheCloseIsCancelled)
     const standin::Session session({.switches = switches, .documentsInRunningObjectTable = false});
     const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
     document->Range()->InsertAfter(L"x");
-    EXPECT_EQ(failureOf([&] { document->Close(); }), wordError(4198));
+    EXPECT_THAT(comErrorOf([&] { document->Close(); }), isHresult(wordError(4198)));
     EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 1);
     document->Close(Word::integer(Word::wdDoNotSaveChanges));
     EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);

@@ -1,13 +1,12 @@
 #include "DocumentFixture.h"
 
+#include "Hresult.h"
 #include "SamplePictures.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
 
 namespace {
-using standin_test::failureOf;
-using standin_test::wordError;
 using testing::ElementsAre;
 using testing::MatchesRegex;
 
@@ -45,10 +44,10 @@ TEST_F(InlineShapes, SizesCanBeAskedAndPut)
     shape->PutHeight(72);
     EXPECT_FLOAT_EQ(shape->GetWidth(), 36);
     EXPECT_FLOAT_EQ(shape->GetHeight(), 72);
-    EXPECT_EQ(failureOf([&] { shape->PutWidth(-1); }), wordError(4608));
+    EXPECT_THAT(comErrorOf([&] { shape->PutWidth(-1); }), isHresult(wordError(4608)));
     document->Range()->Delete();
     EXPECT_EQ(text(), u"\r");
-    EXPECT_EQ(failureOf([&] { shape->GetWidth(); }), wordError(5825));
+    EXPECT_THAT(comErrorOf([&] { shape->GetWidth(); }), isHresult(wordError(5825)));
 }
 
 TEST_F(InlineShapes, ARangeGivenIsReplaced)
@@ -60,18 +59,19 @@ TEST_F(InlineShapes, ARangeGivenIsReplaced)
                       u"c\r");
     EXPECT_EQ(range(0, 1)->GetInlineShapes()->GetCount(), 0);
     EXPECT_EQ(range(1, 2)->GetInlineShapes()->Item(1)->GetRange()->GetStart(), 1);
-    EXPECT_EQ(failureOf([&] { document->GetInlineShapes()->Item(2); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { document->GetInlineShapes()->Item(2); }), isHresult(wordError(5941)));
 }
 
 TEST_F(InlineShapes, FilesThatAreNoPicturesAreRefused)
 {
     const Word::InlineShapesPtr shapes = document->GetInlineShapes();
-    EXPECT_EQ(failureOf([&] { shapes->AddPicture(folder.file(L"none.png").c_str()); }), wordError(5152));
-    EXPECT_EQ(failureOf([&] { shapes->AddPicture(L""); }), wordError(5152));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddPicture(folder.file(L"none.png").c_str()); }),
+                isHresult(wordError(5152)));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddPicture(L""); }), isHresult(wordError(5152)));
     const std::wstring damaged = write(L"damaged.png", sample::png().substr(0, 60));
-    EXPECT_EQ(failureOf([&] { shapes->AddPicture(damaged.c_str()); }), wordError(4198));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddPicture(damaged.c_str()); }), isHresult(wordError(4198)));
     const std::wstring other = write(L"text.png", "just text");
-    EXPECT_EQ(failureOf([&] { shapes->AddPicture(other.c_str()); }), wordError(4198));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddPicture(other.c_str()); }), isHresult(wordError(4198)));
     EXPECT_EQ(text(), u"\r");
 }
 
@@ -118,11 +118,11 @@ TEST_F(InlineShapes, ObjectsThatCannotBeMadeAreRefused)
     const Word::InlineShapesPtr shapes = document->GetInlineShapes();
     const _variant_t none = Word::text(folder.file(L"none.xls").c_str());
     const _variant_t yes = Word::boolean(true);
-    EXPECT_EQ(failureOf([&] { shapes->AddOLEObject(Word::missing, none, Word::missing, yes); }),
-              wordError(5174));
-    EXPECT_EQ(failureOf([&] { shapes->AddOLEObject(Word::missing, Word::missing, Word::missing, yes); }),
-              wordError(4198));
-    EXPECT_EQ(failureOf([&] { shapes->AddOLEObject(Word::text(L"Excel.Sheet")); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { shapes->AddOLEObject(Word::missing, none, Word::missing, yes); }),
+                isHresult(wordError(5174)));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddOLEObject(Word::missing, Word::missing, Word::missing, yes); }),
+                isHresult(wordError(4198)));
+    EXPECT_THAT(comErrorOf([&] { shapes->AddOLEObject(Word::text(L"Excel.Sheet")); }), isHresult(E_NOTIMPL));
     EXPECT_EQ(text(), u"\r");
 }
 

@@ -1,12 +1,12 @@
 #include "DocumentFixture.h"
 
+#include "Hresult.h"
+
 #include <WordConstants.h>
 #include <gmock/gmock.h>
 
 namespace {
 using standin::model::FontProperties;
-using standin_test::failureOf;
-using standin_test::wordError;
 using testing::ElementsAre;
 using testing::MatchesRegex;
 
@@ -80,8 +80,8 @@ TEST_F(InsertFile, IsReadAsTheSwitchesSay)
     joined->Range()->InsertFile(file.c_str());
     EXPECT_EQ(text(joined), u"one\rtwo\r");
     const Word::_DocumentPtr refused = addWith({.insertFileTakesRtf = false});
-    EXPECT_EQ(failureOf([&] { refused->Range()->InsertFile(file.c_str()); }),
-              static_cast<HRESULT>(0x800A1066));
+    EXPECT_THAT(comErrorOf([&] { refused->Range()->InsertFile(file.c_str()); }),
+                isHresult(static_cast<HRESULT>(0x800A1066)));
     EXPECT_EQ(text(refused), u"\r");
 }
 
@@ -97,16 +97,18 @@ TEST_F(InsertFile, GoesIntoACell)
 
 TEST_F(InsertFile, RefusesWhatItCannotRead)
 {
-    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(folder.file(L"none.txt").c_str()); }), wordError(5174));
-    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(L""); }), wordError(5152));
+    EXPECT_THAT(comErrorOf([&] { range(0, 0)->InsertFile(folder.file(L"none.txt").c_str()); }),
+                isHresult(wordError(5174)));
+    EXPECT_THAT(comErrorOf([&] { range(0, 0)->InsertFile(L""); }), isHresult(wordError(5152)));
     const std::wstring damaged = write(L"a.rtf", "{\\rtf1 ");
-    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(damaged.c_str()); }), wordError(5273));
+    EXPECT_THAT(comErrorOf([&] { range(0, 0)->InsertFile(damaged.c_str()); }), isHresult(wordError(5273)));
     const std::wstring whole = write(L"a.txt", "x");
-    EXPECT_EQ(failureOf([&] { range(0, 0)->InsertFile(whole.c_str(), Word::text(L"mark")); }), E_NOTIMPL);
-    EXPECT_EQ(failureOf([&] {
-                  range(0, 0)->InsertFile(whole.c_str(), Word::missing, Word::missing, Word::boolean(true));
-              }),
-              E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { range(0, 0)->InsertFile(whole.c_str(), Word::text(L"mark")); }),
+                isHresult(E_NOTIMPL));
+    EXPECT_THAT(comErrorOf([&] {
+                    range(0, 0)->InsertFile(whole.c_str(), Word::missing, Word::missing, Word::boolean(true));
+                }),
+                isHresult(E_NOTIMPL));
     EXPECT_EQ(text(document), u"\r");
 }
 
@@ -143,9 +145,9 @@ TEST_F(InsertFile, ATemplateMayBringTablesPicturesAndFields)
 TEST_F(InsertFile, ATemplateThatCannotBeReadMakesNoDocument)
 {
     const Word::DocumentsPtr documents = session.application()->GetDocuments();
-    EXPECT_EQ(failureOf([&] { addFrom(folder.file(L"none.dot")); }), wordError(5174));
-    EXPECT_EQ(failureOf([&] { addFrom(write(L"text.dot", "just text")); }), wordError(5273));
-    EXPECT_EQ(failureOf([&] { addFrom(write(L"cut.dot", "{\\rtf1 cut")); }), wordError(5273));
+    EXPECT_THAT(comErrorOf([&] { addFrom(folder.file(L"none.dot")); }), isHresult(wordError(5174)));
+    EXPECT_THAT(comErrorOf([&] { addFrom(write(L"text.dot", "just text")); }), isHresult(wordError(5273)));
+    EXPECT_THAT(comErrorOf([&] { addFrom(write(L"cut.dot", "{\\rtf1 cut")); }), isHresult(wordError(5273)));
     EXPECT_EQ(documents->GetCount(), 1);
     EXPECT_EQ(documents->Add()->GetName(), _bstr_t(L"Document2"));
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace {
-using standin_test::wordError;
 using testing::ElementsAre;
 
 /// Calls as a script does: by name, with arguments from left to right.
@@ -40,17 +39,17 @@ protected:
 TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
 {
     _variant_t documents;
-    ASSERT_EQ(invoke(application(), L"documents", DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, &documents),
-              S_OK);
+    ASSERT_THAT(invoke(application(), L"documents", DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, &documents),
+                isHresult(S_OK));
     ASSERT_EQ(documents.vt, VT_DISPATCH);
     _variant_t document;
-    ASSERT_EQ(invoke(documents.pdispVal, L"Add", DISPATCH_METHOD, {}, &document), S_OK);
+    ASSERT_THAT(invoke(documents.pdispVal, L"Add", DISPATCH_METHOD, {}, &document), isHresult(S_OK));
     _variant_t range;
-    ASSERT_EQ(invoke(document.pdispVal, L"Range", DISPATCH_METHOD, {0L, 0L}, &range), S_OK);
-    ASSERT_EQ(invoke(range.pdispVal, L"InsertAfter", DISPATCH_METHOD, {L"abc"}), S_OK);
-    ASSERT_EQ(invoke(range.pdispVal, L"Start", DISPATCH_PROPERTYPUT, {short{1}}), S_OK);
+    ASSERT_THAT(invoke(document.pdispVal, L"Range", DISPATCH_METHOD, {0L, 0L}, &range), isHresult(S_OK));
+    ASSERT_THAT(invoke(range.pdispVal, L"InsertAfter", DISPATCH_METHOD, {L"abc"}), isHresult(S_OK));
+    ASSERT_THAT(invoke(range.pdispVal, L"Start", DISPATCH_PROPERTYPUT, {short{1}}), isHresult(S_OK));
     _variant_t text;
-    ASSERT_EQ(invoke(range.pdispVal, L"Text", DISPATCH_PROPERTYGET, {}, &text), S_OK);
+    ASSERT_THAT(invoke(range.pdispVal, L"Text", DISPATCH_PROPERTYGET, {}, &text), isHresult(S_OK));
     EXPECT_EQ(_bstr_t(text), _bstr_t(L"bc"));
     EXPECT_THAT(session.transcript(),
                 ElementsAre("Application@1.Documents -> Documents@1",
@@ -62,13 +61,13 @@ TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
 TEST_F(LateBinding, WordsErrorsAreExceptions)
 {
     _variant_t documents;
-    ASSERT_EQ(invoke(application(), L"Documents", DISPATCH_PROPERTYGET, {}, &documents), S_OK);
+    ASSERT_THAT(invoke(application(), L"Documents", DISPATCH_PROPERTYGET, {}, &documents), isHresult(S_OK));
     EXCEPINFO exception{};
     _variant_t result;
-    EXPECT_EQ(invoke(documents.pdispVal, L"Item", DISPATCH_METHOD, {7L}, &result, &exception),
-              DISP_E_EXCEPTION);
+    EXPECT_THAT(invoke(documents.pdispVal, L"Item", DISPATCH_METHOD, {7L}, &result, &exception),
+                isHresult(DISP_E_EXCEPTION));
     EXPECT_EQ(exception.wCode, 0);
-    EXPECT_EQ(exception.scode, wordError(5941));
+    EXPECT_THAT(exception.scode, isHresult(wordError(5941)));
     EXPECT_EQ(_bstr_t(exception.bstrSource, false), _bstr_t(L"Microsoft Word"));
     EXPECT_GT(_bstr_t(exception.bstrDescription, false).length(), 0u);
     EXPECT_EQ(_bstr_t(exception.bstrHelpFile, false), _bstr_t(L"wdmain9.chm"));
@@ -77,19 +76,19 @@ TEST_F(LateBinding, WordsErrorsAreExceptions)
 
 TEST_F(LateBinding, UnknownNamesAreRefused)
 {
-    EXPECT_EQ(invoke(application(), L"NoSuchMember", DISPATCH_METHOD, {}), DISP_E_UNKNOWNNAME);
+    EXPECT_THAT(invoke(application(), L"NoSuchMember", DISPATCH_METHOD, {}), isHresult(DISP_E_UNKNOWNNAME));
     EXPECT_TRUE(session.transcript().empty());
 }
 
 TEST_F(LateBinding, TypeInformationIsThere)
 {
     UINT count = 0;
-    EXPECT_EQ(application()->GetTypeInfoCount(&count), S_OK);
+    EXPECT_THAT(application()->GetTypeInfoCount(&count), isHresult(S_OK));
     EXPECT_EQ(count, 1u);
     ITypeInfo* information = nullptr;
-    ASSERT_EQ(application()->GetTypeInfo(0, LOCALE_USER_DEFAULT, &information), S_OK);
+    ASSERT_THAT(application()->GetTypeInfo(0, LOCALE_USER_DEFAULT, &information), isHresult(S_OK));
     information->Release();
-    EXPECT_EQ(application()->GetTypeInfo(1, LOCALE_USER_DEFAULT, &information), DISP_E_BADINDEX);
+    EXPECT_THAT(application()->GetTypeInfo(1, LOCALE_USER_DEFAULT, &information), isHresult(DISP_E_BADINDEX));
     EXPECT_EQ(information, nullptr);
 }
 } // namespace

@@ -1,11 +1,11 @@
 #include "DocumentFixture.h"
 
+#include "Hresult.h"
+
 #include <WordConstants.h>
 #include <gmock/gmock.h>
 
 namespace {
-using standin_test::failureOf;
-using standin_test::wordError;
 using testing::ElementsAre;
 
 class Tables : public standin_test::DocumentFixture
@@ -56,14 +56,15 @@ TEST_F(Tables, GrowCellByCellAndRowByRow)
 TEST_F(Tables, WhatIsNotThereIsRefused)
 {
     const Word::TablePtr table = add(1, 1);
-    EXPECT_EQ(failureOf([&] { table->Cell(1, 2); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(2); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(1)->GetCells()->Item(0); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { document->GetTables()->Item(2); }), wordError(5941));
-    EXPECT_EQ(failureOf([&] { document->GetTables()->Add(nullptr, 1, 1); }), wordError(4218));
-    EXPECT_EQ(failureOf([&] { table->GetRows()->Item(1)->SetHeight(5, 3); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { table->Cell(1, 1)->SetWidth(5, 4); }), wordError(4608));
-    EXPECT_EQ(failureOf([&] { table->GetBorders(); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { table->Cell(1, 2); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { table->GetRows()->Item(2); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { table->GetRows()->Item(1)->GetCells()->Item(0); }),
+                isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { document->GetTables()->Item(2); }), isHresult(wordError(5941)));
+    EXPECT_THAT(comErrorOf([&] { document->GetTables()->Add(nullptr, 1, 1); }), isHresult(wordError(4218)));
+    EXPECT_THAT(comErrorOf([&] { table->GetRows()->Item(1)->SetHeight(5, 3); }), isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { table->Cell(1, 1)->SetWidth(5, 4); }), isHresult(wordError(4608)));
+    EXPECT_THAT(comErrorOf([&] { table->GetBorders(); }), isHresult(E_NOTIMPL));
 }
 
 TEST_F(Tables, ColumnsNeedRowsThatAreAlike)
@@ -71,12 +72,12 @@ TEST_F(Tables, ColumnsNeedRowsThatAreAlike)
     const Word::TablePtr table = add(2, 2);
     const Word::ColumnPtr second = table->GetColumns()->Item(2);
     EXPECT_FLOAT_EQ(second->GetWidth(), 221.4f);
-    EXPECT_EQ(failureOf([&] { table->GetColumns()->Item(3); }), wordError(5941));
+    EXPECT_THAT(comErrorOf([&] { table->GetColumns()->Item(3); }), isHresult(wordError(5941)));
     EXPECT_FLOAT_EQ(table->GetColumns()->Add()->GetWidth(), 221.4f);
     EXPECT_EQ(table->GetColumns()->GetCount(), 3);
     table->Cell(1, 2)->SetWidth(80, Word::wdAdjustNone);
     EXPECT_FLOAT_EQ(second->GetWidth(), 9999999);
-    EXPECT_EQ(failureOf([&] { table->GetColumns()->Item(1); }), wordError(5992));
+    EXPECT_THAT(comErrorOf([&] { table->GetColumns()->Item(1); }), isHresult(wordError(5992)));
 }
 
 TEST_F(Tables, HeightsAreAnsweredByRule)
@@ -95,11 +96,13 @@ TEST_F(Tables, WhatIsAddedComesLast)
 {
     const Word::TablePtr table = add(1, 2);
     const Word::RowPtr row = table->GetRows()->Item(1);
-    EXPECT_EQ(failureOf([&] { table->GetRows()->Add(Word::object(row)); }), E_NOTIMPL);
-    EXPECT_EQ(failureOf([&] { row->GetCells()->Add(Word::object(table->Cell(1, 2))); }), E_NOTIMPL);
-    EXPECT_EQ(failureOf([&] { table->GetColumns()->Add(Word::object(table->GetColumns()->Item(1))); }),
-              E_NOTIMPL);
-    EXPECT_EQ(failureOf([&] { table->Cell(1, 1)->SetWidth(5, Word::wdAdjustProportional); }), E_NOTIMPL);
+    EXPECT_THAT(comErrorOf([&] { table->GetRows()->Add(Word::object(row)); }), isHresult(E_NOTIMPL));
+    EXPECT_THAT(comErrorOf([&] { row->GetCells()->Add(Word::object(table->Cell(1, 2))); }),
+                isHresult(E_NOTIMPL));
+    EXPECT_THAT(comErrorOf([&] { table->GetColumns()->Add(Word::object(table->GetColumns()->Item(1))); }),
+                isHresult(E_NOTIMPL));
+    EXPECT_THAT(comErrorOf([&] { table->Cell(1, 1)->SetWidth(5, Word::wdAdjustProportional); }),
+                isHresult(E_NOTIMPL));
     EXPECT_EQ(text(), u"\a\a\a\r");
 }
 
@@ -110,9 +113,9 @@ TEST_F(Tables, OfWhichNothingIsLeftAreDeletedObjects)
     const Word::CellPtr cell = row->GetCells()->Item(1);
     document->Range()->Delete();
     EXPECT_EQ(text(), u"\r");
-    EXPECT_EQ(failureOf([&] { table->GetRows(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { row->GetCells(); }), wordError(5825));
-    EXPECT_EQ(failureOf([&] { cell->GetRange(); }), wordError(5825));
+    EXPECT_THAT(comErrorOf([&] { table->GetRows(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { row->GetCells(); }), isHresult(wordError(5825)));
+    EXPECT_THAT(comErrorOf([&] { cell->GetRange(); }), isHresult(wordError(5825)));
 }
 
 TEST_F(Tables, AreWrittenDownCallByCall)

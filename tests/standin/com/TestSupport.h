@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Hresult.h"
 #include "ScratchFolder.h"
 
 #include <algorithm>
@@ -14,28 +15,11 @@ namespace standin_test {
 class Apartment
 {
 public:
-    Apartment() { EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK); }
+    Apartment() { EXPECT_THAT(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), isHresult(S_OK)); }
     ~Apartment() { CoUninitialize(); }
     Apartment(const Apartment&) = delete;
     Apartment& operator=(const Apartment&) = delete;
 };
-
-/// The HRESULT with which `call` failed; S_OK when it did not.
-template <typename Call>
-HRESULT failureOf(Call&& call)
-{
-    try {
-        call();
-        return S_OK;
-    } catch (const _com_error& error) {
-        return error.Error();
-    }
-}
-
-inline HRESULT wordError(long number)
-{
-    return static_cast<HRESULT>(0x800A0000u + static_cast<unsigned long>(number));
-}
 
 /// A scratch folder whose names are Word's.
 class ScratchFolder

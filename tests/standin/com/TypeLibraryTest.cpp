@@ -30,10 +30,10 @@ std::map<int, Described> functionsBySlot(const ITypeInfoPtr& info)
 {
     std::map<int, Described> result;
     TYPEATTR* attributes = nullptr;
-    EXPECT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    EXPECT_THAT(info->GetTypeAttr(&attributes), isHresult(S_OK));
     for (UINT index = 0; index < attributes->cFuncs; ++index) {
         FUNCDESC* function = nullptr;
-        EXPECT_EQ(info->GetFuncDesc(index, &function), S_OK);
+        EXPECT_THAT(info->GetFuncDesc(index, &function), isHresult(S_OK));
         Described described{*function, {}, 0};
         BSTR names[64] = {};
         UINT count = 0;
@@ -95,9 +95,10 @@ TEST(TypeLibrary, HasWordsIdentity)
     const auto server = standin::Server::make({});
     standin::ITypeLibPtr library;
     UINT index = 0;
-    ASSERT_EQ(server->typeInfo(__uuidof(Word::Range))->GetContainingTypeLib(&library, &index), S_OK);
+    ASSERT_THAT(server->typeInfo(__uuidof(Word::Range))->GetContainingTypeLib(&library, &index),
+                isHresult(S_OK));
     TLIBATTR* attributes = nullptr;
-    ASSERT_EQ(library->GetLibAttr(&attributes), S_OK);
+    ASSERT_THAT(library->GetLibAttr(&attributes), isHresult(S_OK));
     constexpr GUID wordLibrary = {0x00020905, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
     EXPECT_EQ(attributes->guid, wordLibrary);
     EXPECT_EQ(attributes->wMajorVerNum, 8);

@@ -6,9 +6,7 @@
 /// The server in a process of its own: registered by itself in this test's Wine prefix, started by COM.
 namespace {
 using standin_test::bytesOf;
-using standin_test::failureOf;
 using standin_test::ScratchFolder;
-using standin_test::wordError;
 
 constexpr DWORD patience = 20000;
 constexpr GUID wordLibrary = {0x00020905, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
@@ -105,7 +103,8 @@ protected:
     static Word::_ApplicationPtr createApplication()
     {
         Word::_ApplicationPtr application;
-        EXPECT_EQ(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_LOCAL_SERVER), S_OK);
+        EXPECT_THAT(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_LOCAL_SERVER),
+                    isHresult(S_OK));
         return application;
     }
 
@@ -118,7 +117,7 @@ TEST_F(WordStandin, HandsOutManyObjectsOneAfterTheOther)
 {
     const Word::_ApplicationPtr application = createApplication();
     ITypeLib* library = nullptr; // held, so that the next call comes at once
-    ASSERT_EQ(LoadRegTypeLib(wordLibrary, 8, 1, LOCALE_NEUTRAL, &library), S_OK);
+    ASSERT_THAT(LoadRegTypeLib(wordLibrary, 8, 1, LOCALE_NEUTRAL, &library), isHresult(S_OK));
     const Word::RangePtr range = application->GetDocuments()->Add()->Range();
     for (int i = 0; i < 1000; ++i)
         range->GetParagraphFormat()->GetAlignment();
@@ -138,11 +137,12 @@ TEST_F(WordStandin, WritesADocumentAndEndsAtQuit)
         range->PutStyle(Word::integer(Word::wdStyleHeading1));
         range->GetFont()->PutSize(20.0f);
         EXPECT_EQ(range->GetEnd(), 7);
-        EXPECT_EQ(failureOf([&] { document->GetStyles()->Item(Word::text(L"Nope")); }), wordError(5941));
-        EXPECT_EQ(failureOf([&] { range->Sort(); }), E_NOTIMPL);
+        EXPECT_THAT(comErrorOf([&] { document->GetStyles()->Item(Word::text(L"Nope")); }),
+                    isHresult(wordError(5941)));
+        EXPECT_THAT(comErrorOf([&] { range->Sort(); }), isHresult(E_NOTIMPL));
         document->SaveAs(Word::text(file.c_str()));
         application->Quit();
-        EXPECT_TRUE(becomesTrue([&] { return FAILED(failureOf([&] { application->GetVisible(); })); }));
+        EXPECT_TRUE(becomesTrue([&] { return FAILED(comErrorOf([&] { application->GetVisible(); })); }));
     }
     EXPECT_NE(bytesOf(file).find("across"), std::string::npos);
     EXPECT_EQ(transcriptText().rfind("Application@1.Visible -> false\n"
@@ -183,11 +183,11 @@ TEST_F(WordStandin, ARunningWordIsFoundWithItsDocuments)
     document->SaveAs(Word::text(file.c_str()));
     IBindCtx* context = nullptr;
     IMoniker* moniker = nullptr;
-    ASSERT_EQ(CreateBindCtx(0, &context), S_OK);
-    ASSERT_EQ(CreateFileMoniker(file.c_str(), &moniker), S_OK);
-    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_OK);
+    ASSERT_THAT(CreateBindCtx(0, &context), isHresult(S_OK));
+    ASSERT_THAT(CreateFileMoniker(file.c_str(), &moniker), isHresult(S_OK));
+    EXPECT_THAT(moniker->IsRunning(context, nullptr, nullptr), isHresult(S_OK));
     document->Close();
-    EXPECT_EQ(moniker->IsRunning(context, nullptr, nullptr), S_FALSE);
+    EXPECT_THAT(moniker->IsRunning(context, nullptr, nullptr), isHresult(S_FALSE));
     moniker->Release();
     context->Release();
     application->Quit();
@@ -211,11 +211,11 @@ TEST_F(WordStandin, FailsAndEndsOnDemand)
     SetEnvironmentVariableW(L"WORDSTANDIN_FAIL", L"2:0x800A11FD");
     SetEnvironmentVariableW(L"WORDSTANDIN_EXIT", L"4");
     const Word::_ApplicationPtr application = createApplication();
-    EXPECT_EQ(failureOf([&] { application->GetName(); }), S_OK);
-    EXPECT_EQ(failureOf([&] { application->GetName(); }), wordError(4605));
-    EXPECT_EQ(failureOf([&] { application->GetName(); }), S_OK);
-    EXPECT_TRUE(FAILED(failureOf([&] { application->GetName(); })));
-    EXPECT_TRUE(FAILED(failureOf([&] { application->GetName(); })));
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }), isHresult(S_OK));
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }), isHresult(wordError(4605)));
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }), isHresult(S_OK));
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }), isFailure());
+    EXPECT_THAT(comErrorOf([&] { application->GetName(); }), isFailure());
 }
 
 TEST_F(WordStandin, RefusesToReplaceAnotherWord)

@@ -1,5 +1,7 @@
 #include "WinUtils/SystemLibrary.h"
 
+#include "Hresult.h"
+
 #include <gtest/gtest.h>
 
 #include <comdef.h>
@@ -39,14 +41,14 @@ TEST(SystemLibraryTest, SaysWhatIsMissing)
         const SystemLibrary library(L"no-such-library.dll");
         FAIL() << "loaded";
     } catch (const _com_error& e) {
-        EXPECT_EQ(e.Error(), HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND));
+        EXPECT_THAT(e.Error(), isHresult(HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND)));
     }
     const SystemLibrary library(L"comctl32.dll");
     try {
         (void)library.function<void()>("NoSuchFunction");
         FAIL() << "found";
     } catch (const _com_error& e) {
-        EXPECT_EQ(e.Error(), HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND));
+        EXPECT_THAT(e.Error(), isHresult(HRESULT_FROM_WIN32(ERROR_PROC_NOT_FOUND)));
     }
 }
 

@@ -1,3 +1,4 @@
+#include "Hresult.h"
 #include "TestDocument.h"
 
 #include "CComModule.h"
@@ -38,9 +39,10 @@ TEST_F(ClassObject, isMadeOnceAndCached)
     IClassFactory* first = nullptr;
     IUnknown* second = nullptr;
     EXPECT_EQ(map_[0].classObject, nullptr);
-    ASSERT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&first)),
-              S_OK);
-    ASSERT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IUnknown, reinterpret_cast<void**>(&second)), S_OK);
+    ASSERT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&first)),
+                isHresult(S_OK));
+    ASSERT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IUnknown, reinterpret_cast<void**>(&second)),
+                isHresult(S_OK));
     EXPECT_EQ(static_cast<IUnknown*>(first), second);
     EXPECT_EQ(second->Release(), 2u);
     EXPECT_EQ(first->Release(), 1u) << "the module keeps one";
@@ -51,8 +53,8 @@ TEST_F(ClassObject, isMadeOnceAndCached)
 TEST_F(ClassObject, outlivesTheModuleForWhoeverStillHoldsIt)
 {
     IClassFactory* factory = nullptr;
-    ASSERT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
-              S_OK);
+    ASSERT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
+                isHresult(S_OK));
     module_.term();
     EXPECT_EQ(factory->Release(), 0u);
 }
@@ -60,12 +62,13 @@ TEST_F(ClassObject, outlivesTheModuleForWhoeverStillHoldsIt)
 TEST_F(ClassObject, isRefusedForBadRequests)
 {
     void* out = &out;
-    EXPECT_EQ(module_.getClassObject(CLSID_MirovelComPage, IID_IUnknown, &out), CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_THAT(module_.getClassObject(CLSID_MirovelComPage, IID_IUnknown, &out),
+                isHresult(CLASS_E_CLASSNOTAVAILABLE));
     EXPECT_EQ(out, nullptr);
     out = &out;
-    EXPECT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IDispatch, &out), E_NOINTERFACE);
+    EXPECT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IDispatch, &out), isHresult(E_NOINTERFACE));
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IUnknown, nullptr), isHresult(E_POINTER));
     module_.term();
 }
 
@@ -79,11 +82,12 @@ TEST_F(ClassObject, runsTheHooksAtStartAndEnd)
 TEST_F(ClassObject, makesInstances)
 {
     IClassFactory* factory = nullptr;
-    ASSERT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
-              S_OK);
+    ASSERT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
+                isHresult(S_OK));
     IDocument* document = nullptr;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDocument, nullptr), E_POINTER);
-    ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)), S_OK);
+    EXPECT_THAT(factory->CreateInstance(nullptr, IID_IDocument, nullptr), isHresult(E_POINTER));
+    ASSERT_THAT(factory->CreateInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
     document->Release();
     factory->Release();
     module_.term();
@@ -93,14 +97,14 @@ TEST_F(ClassObject, makesInstances)
 TEST_F(ClassObject, locksTheServer)
 {
     IClassFactory* factory = nullptr;
-    ASSERT_EQ(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
-              S_OK);
+    ASSERT_THAT(module_.getClassObject(CLSID_Mirovel, IID_IClassFactory, reinterpret_cast<void**>(&factory)),
+                isHresult(S_OK));
     const LONG before = comModule().lockCount();
-    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-    EXPECT_EQ(factory->LockServer(TRUE), S_OK);
+    EXPECT_THAT(factory->LockServer(TRUE), isHresult(S_OK));
+    EXPECT_THAT(factory->LockServer(TRUE), isHresult(S_OK));
     EXPECT_EQ(comModule().lockCount(), before + 2);
-    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-    EXPECT_EQ(factory->LockServer(FALSE), S_OK);
+    EXPECT_THAT(factory->LockServer(FALSE), isHresult(S_OK));
+    EXPECT_THAT(factory->LockServer(FALSE), isHresult(S_OK));
     EXPECT_EQ(comModule().lockCount(), before);
     factory->Release();
     module_.term();

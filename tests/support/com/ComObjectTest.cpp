@@ -1,3 +1,4 @@
+#include "Hresult.h"
 #include "TestDocument.h"
 
 #include "CComModule.h"
@@ -58,8 +59,8 @@ void* poison()
 TEST_F(ComObject, isBornWithOneReferenceAndOneModuleLock)
 {
     IDocument* document = nullptr;
-    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
-              S_OK);
+    ASSERT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
     EXPECT_EQ(locks(), 1);
     EXPECT_EQ(document->AddRef(), 2u);
     EXPECT_EQ(document->Release(), 1u);
@@ -74,16 +75,17 @@ TEST_F(ComObject, hasOneIdentity)
     IDispatch* dispatch = nullptr;
     IUnknown* unknown = nullptr;
     IUnknown* again = nullptr;
-    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
-              S_OK);
-    EXPECT_EQ(document->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch)), S_OK);
-    EXPECT_EQ(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&unknown)), S_OK);
-    EXPECT_EQ(dispatch->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&again)), S_OK);
+    ASSERT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
+    EXPECT_THAT(document->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch)),
+                isHresult(S_OK));
+    EXPECT_THAT(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&unknown)), isHresult(S_OK));
+    EXPECT_THAT(dispatch->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&again)), isHresult(S_OK));
     EXPECT_EQ(unknown, again);
     void* none = poison();
-    EXPECT_EQ(document->QueryInterface(IID_IClassFactory, &none), E_NOINTERFACE);
+    EXPECT_THAT(document->QueryInterface(IID_IClassFactory, &none), isHresult(E_NOINTERFACE));
     EXPECT_EQ(none, nullptr);
-    EXPECT_EQ(document->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_THAT(document->QueryInterface(IID_IUnknown, nullptr), isHresult(E_POINTER));
     again->Release();
     unknown->Release();
     dispatch->Release();
@@ -93,8 +95,8 @@ TEST_F(ComObject, hasOneIdentity)
 TEST_F(ComObject, hasItsMethodsInOrderBehindTheSevenOfIDispatchAndThenItsDestructor)
 {
     IDocument* document = nullptr;
-    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
-              S_OK);
+    ASSERT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
     using NoArguments = HRESULT(STDMETHODCALLTYPE*)(IDocument*);
     void** const table = *reinterpret_cast<void***>(document);
     TestDocumentPlan::current().close = [] { return HRESULT{77}; };
@@ -107,20 +109,20 @@ TEST_F(ComObject, hasItsMethodsInOrderBehindTheSevenOfIDispatchAndThenItsDestruc
 TEST_F(ComObject, clearsTheResultWhenTheInterfaceIsUnknown)
 {
     void* out = poison();
-    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IClassFactory, &out), E_NOINTERFACE);
+    EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IClassFactory, &out), isHresult(E_NOINTERFACE));
     EXPECT_EQ(out, nullptr);
-    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, nullptr), E_POINTER);
+    EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, nullptr), isHresult(E_POINTER));
 }
 
 TEST_F(ComObject, isNotMadeWhenItsConstructorThrows)
 {
     TestDocumentPlan::current().construct = [] { throw std::bad_alloc(); };
     void* out = poison();
-    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, &out), E_OUTOFMEMORY);
+    EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, &out), isHresult(E_OUTOFMEMORY));
     EXPECT_EQ(out, nullptr);
     Outer outer;
     out = poison();
-    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, &out), E_OUTOFMEMORY);
+    EXPECT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, &out), isHresult(E_OUTOFMEMORY));
     EXPECT_EQ(out, nullptr);
 }
 
@@ -128,11 +130,11 @@ TEST_F(ComObject, isDestroyedWhenFinalConstructThrows)
 {
     TestDocumentPlan::current().finalConstruct = [] { throw _com_error(CO_E_NOTINITIALIZED); };
     void* out = poison();
-    EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, &out), CO_E_NOTINITIALIZED);
+    EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, &out), isHresult(CO_E_NOTINITIALIZED));
     EXPECT_EQ(out, nullptr);
     Outer outer;
     out = poison();
-    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, &out), CO_E_NOTINITIALIZED);
+    EXPECT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, &out), isHresult(CO_E_NOTINITIALIZED));
     EXPECT_EQ(out, nullptr);
     EXPECT_EQ(outer.count, 1u);
 }
@@ -140,8 +142,8 @@ TEST_F(ComObject, isDestroyedWhenFinalConstructThrows)
 TEST_F(ComObject, isDestroyedOnceThoughItsDestructorCountsReferences)
 {
     Outer outer;
-    ASSERT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
-              S_OK);
+    ASSERT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
+                isHresult(S_OK));
     int destructions = 0;
     TestDocumentPlan::current().destruct = [&] {
         ++destructions;
@@ -155,8 +157,8 @@ TEST_F(ComObject, isDestroyedOnceThoughItsDestructorCountsReferences)
 TEST_F(ComObject, isGoneAfterReleaseThoughItsDestructorThrows)
 {
     IDocument* document = nullptr;
-    ASSERT_EQ(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
-              S_OK);
+    ASSERT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
     TestDocumentPlan::current().destruct = [] { throw 1; };
     EXPECT_EQ(document->Release(), 0u);
     EXPECT_EQ(locks(), 0);
@@ -166,29 +168,31 @@ TEST_F(ComObject, aPartIsOnlyHandedOutByItsUnknown)
 {
     Outer outer;
     void* out = poison();
-    EXPECT_EQ(TestDocument::createInstance(&outer, IID_IDocument, &out), CLASS_E_NOAGGREGATION);
+    EXPECT_THAT(TestDocument::createInstance(&outer, IID_IDocument, &out), isHresult(CLASS_E_NOAGGREGATION));
     EXPECT_EQ(out, nullptr);
 }
 
 TEST_F(ComObject, aPartHasTheIdentityAndLifetimeOfItsOuter)
 {
     Outer outer;
-    ASSERT_EQ(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
-              S_OK);
+    ASSERT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
+                isHresult(S_OK));
     EXPECT_EQ(locks(), 1);
     EXPECT_EQ(outer.count, 1u) << "a part does not count its outer object";
 
     IUnknown* partUnknown = nullptr;
-    EXPECT_EQ(outer.part->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&partUnknown)), S_OK);
+    EXPECT_THAT(outer.part->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&partUnknown)),
+                isHresult(S_OK));
     EXPECT_EQ(partUnknown, outer.part) << "the part's own unknown is not the outer one";
     EXPECT_EQ(partUnknown->Release(), 1u);
-    EXPECT_EQ(outer.part->QueryInterface(IID_IDocument, nullptr), E_POINTER);
+    EXPECT_THAT(outer.part->QueryInterface(IID_IDocument, nullptr), isHresult(E_POINTER));
 
     IDocument* document = nullptr;
-    EXPECT_EQ(outer.part->QueryInterface(IID_IDocument, reinterpret_cast<void**>(&document)), S_OK);
+    EXPECT_THAT(outer.part->QueryInterface(IID_IDocument, reinterpret_cast<void**>(&document)),
+                isHresult(S_OK));
     EXPECT_EQ(outer.count, 2u) << "the part's interfaces are counted by the outer object";
     IUnknown* identity = nullptr;
-    EXPECT_EQ(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)), S_OK);
+    EXPECT_THAT(document->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity)), isHresult(S_OK));
     EXPECT_EQ(identity, static_cast<IUnknown*>(&outer));
     EXPECT_EQ(outer.count, 3u);
     identity->Release();

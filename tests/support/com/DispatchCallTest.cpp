@@ -1,3 +1,4 @@
+#include "Hresult.h"
 #include "TestDocument.h"
 
 #include <gtest/gtest.h>
@@ -17,8 +18,9 @@ protected:
     {
         CoInitialize(nullptr);
         TestDocumentPlan::current() = {};
-        EXPECT_EQ(TestDocument::createInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(&document_)),
-                  S_OK);
+        EXPECT_THAT(
+            TestDocument::createInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(&document_)),
+            isHresult(S_OK));
     }
 
     ~DispatchCall() override
@@ -50,7 +52,8 @@ protected:
     {
         LPOLESTR names[] = {const_cast<LPOLESTR>(name)};
         DISPID found = DISPID_UNKNOWN;
-        EXPECT_EQ(document_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found), S_OK);
+        EXPECT_THAT(document_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found),
+                    isHresult(S_OK));
         return found;
     }
 
@@ -64,7 +67,7 @@ protected:
 
     void expectException(HRESULT code, const std::wstring& text)
     {
-        EXPECT_EQ(exception_.scode, code);
+        EXPECT_THAT(exception_.scode, isHresult(code));
         EXPECT_STREQ(exception_.bstrSource, L"Test.Document");
         EXPECT_EQ(std::wstring(_bstr_t(exception_.bstrDescription)), text);
         EXPECT_EQ(exception_.wCode, 0);
@@ -91,16 +94,16 @@ std::wstring systemText(HRESULT code)
 TEST_F(DispatchCall, tellsOfItsTypeInformation)
 {
     UINT count = 99;
-    EXPECT_EQ(document_->GetTypeInfoCount(&count), S_OK);
+    EXPECT_THAT(document_->GetTypeInfoCount(&count), isHresult(S_OK));
     EXPECT_EQ(count, 1u);
-    EXPECT_EQ(document_->GetTypeInfoCount(nullptr), E_POINTER);
+    EXPECT_THAT(document_->GetTypeInfoCount(nullptr), isHresult(E_POINTER));
     ITypeInfo* typeInfo = reinterpret_cast<ITypeInfo*>(0xdeadbeef);
-    EXPECT_EQ(document_->GetTypeInfo(1, 0, &typeInfo), DISP_E_BADINDEX);
+    EXPECT_THAT(document_->GetTypeInfo(1, 0, &typeInfo), isHresult(DISP_E_BADINDEX));
     EXPECT_EQ(typeInfo, nullptr);
-    EXPECT_EQ(document_->GetTypeInfo(0, 0, nullptr), E_POINTER);
-    ASSERT_EQ(document_->GetTypeInfo(0, 0, &typeInfo), S_OK);
+    EXPECT_THAT(document_->GetTypeInfo(0, 0, nullptr), isHresult(E_POINTER));
+    ASSERT_THAT(document_->GetTypeInfo(0, 0, &typeInfo), isHresult(S_OK));
     TYPEATTR* attributes = nullptr;
-    ASSERT_EQ(typeInfo->GetTypeAttr(&attributes), S_OK);
+    ASSERT_THAT(typeInfo->GetTypeAttr(&attributes), isHresult(S_OK));
     EXPECT_TRUE(IsEqualGUID(attributes->guid, IID_IDocument));
     EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
     typeInfo->ReleaseTypeAttr(attributes);
@@ -114,39 +117,41 @@ TEST_F(DispatchCall, knowsNames)
     EXPECT_EQ(id(L"popDirectory"), 42);
     LPOLESTR names[] = {const_cast<LPOLESTR>(L"nothingOfThat")};
     DISPID found = 99;
-    EXPECT_EQ(document_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found), DISP_E_UNKNOWNNAME);
-    EXPECT_EQ(document_->GetIDsOfNames(IID_IDocument, names, 1, LOCALE_USER_DEFAULT, &found),
-              DISP_E_UNKNOWNINTERFACE);
+    EXPECT_THAT(document_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &found),
+                isHresult(DISP_E_UNKNOWNNAME));
+    EXPECT_THAT(document_->GetIDsOfNames(IID_IDocument, names, 1, LOCALE_USER_DEFAULT, &found),
+                isHresult(DISP_E_UNKNOWNINTERFACE));
 }
 
 TEST_F(DispatchCall, refusesUnknownMembersAndMalformedRequests)
 {
     DISPPARAMS none{};
-    EXPECT_EQ(document_->Invoke(4711, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-              DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(document_->Invoke(2, IID_IDocument, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-              DISP_E_UNKNOWNINTERFACE);
-    EXPECT_EQ(document_->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
-              E_INVALIDARG);
+    EXPECT_THAT(document_->Invoke(4711, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+                isHresult(DISP_E_MEMBERNOTFOUND));
+    EXPECT_THAT(document_->Invoke(2, IID_IDocument, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+                isHresult(DISP_E_UNKNOWNINTERFACE));
+    EXPECT_THAT(document_->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
+                isHresult(E_INVALIDARG));
     DISPPARAMS withoutValues{nullptr, nullptr, 1, 0};
-    EXPECT_EQ(document_->Invoke(3, IID_NULL, 0, DISPATCH_METHOD, &withoutValues, nullptr, nullptr, nullptr),
-              E_INVALIDARG);
+    EXPECT_THAT(document_->Invoke(3, IID_NULL, 0, DISPATCH_METHOD, &withoutValues, nullptr, nullptr, nullptr),
+                isHresult(E_INVALIDARG));
 }
 
 TEST_F(DispatchCall, convertsArguments)
 {
-    EXPECT_EQ(call(L"insertDiagram", {_variant_t(7.0), _variant_t(-3L), _variant_t(L"12")}), S_OK);
+    EXPECT_THAT(call(L"insertDiagram", {_variant_t(7.0), _variant_t(-3L), _variant_t(L"12")}),
+                isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().numbers[0], 7);
     EXPECT_EQ(TestDocumentPlan::current().numbers[1], -3);
     EXPECT_EQ(TestDocumentPlan::current().numbers[2], 12);
-    EXPECT_EQ(call(L"setFontAttribute", {_variant_t(4L), _variant_t(1L)}), S_OK);
+    EXPECT_THAT(call(L"setFontAttribute", {_variant_t(4L), _variant_t(1L)}), isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().boolean, VARIANT_TRUE);
-    EXPECT_EQ(call(L"setFontAttribute", {_variant_t(4L), _variant_t(false)}), S_OK);
+    EXPECT_THAT(call(L"setFontAttribute", {_variant_t(4L), _variant_t(false)}), isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().boolean, VARIANT_FALSE);
-    EXPECT_EQ(call(L"insertText", {_variant_t(12L)}), S_OK);
+    EXPECT_THAT(call(L"insertText", {_variant_t(12L)}), isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().text, L"12");
     _variant_t variable(L"from a variable");
-    EXPECT_EQ(call(L"insertText", {variableReference(variable)}), S_OK);
+    EXPECT_THAT(call(L"insertText", {variableReference(variable)}), isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().text, L"from a variable");
 }
 
@@ -155,26 +160,27 @@ TEST_F(DispatchCall, acceptsNamedArguments)
     VARIANT values[] = {_variant_t(2L), _variant_t(3L), _variant_t(1L)};
     DISPID names[] = {1, 2};
     DISPPARAMS parameters{values, names, 3, 2};
-    EXPECT_EQ(invoke(L"insertDiagram", parameters), S_OK);
+    EXPECT_THAT(invoke(L"insertDiagram", parameters), isHresult(S_OK));
     EXPECT_EQ(TestDocumentPlan::current().numbers[0], 1);
     EXPECT_EQ(TestDocumentPlan::current().numbers[1], 2);
     EXPECT_EQ(TestDocumentPlan::current().numbers[2], 3);
     names[1] = 5;
-    EXPECT_EQ(invoke(L"insertDiagram", parameters), DISP_E_PARAMNOTFOUND);
+    EXPECT_THAT(invoke(L"insertDiagram", parameters), isHresult(DISP_E_PARAMNOTFOUND));
     EXPECT_EQ(badArgument_, 1u);
     names[1] = 0; // The positional one already is the first.
-    EXPECT_EQ(invoke(L"insertDiagram", parameters), DISP_E_PARAMNOTFOUND);
+    EXPECT_THAT(invoke(L"insertDiagram", parameters), isHresult(DISP_E_PARAMNOTFOUND));
 }
 
 TEST_F(DispatchCall, tellsWhichArgumentDoesNotFit)
 {
-    EXPECT_EQ(call(L"insertDiagram", {_variant_t(1L), _variant_t(2L), _variant_t(L"many")}),
-              DISP_E_TYPEMISMATCH);
+    EXPECT_THAT(call(L"insertDiagram", {_variant_t(1L), _variant_t(2L), _variant_t(L"many")}),
+                isHresult(DISP_E_TYPEMISMATCH));
     EXPECT_EQ(badArgument_, 0u);
-    EXPECT_EQ(call(L"insertDiagram", {_variant_t(1L), _variant_t(70000L), _variant_t(3L)}), DISP_E_OVERFLOW);
+    EXPECT_THAT(call(L"insertDiagram", {_variant_t(1L), _variant_t(70000L), _variant_t(3L)}),
+                isHresult(DISP_E_OVERFLOW));
     EXPECT_EQ(badArgument_, 1u);
-    EXPECT_EQ(call(L"insertDiagram", {_variant_t(1L), _variant_t(2L)}), DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(call(L"insertText", {_variant_t(1L), _variant_t(2L)}), DISP_E_BADPARAMCOUNT);
+    EXPECT_THAT(call(L"insertDiagram", {_variant_t(1L), _variant_t(2L)}), isHresult(DISP_E_BADPARAMCOUNT));
+    EXPECT_THAT(call(L"insertText", {_variant_t(1L), _variant_t(2L)}), isHresult(DISP_E_BADPARAMCOUNT));
     EXPECT_EQ(TestDocumentPlan::current().numbers[0], 0);
 }
 
@@ -182,20 +188,20 @@ TEST_F(DispatchCall, hasNoResultWhereTheMethodHasNone)
 {
     VARIANT result;
     result.vt = VT_I4; // What it held is overwritten.
-    EXPECT_EQ(call(L"insertText", {_variant_t(L"x")}, &result), S_OK);
+    EXPECT_THAT(call(L"insertText", {_variant_t(L"x")}, &result), isHresult(S_OK));
     EXPECT_EQ(result.vt, VT_EMPTY);
 }
 
 TEST_F(DispatchCall, storesAnOutParameterInAScriptsVariable)
 {
     _variant_t variable(L"former");
-    EXPECT_EQ(call(L"getDocType", {variableReference(variable)}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {variableReference(variable)}), isHresult(S_OK));
     EXPECT_EQ(variable, _variant_t(L"Word"));
     _variant_t empty;
-    EXPECT_EQ(call(L"getDocType", {variableReference(empty)}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {variableReference(empty)}), isHresult(S_OK));
     EXPECT_EQ(empty, _variant_t(L"Word"));
     _variant_t object(document_);
-    EXPECT_EQ(call(L"getDocType", {variableReference(object)}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {variableReference(object)}), isHresult(S_OK));
     EXPECT_EQ(object, _variant_t(L"Word"));
 }
 
@@ -205,11 +211,11 @@ TEST_F(DispatchCall, storesAnOutParameterInAString)
     VARIANT reference;
     reference.vt = VT_BYREF | VT_BSTR;
     reference.pbstrVal = &text;
-    EXPECT_EQ(call(L"getDocType", {reference}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {reference}), isHresult(S_OK));
     EXPECT_STREQ(text, L"Word");
     SysFreeString(std::exchange(text, nullptr));
     VARIANT inner = reference;
-    EXPECT_EQ(call(L"getDocType", {variableReference(inner)}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {variableReference(inner)}), isHresult(S_OK));
     EXPECT_STREQ(text, L"Word");
     SysFreeString(text);
 }
@@ -217,20 +223,20 @@ TEST_F(DispatchCall, storesAnOutParameterInAString)
 TEST_F(DispatchCall, givesALeftAwayOutParameterAsTheResult)
 {
     _variant_t result;
-    EXPECT_EQ(call(L"getDocType", {}, &result, DISPATCH_METHOD | DISPATCH_PROPERTYGET), S_OK);
+    EXPECT_THAT(call(L"getDocType", {}, &result, DISPATCH_METHOD | DISPATCH_PROPERTYGET), isHresult(S_OK));
     EXPECT_EQ(result, _variant_t(L"Word"));
     result.Clear();
     VARIANT missing;
     missing.vt = VT_ERROR;
     missing.scode = DISP_E_PARAMNOTFOUND;
-    EXPECT_EQ(call(L"getDocType", {missing}, &result), S_OK);
+    EXPECT_THAT(call(L"getDocType", {missing}, &result), isHresult(S_OK));
     EXPECT_EQ(result, _variant_t(L"Word"));
-    EXPECT_EQ(call(L"getDocType", {}), S_OK);
+    EXPECT_THAT(call(L"getDocType", {}), isHresult(S_OK));
 }
 
 TEST_F(DispatchCall, refusesAValueForAnOutParameter)
 {
-    EXPECT_EQ(call(L"getDocType", {_variant_t(5L)}), DISP_E_TYPEMISMATCH);
+    EXPECT_THAT(call(L"getDocType", {_variant_t(5L)}), isHresult(DISP_E_TYPEMISMATCH));
     EXPECT_EQ(badArgument_, 0u);
 }
 
@@ -238,18 +244,18 @@ TEST_F(DispatchCall, leavesVariableAndResultAloneWhenTheMethodThrows)
 {
     TestDocumentPlan::current().close = []() -> HRESULT { throw std::runtime_error("no"); };
     _variant_t variable(L"former");
-    EXPECT_EQ(call(L"getDocType", {variableReference(variable)}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"getDocType", {variableReference(variable)}), isHresult(DISP_E_EXCEPTION));
     EXPECT_EQ(variable, _variant_t(L"former"));
     VARIANT result;
     result.vt = VT_I4;
-    EXPECT_EQ(call(L"getDocType", {}, &result), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"getDocType", {}, &result), isHresult(DISP_E_EXCEPTION));
     EXPECT_EQ(result.vt, VT_EMPTY);
 }
 
 TEST_F(DispatchCall, reportsComErrors)
 {
     TestDocumentPlan::current().close = []() -> HRESULT { throw _com_error(E_POINTER); };
-    EXPECT_EQ(call(L"close", {}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"close", {}), isHresult(DISP_E_EXCEPTION));
     expectException(E_POINTER, systemText(E_POINTER));
 }
 
@@ -258,26 +264,26 @@ TEST_F(DispatchCall, reportsQdxExceptions)
     TestDocumentPlan::current().close = []() -> HRESULT {
         throw QdxException("insertText\nCOMERROR 0x1\nd\xe9j\xe0");
     };
-    EXPECT_EQ(call(L"insertText", {_variant_t(7L)}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"insertText", {_variant_t(7L)}), isHresult(DISP_E_EXCEPTION));
     expectException(E_FAIL, L"insertText\nCOMERROR 0x1\nd\u00e9j\u00e0");
 }
 
 TEST_F(DispatchCall, reportsAnyOtherException)
 {
     TestDocumentPlan::current().close = []() -> HRESULT { throw std::out_of_range("beyond"); };
-    EXPECT_EQ(call(L"close", {}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"close", {}), isHresult(DISP_E_EXCEPTION));
     expectException(E_FAIL, L"beyond");
     TestDocumentPlan::current().close = []() -> HRESULT { throw std::bad_alloc(); };
-    EXPECT_EQ(call(L"close", {}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"close", {}), isHresult(DISP_E_EXCEPTION));
     expectException(E_OUTOFMEMORY, systemText(E_OUTOFMEMORY));
     TestDocumentPlan::current().close = []() -> HRESULT { throw 1; };
-    EXPECT_EQ(call(L"close", {}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"close", {}), isHresult(DISP_E_EXCEPTION));
     expectException(E_UNEXPECTED, systemText(E_UNEXPECTED));
 }
 
 TEST_F(DispatchCall, reportsReturnedFailures)
 {
-    EXPECT_EQ(call(L"create", {_variant_t(L"a.doc")}), DISP_E_EXCEPTION);
+    EXPECT_THAT(call(L"create", {_variant_t(L"a.doc")}), isHresult(DISP_E_EXCEPTION));
     expectException(E_FAIL, systemText(E_FAIL));
 }
 
@@ -285,8 +291,8 @@ TEST_F(DispatchCall, reportsToCallersWithoutExcepInfo)
 {
     TestDocumentPlan::current().close = []() -> HRESULT { throw 1; };
     DISPPARAMS none{};
-    EXPECT_EQ(document_->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
-              DISP_E_EXCEPTION);
+    EXPECT_THAT(document_->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+                isHresult(DISP_E_EXCEPTION));
 }
 
 TEST_F(DispatchCall, throwsToVtableCallers)

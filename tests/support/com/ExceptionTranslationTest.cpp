@@ -1,5 +1,7 @@
 #include "ExceptionTranslation.h"
 
+#include "Hresult.h"
+
 #include <comdef.h>
 #include <gtest/gtest.h>
 
@@ -20,16 +22,17 @@ HRESULT translated(const Exception& exception)
 
 TEST(ExceptionTranslation, hasACodeForEveryException)
 {
-    EXPECT_EQ(translated(_com_error(static_cast<HRESULT>(0x800706BA))), static_cast<HRESULT>(0x800706BA));
-    EXPECT_EQ(translated(std::bad_alloc()), E_OUTOFMEMORY);
-    EXPECT_EQ(translated(std::runtime_error("")), E_FAIL);
-    EXPECT_EQ(translated(L"text"), E_UNEXPECTED);
+    EXPECT_THAT(translated(_com_error(static_cast<HRESULT>(0x800706BA))),
+                isHresult(static_cast<HRESULT>(0x800706BA)));
+    EXPECT_THAT(translated(std::bad_alloc()), isHresult(E_OUTOFMEMORY));
+    EXPECT_THAT(translated(std::runtime_error("")), isHresult(E_FAIL));
+    EXPECT_THAT(translated(L"text"), isHresult(E_UNEXPECTED));
 }
 
 TEST(ExceptionTranslation, nothingThrownPassesForSuccess)
 {
-    EXPECT_EQ(translated(_com_error(S_OK)), E_UNEXPECTED);
-    EXPECT_EQ(translated(_com_error(S_FALSE)), E_UNEXPECTED);
+    EXPECT_THAT(translated(_com_error(S_OK)), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(translated(_com_error(S_FALSE)), isHresult(E_UNEXPECTED));
 }
 
 TEST(ExceptionTranslation, completesOnlyWhatIsMissing)

@@ -2,6 +2,7 @@
 
 #include "CComCoClass.h"
 #include "CComSingleThreadModel.h"
+#include "Hresult.h"
 #include "InterfaceList.h"
 
 #include <IDocument.h>
@@ -47,13 +48,13 @@ TEST(IPropertyPageImpl, tellsItsSiteWhenItBecomesDirtyOrClean)
 {
     Site site;
     CComObject<TestPage>* const page = CComObject<TestPage>::create();
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
-    EXPECT_EQ(page->SetPageSite(&site), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
+    EXPECT_THAT(page->SetPageSite(&site), isHresult(S_OK));
     page->setDirty(true);
     page->setDirty(true);
-    EXPECT_EQ(page->IsPageDirty(), S_OK);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     page->setDirty(false);
-    EXPECT_EQ(page->IsPageDirty(), S_FALSE);
+    EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     EXPECT_EQ(site.told, (std::vector<DWORD>{PROPPAGESTATUS_DIRTY, 0}));
     EXPECT_EQ(page->Release(), 0u);
     EXPECT_EQ(site.count, 1u);
@@ -64,11 +65,11 @@ TEST(IPropertyPageImpl, hasOneSiteAtATime)
     Site first;
     Site second;
     CComObject<TestPage>* const page = CComObject<TestPage>::create();
-    EXPECT_EQ(page->SetPageSite(&first), S_OK);
-    EXPECT_EQ(page->SetPageSite(&second), E_UNEXPECTED);
-    EXPECT_EQ(page->SetPageSite(nullptr), S_OK);
+    EXPECT_THAT(page->SetPageSite(&first), isHresult(S_OK));
+    EXPECT_THAT(page->SetPageSite(&second), isHresult(E_UNEXPECTED));
+    EXPECT_THAT(page->SetPageSite(nullptr), isHresult(S_OK));
     EXPECT_EQ(first.count, 1u);
-    EXPECT_EQ(page->SetPageSite(&second), S_OK);
+    EXPECT_THAT(page->SetPageSite(&second), isHresult(S_OK));
     EXPECT_EQ(page->Release(), 0u);
     EXPECT_EQ(second.count, 1u);
 }
@@ -76,10 +77,10 @@ TEST(IPropertyPageImpl, hasOneSiteAtATime)
 TEST(IPropertyPageImpl, saysWhatItCannotDo)
 {
     CComObject<TestPage>* const page = CComObject<TestPage>::create();
-    EXPECT_EQ(page->Apply(), E_NOTIMPL);
-    EXPECT_EQ(page->Activate(nullptr, nullptr, FALSE), E_NOTIMPL);
-    EXPECT_EQ(page->SetObjects(1, nullptr), E_POINTER);
-    EXPECT_EQ(page->SetObjects(0, nullptr), S_OK);
+    EXPECT_THAT(page->Apply(), isHresult(E_NOTIMPL));
+    EXPECT_THAT(page->Activate(nullptr, nullptr, FALSE), isHresult(E_NOTIMPL));
+    EXPECT_THAT(page->SetObjects(1, nullptr), isHresult(E_POINTER));
+    EXPECT_THAT(page->SetObjects(0, nullptr), isHresult(S_OK));
     page->Release();
 }
 

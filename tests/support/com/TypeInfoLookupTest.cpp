@@ -1,6 +1,7 @@
 #include "TypeInfoLookup.h"
 
 #include "CComModule.h"
+#include "Hresult.h"
 
 #include <IDocument.h>
 #include <gtest/gtest.h>
@@ -32,8 +33,8 @@ protected:
     {
         std::wstring file = comModule().path();
         ITypeLibPtr library;
-        ASSERT_EQ(LoadTypeLibEx(file.c_str(), REGKIND_NONE, &library), S_OK);
-        ASSERT_EQ(RegisterTypeLib(library, file.data(), nullptr), S_OK);
+        ASSERT_THAT(LoadTypeLibEx(file.c_str(), REGKIND_NONE, &library), isHresult(S_OK));
+        ASSERT_THAT(RegisterTypeLib(library, file.data(), nullptr), isHresult(S_OK));
     }
 
     static void unregister() { UnRegisterTypeLib(LIBID_MIROVELCOMLib, 2, 0, LOCALE_NEUTRAL, SYS_WIN64); }
@@ -41,7 +42,7 @@ protected:
     static bool describes(const ITypeInfoPtr& typeInfo, const IID& iid)
     {
         TYPEATTR* attributes = nullptr;
-        EXPECT_EQ(typeInfo->GetTypeAttr(&attributes), S_OK);
+        EXPECT_THAT(typeInfo->GetTypeAttr(&attributes), isHresult(S_OK));
         const bool result = IsEqualGUID(attributes->guid, iid);
         typeInfo->ReleaseTypeAttr(attributes);
         return result;

@@ -1,3 +1,4 @@
+#include "Hresult.h"
 #include "registry/RegisterCache.h"
 #include "registry/RegisterDynamic.h"
 
@@ -179,7 +180,7 @@ TEST_F(RegisterTest, AWriteThatWindowsRefusesIsAComError)
         RegisterDynamic::write(impossible, "Number", 4, false);
         ADD_FAILURE() << "written";
     } catch (const _com_error& error) {
-        EXPECT_TRUE(FAILED(error.Error())) << std::hex << error.Error();
+        EXPECT_THAT(error.Error(), isFailure()) << std::hex << error.Error();
     }
     EXPECT_EQ(static_cast<int>(RegisterDynamic::read(impossible, "Number", 50, false)), 50);
 }

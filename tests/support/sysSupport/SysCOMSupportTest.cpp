@@ -1,5 +1,6 @@
 #include "sysSupport/SysCOMSupport.h"
 
+#include "Hresult.h"
 #include "TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,14 +17,14 @@ constexpr char testClassText[] = "{7B1F0D52-6C2E-4B0B-9C55-0E2F4B7A9D31}";
 class SysCOMSupportTest : public testing::Test
 {
 protected:
-    SysCOMSupportTest() { EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK); }
+    SysCOMSupportTest() { EXPECT_THAT(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), isHresult(S_OK)); }
     ~SysCOMSupportTest() override { CoUninitialize(); }
 
     /// Some COM object to announce.
     static IUnknownPtr anObject()
     {
         IStream* stream = nullptr;
-        EXPECT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, &stream), S_OK);
+        EXPECT_THAT(CreateStreamOnHGlobal(nullptr, TRUE, &stream), isHresult(S_OK));
         return {stream, false};
     }
 };
@@ -35,9 +36,10 @@ public:
     Announcement(const QdxString& path, IUnknown* object)
     {
         IMonikerPtr moniker;
-        EXPECT_EQ(GetRunningObjectTable(0, &table_), S_OK);
-        EXPECT_EQ(CreateFileMoniker(_bstr_t(path.data()), &moniker), S_OK);
-        EXPECT_EQ(table_->Register(ROTFLAGS_REGISTRATIONKEEPSALIVE, object, moniker, &cookie_), S_OK);
+        EXPECT_THAT(GetRunningObjectTable(0, &table_), isHresult(S_OK));
+        EXPECT_THAT(CreateFileMoniker(_bstr_t(path.data()), &moniker), isHresult(S_OK));
+        EXPECT_THAT(table_->Register(ROTFLAGS_REGISTRATIONKEEPSALIVE, object, moniker, &cookie_),
+                    isHresult(S_OK));
     }
     ~Announcement() { table_->Revoke(cookie_); }
     Announcement(const Announcement&) = delete;
@@ -55,11 +57,11 @@ TEST_F(SysCOMSupportTest, FindsTheRunningServerOfAClass)
     EXPECT_FALSE(SysCOMSupport::getRunningIUnknown(testClassText));
     const IUnknownPtr object = anObject();
     DWORD cookie = 0;
-    ASSERT_EQ(RegisterActiveObject(object, testClass, ACTIVEOBJECT_STRONG, &cookie), S_OK);
+    ASSERT_THAT(RegisterActiveObject(object, testClass, ACTIVEOBJECT_STRONG, &cookie), isHresult(S_OK));
     EXPECT_EQ(SysCOMSupport::getRunningIUnknown(testClassText).GetInterfacePtr(), object.GetInterfacePtr());
     EXPECT_EQ(SysCOMSupport::getRunningIUnknown("7b1f0d52-6c2e-4b0b-9c55-0e2f4b7a9d31").GetInterfacePtr(),
               object.GetInterfacePtr());
-    EXPECT_EQ(RevokeActiveObject(cookie, nullptr), S_OK);
+    EXPECT_THAT(RevokeActiveObject(cookie, nullptr), isHresult(S_OK));
     EXPECT_FALSE(SysCOMSupport::getRunningIUnknown(testClassText));
 }
 

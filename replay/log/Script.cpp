@@ -65,14 +65,6 @@ private:
     void add(Step step)
     {
         state_.take(step);
-        if (isCallOf(step, Method::create)) {
-            isTraced_ = false;
-            isInHeader_ = false;
-        } else if (isCallOf(step, Method::startHeader) || isCallOf(step, Method::startFooter)) {
-            isInHeader_ = true;
-        } else if (isCallOf(step, Method::endHeader) || isCallOf(step, Method::endFooter)) {
-            isInHeader_ = false;
-        }
         script_.steps.push_back(std::move(step));
     }
 
@@ -97,24 +89,21 @@ private:
         add({.call = piece.call, .line = piece.line});
     }
 
-    /// The writer of the body tells of missing files once its client has called `trace` after `create`; those
-    /// of headers and footers always do.
+    /// In front of the call that the file is missed by.
     void addTrace()
     {
-        if (!state_.isOpen || isTraced_ || isInHeader_)
-            return;
-        isTraced_ = true;
         std::vector<Step>& steps = script_.steps;
+        if (!state_.isOpen || steps.back().kind != Step::Kind::call)
+            return;
         const int line = steps.back().line;
         const auto place = isCallOf(steps.back(), Method::create) ? steps.end() : steps.end() - 1;
-        steps.insert(place, {.kind = Step::Kind::traceAgain, .line = line, .isAdded = true});
+        if (place == steps.begin() || std::prev(place)->kind != Step::Kind::traceInBody)
+            steps.insert(place, {.kind = Step::Kind::traceInBody, .line = line, .isAdded = true});
     }
 
     const ReadLog& log_;
     Script script_;
     ClientState state_;
-    bool isTraced_ = false;
-    bool isInHeader_ = false;
 };
 
 bool equalWithoutCase(std::string_view a, std::string_view b)

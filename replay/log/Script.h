@@ -18,7 +18,9 @@ struct Step
     {
         call,
         newClient, ///< From here on another object is called.
-        traceAgain ///< The client has called `trace` here, so that its writer tells of missing files.
+        /// The client has called `trace` in this document, unless content goes to a header or footer: their
+        /// writers tell of missing files anyway, that of the body only then.
+        traceInBody
     };
 
     Kind kind = Kind::call;
@@ -39,7 +41,7 @@ struct Script
 };
 
 /// The calls of a log, and those that must have been made though they left no line: `start` and `create` in
-/// front of a log that was begun later, `trace` in front of a missing file that the writer told.
+/// front of a log that was begun later, `trace` in front of a file that was missed.
 Script scriptOf(const ReadLog& log);
 
 /// \name What is made of it

@@ -9,15 +9,15 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// "start", "+create" for what was added, "new client", "trace again"; names and texts in brackets.
+/// "start", "+create" for what was added, "new client", "trace in body"; names and texts in brackets.
 std::vector<std::string> stepsOf(const Script& script)
 {
     std::vector<std::string> steps;
     for (const Step& step : script.steps) {
         if (step.kind == Step::Kind::newClient)
             steps.emplace_back("new client");
-        else if (step.kind == Step::Kind::traceAgain)
-            steps.emplace_back("trace again");
+        else if (step.kind == Step::Kind::traceInBody)
+            steps.emplace_back("trace in body");
         else {
             std::string text = (step.isAdded ? "+" : "") + std::string(formOf(step.call.method).name);
             if (!step.call.texts[0].empty())
@@ -79,20 +79,17 @@ TEST(ScriptTest, KnowsAnotherClientByItsStart)
                 ElementsAre(Doubt{DoubtKind::anotherClient, 3}, Doubt{DoubtKind::noCreate, 4}));
 }
 
-TEST(ScriptTest, TracesAgainWhereAFileOfTheBodyIsMissed)
+TEST(ScriptTest, TracesInFrontOfAFileThatIsMissed)
 {
     const std::string begin = "mirovel->start();\nmirovel->create(\"a\");\n";
     const std::string missed = "mirovel->insertFile(\"f\",0);\nERR File not found: f\n";
-    EXPECT_THAT(
-        stepsOf(scriptOf(begin + "mirovel->insertEndl();\n" + missed + missed)),
-        ElementsAre("start", "create(a)", "insertEndl", "trace again", "insertFile(f)", "insertFile(f)"));
-    EXPECT_THAT(
-        stepsOf(scriptOf(begin + "mirovel->startHeader();\n" + missed + "mirovel->endHeader();\n" + missed)),
-        ElementsAre("start", "create(a)", "startHeader", "insertFile(f)", "endHeader", "trace again",
-                    "insertFile(f)"));
-    EXPECT_THAT(stepsOf(scriptOf(begin + missed + "mirovel->close();\nmirovel->create(\"b\");\n" + missed)),
-                ElementsAre("start", "create(a)", "trace again", "insertFile(f)", "close", "create(b)",
-                            "trace again", "insertFile(f)"));
+    EXPECT_THAT(stepsOf(scriptOf(begin + "mirovel->insertEndl();\n" + missed + "ERR File not found: f\n")),
+                ElementsAre("start", "create(a)", "insertEndl", "trace in body", "insertFile(f)"));
+    EXPECT_THAT(stepsOf(scriptOf(begin + missed + missed)),
+                ElementsAre("start", "create(a)", "trace in body", "insertFile(f)", "trace in body",
+                            "insertFile(f)"));
+    EXPECT_THAT(stepsOf(scriptOf(begin + "ERR File not found: f\n")),
+                ElementsAre("start", "create(a)", "trace in body"));
     EXPECT_THAT(stepsOf(scriptOf("ERR File not found: f\n")), IsEmpty());
 }
 

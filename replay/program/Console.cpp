@@ -1,0 +1,73 @@
+#include "Console.h"
+
+#include "TextConversion.h"
+
+#include <cstdio>
+
+namespace replay {
+
+namespace {
+
+void write(std::FILE* stream, std::string_view text)
+{
+    std::fwrite(text.data(), 1, text.size(), stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+std::wstring wideFromUtf8(std::string_view text)
+{
+    const auto size = static_cast<int>(text.size());
+    std::wstring wide(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return wide;
+}
+
+std::string utf8FromWide(std::wstring_view text)
+{
+    const auto size = static_cast<int>(text.size());
+    std::string utf8(static_cast<std::size_t>(
+                         WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr)),
+                     '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, utf8.data(), static_cast<int>(utf8.size()), nullptr,
+                        nullptr);
+    return utf8;
+}
+
+std::string utf8FromAnsi(std::string_view text)
+{
+    const _bstr_t wide = toWide(QdxString(text.data(), text.size()));
+    return utf8FromWide({static_cast<const wchar_t*>(wide), wide.length()});
+}
+
+Console::Console() : formerCodePage_(GetConsoleOutputCP())
+{
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+Console::~Console()
+{
+    SetConsoleOutputCP(formerCodePage_);
+}
+
+void Console::say(std::string_view text) const
+{
+    write(stdout, text);
+}
+
+void Console::complain(std::string_view text) const
+{
+    write(stderr, text);
+}
+
+std::size_t Console::columns() const noexcept
+{
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info))
+        return 0;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
+} // namespace replay

@@ -8,8 +8,16 @@ namespace replay {
 
 namespace {
 
-void write(std::FILE* stream, std::string_view text)
+/// A terminal gets characters; what is not one gets UTF-8.
+void write(std::FILE* stream, DWORD handleNumber, std::string_view text)
 {
+    const HANDLE handle = GetStdHandle(handleNumber);
+    DWORD mode = 0;
+    if (GetConsoleMode(handle, &mode)) {
+        const std::wstring wide = wideFromUtf8(text);
+        WriteConsoleW(handle, wide.data(), static_cast<DWORD>(wide.size()), nullptr, nullptr);
+        return;
+    }
     std::fwrite(text.data(), 1, text.size(), stream);
     std::fflush(stream);
 }
@@ -42,24 +50,14 @@ std::string utf8FromAnsi(std::string_view text)
     return utf8FromWide({static_cast<const wchar_t*>(wide), wide.length()});
 }
 
-Console::Console() : formerCodePage_(GetConsoleOutputCP())
-{
-    SetConsoleOutputCP(CP_UTF8);
-}
-
-Console::~Console()
-{
-    SetConsoleOutputCP(formerCodePage_);
-}
-
 void Console::say(std::string_view text) const
 {
-    write(stdout, text);
+    write(stdout, STD_OUTPUT_HANDLE, text);
 }
 
 void Console::complain(std::string_view text) const
 {
-    write(stderr, text);
+    write(stderr, STD_ERROR_HANDLE, text);
 }
 
 std::size_t Console::columns() const noexcept

@@ -20,20 +20,11 @@ std::string utf8FromAnsi(std::string_view text);
 class Console
 {
 public:
-    Console();
-    /// Leaves the terminal as it was.
-    ~Console();
-    Console(const Console&) = delete;
-    Console& operator=(const Console&) = delete;
-
     void say(std::string_view text) const;
     void complain(std::string_view text) const;
 
     /// The width of the terminal to which complaints go; 0 when they go elsewhere.
     [[nodiscard]] std::size_t columns() const noexcept;
-
-private:
-    UINT formerCodePage_;
 };
 
 } // namespace replay

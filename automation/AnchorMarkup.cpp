@@ -21,3 +21,14 @@ std::optional<AnchorMarkup> parseAnchor(std::wstring_view text, std::size_t anch
     anchor.tail = text.substr(innerEnd + closing.size());
     return anchor;
 }
+
+std::wstring withoutGuidMarks(std::wstring_view written)
+{
+    constexpr std::wstring_view marked = L"#GUID ";
+    std::wstring target(written);
+    if (!target.starts_with(marked))
+        return target;
+    for (std::size_t at = 0; (at = target.find(marked, at)) != target.npos; at += marked.size() - 1)
+        target.erase(at, 1);
+    return target;
+}

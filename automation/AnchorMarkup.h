@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// What a text says from its first anchor on: `<a href="target">label</a>tail`. The views lie in that text.
@@ -21,3 +22,6 @@ struct AnchorMarkup
 /// The target is all that stands between the opening quote and the ">", less its last character, whatever
 /// that is.
 std::optional<AnchorMarkup> parseAnchor(std::wstring_view text, std::size_t anchorPos);
+
+/// What a target means: "#GUID 7" names the tag "GUID 7".
+std::wstring withoutGuidMarks(std::wstring_view written);

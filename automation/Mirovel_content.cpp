@@ -32,18 +32,6 @@ _bstr_t pieceOf(std::wstring_view text)
     return {piece, false};
 }
 
-/// "#GUID 7" names the tag "GUID 7".
-std::wstring withoutGuidMarks(std::wstring_view written)
-{
-    constexpr std::wstring_view marked = L"#GUID ";
-    std::wstring target(written);
-    if (!target.starts_with(marked))
-        return target;
-    for (std::size_t at = 0; (at = target.find(marked, at)) != target.npos; at += marked.size() - 1)
-        target.erase(at, 1);
-    return target;
-}
-
 /// As it is echoed.
 const char* attributeName(short attribute)
 {

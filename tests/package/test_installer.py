@@ -268,7 +268,7 @@ class Package(EndToEndTest):
         with zipfile.ZipFile(self.folder / f"{name}.zip") as archive:
             names = archive.namelist()
             self.assertEqual(sorted(names), names)
-            for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb",
+            for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb", "bin/mirovel-replay.exe",
                              "include/mirovelcom/IDocument.h", "lib/cmake/mirovelcom/mirovelcomConfig.cmake",
                              "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.md"):
                 self.assertIn(f"{name}/{expected}", names)

@@ -209,7 +209,7 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
 bool SessionPlayer::perform(const ClientCall& each)
 {
     const std::string step = stepsOf({each});
-    return attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(each); });
+    return attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(*client_, each); });
 }
 
 void SessionPlayer::close()
@@ -238,9 +238,8 @@ std::u16string SessionPlayer::withPaths(const ClientCall& call) const
     return withName(call.text, pictureName, paths_.at(pictureName));
 }
 
-HRESULT SessionPlayer::call(const ClientCall& each)
+HRESULT SessionPlayer::call(IDocument& client, const ClientCall& each) const
 {
-    IDocument& client = *client_;
     const _bstr_t text = bstr(withPaths(each));
     const _bstr_t target = bstr(withName(each.target, pictureName, paths_.at(pictureName)));
     const auto number = static_cast<short>(each.number);

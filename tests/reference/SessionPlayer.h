@@ -48,6 +48,14 @@ public:
     [[nodiscard]] bool composes() const { return writer_ != Writer::counting; }
     PlayedSession play(const Session& session, const standin::model::Switches& switches = {});
 
+    /// \name For other clients
+    ///@{
+    /// Makes the call, with the paths of the files of sessions.
+    HRESULT call(IDocument& client, const ClientCall& call) const;
+    [[nodiscard]] standin::Session& word() { return word_; }
+    [[nodiscard]] const ScratchFolder& folder() const { return folder_; }
+    ///@}
+
     /// \name Failures
     ///@{
     /// From the next session's `create` on, that many calls later: that Word call fails, or all from it on.
@@ -76,7 +84,6 @@ private:
     void read(const standin::model::Document& document);
     [[nodiscard]] std::u16string withPaths(const ClientCall& call) const;
     bool perform(const ClientCall& call);
-    HRESULT call(const ClientCall& call);
     template <class Call>
     bool attempt(const char* name, Call&& call);
     void close();

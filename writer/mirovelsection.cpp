@@ -90,11 +90,6 @@ std::int32_t MirovelSection::getSectionCount() const
     return data_->sectionCount;
 }
 
-void MirovelSection::clearCache()
-{
-    s_smap.clear();
-}
-
 void MirovelSection::setRange(const Word::RangePtr& range)
 {
     data_->range = range;

@@ -8,12 +8,20 @@
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
 
 std::map<QdxString, FontData> MirovelSection::s_smap;
 
 namespace {
 
 constexpr int deepestHeading = 9;
+
+/// Guards the fonts of styles: writers in several apartments share them.
+std::mutex& fontsMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
 
 const std::map<QdxString, long>& builtInStyles()
 {
@@ -54,13 +62,24 @@ Word::StylePtr MirovelSection::findStyle(const QdxString& name)
     return data_->styles->Item(styleArgument(name));
 }
 
+void MirovelSection::clearCache()
+{
+    const std::lock_guard lock(fontsMutex());
+    s_smap.clear();
+}
+
+// Word is asked without the lock: it may have this thread take another call meanwhile.
 FontData MirovelSection::findFont(const QdxString& style)
 {
-    const auto known = s_smap.find(style);
-    if (known != s_smap.end())
-        return known->second;
+    {
+        const std::lock_guard lock(fontsMutex());
+        const auto known = s_smap.find(style);
+        if (known != s_smap.end())
+            return known->second;
+    }
     FontData font;
     fromFontPtr(font, findStyle(style)->GetFont());
+    const std::lock_guard lock(fontsMutex());
     s_smap[style] = font;
     return font;
 }

@@ -151,7 +151,7 @@ long Server::liveObjects() const
 
 HRESULT Server::countCall()
 {
-    if (const std::optional<HRESULT> rejection = faults.takeRejection(callCount_ + 1))
+    if (const auto rejection = faults.takeRejection(callCount_ + 1))
         return *rejection;
     ++callCount_;
     if (faults.exitsAt(callCount_)) {

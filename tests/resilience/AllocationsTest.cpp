@@ -2,6 +2,7 @@
 // host lives on, nothing is left behind, and the next session is as ever.
 #include "BuiltServer.h"
 #include "ModuleAllocations.h"
+#include "Resources.h"
 
 #include <gtest/gtest.h>
 
@@ -15,13 +16,6 @@
 #include <vector>
 
 namespace {
-
-DWORD handles()
-{
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return count;
-}
 
 class AllocationsTest : public testing::TestWithParam<std::tuple<Mode, bool>>
 {
@@ -96,7 +90,7 @@ TEST_P(AllocationsTest, MayFailWithoutAnyHarm)
     const Played undisturbed = playObject();
     ASSERT_EQ(undisturbed.failures, std::vector<std::string>());
     ASSERT_TRUE(undisturbed.isClosed);
-    const DWORD handlesBefore = handles();
+    const std::size_t handlesBefore = Resources::now().handles;
     allocations.refuse(0, false);
     playObject();
     const long total = allocations.grantAll().made;
@@ -129,7 +123,7 @@ TEST_P(AllocationsTest, MayFailWithoutAnyHarm)
             playObject();
         }
         EXPECT_LE(allocations.liveBlocks(), kept);
-        EXPECT_LE(handles(), handlesBefore);
+        EXPECT_LE(Resources::now().handles, handlesBefore);
     }
     std::printf("%ld of %ld requests\n", runs, total);
 }

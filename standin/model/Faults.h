@@ -1,20 +1,22 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string_view>
-#include <windows.h>
 
 namespace standin {
 /// Which calls are to fail, and how. Calls are counted from 1.
 class Faults
 {
 public:
-    void failCall(long ordinal, HRESULT result) { single_[ordinal] = result; }
-    void failFromCall(long ordinal, HRESULT result) { onwards_[ordinal] = result; }
+    using Result = std::int32_t; ///< a HRESULT
+
+    void failCall(long ordinal, Result result) { single_[ordinal] = result; }
+    void failFromCall(long ordinal, Result result) { onwards_[ordinal] = result; }
     /// Rejects that call `times` times before it runs, as a busy Word does. A rejected call is not counted,
     /// so the next attempt is the same call.
-    void rejectCall(long ordinal, HRESULT result, int times) { rejections_[ordinal] = {result, times}; }
+    void rejectCall(long ordinal, Result result, int times) { rejections_[ordinal] = {result, times}; }
     void exitAtCall(long ordinal) { exit_ = ordinal; }
     void clear();
 
@@ -22,23 +24,23 @@ public:
     /// of the n-th; several are separated by commas. Raises std::invalid_argument.
     void read(std::string_view text);
 
-    std::optional<HRESULT> resultOf(long ordinal) const;
+    std::optional<Result> resultOf(long ordinal) const;
     /// The answer to an attempt at the call that is rejected; each one is given once.
-    std::optional<HRESULT> takeRejection(long ordinal);
+    std::optional<Result> takeRejection(long ordinal);
     bool exitsAt(long ordinal) const { return exit_ == ordinal; }
 
 private:
     struct Rejection
     {
-        HRESULT result;
+        Result result;
         int left;
     };
 
     void readOne(std::string_view text);
 
     std::map<long, Rejection> rejections_;
-    std::map<long, HRESULT> single_;
-    std::map<long, HRESULT> onwards_;
+    std::map<long, Result> single_;
+    std::map<long, Result> onwards_;
     std::optional<long> exit_;
 };
 } // namespace standin

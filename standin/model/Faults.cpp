@@ -40,7 +40,7 @@ void Faults::readOne(std::string_view text)
     if (colon == std::string_view::npos || colon == 0)
         throw std::invalid_argument("not a fault: " + std::string(text));
     std::string_view ordinal = text.substr(0, colon);
-    const auto result = static_cast<HRESULT>(readNumber<std::uint32_t>(text.substr(colon + 3), 16));
+    const auto result = static_cast<Result>(readNumber<std::uint32_t>(text.substr(colon + 3), 16));
     if (const std::size_t star = ordinal.find('*'); star != std::string_view::npos) {
         const int times = readNumber<int>(ordinal.substr(star + 1), 10);
         rejectCall(readNumber<long>(ordinal.substr(0, star), 10), result, times);
@@ -52,7 +52,7 @@ void Faults::readOne(std::string_view text)
     (onwards ? onwards_ : single_)[readNumber<long>(ordinal, 10)] = result;
 }
 
-std::optional<HRESULT> Faults::takeRejection(long ordinal)
+std::optional<Faults::Result> Faults::takeRejection(long ordinal)
 {
     const auto rejection = rejections_.find(ordinal);
     if (rejection == rejections_.end() || rejection->second.left <= 0)
@@ -61,7 +61,7 @@ std::optional<HRESULT> Faults::takeRejection(long ordinal)
     return rejection->second.result;
 }
 
-std::optional<HRESULT> Faults::resultOf(long ordinal) const
+std::optional<Faults::Result> Faults::resultOf(long ordinal) const
 {
     if (const auto single = single_.find(ordinal); single != single_.end())
         return single->second;

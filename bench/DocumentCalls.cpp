@@ -150,7 +150,7 @@ void printDocument(const char* shown, void (*write)(IDocument&))
         write(*generator);
         _com_util::CheckError(generator->close());
         const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-        std::printf(" %s, %.2f s |", callsIn(word.transcript()).c_str(), seconds.count());
+        std::printf(" %s, %.2f s |", callsIn(word.calledMembers()).c_str(), seconds.count());
         std::fflush(stdout);
     }
     std::puts("");

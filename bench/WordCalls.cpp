@@ -161,26 +161,12 @@ constexpr std::string_view whitePixel{"BM\x3A\0\0\0\0\0\0\0\x36\0\0\0"
                                       "\xFF\xFF\xFF\0",
                                       58};
 
-/// `Range@3.InsertAfter("abc")` as `Range.InsertAfter`.
-std::string memberName(const std::string& line)
-{
-    const std::size_t number = line.find('@');
-    const std::size_t member = line.find('.', number);
-    if (number == line.npos || member == line.npos)
-        return line;
-    std::string name =
-        line.substr(0, number) + line.substr(member, line.find_first_of("( ", member) - member);
-    if (line.find(" = ", member) == member + line.substr(member).find_first_of("( "))
-        name += " =";
-    return name;
-}
-
 /// The members called, in the order of their first calls.
-std::string memberNames(const std::vector<std::string>& transcript)
+std::string memberNames(const std::vector<standin::CalledMember>& calls)
 {
     std::vector<std::pair<std::string, int>> counts;
-    for (const std::string& line : transcript) {
-        const std::string name = memberName(line);
+    for (const standin::CalledMember& call : calls) {
+        const std::string& name = call.name;
         const auto known = std::ranges::find(counts, name, &std::pair<std::string, int>::first);
         if (known == counts.end())
             counts.emplace_back(name, 1);
@@ -195,16 +181,18 @@ std::string memberNames(const std::vector<std::string>& transcript)
     return names;
 }
 
-std::string failureOf(const std::vector<std::string>& transcript)
+std::string failureOf(const standin::Session& word)
 {
-    for (const std::string& line : transcript)
+    for (std::size_t i = 0; i < word.transcript().size(); ++i) {
+        const std::string& line = word.transcript()[i];
         if (line.find(" !! ") != line.npos)
-            return " [the stand-in answers " + memberName(line) + " with " +
+            return " [the stand-in answers " + word.calledMembers()[i].name + " with " +
                    line.substr(line.find(" !! ") + 4) + "]";
+    }
     return "";
 }
 
-const std::vector<std::string>& take(standin::Session& word, IDocument& generator, const Step& step)
+const std::vector<standin::CalledMember>& take(standin::Session& word, IDocument& generator, const Step& step)
 {
     word.clearTranscript();
     try {
@@ -212,14 +200,14 @@ const std::vector<std::string>& take(standin::Session& word, IDocument& generato
     } catch (const QdxException&) { // the row shows what failed
     } catch (const _com_error&) {
     }
-    return word.transcript();
+    return word.calledMembers();
 }
 
 void printRow(standin::Session& word, IDocument& generator, const Step& step)
 {
-    const std::vector<std::string>& transcript = take(word, generator, step);
-    std::printf("| %s | %u | %d | %s%s |\n", step.shown, static_cast<unsigned>(transcript.size()),
-                step.implied, memberNames(transcript).c_str(), failureOf(transcript).c_str());
+    const std::vector<standin::CalledMember>& calls = take(word, generator, step);
+    std::printf("| %s | %u | %d | %s%s |\n", step.shown, static_cast<unsigned>(calls.size()), step.implied,
+                memberNames(calls).c_str(), failureOf(word).c_str());
 }
 
 void printChapter(const Chapter& chapter)

@@ -26,9 +26,9 @@ DocumentObject::~DocumentObject()
     server().documentObjectDied(*document_);
 }
 
-int DocumentObject::giveNumber()
+std::string DocumentObject::chooseName(const std::string&)
 {
-    return server().documentNumber(*document_);
+    return server().documentName(*document_);
 }
 
 model::Document& DocumentObject::open() const

@@ -15,7 +15,7 @@ public:
     model::DocumentPtr documentModel() const override { return document_; }
 
 protected:
-    int giveNumber() override;
+    std::string chooseName(const std::string& expression) override;
 
     std::u16string getName() override { return open().name(); }
     std::u16string getPath() override { return open().path(); }

@@ -9,6 +9,7 @@ struct Session::State
 {
     std::shared_ptr<Server> server;
     std::vector<std::string> lines;
+    std::vector<CalledMember> members;
 };
 
 Session::Session(const SessionOptions& options) : state_(std::make_unique<State>())
@@ -17,8 +18,9 @@ Session::Session(const SessionOptions& options) : state_(std::make_unique<State>
     state_->server->clock = options.clock;
     state_->server->documentsInRunningObjectTable = options.documentsInRunningObjectTable;
     state_->server->writesFiles = options.writesFiles;
-    state_->server->transcript = [lines = &state_->lines](const std::string& line) {
-        lines->push_back(line);
+    state_->server->transcript = [state = state_.get()](const std::string& line, const CalledMember& member) {
+        state->lines.push_back(line);
+        state->members.push_back(member);
     };
     state_->server->start();
 }
@@ -42,6 +44,12 @@ const std::vector<std::string>& Session::transcript() const
 void Session::clearTranscript()
 {
     state_->lines.clear();
+    state_->members.clear();
+}
+
+const std::vector<CalledMember>& Session::calledMembers() const
+{
+    return state_->members;
 }
 
 long Session::callCount() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Application.h"
+#include "CalledMember.h"
 
 #include <Word.h>
 #include <memory>
@@ -41,6 +42,8 @@ public:
 
     /// One line for each call received since the start or since the last clearTranscript, without line ends.
     const std::vector<std::string>& transcript() const;
+    /// The member that each of these lines is a call of.
+    const std::vector<CalledMember>& calledMembers() const;
     void clearTranscript();
 
     /// The number of calls received since the start.

@@ -73,6 +73,11 @@ model::LiveRange& RangeObject::of(IUnknown* object)
     return range->range_;
 }
 
+std::string RangeObject::chooseName(const std::string& expression)
+{
+    return expression.empty() ? RangeBase::chooseName(expression) : server().numberedName(expression);
+}
+
 model::DocumentPtr RangeObject::documentModel() const
 {
     return range_.story().document().shared_from_this();

@@ -16,6 +16,8 @@ public:
     model::DocumentPtr documentModel() const override;
 
 protected:
+    /// Each range has ends of its own, and so a name of its own.
+    std::string chooseName(const std::string& expression) override;
     std::u16string getText() override { return range_.text(); }
     void putText(std::u16string_view text) override { range_.setText(text); }
     long getStart() override { return range_.start(); }

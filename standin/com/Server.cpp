@@ -161,26 +161,37 @@ HRESULT Server::countCall()
     return faults.resultOf(callCount_).value_or(S_OK);
 }
 
-void Server::note(const std::string& line)
+void Server::note(const std::string& line, const CalledMember& member)
 {
     if (transcript)
-        transcript(line);
+        transcript(line, member);
 }
 
-int Server::nextNumber(std::string_view interfaceName)
+int Server::nextUse(const std::string& name)
 {
-    auto number = numbers_.find(interfaceName);
-    if (number == numbers_.end())
-        number = numbers_.emplace(interfaceName, 0).first;
-    return ++number->second;
+    return ++uses_[name];
 }
 
-int Server::documentNumber(const model::Document& document)
+std::string Server::ordinalName(std::string_view interfaceName)
+{
+    std::string kind(interfaceName);
+    kind.front() = static_cast<char>(kind.front() - 'A' + 'a');
+    const int use = nextUse(kind);
+    return use == 1 ? kind : kind + std::to_string(use);
+}
+
+std::string Server::documentName(const model::Document& document)
 {
     KnownDocument& known = documents_[&document];
-    if (known.number == 0)
-        known.number = nextNumber("Document");
-    return known.number;
+    if (known.name.empty())
+        known.name = ordinalName("Document");
+    return known.name;
+}
+
+std::string Server::numberedName(const std::string& expression)
+{
+    const int use = nextUse(expression);
+    return use == 1 ? expression : expression + '#' + std::to_string(use);
 }
 
 std::string Server::nameOf(IUnknown* object)

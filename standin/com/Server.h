@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Application.h"
+#include "CalledMember.h"
 #include "Faults.h"
 #include "TranscriptValue.h"
 
@@ -25,7 +26,7 @@ class StandinObject;
 class Server final : public std::enable_shared_from_this<Server>, private ObjectNames
 {
 public:
-    using TranscriptSink = std::function<void(const std::string& line)>;
+    using TranscriptSink = std::function<void(const std::string& line, const CalledMember& member)>;
     using InsertedFileSink = std::function<void(const std::wstring& file, const std::string& bytes)>;
 
     static std::shared_ptr<Server> make(const model::Switches& switches);
@@ -78,18 +79,21 @@ public:
     /// A call came in: counts it unless it is rejected, and answers with which HRESULT it is to fail, or
     /// S_OK.
     HRESULT countCall();
-    void note(const std::string& line);
+    void note(const std::string& line, const CalledMember& member = {});
     ObjectNames& names() { return *this; }
-    /// A number for an object of the given interface: counted per interface, a document keeps its own.
-    int nextNumber(std::string_view interfaceName);
-    int documentNumber(const model::Document& document);
+    /// "table", "table2", ...: what objects of an interface are called that no expression names.
+    std::string ordinalName(std::string_view interfaceName);
+    /// A document keeps its name: "document", "document2".
+    std::string documentName(const model::Document& document);
+    /// The expression, from its second use on with a number: "body.Duplicate", "body.Duplicate#2".
+    std::string numberedName(const std::string& expression);
     ///@}
 
 private:
     struct KnownDocument
     {
         DocumentObject* object = nullptr; ///< not counted: the object reports its end
-        int number = 0;
+        std::string name;
         DWORD registration = 0;
     };
 
@@ -103,7 +107,9 @@ private:
     Word::_ApplicationPtr application_;
     ITypeLibPtr library_;
     std::map<const model::Document*, KnownDocument> documents_;
-    std::map<std::string, int, std::less<>> numbers_;
+    int nextUse(const std::string& name);
+
+    std::map<std::string, int> uses_; ///< of names in the transcript
     long liveObjects_ = 0;
     long callCount_ = 0;
     int life_ = 0;

@@ -1,6 +1,7 @@
 #include "StandinObject.h"
 
 #include "Failure.h"
+#include "ObjectExpression.h"
 
 #include <new>
 
@@ -28,16 +29,16 @@ StandinObject* StandinObject::of(IUnknown* object)
     return result;
 }
 
-std::string StandinObject::name()
+const std::string& StandinObject::name()
 {
-    if (number_ == 0)
-        number_ = giveNumber();
-    return std::string(interfaceName_) + '@' + std::to_string(number_);
+    if (name_.empty())
+        name_ = chooseName({});
+    return name_;
 }
 
-int StandinObject::giveNumber()
+std::string StandinObject::chooseName(const std::string& expression)
 {
-    return server_->nextNumber(interfaceName_);
+    return expression.empty() ? server_->ordinalName(interfaceName_) : expression;
 }
 
 void StandinObject::notImplemented() const
@@ -51,7 +52,7 @@ try {
     if (server_->hasEnded() || life_ != server_->life())
         return RPC_E_DISCONNECTED;
     if (server_->transcript)
-        name(); // objects are numbered as they appear: the receiver in front of its result
+        name(); // of what is found by no call, the receiver gets its number in front of the arguments
     TranscriptValue result;
     HRESULT outcome = server_->countCall();
     if (FAILED(outcome))
@@ -73,27 +74,34 @@ try {
     return translateCurrentException(interfaceId_);
 }
 
+std::vector<std::string> StandinObject::shown(std::span<const TranscriptValue> values) const
+{
+    std::vector<std::string> all;
+    for (const TranscriptValue& value : values)
+        value.appendTo(all.emplace_back(), server_->names());
+    return all;
+}
+
 void StandinObject::writeLine(const ReceivedCall& call, HRESULT outcome, const TranscriptValue& result)
 {
-    std::string line = name();
-    line += '.';
-    line += call.member;
-    std::span<const TranscriptValue> listed = call.arguments;
-    if (call.kind == CallKind::propertyPut)
-        listed = listed.first(listed.size() - 1);
-    if (call.kind == CallKind::method || !listed.empty()) {
+    std::vector<std::string> arguments = shown(call.arguments);
+    std::string put;
+    if (call.kind == CallKind::propertyPut) {
+        put = " = " + arguments.back();
+        arguments.pop_back();
+    }
+    std::string line = name() + '.' + std::string(call.member);
+    if (call.kind == CallKind::method || !arguments.empty()) {
         line += '(';
-        for (const TranscriptValue& argument : listed) {
-            if (&argument != listed.data())
-                line += ", ";
-            argument.appendTo(line, server_->names());
-        }
+        for (const std::string& argument : arguments)
+            line += (&argument == arguments.data() ? "" : ", ") + argument;
         line += ')';
     }
-    if (call.kind == CallKind::propertyPut) {
-        line += " = ";
-        call.arguments.back().appendTo(line, server_->names());
-    }
+    line += put;
+    StandinObject* const given = of(result.object());
+    if (given && given->name_.empty())
+        given->name_ = given->chooseName(
+            objectExpression(name(), call.member, call.kind == CallKind::method, arguments));
     if (FAILED(outcome)) {
         char code[16];
         wsprintfA(code, " !! 0x%08x", static_cast<unsigned>(outcome));
@@ -102,7 +110,9 @@ void StandinObject::writeLine(const ReceivedCall& call, HRESULT outcome, const T
         line += " -> ";
         result.appendTo(line, server_->names());
     }
-    server_->note(line);
+    server_->note(line,
+                  {std::string(interfaceName_) + '.' + std::string(call.member) + (put.empty() ? "" : " ="),
+                   given != nullptr});
 }
 
 HRESULT StandinObject::typeInfo(UINT index, ITypeInfo** result) noexcept

@@ -8,7 +8,9 @@
 #include <atomic>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace standin {
 enum class CallKind
@@ -36,8 +38,8 @@ public:
     /// The stand-in's object behind a COM pointer; null for null and for objects of anyone else.
     static StandinObject* of(IUnknown* object);
 
-    /// The name in the transcript; the number is given at the first question.
-    std::string name();
+    /// The name in the transcript. It is chosen when a call first gives the object, or at the first question.
+    const std::string& name();
 
     /// The document that the object is, for Session::model.
     virtual model::DocumentPtr documentModel() const { return nullptr; }
@@ -63,7 +65,9 @@ protected:
     /// What a member answers that this stand-in does not have.
     [[noreturn]] void notImplemented() const;
 
-    virtual int giveNumber();
+    /// The name by what a program says to reach the object (`body.Font`), which may be empty: nothing has led
+    /// to it, or it is new. Two objects have one name where they stand for no more than the expression says.
+    virtual std::string chooseName(const std::string& expression);
 
     HRESULT typeInfo(UINT index, ITypeInfo** result) noexcept;
     HRESULT namesToIds(LPOLESTR* names, UINT count, DISPID* ids) noexcept;
@@ -78,12 +82,13 @@ private:
     HRESULT receiveErased(const ReceivedCall& call, ErasedBody body, void* context) noexcept;
     HRESULT run(ErasedBody body, void* context, TranscriptValue& result) noexcept;
     void writeLine(const ReceivedCall& call, HRESULT outcome, const TranscriptValue& result);
+    std::vector<std::string> shown(std::span<const TranscriptValue> values) const;
 
     std::shared_ptr<Server> server_;
     std::string_view interfaceName_;
     const IID& interfaceId_;
     int life_;
-    int number_ = 0;
+    std::string name_;
 };
 
 /// How one of the stand-in's objects is told from others; never leaves the process.

@@ -27,7 +27,7 @@ Server::TranscriptSink transcriptFileFromEnvironment()
     if (file == INVALID_HANDLE_VALUE)
         throw std::runtime_error("cannot write the transcript");
     const std::shared_ptr<void> shared(file, HandleCloser());
-    return [shared](const std::string& line) {
+    return [shared](const std::string& line, const CalledMember&) {
         const std::string text = line + "\n";
         DWORD written = 0;
         WriteFile(shared.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);

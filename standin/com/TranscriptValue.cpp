@@ -123,6 +123,15 @@ void appendQuoted(std::string& line, const wchar_t* text, std::size_t length)
     line += '"';
 }
 
+IUnknown* TranscriptValue::object() const
+{
+    if (const auto* const object = std::get_if<IUnknown*>(&value_))
+        return *object;
+    const auto* const variant = std::get_if<const VARIANT*>(&value_);
+    return variant && ((*variant)->vt == VT_DISPATCH || (*variant)->vt == VT_UNKNOWN) ? (*variant)->punkVal
+                                                                                      : nullptr;
+}
+
 void TranscriptValue::appendTo(std::string& line, ObjectNames& names) const
 {
     struct Appender

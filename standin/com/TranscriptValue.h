@@ -25,6 +25,8 @@ public:
 
     /// Nothing was answered, as by a method without a result.
     bool isNothing() const { return std::holds_alternative<std::monostate>(value_); }
+    /// The object that it is; null for other values.
+    IUnknown* object() const;
     void appendTo(std::string& line, ObjectNames& names) const;
 
 private:

@@ -25,13 +25,13 @@ TEST_F(AnchorTextTest, WritesPrefixLabelAndTail)
 {
     trace(10);
     insert("abc<a href=\"t1\">Label</a>def");
-    EXPECT_EQ(takeTranscript(), (Lines{
-                                    "Range@1.InsertAfter(\"abc\")",
-                                    "Range@1.End -> 3",
-                                    "Range@1.InsertAfter(\"Label\")",
-                                    "Range@1.End -> 8",
-                                    "Range@1.InsertAfter(\"def\")",
-                                }));
+    EXPECT_LINES(takeTranscript(), (Lines{
+                                       "body.InsertAfter(\"abc\")",
+                                       "body.End -> 3",
+                                       "body.InsertAfter(\"Label\")",
+                                       "body.End -> 8",
+                                       "body.InsertAfter(\"def\")",
+                                   }));
     EXPECT_EQ(log(), logLines({
                          "mirovel->insertText(\"abc<a href=\"t1\">Label</a>def\");",
                          "mirovel->insertText(\"abc\");",
@@ -79,10 +79,10 @@ TEST_F(AnchorTextTest, WritesThePrefixOfAMalformedAnchorTwice)
 {
     trace(10);
     insert("x<a href=\"t\" no end");
-    EXPECT_EQ(takeTranscript(), (Lines{
-                                    "Range@1.InsertAfter(\"x\")",
-                                    "Range@1.InsertAfter(\"x<a href=\\\"t\\\" no end\")",
-                                }));
+    EXPECT_LINES(takeTranscript(), (Lines{
+                                       "body.InsertAfter(\"x\")",
+                                       "body.InsertAfter(\"x<a href=\\\"t\\\" no end\")",
+                                   }));
     EXPECT_EQ(log(),
               logLines({"mirovel->insertText(\"x<a href=\"t\" no end\");", "mirovel->insertText(\"x\");"}));
 }
@@ -96,7 +96,7 @@ TEST_F(AnchorTextTest, WritesThePrefixOfAMalformedTailTwice)
 TEST_F(AnchorTextTest, PassesTheWholeTextOnWhenItHoldsNoAnchor)
 {
     insert("<A HREF=\"t\">x</A><a  href=\"t\">");
-    EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"<A HREF=\\\"t\\\">x</A><a  href=\\\"t\\\">\")"});
+    EXPECT_LINES(takeTranscript(), Lines{"body.InsertAfter(\"<A HREF=\\\"t\\\">x</A><a  href=\\\"t\\\">\")"});
 }
 
 TEST_F(AnchorTextTest, KeepsCharactersOutsideTheCodePageOnlyWithoutAnchor)
@@ -104,26 +104,26 @@ TEST_F(AnchorTextTest, KeepsCharactersOutsideTheCodePageOnlyWithoutAnchor)
     EXPECT_THAT(client->insertText(L"\u4e2d"_b), isHresult(S_OK));
     EXPECT_THAT(client->insertText(L"\u4e2d<a href=\"t\">\u4e2d</a>\u4e2d"_b), isHresult(S_OK));
     EXPECT_THAT(client->insertText(L"\u4e2d<a href="_b), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), (Lines{
-                                    "Range@1.InsertAfter(\"\\u4e2d\")",
-                                    "Range@1.InsertAfter(\"?\")",
-                                    "Range@1.End -> 2",
-                                    "Range@1.InsertAfter(\"?\")",
-                                    "Range@1.End -> 3",
-                                    "Range@1.InsertAfter(\"?\")",
-                                    "Range@1.InsertAfter(\"?\")",
-                                    "Range@1.InsertAfter(\"\\u4e2d<a href=\")",
-                                }));
+    EXPECT_LINES(takeTranscript(), (Lines{
+                                       "body.InsertAfter(\"\\u4e2d\")",
+                                       "body.InsertAfter(\"?\")",
+                                       "body.End -> 2",
+                                       "body.InsertAfter(\"?\")",
+                                       "body.End -> 3",
+                                       "body.InsertAfter(\"?\")",
+                                       "body.InsertAfter(\"?\")",
+                                       "body.InsertAfter(\"\\u4e2d<a href=\")",
+                                   }));
 }
 
 TEST_F(AnchorTextTest, WritesALabelWithoutTargetAsPlainText)
 {
     insert("<a href=\"\">A</a>");
-    EXPECT_EQ(takeTranscript(), (Lines{
-                                    "Range@1.InsertAfter(\"\")",
-                                    "Range@1.InsertAfter(\"A\")",
-                                    "Range@1.InsertAfter(\"\")",
-                                }));
+    EXPECT_LINES(takeTranscript(), (Lines{
+                                       "body.InsertAfter(\"\")",
+                                       "body.InsertAfter(\"A\")",
+                                       "body.InsertAfter(\"\")",
+                                   }));
 }
 
 TEST_F(AnchorTextTest, LeavesOutAnAnchorWithoutLabel)
@@ -143,7 +143,7 @@ TEST_F(AnchorTextTest, SwallowsAnErrorInThePrefixAndWhatFollows)
     RecordedExceptionLog exceptions;
     word.failCall(1, refused);
     insert("a<a href=\"t\">L</a>b");
-    EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"a\") !! 0x800a1234"});
+    EXPECT_LINES(takeTranscript(), Lines{"body.InsertAfter(\"a\") !! 0x800a1234"});
     ASSERT_EQ(exceptions.lines.size(), 1U);
     EXPECT_THAT(exceptions.lines[0],
                 testing::StartsWith("Exception throw: insertText\nCOMERROR 0x800a1234\n"));
@@ -154,7 +154,7 @@ TEST_F(AnchorTextTest, ReportsAnErrorInTheFirstAnchorsLabel)
     word.failCall(2, refused); // End, which the link asks for
     EXPECT_THAT(outcome([&] { return client->insertText(L"a<a href=\"t\">L</a>b"_b); }),
                 testing::StartsWith("QdxException: insertText\nCOMERROR 0x800a1234\n"));
-    EXPECT_EQ(takeTranscript(), (Lines{"Range@1.InsertAfter(\"a\")", "Range@1.End !! 0x800a1234"}));
+    EXPECT_LINES(takeTranscript(), (Lines{"body.InsertAfter(\"a\")", "body.End !! 0x800a1234"}));
 }
 
 TEST_F(AnchorTextTest, SwallowsAnErrorInTheTail)
@@ -162,7 +162,7 @@ TEST_F(AnchorTextTest, SwallowsAnErrorInTheTail)
     RecordedExceptionLog exceptions;
     word.failCall(5, refused);
     insert("a<a href=\"t\">L</a>b");
-    EXPECT_EQ(takeTranscript().back(), "Range@1.InsertAfter(\"b\") !! 0x800a1234");
+    EXPECT_EQ(takeTranscript().back(), "body.InsertAfter(\"b\") !! 0x800a1234");
     EXPECT_EQ(exceptions.lines.size(), 1U);
 }
 
@@ -171,7 +171,7 @@ TEST_F(AnchorTextTest, SwallowsAnErrorInALaterAnchorsLabel)
     RecordedExceptionLog exceptions;
     word.failCall(6, refused);
     insert("a<a href=\"t\">L</a>b<a href=\"u\">M</a>c");
-    EXPECT_EQ(takeTranscript().back(), "Range@1.End !! 0x800a1234");
+    EXPECT_EQ(takeTranscript().back(), "body.End !! 0x800a1234");
     EXPECT_EQ(exceptions.lines.size(), 1U);
     EXPECT_EQ(documentText(), "aLb");
 }

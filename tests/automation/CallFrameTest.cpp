@@ -17,7 +17,7 @@ protected:
     {
         RecordedExceptionLog exceptions;
         EXPECT_EQ(outcome(call), "QdxException: " + reportOf(activity));
-        EXPECT_EQ(exceptions.lines, Lines{"Exception throw: " + reportOf(activity)});
+        EXPECT_LINES(exceptions.lines, Lines{"Exception throw: " + reportOf(activity)});
         word.clearFaults();
     }
 
@@ -51,7 +51,7 @@ TEST_F(CallFrameTest, ReportsAFailureToForgetTheUndoListAsOneOfThePageBreak)
     openDocument();
     client->insertPageBreak();
     const Lines calls = takeTranscript();
-    ASSERT_EQ(calls.back(), "Document@1.UndoClear()");
+    ASSERT_EQ(calls.back(), "document.UndoClear()");
     word.failCall(static_cast<long>(calls.size()), refused);
     expectReport("insertPageBreak", [&] { return client->insertPageBreak(); });
 }
@@ -74,7 +74,8 @@ TEST_F(CallFrameTest, NamesTheActivitiesOfCreate)
     start();
     word.failCall(6, refused); // after the options
     expectReport("Adding document", [&] { return client->create(bstr(documentName())); });
-    EXPECT_EQ(word.transcript().back(), "Documents@1.Add(missing, missing, missing, missing) !! 0x800a1234");
+    EXPECT_EQ(word.transcript().back(),
+              "application.Documents.Add(missing, missing, missing, missing) !! 0x800a1234");
 
     word.failCall(7, refused);
     expectReport("Saving document", [&] { return client->create(bstr(documentName())); });
@@ -124,7 +125,7 @@ TEST_F(CallFrameTest, LetsFailuresOfUnframedMethodsThrough)
     }
     word.failCall(1, refused);
     EXPECT_EQ(outcome([&] { return m.insertTOC(); }), "QdxException: ERR Unknown style: Normal");
-    EXPECT_EQ(exceptions.lines, Lines());
+    EXPECT_LINES(exceptions.lines, Lines());
 }
 
 TEST_F(CallFrameTest, LetsAFailureToQuitThrough)
@@ -132,7 +133,7 @@ TEST_F(CallFrameTest, LetsAFailureToQuitThrough)
     start();
     word.failCall(2, refused); // Count, then Quit
     EXPECT_EQ(outcome([&] { return client->stop(); }), "_com_error 0x800a1234");
-    EXPECT_EQ(word.transcript().back(), "Application@1.Quit(missing, missing, missing) !! 0x800a1234");
+    EXPECT_EQ(word.transcript().back(), "application.Quit(missing, missing, missing) !! 0x800a1234");
     EXPECT_EQ(outcome([&] { return client->stop(); }), "0x00000000");
     EXPECT_TRUE(word.hasQuit());
 }
@@ -154,7 +155,7 @@ TEST_F(CallFrameTest, LogsNothingWhileTheCategoryIsOff)
     exceptions.off = "Throw";
     word.failCall(1, refused);
     EXPECT_THROW(client->insertEndl(), QdxException);
-    EXPECT_EQ(exceptions.lines, Lines());
+    EXPECT_LINES(exceptions.lines, Lines());
 }
 
 /// The frames themselves, around work of the test's own.
@@ -188,13 +189,13 @@ TEST_F(FrameTest, ReportsComErrorsAndSwallowsEverythingElse)
 {
     EXPECT_EQ(framed([] { _com_issue_error(E_POINTER); }),
               "QdxException: activity\nCOMERROR 0x80004003\n" + systemMessage(E_POINTER));
-    EXPECT_EQ(exceptions.lines,
-              Lines{"Exception throw: activity\nCOMERROR 0x80004003\n" + systemMessage(E_POINTER)});
+    EXPECT_LINES(exceptions.lines,
+                 Lines{"Exception throw: activity\nCOMERROR 0x80004003\n" + systemMessage(E_POINTER)});
     exceptions.lines.clear();
     EXPECT_EQ(framed([] { throw QdxException("text"); }), "0x00000000");
     EXPECT_EQ(framed([] { throw std::bad_alloc(); }), "0x00000000");
     EXPECT_EQ(framed([] { throw 1; }), "0x00000000");
-    EXPECT_EQ(exceptions.lines, Lines());
+    EXPECT_LINES(exceptions.lines, Lines());
 }
 
 TEST_F(FrameTest, SwallowsHardwareFaults)
@@ -212,11 +213,11 @@ TEST_F(FrameTest, SwallowsHardwareFaults)
 TEST_F(FrameTest, LetsOnlyQdxExceptionsGoUnseenInDiagrams)
 {
     EXPECT_EQ(diagram([] { throw QdxException("text"); }), "0x00000000");
-    EXPECT_EQ(exceptions.lines, Lines{"Exception catch: text"});
+    EXPECT_LINES(exceptions.lines, Lines{"Exception catch: text"});
     exceptions.lines.clear();
     exceptions.off = "Catch";
     EXPECT_EQ(diagram([] { throw QdxException("text"); }), "0x00000000");
-    EXPECT_EQ(exceptions.lines, Lines());
+    EXPECT_LINES(exceptions.lines, Lines());
     EXPECT_EQ(diagram([] { throw 1; }), "exception");
     EXPECT_EQ(diagram([] { *nowhere = 1; }), "exception");
     EXPECT_EQ(diagram([] { _com_issue_error(E_POINTER); }),

@@ -196,7 +196,7 @@ TEST_P(ComposedSessionTest, ReadsTheSettingAtCreate)
 {
     setting("Word", "Compose", "0", integer);
     client->insertTag(L"tag"_b);
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
     client->close();
 
     openDocument();

@@ -25,10 +25,10 @@ TEST_F(DestructionTest, ClosesTheDocumentAndStopsWordThatNobodySees)
     word.clearTranscript();
     release();
     const Lines calls = takeTranscript();
-    EXPECT_EQ(calls.front(), "Application@1.Visible -> false");
-    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1"));
-    EXPECT_THAT(calls, testing::Contains("Document@1.Close(missing, missing, missing)"));
-    EXPECT_EQ(calls.back(), "Application@1.Quit(missing, missing, missing)");
+    EXPECT_EQ(calls.front(), "application.Visible -> false");
+    EXPECT_THAT(calls, testing::Contains("body.Style = -1"));
+    EXPECT_THAT(calls, testing::Contains("document.Close(missing, missing, missing)"));
+    EXPECT_EQ(calls.back(), "application.Quit(missing, missing, missing)");
     EXPECT_EQ(log(), logLines({"mirovel->close();", "mirovel->stop();"}));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("abc"));
     EXPECT_TRUE(word.hasQuit());
@@ -42,8 +42,8 @@ TEST_F(DestructionTest, LeavesWordThatTheUserSeesWithItsDocument)
     word.clearTranscript();
     release();
     const Lines calls = takeTranscript();
-    EXPECT_EQ(calls.front(), "Application@1.Visible -> true");
-    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1")); // the writer completes its work all the same
+    EXPECT_EQ(calls.front(), "application.Visible -> true");
+    EXPECT_THAT(calls, testing::Contains("body.Style = -1")); // the writer completes its work all the same
     EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".Close("))));
     EXPECT_FALSE(word.hasQuit());
     EXPECT_EQ(word.model().documentCount(), 1);
@@ -58,8 +58,8 @@ TEST_F(DestructionTest, LeavesWordThatDoesNotSayWhetherTheUserSeesIt)
     word.failCall(1, refused);
     release();
     const Lines calls = takeTranscript();
-    EXPECT_EQ(calls.front(), "Application@1.Visible !! 0x800a1234");
-    EXPECT_THAT(calls, testing::Contains("Range@1.Style = -1"));
+    EXPECT_EQ(calls.front(), "application.Visible !! 0x800a1234");
+    EXPECT_THAT(calls, testing::Contains("body.Style = -1"));
     EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".Close("))));
     EXPECT_THAT(calls, testing::Not(testing::Contains(testing::HasSubstr(".SaveAs("))));
     EXPECT_FALSE(word.hasQuit());
@@ -81,7 +81,7 @@ TEST_F(DestructionTest, AsksNothingOfWordThatHasBeenStopped)
     client->stop();
     word.clearTranscript();
     release();
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
 }
 
 TEST_F(DestructionTest, TracesErrorsAtLevelOne)
@@ -99,7 +99,7 @@ TEST_F(DestructionTest, TracesErrorsAtLevelOne)
                          "COMERROR 0x800a1234",
                          "Unknown error 0x800A1234",
                      }));
-    EXPECT_EQ(exceptions.lines, Lines());
+    EXPECT_LINES(exceptions.lines, Lines());
 }
 
 TEST_F(DestructionTest, KeepsErrorsToItselfAtLevelZero)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Hresult.h"
+#include "Lines.h"
 #include "Mirovel.h"
 #include "ScratchFolder.h"
 #include "ShellOpen.h"
@@ -18,8 +19,6 @@
 #include <vector>
 
 _COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
-
-using Lines = std::vector<std::string>;
 
 /// A BSTR argument.
 inline _bstr_t operator""_b(const wchar_t* text, std::size_t length)

@@ -1,5 +1,6 @@
 // Content in headers and footers, and back in the body.
 #include "FrontEndTest.h"
+#include "WriterCalls.h"
 
 #include "WordConstants.h"
 #include "mirovelsection.h"
@@ -13,46 +14,6 @@ namespace {
 namespace model = standin::model;
 
 constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
-Lines join(Lines first, const Lines& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
-/// A style's font is read: Times New Roman, 12 points.
-Lines fontRead(const std::string& styles, const std::string& number, const std::string& style,
-               const std::string& font)
-{
-    return {styles + ".Item(" + number + ") -> " + style,
-            style + ".Font -> " + font,
-            font + ".Name -> \"Times New Roman\"",
-            font + ".Size -> 12f",
-            font + ".Bold -> 0",
-            font + ".Italic -> 0",
-            font + ".Underline -> 0",
-            font + ".StrikeThrough -> 0"};
-}
-
-/// A style run over [start, end) of `range` and the one font run that it has.
-Lines runApplied(const std::string& range, int start, int end, const std::string& style,
-                 const std::string& font)
-{
-    const std::string from = range + ".Start = " + std::to_string(start);
-    const std::string to = range + ".End = " + std::to_string(end);
-    return {from,
-            to,
-            range + ".Style = " + style,
-            from,
-            to,
-            range + ".Font -> " + font,
-            font + ".Name = \"Times New Roman\"",
-            font + ".Size = 12f",
-            font + ".Bold = 0",
-            font + ".Italic = 0",
-            font + ".Underline = 0",
-            font + ".StrikeThrough = 0"};
-}
 
 class HeaderFooterTest : public FrontEndTest
 {
@@ -74,16 +35,18 @@ protected:
     /// style.
     static Lines partTaken(const std::string& parts, const std::string& style)
     {
-        return join(join(join({"Document@1.Sections -> Sections@1", "Sections@1.Item(1) -> Section@1",
-                               "Section@1." + parts + " -> HeadersFooters@1",
-                               "HeadersFooters@1.Item(1) -> HeaderFooter@1",
-                               "HeaderFooter@1.LinkToPrevious = false", "HeaderFooter@1.Range -> Range@2",
-                               "Range@2.Delete(missing, missing) -> 1", "Document@1.Styles -> Styles@2"},
-                              fontRead("Styles@2", "-1", "Style@2", "Font@2")),
-                         {"Document@1.PageSetup -> PageSetup@2", "PageSetup@2.PageWidth -> 612f",
-                          "PageSetup@2.RightMargin -> 90f", "PageSetup@2.LeftMargin -> 90f"}),
-                    join(fontRead("Styles@2", style, "Style@3", "Font@3"),
-                         runApplied("Range@2", 0, 0, "-1", "Font@4")));
+        const std::string all = "document.Sections(1)." + parts;
+        const std::string part = all + "(1)";
+        const std::string range = part + ".Range";
+        return join(Lines{"document.Sections -> document.Sections",
+                          "document.Sections.Item(1) -> document.Sections(1)", all + " -> " + all,
+                          all + ".Item(1) -> " + part, part + ".LinkToPrevious = false",
+                          range + " -> " + range, range + ".Delete(missing, missing) -> 1",
+                          "document.Styles -> document.Styles"},
+                    styleFontRead("-1", normalFont),
+                    Lines{"document.PageSetup -> document.PageSetup", "document.PageSetup.PageWidth -> 612f",
+                          "document.PageSetup.RightMargin -> 90f", "document.PageSetup.LeftMargin -> 90f"},
+                    styleFontRead(style, normalFont), styleRunApplied(0, 0, "-1", normalFont, range));
     }
     std::string headerText(int section = 1) { return partText(section, true); }
     std::string footerText(int section = 1) { return partText(section, false); }
@@ -93,14 +56,15 @@ TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedHeader)
 {
     trace(10);
     EXPECT_THAT(client->startHeader(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), partTaken("Headers", "-32"));
+    EXPECT_LINES(takeTranscript(), partTaken("Headers", "-32"));
     EXPECT_THAT(client->insertText(L"head"_b), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), Lines{"Range@2.InsertAfter(\"head\")"});
+    EXPECT_LINES(takeTranscript(), Lines{"document.Sections(1).Headers(1).Range.InsertAfter(\"head\")"});
     EXPECT_THAT(client->endHeader(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(),
-              join(runApplied("Range@2", 0, 4, "-32", "Font@5"), {"Document@1.UndoClear()"}));
+    EXPECT_LINES(takeTranscript(),
+                 join(styleRunApplied(0, 4, "-32", normalFont, "document.Sections(1).Headers(1).Range"),
+                      Lines{"document.UndoClear()"}));
     EXPECT_THAT(client->insertText(L"body"_b), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"body\")"});
+    EXPECT_LINES(takeTranscript(), Lines{"body.InsertAfter(\"body\")"});
     EXPECT_EQ(log(), logLines({"mirovel->startHeader();", "mirovel->insertText(\"head\");",
                                "mirovel->endHeader();", "mirovel->insertText(\"body\");"}));
     EXPECT_EQ(headerText(), "head");
@@ -111,12 +75,13 @@ TEST_F(HeaderFooterTest, TakesTheLastSectionsOwnEmptiedFooter)
 {
     trace(10);
     EXPECT_THAT(client->startFooter(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), partTaken("Footers", "-33"));
+    EXPECT_LINES(takeTranscript(), partTaken("Footers", "-33"));
     EXPECT_THAT(client->insertText(L"foot"_b), isHresult(S_OK));
     EXPECT_THAT(client->endFooter(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(),
-              join(join({"Range@2.InsertAfter(\"foot\")"}, runApplied("Range@2", 0, 4, "-33", "Font@5")),
-                   {"Document@1.UndoClear()"}));
+    EXPECT_LINES(takeTranscript(),
+                 join(Lines{"document.Sections(1).Footers(1).Range.InsertAfter(\"foot\")"},
+                      styleRunApplied(0, 4, "-33", normalFont, "document.Sections(1).Footers(1).Range"),
+                      Lines{"document.UndoClear()"}));
     EXPECT_EQ(log(), logLines({"mirovel->startFooter();", "mirovel->insertText(\"foot\");",
                                "mirovel->endFooter();"}));
     EXPECT_EQ(footerText(), "foot");
@@ -143,8 +108,9 @@ TEST_F(HeaderFooterTest, ReplacesAHeaderThatIsStillEmpty)
     EXPECT_THAT(client->startHeader(), isHresult(S_OK));
     const Lines calls = takeTranscript();
     ASSERT_GT(calls.size(), 7U);
-    EXPECT_EQ(calls[6], "Range@3.Delete(missing, missing) -> 1") << "the header is emptied first";
-    EXPECT_EQ(calls[7], "Range@2.Start = 0") << "then the earlier writer ends";
+    EXPECT_EQ(calls[6], "document.Sections(1).Headers(1).Range#2.Delete(missing, missing) -> 1")
+        << "the header is emptied first";
+    EXPECT_EQ(calls[7], "document.Sections(1).Headers(1).Range.Start = 0") << "then the earlier writer ends";
     client->insertText(L"second"_b);
     client->endHeader();
     EXPECT_THAT(client->insertText(L"body"_b), isHresult(S_OK));
@@ -176,9 +142,10 @@ TEST_F(HeaderFooterTest, FailsToBeginAgainInAHeaderWithText)
               "QdxException: startHeader\nCOMERROR 0x800a1200\nUnknown error 0x800A1200");
     const Lines calls = takeTranscript();
     ASSERT_EQ(calls.size(), 9U);
-    EXPECT_EQ(Lines(calls.begin() + 6, calls.end()),
-              (Lines{"Range@3.Delete(missing, missing) -> 1", "Range@2.Start = 0",
-                     "Range@2.End = 5 !! 0x800a1200"}));
+    EXPECT_LINES(Lines(calls.begin() + 6, calls.end()),
+                 (Lines{"document.Sections(1).Headers(1).Range#2.Delete(missing, missing) -> 1",
+                        "document.Sections(1).Headers(1).Range.Start = 0",
+                        "document.Sections(1).Headers(1).Range.End = 5 !! 0x800a1200"}));
     EXPECT_EQ(headerText(), "");
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body") << "content goes to the body again";
@@ -195,14 +162,15 @@ TEST_F(HeaderFooterTest, EndHeaderLeavesAFooterThatIsBeingBuiltUnfinished)
     client->insertText(L"foot"_b);
     word.clearTranscript();
     EXPECT_THAT(client->endHeader(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body");
     EXPECT_EQ(footerText(), "foot");
     word.clearTranscript();
     EXPECT_THAT(client->endFooter(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(),
-              join(runApplied("Range@2", 0, 4, "-33", "Font@5"), {"Document@1.UndoClear()"}));
+    EXPECT_LINES(takeTranscript(),
+                 join(styleRunApplied(0, 4, "-33", normalFont, "document.Sections(1).Footers(1).Range"),
+                      Lines{"document.UndoClear()"}));
 }
 
 TEST_F(HeaderFooterTest, EndWithoutStartTouchesNothing)
@@ -210,7 +178,7 @@ TEST_F(HeaderFooterTest, EndWithoutStartTouchesNothing)
     EXPECT_THAT(client->endHeader(), isHresult(S_OK));
     EXPECT_THAT(client->endFooter(), isHresult(S_OK));
     EXPECT_THAT(client->endFooter(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
     client->insertText(L"body"_b);
     EXPECT_EQ(documentText(), "body");
 }
@@ -312,7 +280,7 @@ TEST_F(HeaderFooterTest, AFailureToStartLeavesContentInTheBody)
             word.clearFaults();
             word.clearTranscript();
             EXPECT_THAT(client->insertText(L"x"_b), isHresult(S_OK));
-            EXPECT_EQ(takeTranscript(), Lines{"Range@1.InsertAfter(\"x\")"});
+            EXPECT_LINES(takeTranscript(), Lines{"body.InsertAfter(\"x\")"});
             EXPECT_THAT(header ? client->endHeader() : client->endFooter(), isHresult(S_OK));
         }
     }
@@ -370,10 +338,12 @@ TEST_F(HeaderFooterTest, CloseCompletesWhatIsStillBeingBuilt)
     word.clearTranscript();
     EXPECT_THAT(client->close(), isHresult(S_OK));
     const Lines calls = takeTranscript();
-    const Lines header = join(runApplied("Range@2", 0, 4, "-32", "Font@9"), {"Document@1.UndoClear()"});
+    const Lines header =
+        join(styleRunApplied(0, 4, "-32", normalFont, "document.Sections(1).Headers(1).Range"),
+             Lines{"document.UndoClear()"});
     ASSERT_GT(calls.size(), header.size());
-    EXPECT_EQ(calls[2], "Range@2.Style = -32");
-    EXPECT_EQ(calls[header.size() + 2], "Range@3.Style = -33");
+    EXPECT_EQ(calls[2], "document.Sections(1).Headers(1).Range.Style = -32");
+    EXPECT_EQ(calls[header.size() + 2], "document.Sections(1).Footers(1).Range.Style = -33");
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("head"));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("foot"));
 }

@@ -171,7 +171,7 @@ TEST_F(OtherApartmentTest, AFailureInAPieceOfATextStopsTheRest)
     apartment.word->clearTranscript();
     apartment.word->failCall(1, refused);
     EXPECT_EQ(outcome([&] { return client->insertText(L"a<a href=\"t\">L</a>b"_b); }), "0x00000000");
-    EXPECT_EQ(apartment.word->transcript(), Lines{"Range@1.InsertAfter(\"a\") !! 0x800a1234"});
+    EXPECT_LINES(apartment.word->transcript(), Lines{"body.InsertAfter(\"a\") !! 0x800a1234"});
     EXPECT_EQ(errorObject(), "(none)");
 }
 

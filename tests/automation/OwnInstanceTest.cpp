@@ -33,7 +33,7 @@ protected:
 
     standin::Session others;
     std::optional<standin::RunningApplication> running{std::in_place, others};
-    const std::string quit = "Application@1.Quit(missing, missing, missing)";
+    const std::string quit = "application.Quit(missing, missing, missing)";
     const std::string closeAndSave = ".Close(-1, missing, missing)";
 };
 
@@ -41,7 +41,7 @@ TEST_F(OwnInstanceTest, IsStartedThoughAnotherWordRuns)
 {
     start();
     EXPECT_EQ(installed->created(), 1);
-    EXPECT_EQ(takeTranscript(), Lines{"Application@1.Documents -> Documents@1"});
+    EXPECT_LINES(takeTranscript(), Lines{"application.Documents -> application.Documents"});
     EXPECT_TRUE(others.transcript().empty());
 }
 
@@ -79,7 +79,7 @@ TEST_F(OwnInstanceTest, EndsAloneWithStop)
         client->insertText(L"abc"_b);
         EXPECT_THAT(client->close(), isHresult(S_OK));
         others.clearTranscript();
-        EXPECT_EQ(stop(), (Lines{"Documents@1.Count -> 0", quit}));
+        EXPECT_LINES(stop(), (Lines{"application.Documents.Count -> 0", quit}));
         EXPECT_TRUE(word.hasQuit());
         EXPECT_TRUE(others.transcript().empty());
         EXPECT_EQ(others.model().documentCount(), 1);
@@ -94,8 +94,8 @@ TEST_F(OwnInstanceTest, SavesAndClosesWhatTheClientLeftOpen)
     client->insertText(L"first"_b);
     ASSERT_THAT(client->create(bstr(folder.file("second.doc"))), isHresult(S_OK));
     client->insertText(L"second"_b);
-    EXPECT_EQ(stop(), (Lines{"Document@1" + closeAndSave, "Document@2" + closeAndSave,
-                             "Documents@1.Count -> 0", quit}));
+    EXPECT_LINES(stop(), (Lines{"document" + closeAndSave, "document2" + closeAndSave,
+                                "application.Documents.Count -> 0", quit}));
     EXPECT_THAT(contentOf(documentName()), testing::HasSubstr("first"));
     EXPECT_THAT(contentOf(folder.file("second.doc")), testing::HasSubstr("second"));
 }
@@ -105,7 +105,7 @@ TEST_F(OwnInstanceTest, StaysWithTheDocumentsOfOthers)
     openDocument();
     {
         const Word::_DocumentPtr document = addDocument(word, L"a user's");
-        EXPECT_EQ(stop(), (Lines{"Document@1" + closeAndSave, "Documents@1.Count -> 1"}));
+        EXPECT_LINES(stop(), (Lines{"document" + closeAndSave, "application.Documents.Count -> 1"}));
         EXPECT_FALSE(word.hasQuit());
         EXPECT_EQ(word.model().documentCount(), 1);
         EXPECT_EQ(document->GetSaved(), VARIANT_FALSE);
@@ -130,7 +130,7 @@ TEST_F(OwnInstanceTest, TellsWhatItCannotClose)
               "QdxException: Cannot close all Word Documents\nCOMERROR 0x80070005\n" +
                   systemMessage(E_ACCESSDENIED));
     EXPECT_FALSE(word.hasQuit());
-    EXPECT_EQ(stop(), (Lines{"Document@1" + closeAndSave, "Documents@1.Count -> 0", quit}));
+    EXPECT_LINES(stop(), (Lines{"document" + closeAndSave, "application.Documents.Count -> 0", quit}));
 }
 
 TEST_F(OwnInstanceTest, EndsAloneWithTheLastRelease)
@@ -151,7 +151,7 @@ TEST_F(OwnInstanceTest, IsTheOneThatDocumentsAreWrittenInToTheEnd)
     setting("Word", "OwnInstance", "false", truth);
     client->insertText(L"abc"_b);
     EXPECT_THAT(client->close(), isHresult(S_OK));
-    EXPECT_EQ(stop(), (Lines{"Documents@1.Count -> 0", quit}));
+    EXPECT_LINES(stop(), (Lines{"application.Documents.Count -> 0", quit}));
     EXPECT_TRUE(others.transcript().empty());
 }
 

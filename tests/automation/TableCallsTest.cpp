@@ -58,18 +58,18 @@ TEST_F(TableCallsTest, AreNotHeardOutOfOrder)
     client->addCell();
     client->endTable();
     client->setTableRowHeight(20);
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
     client->startTable();
     word.clearTranscript();
     client->startTable();
     client->addCell();
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
     client->endTable();
     word.clearTranscript();
     client->endTable();
     client->addRow();
     client->addCell();
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
 }
 
 TEST_F(TableCallsTest, LetFailuresThrough)

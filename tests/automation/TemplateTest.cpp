@@ -32,7 +32,7 @@ protected:
         Lines calls;
         for (const std::string& line : word.transcript()) {
             const std::size_t call = line.find(".Add(");
-            if (call != std::string::npos && line.starts_with("Documents@"))
+            if (line.starts_with("application.Documents.Add("))
                 calls.push_back(line.substr(call + 1));
         }
         return calls;
@@ -42,12 +42,12 @@ protected:
         std::string text = "Add(\"";
         for (const char c : path)
             text += c == '\\' ? "\\\\" : std::string(1, c);
-        return text + "\", missing, missing, missing) -> Document@1";
+        return text + "\", missing, missing, missing) -> document";
     }
 
     int answer = IDNO;
     std::vector<Question> questions;
-    const Lines plainAddition = {"Add(missing, missing, missing, missing) -> Document@1"};
+    const Lines plainAddition = {"Add(missing, missing, missing, missing) -> document"};
 
 private:
     QdxMessageBoxOverride user_{
@@ -63,7 +63,7 @@ TEST_F(TemplateTest, IsInTheInstallationUnlessSetOtherwise)
     const Setting registered("Settings", "InstallDir", folder.file(""));
     start();
     EXPECT_THAT(create(), isHresult(S_OK));
-    EXPECT_EQ(additions(), Lines{additionOf(path)});
+    EXPECT_LINES(additions(), Lines{additionOf(path)});
     EXPECT_TRUE(questions.empty());
 }
 
@@ -73,7 +73,7 @@ TEST_F(TemplateTest, IsInTheSessionsInstallationUnlessSetOtherwise)
     setting("Settings", "InstallDir", folder.file(""));
     start();
     EXPECT_THAT(create(), isHresult(S_OK));
-    EXPECT_EQ(additions(), Lines{additionOf(path)});
+    EXPECT_LINES(additions(), Lines{additionOf(path)});
 }
 
 TEST_F(TemplateTest, IsTheRegisteredOne)
@@ -82,7 +82,7 @@ TEST_F(TemplateTest, IsTheRegisteredOne)
     const Setting registered("Word", "WordTemplateName", path);
     start();
     EXPECT_THAT(create(), isHresult(S_OK));
-    EXPECT_EQ(additions(), Lines{additionOf(path)});
+    EXPECT_LINES(additions(), Lines{additionOf(path)});
 }
 
 TEST_F(TemplateTest, IsTheSessionsBeforeTheRegisteredOne)
@@ -92,7 +92,7 @@ TEST_F(TemplateTest, IsTheSessionsBeforeTheRegisteredOne)
     setting("Word", "WordTemplateName", path);
     start();
     EXPECT_THAT(create(), isHresult(S_OK));
-    EXPECT_EQ(additions(), Lines{additionOf(path)});
+    EXPECT_LINES(additions(), Lines{additionOf(path)});
 }
 
 TEST_F(TemplateTest, IsInTheRegisteredInstallationUnderABareName)
@@ -104,7 +104,7 @@ TEST_F(TemplateTest, IsInTheRegisteredInstallationUnderABareName)
     setting("Word", "WordTemplateName", "my.dot");
     start();
     EXPECT_THAT(create(), isHresult(S_OK));
-    EXPECT_EQ(additions(), Lines{additionOf(path)});
+    EXPECT_LINES(additions(), Lines{additionOf(path)});
 }
 
 TEST_F(TemplateTest, IsWordsOwnWhenTheSettingIsEmpty)
@@ -162,8 +162,8 @@ TEST_F(TemplateTest, AbortsWhenTheUserDoesNotWantToGoOnWithoutIt)
         answer = button;
         EXPECT_EQ(outcome([&] { return create(); }), aborted);
     }
-    EXPECT_EQ(exceptions.lines, Lines(3, "Exception throw: Document generation aborted by the user."));
-    EXPECT_EQ(additions(), Lines());
+    EXPECT_LINES(exceptions.lines, Lines(3, "Exception throw: Document generation aborted by the user."));
+    EXPECT_LINES(additions(), Lines());
     EXPECT_EQ(invoke(*client, 1, {documentName().c_str()}).outcome,
               "Mirovel.Mirovel 0x80004005 Document generation aborted by the user.");
 }
@@ -194,7 +194,7 @@ TEST_F(TemplateTest, AbortsWhenTheUserDoesNotWantToGoOnAfterTheRefusal)
     start();
     word.failCall(6, refused);
     EXPECT_EQ(outcome([&] { return create(); }), aborted);
-    EXPECT_EQ(exceptions.lines, Lines{"Exception throw: Document generation aborted by the user."});
+    EXPECT_LINES(exceptions.lines, Lines{"Exception throw: Document generation aborted by the user."});
     EXPECT_EQ(additions().size(), 1U);
     EXPECT_EQ(word.model().documentCount(), 0);
 }

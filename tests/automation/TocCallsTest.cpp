@@ -12,11 +12,9 @@ protected:
         EXPECT_THAT(client->insertTOC(), isHresult(S_OK));
         word.clearTranscript();
         EXPECT_THAT(client->close(), isHresult(S_OK));
-        for (const std::string& call : takeTranscript()) {
-            const std::size_t range = call.find(".Add(Range@");
-            if (call.rfind("TablesOfContents@", 0) == 0 && range != std::string::npos)
+        for (const std::string& call : takeTranscript())
+            if (call.find(".TablesOfContents.Add(") != std::string::npos)
                 return call.substr(call.find(", ") + 2, call.find(", missing") - call.find(", ") - 2);
-        }
         return "(none)";
     }
 };
@@ -80,7 +78,7 @@ TEST_F(TocCallsTest, EntriesWithoutATableOfContentsAreNotHeard)
     client->insertText(L"Overview"_b);
     word.clearTranscript();
     EXPECT_THAT(client->endTOCEntry(), isHresult(S_OK));
-    EXPECT_EQ(takeTranscript(), Lines());
+    EXPECT_LINES(takeTranscript(), Lines());
 }
 
 } // namespace

@@ -109,7 +109,7 @@ TEST_F(TraceTest, LeavesAFileThatIsNoLog)
     EXPECT_EQ(log(), "A letter.\r\n");
     const std::string line = "Exception catch: Cannot open trace log " + folder.file("trace.log") +
                              "\nThe file holds something else.";
-    EXPECT_EQ(exceptions.lines, (Lines{line, line}));
+    EXPECT_LINES(exceptions.lines, (Lines{line, line}));
 }
 
 TEST_F(TraceTest, GivesTheBodyACopyOnlyWhenItIsCalledAfterCreate)

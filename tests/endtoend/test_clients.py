@@ -44,7 +44,7 @@ class Samples(EndToEndTest):
         self.assertEqual(sample_log(document), outcome.log)
         expected = (HERE / "expected" / "sample-transcript.txt").read_text("utf-8").splitlines()
         target = clients.in_transcript(windows(document).lower())
-        self.assertEqual([line.replace("{document}", target) for line in expected], outcome.transcript)
+        self.assertLines([line.replace("{document}", target) for line in expected], outcome.transcript)
         self.assertEqual(TEXT, documents.text_of(document))
         self.assertEqual(2, documents.page_count(document))
         first, second = documents.page_texts(document)

@@ -136,14 +136,14 @@ class WordFailing(EndToEndTest):
         calls = self.calls[:3] + [("insertTOC",), ("insertText", "text"), ("insertEndl",)] + self.calls[-2:]
         transcript = self.drive(calls).transcript
         text, table = (next(i for i, line in enumerate(transcript, 1) if call in line)
-                       for call in ('.InsertAfter("text")', "TablesOfContents@1.Add("))
+                       for call in ('.InsertAfter("text")', "document.TablesOfContents.Add("))
         for failing_text in (False, True):
             with self.subTest(failing_text=failing_text):
                 outcome = self.drive(calls, env={"WORDSTANDIN_FAIL": ",".join(
                     f"{n}:0x800a16c1" for n in ([text] if failing_text else []) + [table])})
                 self.assertRegex(answers(outcome, "insertText")[0],
                                  r"^QdxException insertText\\n" if failing_text else "^ok$")
-                self.assertIn("TablesOfContents@1.Add(", outcome.transcript[table - 1])
+                self.assertIn("document.TablesOfContents.Add(", outcome.transcript[table - 1])
                 self.assertRegex(answers(outcome, "close")[0], r"^QdxException Saving document\\nCOMERROR 0x800a16c1\\n")
 
 

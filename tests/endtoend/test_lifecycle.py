@@ -65,7 +65,7 @@ class OpenDocuments(EndToEndTest):
         self.assertAllOk(outcome)
         self.assertEqual("kept", documents.text_of(self.document))
         added = [i for i, line in enumerate(outcome.transcript) if ".Add(missing" in line]
-        closed = [i for i, line in enumerate(outcome.transcript) if line.startswith("Document@1.Close(")]
+        closed = [i for i, line in enumerate(outcome.transcript) if line.startswith("document.Close(")]
         self.assertEqual((2, 1), (len(added), len(closed)))
         self.assertTrue(added[0] < closed[0] < added[1], outcome.transcript)
 
@@ -102,7 +102,7 @@ class OpenDocuments(EndToEndTest):
         self.assertNotEqual(["ok"], said(outcome, "close"))
         self.assertEqual((["ok"], ["no"]), (said(outcome, "release"), said(outcome, "isWordRunning")))
         self.assertEqual("saved by stop", documents.text_of(self.document))
-        self.assertEqual(1, sum("Documents@1.Close(-1, missing, missing)" in line for line in outcome.transcript))
+        self.assertEqual(1, sum("application.Documents.Close(-1, missing, missing)" in line for line in outcome.transcript))
 
 
 class OneWordForEach(EndToEndTest):

@@ -38,7 +38,7 @@ class SampleTest(EndToEndTest):
         """One outcome of the clients in three languages, after a look that there is one."""
         outcomes = [self.run_sample(client, name)[1] for client in clients(name)]
         for other in outcomes[1:]:
-            self.assertEqual(outcomes[0].transcript, other.transcript)
+            self.assertLines(outcomes[0].transcript, other.transcript)
             self.assertEqual(outcomes[0].log, other.log)
             self.assertEqual(outcomes[0].output, other.output)
         return outcomes[0]
@@ -61,7 +61,7 @@ class Clients(SampleTest):
     def test_the_links_are_the_same_in_every_language(self):
         outcome = self.check_alike("links")
         self.assertEqual([], [line for line in outcome.transcript if " !! " in line])
-        added = [re.search(r'Hyperlinks@\d+\.Add\(Range@\d+, "(.*?)", "(.*?)"', line) for line in outcome.transcript]
+        added = [re.search(r'\.Hyperlinks\.Add\([^"]*, "(.*?)", "(.*?)"', line) for line in outcome.transcript]
         method, missing = (in_transcript(windows(FILES / name)) for name in ("method.rtf", "missing.txt"))
         # b2 and b4 never come. Their links are drawn when the first picture has the text written, and taken away at the end.
         text = [("", f"b{n}") for n in (1, 2, 3, 4, 5)] + [

@@ -33,12 +33,12 @@ class Templates(EndToEndTest):
                           settings={"Word/WordTemplateName": template, **settings}, display=bool(answer))
 
     def added(self, outcome):
-        return [line.partition(" -> ")[0] for line in outcome.transcript if line.startswith("Documents@1.Add(")]
+        return [line.partition(" -> ")[0] for line in outcome.transcript if line.startswith("application.Documents.Add(")]
 
     def add_call(self, path):
-        return 'Documents@1.Add("{}", missing, missing, missing)'.format(in_transcript(windows(path)))
+        return 'application.Documents.Add("{}", missing, missing, missing)'.format(in_transcript(windows(path)))
 
-    PLAIN_ADD = "Documents@1.Add(missing, missing, missing, missing)"
+    PLAIN_ADD = "application.Documents.Add(missing, missing, missing, missing)"
 
     def answers(self, outcome, step):
         return [line.partition(" -> ")[2] for line in outcome.output if line.startswith(step + " -> ")]

@@ -87,9 +87,9 @@ class DefaultTemplates(EndToEndTest):
 
     def check_document(self, name, sizes):
         document, transcript = self.write(name)
-        added = [line for line in transcript if line.startswith("Documents@1.Add(")]
+        added = [line for line in transcript if line.startswith("application.Documents.Add(")]
         self.assertEqual(1, len(added))
-        self.assertRegex(added[0], re.escape(name) + r'", missing, missing, missing\) -> Document@1$')
+        self.assertRegex(added[0], re.escape(name) + r'", missing, missing, missing\) -> document$')
         self.assertEqual([], [line for line in transcript if " !! " in line], "every style is known")
         found = self.font_sizes(document)
         self.assertEqual(sizes, {style: found[style] for style in sizes})

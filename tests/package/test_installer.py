@@ -136,7 +136,7 @@ class Installer(EndToEndTest):
         self.assertEqual(["done"], said)
         calls = transcript.read_text("utf-8")
         place = PLACE.replace("\\", "\\\\")
-        self.assertIn(f'Documents@1.Add("{place}templates\\\\Vantpl01.dot", missing, missing, missing) -> ', calls)
+        self.assertIn(f'application.Documents.Add("{place}templates\\\\Vantpl01.dot", missing, missing, missing) -> ', calls)
         self.assertIn(f'AddPicture("{place}pix\\\\logo.gif", ', calls)
         self.assertNotIn(" !! ", calls)
         self.assertEqual("Installed", documents.text_of(document).strip())

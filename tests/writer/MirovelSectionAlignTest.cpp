@@ -9,16 +9,16 @@ using standin::model::Alignment;
 
 using MirovelSectionAlignTest = ClientWriterTest;
 
-Calls alignmentWritten(const std::string& range, int number, int alignment)
+Calls alignmentWritten(const std::string& range, int alignment)
 {
-    const std::string format = "ParagraphFormat@" + std::to_string(number);
+    const std::string format = range + ".ParagraphFormat";
     return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
 }
 
 TEST_F(MirovelSectionAlignTest, RecordsWhereAnAlignmentBegins)
 {
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls(), Calls{"Range@1.End -> 0"});
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 0"});
     EXPECT_EQ(data().alignment, 2);
     EXPECT_EQ(data().pos, 0);
     ASSERT_EQ(data().alignRuns.size(), 1U);
@@ -34,14 +34,14 @@ TEST_F(MirovelSectionAlignTest, TheAlignmentInForceIsNotRecordedAgain)
     writer().insertText(L"text");
     takeCalls();
     writer().setTextAlign(0);
-    EXPECT_EQ(takeCalls(), Calls{}) << "a document begins with 0";
+    EXPECT_LINES(takeCalls(), Calls{}) << "a document begins with 0";
     EXPECT_TRUE(data().alignRuns.empty());
 
     writer().setTextAlign(3);
     writer().insertText(L"text");
     takeCalls();
     writer().setTextAlign(3);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(data().alignRuns.size(), 1U);
     EXPECT_EQ(text(), u"text\rtext");
 }
@@ -51,7 +51,7 @@ TEST_F(MirovelSectionAlignTest, EndsAnOpenParagraph)
     writer().insertText(L"ab");
     takeCalls();
     writer().setTextAlign(3);
-    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Range@1.End -> 3"}));
+    EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "body.End -> 3"}));
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(data().lastEndlPos, 3);
     EXPECT_EQ(data().endlCount, 1);
@@ -65,7 +65,7 @@ TEST_F(MirovelSectionAlignTest, WritesNoSecondParagraphEnd)
     writer().insertEndl();
     takeCalls();
     writer().setTextAlign(3);
-    EXPECT_EQ(takeCalls(), Calls{"Range@1.End -> 3"});
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 3"});
     EXPECT_EQ(text(), u"ab\r");
 }
 
@@ -76,7 +76,7 @@ TEST_F(MirovelSectionAlignTest, BeginsWhereWordSaysNotAtTheWritersCount)
     EXPECT_EQ(data().pos, 4);
     takeCalls();
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls(), Calls{"Range@1.End -> 5"});
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 5"});
     EXPECT_EQ(data().alignRuns.back().start, 5);
 }
 
@@ -99,7 +99,7 @@ TEST_F(MirovelSectionAlignTest, InATableRecordsTheCellAndEndsNoParagraph)
     writer().insertText(L"cell");
     takeCalls();
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls(), Calls{"Range@2.End -> 5"});
+    EXPECT_LINES(takeCalls(), Calls{"document.Sections(1).Headers(1).Range.End -> 5"});
     ASSERT_EQ(data().alignRuns.size(), 1U);
     EXPECT_EQ(data().alignRuns.front().start, 5);
     EXPECT_EQ(data().alignRuns.front().range.GetInterfacePtr(), cell.GetInterfacePtr());
@@ -122,10 +122,10 @@ TEST_F(MirovelSectionAlignTest, AppliesEachAlignmentUpToTheNext)
     writer().insertText(L"left");
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(),
-              join(rangeLaid(0, 4), alignmentWritten("Range@1", 1, 1), rangeLaid(4, 10),
-                   alignmentWritten("Range@1", 2, 2), rangeLaid(10, 20), alignmentWritten("Range@1", 3, 3),
-                   rangeLaid(20, 24), alignmentWritten("Range@1", 4, 0)));
+    EXPECT_LINES(takeCalls(),
+                 join(rangeLaid(0, 4), alignmentWritten("body", 1), rangeLaid(4, 10),
+                      alignmentWritten("body", 2), rangeLaid(10, 20), alignmentWritten("body", 3),
+                      rangeLaid(20, 24), alignmentWritten("body", 0)));
     EXPECT_EQ(text(), u"mid\rright\rjustified\rleft");
     EXPECT_EQ(alignmentAt(0), Alignment::center);
     EXPECT_EQ(alignmentAt(4), Alignment::right);
@@ -135,17 +135,16 @@ TEST_F(MirovelSectionAlignTest, AppliesEachAlignmentUpToTheNext)
     EXPECT_EQ(data().alignment, 0);
 
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
 }
 
 TEST_F(MirovelSectionAlignTest, UnknownNumbersMeanLeft)
 {
-    int number = 0;
     for (const std::int16_t align : std::array<std::int16_t, 5>{1, 5, -1, 32767, 258}) {
         writer().setTextAlign(align);
         takeCalls();
         MirovelSectionProbe::applyAlign(writer());
-        EXPECT_EQ(takeCalls(), join(rangeLaid(0, 0), alignmentWritten("Range@1", ++number, 0)))
+        EXPECT_LINES(takeCalls(), join(rangeLaid(0, 0), alignmentWritten("body", 0)))
             << "alignment " << align;
     }
 }
@@ -156,7 +155,7 @@ TEST_F(MirovelSectionAlignTest, TheLastRunEndsAtTheWritersCount)
     writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("Range@1", 1, 1)));
+    EXPECT_LINES(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("body", 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, TheLastRunOfACellEndsWithTheCell)
@@ -167,8 +166,10 @@ TEST_F(MirovelSectionAlignTest, TheLastRunOfACellEndsWithTheCell)
     writer().insertText(L"more");
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(), join(Calls{"Range@2.End -> 9", "Range@2.Start = 5", "Range@2.End = 9"},
-                                alignmentWritten("Range@2", 1, 1)));
+    EXPECT_LINES(takeCalls(), join(Calls{"document.Sections(1).Headers(1).Range.End -> 9",
+                                         "document.Sections(1).Headers(1).Range.Start = 5",
+                                         "document.Sections(1).Headers(1).Range.End = 9"},
+                                   alignmentWritten("document.Sections(1).Headers(1).Range", 1)));
     closeCell();
 }
 
@@ -182,10 +183,13 @@ TEST_F(MirovelSectionAlignTest, ARunOfACellEndsAtTheStartOfTheNextOne)
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
     // The first run has moved the end that the last one asks for.
-    EXPECT_EQ(takeCalls(),
-              join(Calls{"Range@2.Start = 1", "Range@2.End = 5"}, alignmentWritten("Range@2", 1, 1),
-                   Calls{"Range@2.End -> 5", "Range@2.Start = 5", "Range@2.End = 5"},
-                   alignmentWritten("Range@2", 2, 2)));
+    EXPECT_LINES(takeCalls(), join(Calls{"document.Sections(1).Headers(1).Range.Start = 1",
+                                         "document.Sections(1).Headers(1).Range.End = 5"},
+                                   alignmentWritten("document.Sections(1).Headers(1).Range", 1),
+                                   Calls{"document.Sections(1).Headers(1).Range.End -> 5",
+                                         "document.Sections(1).Headers(1).Range.Start = 5",
+                                         "document.Sections(1).Headers(1).Range.End = 5"},
+                                   alignmentWritten("document.Sections(1).Headers(1).Range", 2)));
     closeCell();
 }
 
@@ -198,7 +202,7 @@ TEST_F(MirovelSectionAlignTest, TheOutputRangeIsTheSameByWhicheverPointer)
     writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("Range@1", 1, 1)))
+    EXPECT_LINES(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("body", 1)))
         << "up to the writer's count, and Word is not asked";
 }
 
@@ -212,8 +216,9 @@ TEST_F(MirovelSectionAlignTest, AnotherRangeOverTheSameTextIsNotTheOutputRange)
     closeCell();
     takeCalls();
     MirovelSectionProbe::applyAlign(writer());
-    EXPECT_EQ(takeCalls(), join(Calls{"Range@2.End -> 4", "Range@2.Start = 4", "Range@2.End = 4"},
-                                alignmentWritten("Range@2", 1, 1)));
+    EXPECT_LINES(takeCalls(),
+                 join(Calls{"body.Duplicate.End -> 4", "body.Duplicate.Start = 4", "body.Duplicate.End = 4"},
+                      alignmentWritten("body.Duplicate", 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)

@@ -32,11 +32,11 @@ TEST_F(MirovelSectionFieldTest, StandsWhereItsPlaceholderStood)
     writer().insertText(L"page ");
     takeCalls();
     writer().insertField(4);
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Range@1.Collapse(0)", R"(Range@1.InsertAfter("X"))", "Range@1.Duplicate -> Range@2",
-                     "Range@2.End = 5", "Range@1.Fields -> Fields@1",
-                     "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1", "Range@1.End -> 16",
-                     "Range@1.Start = 15", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(),
+                 (Calls{"body.Collapse(0)", R"(body.InsertAfter("X"))", "body.Duplicate -> body.Duplicate",
+                        "body.Duplicate.End = 5", "body.Fields -> body.Fields",
+                        "body.Fields.Add(body.Duplicate, 33, missing, missing) -> field", "body.End -> 16",
+                        "body.Start = 15", "body.Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 15) << "one below the end that Word told";
     EXPECT_EQ(text(), u"page " + fieldText(u" PAGE ", u"1"));
     writer().insertText(L" of many");
@@ -78,9 +78,9 @@ TEST_F(MirovelSectionFieldTest, AnyOtherNumberHasNone)
                                      std::numeric_limits<std::int16_t>::min()}) {
         takeCalls();
         writer().insertField(kind);
-        const std::string field = std::to_string(number++);
-        EXPECT_EQ(takeCalls()[5], "Fields@" + field + ".Add(Range@" + std::to_string(number) +
-                                      ", empty, missing, missing) -> Field@" + field);
+        EXPECT_EQ(takeCalls()[5], "body.Fields.Add(" + numbered("body.Duplicate", number, "#") +
+                                      ", empty, missing, missing) -> " + numbered("field", number));
+        ++number;
     }
     EXPECT_EQ(text().find(u'X'), std::u16string::npos);
 }
@@ -93,10 +93,15 @@ TEST_F(MirovelSectionFieldTest, InACellKeepsAnXBehindIt)
     writer().insertText(L"page ");
     takeCalls();
     writer().insertField(4);
-    EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 6", "Range@3.Start = 5", R"(Range@3.InsertAfter("X"))",
-                                  "Range@3.Duplicate -> Range@4", "Range@4.End -> 7", "Range@4.End = 6",
-                                  "Range@3.Fields -> Fields@1",
-                                  "Fields@1.Add(Range@4, 33, missing, missing) -> Field@1"}));
+    EXPECT_LINES(takeCalls(),
+                 (Calls{"table.Rows(1).Cells(1).Range.End -> 6", "table.Rows(1).Cells(1).Range.Start = 5",
+                        R"(table.Rows(1).Cells(1).Range.InsertAfter("X"))",
+                        "table.Rows(1).Cells(1).Range.Duplicate -> table.Rows(1).Cells(1).Range.Duplicate",
+                        "table.Rows(1).Cells(1).Range.Duplicate.End -> 7",
+                        "table.Rows(1).Cells(1).Range.Duplicate.End = 6",
+                        "table.Rows(1).Cells(1).Range.Fields -> table.Rows(1).Cells(1).Range.Fields",
+                        "table.Rows(1).Cells(1).Range.Fields.Add(table.Rows(1).Cells(1).Range.Duplicate, 33, "
+                        "missing, missing) -> field"}));
     EXPECT_EQ(data().pos, 3) << "not counted in tables";
     EXPECT_EQ(cellTexts(), u"page " + fieldText(u" PAGE ", u"1") + u"X");
     writer().insertText(L"!");
@@ -147,9 +152,13 @@ TEST_F(MirovelSectionFieldTest, AFieldThatWordRefusesInATableLeavesItsPlaceholde
     takeCalls();
     session_.failCall(7, refused);
     EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(refused));
-    EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 5", "Range@3.Start = 4", R"(Range@3.InsertAfter("X"))",
-                                  "Range@3.Duplicate -> Range@4", "Range@4.End -> 6", "Range@4.End = 5",
-                                  "Range@3.Fields !! 0x800a11fd"}));
+    EXPECT_LINES(takeCalls(),
+                 (Calls{"table.Rows(1).Cells(1).Range.End -> 5", "table.Rows(1).Cells(1).Range.Start = 4",
+                        R"(table.Rows(1).Cells(1).Range.InsertAfter("X"))",
+                        "table.Rows(1).Cells(1).Range.Duplicate -> table.Rows(1).Cells(1).Range.Duplicate",
+                        "table.Rows(1).Cells(1).Range.Duplicate.End -> 6",
+                        "table.Rows(1).Cells(1).Range.Duplicate.End = 5",
+                        "table.Rows(1).Cells(1).Range.Fields !! 0x800a11fd"}));
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(cellTexts(), u"pageX");
 }

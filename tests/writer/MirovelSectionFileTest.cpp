@@ -12,11 +12,10 @@ class MirovelSectionFileTest : public FileWriterTest
 {
 };
 
-Calls fileInserted(std::int32_t at, int range, const QdxString& file)
+Calls fileInserted(std::int32_t at, const QdxString& file)
 {
-    const std::string place = "Range@" + std::to_string(range);
-    return {"Document@1.Range(" + std::to_string(at) + ", " + std::to_string(at) + ") -> " + place,
-            place + ".InsertFile(" + quoted(file) + ", \"\", false, false, false)"};
+    const std::string place = "document.Range(" + std::to_string(at) + ", " + std::to_string(at) + ")";
+    return {place + " -> " + place, place + ".InsertFile(" + quoted(file) + ", \"\", false, false, false)"};
 }
 
 // Fonts that a style run waits for come with it; here none does.
@@ -31,9 +30,9 @@ TEST_F(MirovelSectionFileTest, FontsAndThenAlignmentsAreAppliedInFrontOfIt)
     takeCalls();
     writer().insertFile(file, 0);
     Calls calls = takeCalls();
-    const Calls expected = join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font), rangeLaid(0, 4),
-                                Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1",
-                                      "ParagraphFormat@1.Alignment = 1", R"(Range@1.InsertAfter("X"))"});
+    const Calls expected = join(rangeLaid(2, 4), fontWritten("body", heading9Font), rangeLaid(0, 4),
+                                Calls{"body.ParagraphFormat -> body.ParagraphFormat",
+                                      "body.ParagraphFormat.Alignment = 1", R"(body.InsertAfter("X"))"});
     calls.resize(std::min(calls.size(), expected.size()));
     EXPECT_EQ(calls, expected);
 }
@@ -43,7 +42,7 @@ TEST_F(MirovelSectionFileTest, WithoutANameNothingHappens)
     openTrace(10);
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 2, 4})
         writer().insertFile("", kind);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "");
 }
 
@@ -51,7 +50,7 @@ TEST_F(MirovelSectionFileTest, AnAddressIsALinkToItselfWhateverTheKind)
 {
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 1, 2, 4}) {
         writer().insertFile("http://example.org/a.xls", kind);
-        EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("http://example.org/a.xls"))");
+        EXPECT_EQ(takeCalls()[1], R"(body.InsertAfter("http://example.org/a.xls"))");
         EXPECT_STREQ(data().links.back().destination.address.data(), "http://example.org/a.xls");
         EXPECT_TRUE(data().links.back().destination.resolved);
     }
@@ -70,7 +69,7 @@ TEST_F(MirovelSectionFileTest, AMissingFileIsTracedAndNothingIsWritten)
             lines += std::string("ERR File not found: ") + name + "\r\n";
         }
     }
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), lines);
     EXPECT_EQ(text(), u"");
 }
@@ -79,8 +78,7 @@ TEST_F(MirovelSectionFileTest, AMissingFileAsAHyperlinkIsOneWithDoubledBackslash
 {
     openTrace(1);
     writer().insertFile("c:\\docs\\a.doc", 4);
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("a.doc"))", "Range@1.End -> 5"}));
+    EXPECT_LINES(takeCalls(), (Calls{"body.End -> 0", R"(body.InsertAfter("a.doc"))", "body.End -> 5"}));
     ASSERT_EQ(data().links.size(), 1U);
     EXPECT_STREQ(data().links.front().destination.bookmark.data(), "c:\\\\docs\\\\a.doc")
         << "no file of that name exists, so Word takes it for a place in the document";
@@ -93,7 +91,7 @@ TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)
 {
     const QdxString file = write("a b.txt", "text");
     writer().insertFile(file, 2);
-    EXPECT_EQ(takeCalls()[1], R"(Range@1.InsertAfter("a b.txt"))");
+    EXPECT_EQ(takeCalls()[1], R"(body.InsertAfter("a b.txt"))");
     EXPECT_STREQ(data().links.back().destination.address.data(), file.data());
     const QdxString picture = write("a.bmp", sample::bmp());
     writer().insertFile(picture, 2);
@@ -129,9 +127,8 @@ TEST_F(MirovelSectionFileTest, APictureIsInsertedAsOne)
           std::pair("a.emf", sample::emf())}) {
         const QdxString file = write(name, content);
         writer().insertFile(file, 1);
-        const std::string shapes = std::to_string(++number);
-        EXPECT_EQ(takeCalls()[3], "InlineShapes@" + shapes + ".AddPicture(" + quoted(file) +
-                                      ", false, true, missing) -> InlineShape@" + shapes);
+        EXPECT_EQ(takeCalls()[3], "body.InlineShapes.AddPicture(" + quoted(file) +
+                                      ", false, true, missing) -> " + numbered("inlineShape", ++number));
     }
     EXPECT_EQ(text(), u"\x01\x01\x01\x01\x01");
     EXPECT_TRUE(data().links.empty());
@@ -142,7 +139,7 @@ TEST_F(MirovelSectionFileTest, APictureOfABareNameIsTakenFromTheInstallation)
     const QdxString installed = write("installed\\pix\\no such logo.gif", sample::gif());
     writer().insertFile("no such logo.gif", 0);
     EXPECT_EQ(takeCalls()[3],
-              "InlineShapes@1.AddPicture(" + quoted(installed) + ", false, true, missing) -> InlineShape@1");
+              "body.InlineShapes.AddPicture(" + quoted(installed) + ", false, true, missing) -> inlineShape");
     writer().insertFile("no such logo.gif", 2);
     EXPECT_STREQ(data().links.back().destination.address.data(), installed.data());
     writer().insertFile("no such logo.gif", 4);
@@ -155,10 +152,9 @@ TEST_F(MirovelSectionFileTest, AnyOtherFileIsInsertedByWord)
     writer().insertText(L"in front ");
     takeCalls();
     writer().insertFile(file, 0);
-    EXPECT_EQ(takeCalls(),
-              join(styleRunApplied(0, 9, "-1", 2, normalFont), Calls{R"(Range@1.InsertAfter("X"))"},
-                   fileInserted(9, 2, file),
-                   Calls{"Range@1.End -> 18", "Range@1.Start = 17", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(), join(styleRunApplied(0, 9, "-1", normalFont), Calls{R"(body.InsertAfter("X"))"},
+                                   fileInserted(9, file),
+                                   Calls{"body.End -> 18", "body.Start = 17", "body.Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 17);
     EXPECT_EQ(data().stylePos, -1);
     EXPECT_EQ(text(), u"in front one\rtwo\r");
@@ -176,14 +172,13 @@ TEST_F(MirovelSectionFileTest, WhatWaitsForTheTextInFrontIsAppliedFirst)
     writer().insertText(L"!");
     takeCalls();
     writer().insertFile(file, 1);
-    EXPECT_EQ(takeCalls(),
-              join(rangeLaid(0, 6), Calls{"Range@1.Style = -2"}, rangeLaid(0, 5),
-                   fontWritten("Range@1", 4, heading1Font), rangeLaid(5, 6),
-                   fontWritten("Range@1", 5, FontLook{"Courier New", 9}), rangeLaid(0, 6),
-                   Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1",
-                         R"(Range@1.InsertAfter("X"))"},
-                   fileInserted(6, 2, file),
-                   Calls{"Range@1.End -> 11", "Range@1.Start = 10", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(), join(rangeLaid(0, 6), Calls{"body.Style = -2"}, rangeLaid(0, 5),
+                                   fontWritten("body", heading1Font), rangeLaid(5, 6),
+                                   fontWritten("body", FontLook{"Courier New", 9}), rangeLaid(0, 6),
+                                   Calls{"body.ParagraphFormat -> body.ParagraphFormat",
+                                         "body.ParagraphFormat.Alignment = 1", R"(body.InsertAfter("X"))"},
+                                   fileInserted(6, file),
+                                   Calls{"body.End -> 11", "body.Start = 10", "body.Delete(1, 1) -> 1"}));
     EXPECT_TRUE(data().fontRuns.empty());
     EXPECT_TRUE(data().alignRuns.empty());
     EXPECT_EQ(data().alignment, 0);
@@ -194,7 +189,7 @@ TEST_F(MirovelSectionFileTest, AnExtensionInCapitalsIsNoPicture)
 {
     const QdxString file = write("Logo.GIF", "no picture to Word");
     writer().insertFile(file, 0);
-    EXPECT_EQ(takeCalls().at(14), fileInserted(0, 2, file)[1]);
+    EXPECT_EQ(takeCalls().at(14), fileInserted(0, file)[1]);
 }
 
 TEST_F(MirovelSectionFileTest, InACellNothingIsFlushedAndNoPlaceholderUsed)
@@ -203,7 +198,7 @@ TEST_F(MirovelSectionFileTest, InACellNothingIsFlushedAndNoPlaceholderUsed)
     openTable();
     const std::int32_t pos = data().pos;
     writer().insertFile(file, 0);
-    EXPECT_EQ(takeCalls(), join(Calls{"Range@3.End -> 3"}, fileInserted(2, 4, file)));
+    EXPECT_LINES(takeCalls(), join(Calls{"table.Rows(1).Cells(1).Range.End -> 3"}, fileInserted(2, file)));
     EXPECT_EQ(data().pos, pos);
     EXPECT_EQ(cellTexts(), u"inone\r");
     writer().insertText(L"!");

@@ -21,13 +21,12 @@ protected:
 
 /// One link is drawn, the n-th.
 Calls linkDrawn(int n, std::int32_t start, std::int32_t end, const std::string& address,
-                const std::string& subAddress, const std::string& range = "Range@1")
+                const std::string& subAddress, const std::string& range = "body")
 {
-    const std::string links = "Hyperlinks@" + std::to_string(n);
     return {range + ".Start = " + std::to_string(start), range + ".End = " + std::to_string(end),
-            "Document@1.Hyperlinks -> " + links,
-            links + ".Add(" + range + ", \"" + address + "\", \"" + subAddress +
-                "\", missing, missing, missing) -> Hyperlink@" + std::to_string(n)};
+            "document.Hyperlinks -> document.Hyperlinks",
+            "document.Hyperlinks.Add(" + range + ", \"" + address + "\", \"" + subAddress +
+                "\", missing, missing, missing) -> " + numbered("hyperlink", n)};
 }
 
 std::u16string linkText(const std::u16string& code, const std::u16string& label)
@@ -40,8 +39,8 @@ TEST_F(MirovelSectionLinkDrawingTest, ABookmarkIsASubAddress)
     writer().insertText(L"see ");
     writer().insertHyperLink("item", toBookmark("b1", true));
     writer().insertText(L" here");
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 13, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
-                             linkDrawn(1, 4, 8, "", "b1")));
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 13, "-1", normalFont), Calls{"document.UndoClear()"},
+                                linkDrawn(1, 4, 8, "", "b1")));
     EXPECT_EQ(text(), u"see " + linkText(u" HYPERLINK  \\l \"b1\" ", u"item") + u" here");
     ASSERT_EQ(links().size(), 1U);
     EXPECT_EQ(links().front().target(), (model::HyperlinkTarget{.address = u"", .subAddress = u"b1"}));
@@ -50,8 +49,8 @@ TEST_F(MirovelSectionLinkDrawingTest, ABookmarkIsASubAddress)
 TEST_F(MirovelSectionLinkDrawingTest, AWebAddressIsAnAddress)
 {
     writer().insertHyperLink("site", toAddress("http://example.org/a?b=c"));
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 4, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
-                             linkDrawn(1, 0, 4, "http://example.org/a?b=c", "")));
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 4, "-1", normalFont), Calls{"document.UndoClear()"},
+                                linkDrawn(1, 0, 4, "http://example.org/a?b=c", "")));
     EXPECT_EQ(links().front().target(),
               (model::HyperlinkTarget{.address = u"http://example.org/a?b=c", .subAddress = u""}));
 }
@@ -72,7 +71,7 @@ TEST_F(MirovelSectionLinkDrawingTest, OneThatIsNotResolvedStaysPlainAndOnRecord)
     writer().resolve("b2");
     takeCalls();
     MirovelSectionProbe::drawHyperLinks(writer());
-    EXPECT_EQ(takeCalls(), join(Calls{"Document@1.UndoClear()"}, linkDrawn(1, 3, 6, "", "b2")));
+    EXPECT_LINES(takeCalls(), join(Calls{"document.UndoClear()"}, linkDrawn(1, 3, 6, "", "b2")));
     ASSERT_EQ(data().links.size(), 1U);
     EXPECT_STREQ(data().links.front().destination.bookmark.data(), "b1");
     EXPECT_EQ(text(), u"one" + linkText(u" HYPERLINK  \\l \"b2\" ", u"two"));
@@ -87,11 +86,14 @@ TEST_F(MirovelSectionLinkDrawingTest, ALinkInACellIsDrawnThere)
     writer().insertText(L"see ");
     takeCalls();
     writer().insertHyperLink("item", toBookmark("b1", true));
-    EXPECT_EQ(takeCalls(), (Calls{"Range@3.End -> 5", R"(Range@3.InsertAfter("item"))", "Range@3.End -> 9"}));
+    EXPECT_LINES(takeCalls(), (Calls{"table.Rows(1).Cells(1).Range.End -> 5",
+                                     R"(table.Rows(1).Cells(1).Range.InsertAfter("item"))",
+                                     "table.Rows(1).Cells(1).Range.End -> 9"}));
     writer().insertText(L"!");
     writer().endTable();
     takeCalls();
-    EXPECT_EQ(finish(), join(Calls{"Document@1.UndoClear()"}, linkDrawn(1, 4, 8, "", "b1", "Range@3")));
+    EXPECT_LINES(finish(), join(Calls{"document.UndoClear()"},
+                                linkDrawn(1, 4, 8, "", "b1", "table.Rows(1).Cells(1).Range")));
     EXPECT_EQ(cellTexts(), u"see " + linkText(u" HYPERLINK  \\l \"b1\" ", u"item") + u"!");
 }
 
@@ -103,8 +105,8 @@ TEST_F(MirovelSectionLinkDrawingTest, LaterLinksAreDrawnWhereTheirTextStoodAtFir
     writer().insertText(L" and a good many more words up to ");
     writer().insertHyperLink("two", toBookmark("b2", true));
     writer().insertText(L".");
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 45, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
-                             linkDrawn(1, 4, 7, "", "b1"), linkDrawn(2, 41, 44, "", "b2")));
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 45, "-1", normalFont), Calls{"document.UndoClear()"},
+                                linkDrawn(1, 4, 7, "", "b1"), linkDrawn(2, 41, 44, "", "b2")));
     EXPECT_EQ(text(), u"see " + linkText(u" HYPERLINK  \\l \"b1\" ", u"one") + u" and a good" +
                           linkText(u" HYPERLINK  \\l \"b2\" ", u" ma") + u"ny more words up to two.")
         << "in front of its text by the 23 characters that the first one has added";
@@ -117,8 +119,8 @@ TEST_F(MirovelSectionLinkDrawingTest, OneCloseBehindAnotherIsDrawnInsideIt)
     writer().insertHyperLink("two", toBookmark("b2", true));
     Calls second = linkDrawn(2, 4, 7, "", "b2");
     second.insert(second.end() - 1, "# crosses a field");
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 7, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"},
-                             linkDrawn(1, 0, 3, "", "b1"), second));
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 7, "-1", normalFont), Calls{"document.UndoClear()"},
+                                linkDrawn(1, 0, 3, "", "b1"), second));
     EXPECT_EQ(text(), u"\x13 HY" + linkText(u" HYPERLINK  \\l \"b2\" ", u"PER") +
                           u"LINK  \\l \"b1\" \x14one\x15"
                           u" two");
@@ -171,7 +173,7 @@ TEST_F(MirovelSectionLinkDrawingTest, AnEmptyLabelShowsItsTarget)
     writer().insertText(L"a");
     takeCalls();
     writer().insertHyperLink("", toAddress("http://example.org"));
-    EXPECT_EQ(takeCalls(), (Calls{"Range@1.End -> 1", R"(Range@1.InsertAfter(""))", "Range@1.End -> 1"}));
+    EXPECT_LINES(takeCalls(), (Calls{"body.End -> 1", R"(body.InsertAfter(""))", "body.End -> 1"}));
     finish();
     EXPECT_EQ(links().front().textToDisplay(), u"http://example.org");
 }

@@ -15,11 +15,10 @@ protected:
 };
 
 std::string objectAdded(int shapes, const std::string& classType, const QdxString& file, const char* link,
-                        const char* icon, const char* label)
+                        const char* icon, const char* label, const std::string& range = "body")
 {
-    return "InlineShapes@" + std::to_string(shapes) + ".AddOLEObject(" + classType + ", " + quoted(file) +
-           ", " + link + ", true, \"" + icon + "\", 1s, \"" + label + "\", missing) -> InlineShape@" +
-           std::to_string(shapes);
+    return range + ".InlineShapes.AddOLEObject(" + classType + ", " + quoted(file) + ", " + link +
+           ", true, \"" + icon + "\", 1s, \"" + label + "\", missing) -> " + numbered("inlineShape", shapes);
 }
 
 TEST_F(MirovelSectionObjectTest, ASpreadsheetIsEmbeddedAsAnIcon)
@@ -28,11 +27,11 @@ TEST_F(MirovelSectionObjectTest, ASpreadsheetIsEmbeddedAsAnIcon)
     takeCalls();
     writer().insertFile(sheet_, 0);
     // An embedded object stands in a field: the code ` EMBED Excel.Sheet `, the object and three characters.
-    EXPECT_EQ(
+    EXPECT_LINES(
         takeCalls(),
-        (Calls{R"(Range@1.InsertAfter("X"))", "Range@1.Start = 2", "Range@1.InlineShapes -> InlineShapes@1",
+        (Calls{R"(body.InsertAfter("X"))", "body.Start = 2", "body.InlineShapes -> body.InlineShapes",
                objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls"),
-               "Range@1.End -> 26", "Range@1.Start = 25", "Range@1.Delete(1, 1) -> 1"}));
+               "body.End -> 26", "body.Start = 25", "body.Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 25);
     EXPECT_EQ(text(), u"a \x13 EMBED Excel.Sheet \x14\x01\x15");
     writer().insertText(L" b");
@@ -72,9 +71,12 @@ TEST_F(MirovelSectionObjectTest, InACellUsesNoPlaceholder)
     openTable();
     const std::int32_t pos = data().pos;
     writer().insertFile(sheet_, 0);
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Range@3.End -> 3", "Range@3.Start = 2", "Range@3.InlineShapes -> InlineShapes@1",
-                     objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls")}));
+    EXPECT_LINES(
+        takeCalls(),
+        (Calls{"table.Rows(1).Cells(1).Range.End -> 3", "table.Rows(1).Cells(1).Range.Start = 2",
+               "table.Rows(1).Cells(1).Range.InlineShapes -> table.Rows(1).Cells(1).Range.InlineShapes",
+               objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls",
+                           "table.Rows(1).Cells(1).Range")}));
     EXPECT_EQ(data().pos, pos);
     EXPECT_EQ(cellTexts(), u"in\x13 EMBED Excel.Sheet \x14\x01\x15");
 }

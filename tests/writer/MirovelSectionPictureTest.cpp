@@ -26,10 +26,10 @@ protected:
 
 Calls pictureAdded(const std::string& range, int shapes, const QdxString& file)
 {
-    const std::string collection = "InlineShapes@" + std::to_string(shapes);
+    const std::string collection = range + ".InlineShapes";
     return {range + ".InlineShapes -> " + collection, collection + ".AddPicture(" + quoted(file) +
-                                                          ", false, true, missing) -> InlineShape@" +
-                                                          std::to_string(shapes)};
+                                                          ", false, true, missing) -> " +
+                                                          numbered("inlineShape", shapes)};
 }
 
 TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
@@ -37,9 +37,9 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
     writer().insertText(L"a ");
     takeCalls();
     writer().insertImage(picture_, {}, 0, 0);
-    EXPECT_EQ(takeCalls(), join(Calls{R"(Range@1.InsertAfter("X"))", "Range@1.Start = 2"},
-                                pictureAdded("Range@1", 1, picture_),
-                                Calls{"Range@1.Start = 3", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(),
+                 join(Calls{R"(body.InsertAfter("X"))", "body.Start = 2"}, pictureAdded("body", 1, picture_),
+                      Calls{"body.Start = 3", "body.Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"a \x01");
     ASSERT_EQ(shapes().size(), 1U);
@@ -54,13 +54,13 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
 TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
 {
     writer().insertImage(picture_, {}, 30, 0);
-    EXPECT_EQ(takeCalls()[4], "InlineShape@1.Width = 30f");
+    EXPECT_EQ(takeCalls()[4], "inlineShape.Width = 30f");
     writer().insertImage(picture_, {}, 0, 40);
-    EXPECT_EQ(takeCalls()[4], "InlineShape@2.Height = 40f");
+    EXPECT_EQ(takeCalls()[4], "inlineShape2.Height = 40f");
     writer().insertImage(picture_, {}, 50, 60);
     const Calls calls = takeCalls();
-    EXPECT_EQ(calls[4], "InlineShape@3.Width = 50f");
-    EXPECT_EQ(calls[5], "InlineShape@3.Height = 60f");
+    EXPECT_EQ(calls[4], "inlineShape3.Width = 50f");
+    EXPECT_EQ(calls[5], "inlineShape3.Height = 60f");
     EXPECT_EQ(shapes()[0].shape().width, 30);
     EXPECT_EQ(shapes()[1].shape().height, 40);
     EXPECT_EQ(shapes()[2].shape().width, 50);
@@ -97,8 +97,10 @@ TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
     openTable();
     const std::int32_t pos = data().pos;
     writer().insertImage(picture_, toAddress("http://example.org"), 10, 0);
-    EXPECT_EQ(takeCalls(), join(Calls{"Range@3.End -> 3", "Range@3.Start = 2"},
-                                pictureAdded("Range@3", 1, picture_), Calls{"InlineShape@1.Width = 10f"}));
+    EXPECT_LINES(
+        takeCalls(),
+        join(Calls{"table.Rows(1).Cells(1).Range.End -> 3", "table.Rows(1).Cells(1).Range.Start = 2"},
+             pictureAdded("table.Rows(1).Cells(1).Range", 1, picture_), Calls{"inlineShape.Width = 10f"}));
     EXPECT_EQ(data().pos, pos);
     EXPECT_EQ(cellTexts(), u"in\x01");
     ASSERT_EQ(data().links.size(), 1U);
@@ -116,7 +118,7 @@ TEST_F(MirovelSectionPictureTest, OfABareNameIsLookedForInTheInstallation)
 {
     const QdxString installed = write("installed\\pix\\no such logo.gif", sample::gif());
     writer().insertImage("no such logo.gif", {}, 0, 0);
-    EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, installed)[1]);
+    EXPECT_EQ(takeCalls()[3], pictureAdded("body", 1, installed)[1]);
     EXPECT_EQ(text(), u"\x01");
 }
 
@@ -125,7 +127,7 @@ TEST_F(MirovelSectionPictureTest, OfANameWithADirectoryIsNotLookedForElsewhere)
     write("installed\\pix\\logo.gif", sample::gif());
     openTrace(1);
     writer().insertImage("no such folder\\logo.gif", {}, 0, 0);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: no such folder\\logo.gif\r\n");
 }
 
@@ -134,7 +136,7 @@ TEST_F(MirovelSectionPictureTest, OfAnotherExtensionIsNotLookedForElsewhere)
     write("installed\\pix\\logo.GIF", sample::gif());
     openTrace(1);
     writer().insertImage("logo.GIF", {}, 0, 0);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: logo.GIF\r\n");
 }
 
@@ -144,7 +146,7 @@ TEST_F(MirovelSectionPictureTest, ThatIsMissingIsTracedByTheNameGiven)
     writer().insertText(L"text");
     takeCalls();
     writer().insertImage("logo.gif", toBookmark("b1", true), 0, 0);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: logo.gif\r\n");
     EXPECT_TRUE(data().links.empty());
     EXPECT_EQ(text(), u"text");
@@ -154,7 +156,7 @@ TEST_F(MirovelSectionPictureTest, WithoutANameIsNotTraced)
 {
     openTrace(10);
     writer().insertImage("", toBookmark("b1", true), 0, 0);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "");
 }
 
@@ -185,7 +187,7 @@ TEST_F(MirovelSectionPictureTest, MayHaveSpacesInItsName)
 {
     const QdxString file = write("a folder\\my logo 1.bmp", sample::bmp());
     writer().insertImage(file, {}, 0, 0);
-    EXPECT_EQ(takeCalls()[3], pictureAdded("Range@1", 1, file)[1]);
+    EXPECT_EQ(takeCalls()[3], pictureAdded("body", 1, file)[1]);
     EXPECT_EQ(text(), u"\x01");
 }
 

@@ -36,9 +36,9 @@ protected:
     }
 };
 
-Calls alignmentWritten(const std::string& range, int number, int alignment)
+Calls alignmentWritten(const std::string& range, int alignment)
 {
-    const std::string format = "ParagraphFormat@" + std::to_string(number);
+    const std::string format = range + ".ParagraphFormat";
     return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
 }
 
@@ -46,16 +46,18 @@ TEST_F(MirovelSectionTableAlignTest, BeginsBehindTheCellAndIsAppliedWhenTheTable
 {
     writer().addCell();
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls(), Calls{"Range@3.End -> 1"});
+    EXPECT_LINES(takeCalls(), Calls{"table.Rows(1).Cells(1).Range.End -> 1"});
     EXPECT_EQ(data().alignRuns.front().start, 1);
     EXPECT_EQ(data().alignRuns.front().range.GetInterfacePtr(), data().cellRange.GetInterfacePtr());
     writer().insertText(L"abc");
     takeCalls();
     writer().endTable();
-    EXPECT_EQ(takeCalls(),
-              join(Calls{"Range@3.End -> 4", "Range@3.Start = 1", "Range@3.End = 4"},
-                   alignmentWritten("Range@3", 1, 1),
-                   Calls{"Cells@1.Item(1) -> Cell@2", "Cell@2.SetWidth(430f, 3)", "Range@1.End -> 6"}));
+    EXPECT_LINES(takeCalls(),
+                 join(Calls{"table.Rows(1).Cells(1).Range.End -> 4", "table.Rows(1).Cells(1).Range.Start = 1",
+                            "table.Rows(1).Cells(1).Range.End = 4"},
+                      alignmentWritten("table.Rows(1).Cells(1).Range", 1),
+                      Calls{"table.Rows(1).Cells.Item(1) -> table.Rows(1).Cells(1)",
+                            "table.Rows(1).Cells(1).SetWidth(430f, 3)", "body.End -> 6"}));
     EXPECT_TRUE(data().alignRuns.empty());
     EXPECT_EQ(data().alignment, 0);
     EXPECT_EQ(alignments(), "c");
@@ -103,7 +105,7 @@ TEST_F(MirovelSectionTableAlignTest, OneIsAskedForAgainBehindTheTable)
     writer().endTable();
     takeCalls();
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Range@1.End -> 7"}));
+    EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "body.End -> 7"}));
     EXPECT_EQ(data().alignment, 2);
 }
 

@@ -54,21 +54,21 @@ protected:
     }
 };
 
-/// A font is written into a cell of Table@1; `found` is the cell's start when Word was asked for it.
-Calls cellWritten(int row, int column, int cell, int range, int font, std::int32_t start, std::int32_t end,
-                  bool asked, const FontLook& look)
+/// A font is written into a cell of the table; `asked` when Word was asked where the cell starts, `use` how
+/// often the cell's range has been taken.
+Calls cellWritten(int row, int column, std::int32_t start, std::int32_t end, bool asked, const FontLook& look,
+                  int use = 1)
 {
-    const std::string cellName = "Cell@" + std::to_string(cell);
-    const std::string rangeName = "Range@" + std::to_string(range);
-    Calls calls = {"Table@1.Cell(" + std::to_string(row) + ", " + std::to_string(column) + ") -> " + cellName,
-                   cellName + ".Range -> " + rangeName};
+    const std::string cellName = "table.Cell(" + std::to_string(row) + ", " + std::to_string(column) + ")";
+    const std::string rangeName = numbered(cellName + ".Range", use, "#");
+    Calls calls = {cellName + " -> " + cellName, cellName + ".Range -> " + rangeName};
     if (asked)
         calls.push_back(rangeName + ".Start -> " + std::to_string(start));
     return join(calls,
                 Calls{rangeName + ".End -> " + std::to_string(end),
                       rangeName + ".Start = " + std::to_string(start),
                       rangeName + ".End = " + std::to_string(end)},
-                fontWritten(rangeName, font, look));
+                fontWritten(rangeName, look));
 }
 
 TEST_F(MirovelSectionTableFontTest, IsRecordedWithItsCell)
@@ -77,7 +77,7 @@ TEST_F(MirovelSectionTableFontTest, IsRecordedWithItsCell)
     addCell(L"a");
     takeCalls();
     writer().setFont(courier.data());
-    EXPECT_EQ(takeCalls(), Calls{"Range@3.End -> 2"});
+    EXPECT_LINES(takeCalls(), Calls{"table.Rows(1).Cells(1).Range.End -> 2"});
     ASSERT_EQ(data().fontRuns.size(), 1U);
     const FontSave& run = data().fontRuns.front();
     EXPECT_EQ(run.getStart(), 1);
@@ -112,12 +112,11 @@ TEST_F(MirovelSectionTableFontTest, TheLastOneReachesToTheEndOfTheTable)
     addCell(L"d");
     writer().endTable();
     EXPECT_EQ(runsRecorded(), "cell 1,2 from 2; ");
-    EXPECT_EQ(finish(),
-              join(Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
-                         "Columns@1.Count -> 2"},
-                   cellWritten(1, 2, 11, 8, 3, 2, 4, false, courier),
-                   cellWritten(2, 1, 12, 9, 4, 5, 7, true, courier),
-                   cellWritten(2, 2, 13, 10, 5, 7, 9, true, courier), Calls{"Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(),
+                 join(Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2",
+                            "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
+                      cellWritten(1, 2, 2, 4, false, courier), cellWritten(2, 1, 5, 7, true, courier),
+                      cellWritten(2, 2, 7, 9, true, courier), Calls{"document.UndoClear()"}));
     EXPECT_EQ(cellsIn(u"Courier New"), "-+/++");
     EXPECT_EQ(text(), u"a\ab\a\ac\ad\a\a ");
 }
@@ -142,12 +141,11 @@ TEST_F(MirovelSectionTableFontTest, ReachesIntoTheCellOfTheNextWhichThenTakesOve
     addCell(bold, L"b");
     writer().endTable();
     takeCalls();
-    EXPECT_EQ(finish(),
-              join(cellWritten(1, 1, 8, 5, 3, 0, 2, false, courier),
-                   cellWritten(1, 2, 9, 6, 4, 2, 4, true, courier),
-                   Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
-                         "Columns@1.Count -> 2"},
-                   cellWritten(1, 2, 10, 7, 5, 2, 4, false, bold), Calls{"Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(),
+                 join(cellWritten(1, 1, 0, 2, false, courier), cellWritten(1, 2, 2, 4, true, courier),
+                      Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                            "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
+                      cellWritten(1, 2, 2, 4, false, bold, 2), Calls{"document.UndoClear()"}));
     EXPECT_EQ(fontAt(0).bold, false);
     EXPECT_EQ(fontAt(2).bold, true);
 }
@@ -177,8 +175,7 @@ TEST_F(MirovelSectionTableFontTest, IsLostWhenTheNextOneIsSetBehindTheTable)
     writer().setFont(bold.data());
     writer().insertText(L"behind");
     EXPECT_EQ(runsRecorded(), "cell 1,1 from 0; text 0,0 from 6; ");
-    EXPECT_EQ(finish(),
-              join(rangeLaid(6, 12), fontWritten("Range@1", 3, bold), Calls{"Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(), join(rangeLaid(6, 12), fontWritten("body", bold), Calls{"document.UndoClear()"}));
     EXPECT_EQ(cellsIn(u"Courier New"), "--");
     EXPECT_EQ(fontAt(6).bold, true);
 }
@@ -215,12 +212,11 @@ TEST_F(MirovelSectionTableFontTest, OfATextInFrontEndsWhereTheCellsOneBegins)
     writer().endTable();
     EXPECT_EQ(runsRecorded(), "text 0,0 from 2; cell 1,2 from 4; ");
     takeCalls();
-    EXPECT_EQ(finish(),
-              join(rangeLaid(2, 8), Calls{"Range@1.Style = -1"}, rangeLaid(2, 4),
-                   fontWritten("Range@1", 5, normalFont),
-                   Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
-                         "Columns@1.Count -> 2"},
-                   cellWritten(1, 2, 8, 5, 6, 4, 6, false, courier), Calls{"Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(), join(rangeLaid(2, 8), Calls{"body.Style = -1"}, rangeLaid(2, 4),
+                                fontWritten("body", normalFont),
+                                Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                                      "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
+                                cellWritten(1, 2, 4, 6, false, courier), Calls{"document.UndoClear()"}));
 }
 
 // After the font of the last cell the output range is not laid anywhere else.
@@ -252,9 +248,9 @@ TEST_F(MirovelSectionTableFontTest, InACellOfARowWithoutCellsFailsAtTheEnd)
     writer().endTable();
     takeCalls();
     EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(static_cast<HRESULT>(0x800A1735)));
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Table@1.Rows -> Rows@2", "Rows@2.Count -> 1", "Table@1.Columns -> Columns@1",
-                     "Columns@1.Count -> 1", "Table@1.Cell(1, 0) !! 0x800a1735"}));
+    EXPECT_LINES(takeCalls(),
+                 (Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1", "table.Columns -> table.Columns",
+                        "table.Columns.Count -> 1", "table.Cell(1, 0) !! 0x800a1735"}));
     EXPECT_EQ(data().fontRuns.size(), 1U);
     data().fontRuns.clear();
 }
@@ -271,8 +267,9 @@ TEST_F(MirovelSectionTableFontTest, BeyondTheLastColumnCountsForTheLastOne)
     EXPECT_EQ(runsRecorded(), "cell 2,3 from 8; ");
     writer().endTable();
     EXPECT_EQ(cellTexts(), u"a|b/c|de");
-    EXPECT_EQ(finish(), (Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
-                               "Columns@1.Count -> 2", "Document@1.UndoClear()"}))
+    EXPECT_LINES(finish(),
+                 (Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2", "table.Columns -> table.Columns",
+                        "table.Columns.Count -> 2", "document.UndoClear()"}))
         << "columns 3 to 2 are none";
 }
 
@@ -287,11 +284,11 @@ TEST_F(MirovelSectionTableFontTest, BetweenTwoBeyondTheLastColumnGoesToTheLastOn
     writer().endTable();
     EXPECT_EQ(runsRecorded(), "cell 2,2 from 4; cell 2,3 from 5; ");
     takeCalls();
-    EXPECT_EQ(finish(),
-              join(cellWritten(2, 1, 7, 8, 3, 4, 7, false, courier),
-                   cellWritten(2, 1, 8, 9, 4, 3, 7, true, courier),
-                   Calls{"Table@1.Rows -> Rows@3", "Rows@3.Count -> 2", "Table@1.Columns -> Columns@1",
-                         "Columns@1.Count -> 1", "Document@1.UndoClear()"}));
+    EXPECT_LINES(
+        finish(),
+        join(cellWritten(2, 1, 4, 7, false, courier), cellWritten(2, 1, 3, 7, true, courier, 2),
+             Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2", "table.Columns -> table.Columns",
+                   "table.Columns.Count -> 1", "document.UndoClear()"}));
     EXPECT_EQ(cellTexts(), u"a/cde");
     EXPECT_EQ(cellsIn(u"Courier New"), "-/+") << "the whole cell, since it stands for two";
     EXPECT_EQ(fontAt(5).bold, false);
@@ -303,15 +300,15 @@ TEST_F(MirovelSectionTableFontTest, OfAStyleIsRecordedInTheCellAndTheStyleIsNotA
     addCell(L"a");
     takeCalls();
     writer().setStyle("Heading 1", false);
-    EXPECT_EQ(takeCalls(), join(styleFontRead("-2", 2, 3, heading1Font), Calls{"Range@3.End -> 2"}));
+    EXPECT_LINES(takeCalls(),
+                 join(styleFontRead("-2", heading1Font), Calls{"table.Rows(1).Cells(1).Range.End -> 2"}));
     EXPECT_EQ(data().stylePos, 3);
     writer().insertText(L"T");
     writer().endTable();
-    EXPECT_EQ(finish(),
-              join(Calls{R"(Range@1.InsertAfter("\n"))", "Range@1.Start = 3", "Range@1.End = 6",
-                         "Range@1.Style = -1", "Table@1.Rows -> Rows@2", "Rows@2.Count -> 1",
-                         "Table@1.Columns -> Columns@1", "Columns@1.Count -> 1"},
-                   cellWritten(1, 1, 3, 4, 4, 1, 3, false, heading1Font), Calls{"Document@1.UndoClear()"}))
+    EXPECT_LINES(finish(), join(Calls{R"(body.InsertAfter("\n"))", "body.Start = 3", "body.End = 6",
+                                      "body.Style = -1", "table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                                      "table.Columns -> table.Columns", "table.Columns.Count -> 1"},
+                                cellWritten(1, 1, 1, 3, false, heading1Font), Calls{"document.UndoClear()"}))
         << "the run of the style goes on behind the table, as one in \"Normal\"";
     EXPECT_EQ(text(), u"aT\a\a \r");
     EXPECT_EQ(styleAt(0), u"Normal");
@@ -327,8 +324,8 @@ TEST_F(MirovelSectionTableFontTest, AFailureAmongTheCellsKeepsTheRuns)
     addCell(L"b");
     writer().endTable();
     writer().applyFont();
-    const std::size_t calls = 4 + cellWritten(1, 1, 1, 1, 1, 0, 2, false, courier).size() +
-                              cellWritten(1, 2, 1, 1, 1, 2, 4, true, courier).size();
+    const std::size_t calls =
+        4 + cellWritten(1, 1, 0, 2, false, courier).size() + cellWritten(1, 2, 2, 4, true, courier).size();
     data().tableIndex = 0; // as if the table were open, so that the font is recorded in the cell
     writer().setFont(courier.data());
     data().tableIndex = -1;

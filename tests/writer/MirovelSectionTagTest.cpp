@@ -24,9 +24,9 @@ TEST_F(MirovelSectionTagTest, PlacesABookmarkAtTheInsertionPosition)
     writer().insertText(L"intro ");
     takeCalls();
     EXPECT_TRUE(writer().insertTag("b1"));
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Document@1.Bookmarks -> Bookmarks@1", R"(Bookmarks@1.Add("b1", missing) -> Bookmark@1)",
-                     "Bookmark@1.Start = 6"}));
+    EXPECT_LINES(takeCalls(),
+                 (Calls{"document.Bookmarks -> document.Bookmarks",
+                        R"(document.Bookmarks.Add("b1", missing) -> bookmark)", "bookmark.Start = 6"}));
     EXPECT_TRUE(data().lastTagBookmark);
     EXPECT_EQ(data().pos, 6);
     EXPECT_EQ(place(u"b1"), "6-6");
@@ -39,9 +39,9 @@ TEST_F(MirovelSectionTagTest, TheNextOneEndsTheOneBefore)
     writer().insertText(L"first ");
     takeCalls();
     writer().insertTag("b2");
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Document@1.Bookmarks -> Bookmarks@2", R"(Bookmarks@2.Add("b2", missing) -> Bookmark@2)",
-                     "Bookmark@2.Start = 12", "Bookmark@1.End = 11"}));
+    EXPECT_LINES(takeCalls(), (Calls{"document.Bookmarks -> document.Bookmarks",
+                                     R"(document.Bookmarks.Add("b2", missing) -> bookmark2)",
+                                     "bookmark2.Start = 12", "bookmark.End = 11"}));
     EXPECT_EQ(place(u"b1"), "6-11") << "one short of the text up to the next tag";
     EXPECT_EQ(place(u"b2"), "12-12");
 }
@@ -50,8 +50,8 @@ TEST_F(MirovelSectionTagTest, TheLastOneEndsWithTheWriter)
 {
     writer().insertTag("b1");
     writer().insertText(L"all of it");
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 9, "-1", 2, normalFont),
-                             Calls{"Bookmark@1.End = 8", "Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 9, "-1", normalFont),
+                                Calls{"bookmark.End = 8", "document.UndoClear()"}));
     EXPECT_EQ(place(u"b1"), "0-8");
 }
 
@@ -60,7 +60,7 @@ TEST_F(MirovelSectionTagTest, NamesHaveAtMostNineCharacters)
     EXPECT_TRUE(writer().insertTag("b23456789"));
     takeCalls();
     EXPECT_FALSE(writer().insertTag("b234567890"));
-    EXPECT_EQ(takeCalls(), Calls{"Document@1.Bookmarks -> Bookmarks@2"});
+    EXPECT_LINES(takeCalls(), Calls{"document.Bookmarks -> document.Bookmarks"});
     EXPECT_EQ(place(u"b23456789"), "0-0");
     EXPECT_EQ(place(u"b234567890"), "(none)");
     writer().insertText(L"x");
@@ -83,9 +83,9 @@ TEST_F(MirovelSectionTagTest, TheSameNameMovesTheBookmark)
     writer().insertText(L"defgh");
     takeCalls();
     writer().insertTag("b1");
-    EXPECT_EQ(takeCalls(),
-              (Calls{"Document@1.Bookmarks -> Bookmarks@2", R"(Bookmarks@2.Add("b1", missing) -> Bookmark@2)",
-                     "Bookmark@2.Start = 8", "Bookmark@1.End = 7"}))
+    EXPECT_LINES(takeCalls(), (Calls{"document.Bookmarks -> document.Bookmarks",
+                                     R"(document.Bookmarks.Add("b1", missing) -> bookmark2)",
+                                     "bookmark2.Start = 8", "bookmark.End = 7"}))
         << "both are one in Word, whose start follows its end";
     EXPECT_EQ(place(u"b1"), "7-7");
 }
@@ -96,7 +96,7 @@ TEST_F(MirovelSectionTagTest, ASecondOneAtTheVeryStartFails)
     writer().insertTag("b1");
     takeCalls();
     EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(static_cast<HRESULT>(0x800A1200)));
-    EXPECT_EQ(takeCalls().back(), "Bookmark@1.End = -1 !! 0x800a1200");
+    EXPECT_EQ(takeCalls().back(), "bookmark.End = -1 !! 0x800a1200");
     EXPECT_EQ(place(u"b2"), "0-0") << "it is there, but not the last one";
     writer().insertText(L"text");
     finish();
@@ -108,8 +108,8 @@ TEST_F(MirovelSectionTagTest, OneAtTheVeryStartWithoutTextFailsTheEnd)
 {
     writer().insertTag("b1");
     EXPECT_THAT(comErrorOf([&] { finish(); }), isHresult(static_cast<HRESULT>(0x800A1200)));
-    EXPECT_EQ(takeCalls(),
-              join(styleRunApplied(0, 0, "-1", 2, normalFont), Calls{"Bookmark@1.End = -1 !! 0x800a1200"}))
+    EXPECT_LINES(takeCalls(),
+                 join(styleRunApplied(0, 0, "-1", normalFont), Calls{"bookmark.End = -1 !! 0x800a1200"}))
         << "nothing behind it is done";
 }
 
@@ -130,8 +130,7 @@ TEST_F(MirovelSectionTagTest, InATableStandsBehindTheTable)
     writer().insertText(L"cell");
     takeCalls();
     EXPECT_TRUE(writer().insertTag("b1"));
-    EXPECT_EQ(takeCalls().back(), "Bookmark@1.Start = 3")
-        << "the count where the table began, with the table";
+    EXPECT_EQ(takeCalls().back(), "bookmark.Start = 3") << "the count where the table began, with the table";
     writer().endTable();
     EXPECT_EQ(place(u"b1"), "3-3");
     EXPECT_EQ(text(), u"cell\a\a ");
@@ -141,7 +140,7 @@ TEST_F(MirovelSectionTagTest, WithoutADocumentNoneIsPlaced)
 {
     data().document = nullptr;
     EXPECT_FALSE(writer().insertTag("b1"));
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_FALSE(data().lastTagBookmark);
     data().document = document_;
 }
@@ -152,8 +151,8 @@ TEST_F(MirovelSectionTagTest, WithoutWordsBookmarksNoneIsPlaced)
     takeCalls();
     session_.failCall(1, S_FALSE);
     EXPECT_FALSE(writer().insertTag("b1"));
-    EXPECT_EQ(takeCalls(), Calls{"Document@1.Bookmarks"});
-    EXPECT_EQ(finish(), join(styleRunApplied(0, 3, "-1", 2, normalFont), Calls{"Document@1.UndoClear()"}))
+    EXPECT_LINES(takeCalls(), Calls{"document.Bookmarks"});
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 3, "-1", normalFont), Calls{"document.UndoClear()"}))
         << "no bookmark is ended";
 }
 
@@ -166,10 +165,10 @@ TEST_F(MirovelSectionTagTest, TheLastOneEndsBehindFontsAndAlignments)
     writer().insertTag("b1");
     writer().setFont(heading9Font.data());
     writer().insertText(L"cd");
-    EXPECT_EQ(finish(),
-              join(rangeLaid(2, 4), fontWritten("Range@1", 3, heading9Font), rangeLaid(0, 4),
-                   Calls{"Range@1.ParagraphFormat -> ParagraphFormat@1", "ParagraphFormat@1.Alignment = 1",
-                         "Bookmark@1.End = 3", "Document@1.UndoClear()"}));
+    EXPECT_LINES(finish(), join(rangeLaid(2, 4), fontWritten("body", heading9Font), rangeLaid(0, 4),
+                                Calls{"body.ParagraphFormat -> body.ParagraphFormat",
+                                      "body.ParagraphFormat.Alignment = 1", "bookmark.End = 3",
+                                      "document.UndoClear()"}));
     EXPECT_EQ(place(u"b1"), "2-3");
 }
 

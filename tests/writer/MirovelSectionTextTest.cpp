@@ -7,14 +7,14 @@ using MirovelSectionTextTest = WriterTest;
 TEST_F(MirovelSectionTextTest, WritesTextWithOneCallAndCountsIt)
 {
     writer().insertText(L"plain text");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("plain text"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("plain text"))"});
     EXPECT_EQ(data().pos, 10);
     EXPECT_EQ(data().lastEndlPos, 0);
     EXPECT_EQ(data().stylePos, 0);
     EXPECT_EQ(text(), u"plain text");
 
     writer().insertText(L", more");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter(", more"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter(", more"))"});
     EXPECT_EQ(data().pos, 16);
     EXPECT_EQ(text(), u"plain text, more");
 }
@@ -22,14 +22,14 @@ TEST_F(MirovelSectionTextTest, WritesTextWithOneCallAndCountsIt)
 TEST_F(MirovelSectionTextTest, WritesMarkupAsItStands)
 {
     writer().insertText(L"<a href=\"x\">y</a>");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("<a href=\"x\">y</a>"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("<a href=\"x\">y</a>"))"});
     EXPECT_EQ(text(), u"<a href=\"x\">y</a>");
 }
 
 TEST_F(MirovelSectionTextTest, CountsCarriageReturnAndLineFeedAsOne)
 {
     writer().insertText(L"ab\r\ncd");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("ab\r\ncd"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("ab\r\ncd"))"});
     EXPECT_EQ(data().pos, 5);
     EXPECT_EQ(data().lastEndlPos, 0) << "only insertEndl notes a paragraph end";
     EXPECT_EQ(text(), u"ab\rcd");
@@ -38,7 +38,7 @@ TEST_F(MirovelSectionTextTest, CountsCarriageReturnAndLineFeedAsOne)
 TEST_F(MirovelSectionTextTest, CountsALineFeedAtTheStartInFull)
 {
     writer().insertText(L"\n\nx");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n\nx"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n\nx"))"});
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"\r\rx");
 }
@@ -46,7 +46,7 @@ TEST_F(MirovelSectionTextTest, CountsALineFeedAtTheStartInFull)
 TEST_F(MirovelSectionTextTest, StopsSubtractingAtASecondLineFeedInARow)
 {
     writer().insertText(L"a\n\nb");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("a\n\nb"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("a\n\nb"))"});
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"a\r\rb");
 }
@@ -54,7 +54,7 @@ TEST_F(MirovelSectionTextTest, StopsSubtractingAtASecondLineFeedInARow)
 TEST_F(MirovelSectionTextTest, CountsUtf16UnitsWhateverTheCodePage)
 {
     writer().insertText(L"\u00e4\u4e2d\U0001F600");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\u00e4\u4e2d\ud83d\ude00"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\u00e4\u4e2d\ud83d\ude00"))"});
     EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"\u00e4\u4e2d\U0001F600");
 }
@@ -63,14 +63,14 @@ TEST_F(MirovelSectionTextTest, KeepsUnpairedSurrogates)
 {
     const wchar_t unpaired[] = {L'a', 0xD83D, L'b', 0};
     writer().insertText(unpaired);
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("a\ud83db"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("a\ud83db"))"});
     EXPECT_EQ(data().pos, 3);
 }
 
 TEST_F(MirovelSectionTextTest, AnEmptyTextMovesNothing)
 {
     writer().insertText(L"");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter(""))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter(""))"});
     EXPECT_EQ(data().pos, 0);
     EXPECT_EQ(text(), u"");
 }
@@ -78,7 +78,7 @@ TEST_F(MirovelSectionTextTest, AnEmptyTextMovesNothing)
 TEST_F(MirovelSectionTextTest, EndsATextAtItsFirstNul)
 {
     writer().insertText(L"ab\0cd\n");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("ab"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("ab"))"});
     EXPECT_EQ(data().pos, 2);
 }
 
@@ -101,7 +101,7 @@ TEST_F(MirovelSectionTextTest, WritesIntoTheCellOfAnOpenTable)
     takeCalls();
     openCell(headerRange());
     writer().insertText(L"ab\r\ncd");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("ab\r\ncd"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("ab\r\ncd"))"});
     EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"body");
     closeCell();
@@ -139,7 +139,7 @@ TEST_F(MirovelSectionTextTest, EndsAParagraph)
     writer().insertText(L"ab");
     takeCalls();
     writer().insertEndl();
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(data().lastEndlPos, 3);
     EXPECT_EQ(data().stylePos, 0);
@@ -150,7 +150,7 @@ TEST_F(MirovelSectionTextTest, EndsAParagraph)
 TEST_F(MirovelSectionTextTest, AnEmptyParagraphInNormalLeavesTheStyleWhereItBegan)
 {
     writer().insertEndl();
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
     EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
     EXPECT_EQ(data().stylePos, 0);
@@ -162,7 +162,7 @@ TEST_F(MirovelSectionTextTest, AParagraphEndRightBehindAStyleStaysOutsideItsRun)
     writer().setStyle("Heading 1", false);
     takeCalls();
     writer().insertEndl();
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
     EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().stylePos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
@@ -191,7 +191,7 @@ TEST_F(MirovelSectionTextTest, AParagraphEndInATableGoesIntoTheCell)
     takeCalls();
     openCell(headerRange());
     writer().insertEndl();
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("\n"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("\n"))"});
     EXPECT_EQ(data().pos, 0);
     EXPECT_EQ(data().stylePos, 0);
     EXPECT_EQ(data().lastEndlPos, 0);
@@ -202,8 +202,8 @@ TEST_F(MirovelSectionTextTest, AParagraphEndInATableGoesIntoTheCell)
 
 TEST_F(MirovelSectionTextTest, ClearsTheUndoListEvery101ParagraphEnds)
 {
-    const Calls endl = {R"(Range@1.InsertAfter("\n"))"};
-    const Calls lastEndl = join(endl, Calls{"Document@1.UndoClear()"});
+    const Calls endl = {R"(body.InsertAfter("\n"))"};
+    const Calls lastEndl = join(endl, Calls{"document.UndoClear()"});
     for (int i = 1; i <= 303; ++i) {
         writer().insertEndl();
         ASSERT_EQ(takeCalls(), i % 101 == 0 ? lastEndl : endl) << "paragraph end number " << i;
@@ -218,7 +218,8 @@ TEST_F(MirovelSectionTextTest, CountsParagraphEndsInTablesForTheUndoListToo)
     data().endlCount = 100;
     openCell(headerRange());
     writer().insertEndl();
-    EXPECT_EQ(takeCalls(), (Calls{R"(Range@2.InsertAfter("\n"))", "Document@1.UndoClear()"}));
+    EXPECT_LINES(takeCalls(), (Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("\n"))",
+                                     "document.UndoClear()"}));
     EXPECT_EQ(data().endlCount, 0);
     closeCell();
 }
@@ -245,41 +246,41 @@ protected:
 
 TEST_F(CheckForEndlTest, EndsAnOpenParagraph)
 {
-    EXPECT_EQ(checked(10, 2, 4), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_LINES(checked(10, 2, 4), Calls{R"(body.InsertAfter("\n"))"});
     EXPECT_EQ(data().pos, 11);
     EXPECT_EQ(data().lastEndlPos, 11);
     EXPECT_EQ(data().stylePos, 4);
     EXPECT_EQ(data().endlCount, 1);
-    EXPECT_EQ(checked(data().pos, data().lastEndlPos, data().stylePos), Calls{});
+    EXPECT_LINES(checked(data().pos, data().lastEndlPos, data().stylePos), Calls{});
 }
 
 TEST_F(CheckForEndlTest, LeavesAParagraphThatIsEnded)
 {
-    EXPECT_EQ(checked(10, 10, 4), Calls{});
+    EXPECT_LINES(checked(10, 10, 4), Calls{});
     EXPECT_EQ(data().pos, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesAStyleWithoutText)
 {
-    EXPECT_EQ(checked(10, 2, 10), Calls{});
+    EXPECT_LINES(checked(10, 2, 10), Calls{});
     EXPECT_EQ(data().pos, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesTextOfAStyleThatBeganBehindAParagraphEnd)
 {
-    EXPECT_EQ(checked(10, 4, 4), Calls{});
+    EXPECT_LINES(checked(10, 4, 4), Calls{});
     EXPECT_EQ(data().pos, 10);
 }
 
 TEST_F(CheckForEndlTest, EndsAParagraphAlthoughNoStyleRunIsOpen)
 {
-    EXPECT_EQ(checked(10, 0, -1), Calls{R"(Range@1.InsertAfter("\n"))"});
+    EXPECT_LINES(checked(10, 0, -1), Calls{R"(body.InsertAfter("\n"))"});
 }
 
 TEST_F(CheckForEndlTest, LeavesTablesAlone)
 {
     openCell(headerRange());
-    EXPECT_EQ(checked(10, 2, 4), Calls{});
+    EXPECT_LINES(checked(10, 2, 4), Calls{});
     EXPECT_EQ(data().pos, 10);
     closeCell();
 }
@@ -291,7 +292,7 @@ TEST_F(DeleteLastCharTest, RemovesTheLastCharacterWritten)
     writer().insertText(L"abcd");
     takeCalls();
     MirovelSectionProbe::deleteLastChar(writer());
-    EXPECT_EQ(takeCalls(), (Calls{"Range@1.Start = 3", "Range@1.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(), (Calls{"body.Start = 3", "body.Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"abc");
     writer().insertText(L"x");
@@ -305,7 +306,8 @@ TEST_F(DeleteLastCharTest, InATableRemovesWhatFollowsTheCell)
     takeCalls();
     openCell(cell);
     MirovelSectionProbe::deleteLastChar(writer());
-    EXPECT_EQ(takeCalls(), (Calls{"Range@2.End -> 2", "Range@2.Start = 2", "Range@2.Delete(1, 1) -> 1"}));
+    EXPECT_LINES(takeCalls(), (Calls{"document.Range(0, 2).End -> 2", "document.Range(0, 2).Start = 2",
+                                     "document.Range(0, 2).Delete(1, 1) -> 1"}));
     EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"abd");
     closeCell();
@@ -326,7 +328,7 @@ TEST_F(MirovelSectionTextTest, DeletesTheContentOfTheOutputRange)
     writer().insertText(L"what the template held\nin two lines");
     takeCalls();
     writer().deleteRange();
-    EXPECT_EQ(takeCalls(), Calls{"Range@1.Delete(missing, missing) -> 1"});
+    EXPECT_LINES(takeCalls(), Calls{"body.Delete(missing, missing) -> 1"});
     EXPECT_EQ(text(), u"");
     data().pos = 0;
 }
@@ -340,7 +342,7 @@ TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
     MirovelSectionProbe::setRange(writer(), header);
     EXPECT_EQ(data().range.GetInterfacePtr(), header.GetInterfacePtr());
     writer().insertText(L"head");
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@2.InsertAfter("head"))"});
+    EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("head"))"});
     EXPECT_EQ(text(), u"body");
     MirovelSectionProbe::setRange(writer(), range_);
     data().pos = 4;
@@ -351,7 +353,7 @@ TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
     session_.failCall(1, static_cast<HRESULT>(0x800706BA));
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"lost"); }),
                 isHresult(static_cast<HRESULT>(0x800706BA)));
-    EXPECT_EQ(takeCalls(), Calls{R"(Range@1.InsertAfter("lost") !! 0x800706ba)"});
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("lost") !! 0x800706ba)"});
     EXPECT_EQ(data().pos, 0);
     writer().insertText(L"kept");
     EXPECT_EQ(data().pos, 4);
@@ -375,7 +377,7 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
     data().endlCount = 100;
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_FAIL));
-    EXPECT_EQ(takeCalls(), (Calls{R"(Range@1.InsertAfter("\n"))", "Document@1.UndoClear() !! 0x80004005"}));
+    EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "document.UndoClear() !! 0x80004005"}));
     EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
 }
@@ -386,7 +388,7 @@ TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"x"); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().deleteRange(); }), isHresult(E_POINTER));
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     data().range = range_;
 }
 

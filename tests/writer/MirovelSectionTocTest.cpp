@@ -7,13 +7,12 @@ using MirovelSectionTocTest = ClientWriterTest;
 TEST_F(MirovelSectionTocTest, WritesTheHeadingAndRemembersThePlace)
 {
     writer().insertTOC(3);
-    EXPECT_EQ(takeCalls(), join(rangeLaid(0, 0), Calls{"Range@1.Style = -1"}, rangeLaid(0, 0),
-                                fontWritten("Range@1", 2, normalFont),
-                                Calls{"Range@1.End -> 0", R"(Range@1.InsertAfter("Table of Contents"))",
-                                      R"(Range@1.InsertAfter("\n"))", R"(Range@1.InsertAfter("\n"))",
-                                      "Range@1.End -> 19", R"(Range@1.InsertAfter("\n"))"},
-                                rangeLaid(0, 20), Calls{"Range@1.Style = -1"}, rangeLaid(0, 20),
-                                fontWritten("Range@1", 3, normalFont)));
+    EXPECT_LINES(
+        takeCalls(),
+        join(rangeLaid(0, 0), Calls{"body.Style = -1"}, rangeLaid(0, 0), fontWritten("body", normalFont),
+             Calls{"body.End -> 0", R"(body.InsertAfter("Table of Contents"))", R"(body.InsertAfter("\n"))",
+                   R"(body.InsertAfter("\n"))", "body.End -> 19", R"(body.InsertAfter("\n"))"},
+             rangeLaid(0, 20), Calls{"body.Style = -1"}, rangeLaid(0, 20), fontWritten("body", normalFont)));
     EXPECT_EQ(data().tocPos, 19);
     EXPECT_EQ(data().tocStartPos, 19);
     EXPECT_EQ(data().tocLevel, 3);
@@ -54,7 +53,7 @@ TEST_F(MirovelSectionTocTest, InATableIsNotHeard)
     writer().startTable();
     takeCalls();
     writer().insertTOC(3);
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(data().tocPos, 0);
     EXPECT_EQ(data().tocStartPos, 0);
     EXPECT_EQ(data().tocLevel, 0);
@@ -68,7 +67,7 @@ TEST_F(MirovelSectionTocTest, EntriesWithoutATableOfContentsAreNotHeard)
     writer().insertText(L"entry");
     takeCalls();
     writer().endTOCEntry();
-    EXPECT_EQ(takeCalls(), Calls{});
+    EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_TRUE(data().tocText.isEmpty());
     EXPECT_EQ(text(), u"entry");
 }
@@ -82,7 +81,7 @@ TEST_F(MirovelSectionTocTest, AnEntryEndsEvenIfWordHasNoTablesOfContents)
     takeCalls();
     session_.failCall(1, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().endTOCEntry(); }), isHresult(E_FAIL));
-    EXPECT_EQ(takeCalls(), Calls{"Document@1.TablesOfContents !! 0x80004005"});
+    EXPECT_LINES(takeCalls(), Calls{"document.TablesOfContents !! 0x80004005"});
     EXPECT_FALSE(data().collectingTocEntry);
     EXPECT_EQ(text(), u"entry");
 }

@@ -3,6 +3,7 @@
 #include "Hresult.h"
 #include "InProcess.h"
 #include "MirovelSectionProbe.h"
+#include "WriterCalls.h"
 #include "general/QdxException.h"
 
 #include "Document.h"
@@ -11,55 +12,10 @@
 
 #include <gtest/gtest.h>
 
-#include <concepts>
 #include <cstdint>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
-
-/// Calls that Word received, as its transcript tells them.
-using Calls = std::vector<std::string>;
-
-/// The given calls one behind the other.
-template <std::same_as<Calls>... Parts>
-Calls join(const Parts&... parts)
-{
-    Calls all;
-    (all.insert(all.end(), parts.begin(), parts.end()), ...);
-    return all;
-}
-
-struct FontLook
-{
-    const char* name;
-    int size;
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    bool strikeThrough = false;
-
-    FontData data() const;
-};
-
-/// The fonts of styles in a new document.
-inline constexpr FontLook normalFont{"Times New Roman", 12};
-inline constexpr FontLook heading1Font{"Arial", 16, true};
-inline constexpr FontLook heading2Font{"Arial", 14, true, true};
-inline constexpr FontLook heading9Font{"Arial", 11};
-
-/// A style is looked up under `argument` and its font is read.
-Calls styleFontRead(const std::string& argument, int styleNumber, int fontNumber, const FontLook& font);
-/// The font of `range` is taken and everything in it is set.
-Calls fontWritten(const std::string& range, int fontNumber, const FontLook& font);
-/// The output range is laid over [start, end).
-Calls rangeLaid(std::int32_t start, std::int32_t end);
-/// A style run over [start, end) is applied, and on top of it the one font run that it has.
-Calls styleRunApplied(std::int32_t start, std::int32_t end, const std::string& style, int fontNumber,
-                      const FontLook& font);
-
-bool operator==(const FontData& a, const FontData& b);
-std::ostream& operator<<(std::ostream& out, const FontData& font);
 
 /// Finishes and destroys a writer, as its owners do; null is none.
 void endWriter(MirovelSection* writer);
@@ -73,7 +29,7 @@ public:
     Apartment& operator=(const Apartment&) = delete;
 };
 
-/// A Word with one new document. In the transcript it is Document@1, and its whole range Range@1.
+/// A Word with one new document. In the transcript it is `document`, and its whole range `body`.
 class DocumentTest : public testing::Test
 {
 protected:
@@ -94,7 +50,8 @@ protected:
     /// What the cells of the only table hold: "one|two/three|four".
     std::u16string cellTexts() const;
     /// The primary header, which plays a table's cell where only text and ranges count: a story of its own,
-    /// ended by a mark. The calls for it are not left in the transcript; it is Range@2 when it is the second.
+    /// ended by a mark. The calls for it are not left in the transcript; there it is
+    /// `document.Sections(1).Headers(1).Range`.
     Word::RangePtr headerRange();
 
     Apartment apartment_;

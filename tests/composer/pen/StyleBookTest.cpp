@@ -48,7 +48,7 @@ TEST_F(StyleBookTest, AsksForEachStyleOnce)
     fontOf(u"Heading 1");
     styles->alignmentOf(u"Heading 1");
     EXPECT_TRUE(styles->holds(u"Heading 1"));
-    EXPECT_EQ(takeCalls(), Calls());
+    EXPECT_LINES(takeCalls(), Calls());
 }
 
 TEST_F(StyleBookTest, AsksForNoMoreThanIsWanted)
@@ -56,9 +56,10 @@ TEST_F(StyleBookTest, AsksForNoMoreThanIsWanted)
     styles->holds(u"Heading 1");
     static_cast<void>(takeCalls());
     styles->fontOf(u"Heading 1", FontProperty::bold);
-    EXPECT_EQ(takeCalls(), (Calls{"Style@1.Font -> Font@1", "Font@1.Bold -> -1"}));
+    EXPECT_LINES(takeCalls(), (Calls{"document.Styles(-2).Font -> document.Styles(-2).Font",
+                                     "document.Styles(-2).Font.Bold -> -1"}));
     styles->fontOf(u"Heading 1", FontProperty::size);
-    EXPECT_EQ(takeCalls(), Calls{"Font@1.Size -> 16f"});
+    EXPECT_LINES(takeCalls(), Calls{"document.Styles(-2).Font.Size -> 16f"});
 }
 
 TEST_F(StyleBookTest, KnowsWhichStylesThereAre)
@@ -66,7 +67,7 @@ TEST_F(StyleBookTest, KnowsWhichStylesThereAre)
     EXPECT_FALSE(styles->holds(u"no such style"));
     static_cast<void>(takeCalls());
     EXPECT_FALSE(styles->holds(u"no such style"));
-    EXPECT_EQ(takeCalls(), Calls());
+    EXPECT_LINES(takeCalls(), Calls());
 }
 
 TEST_F(StyleBookTest, DoesNotTakeAFailureForAMissingStyle)

@@ -1,6 +1,7 @@
 """What the end-to-end tests stand on: a folder and a Wine prefix per module, and clients run in it."""
 
 import dataclasses
+import difflib
 import os
 import pathlib
 import shutil
@@ -41,6 +42,11 @@ class EndToEndTest(unittest.TestCase):
 
     maxDiff = None
     _begun = set()
+
+    def assertLines(self, expected, actual):
+        """Compares two transcripts; a failure shows their difference."""
+        if expected != actual:
+            self.fail("\n".join(["the transcript differs", *difflib.unified_diff(expected, actual, "expected", "actual", lineterm="")]))
 
     @classmethod
     def setUpClass(cls):

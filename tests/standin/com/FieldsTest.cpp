@@ -32,9 +32,9 @@ TEST_F(Fields, AFieldAddedInFrontOfAPlaceholderMovesIt)
     EXPECT_EQ(place->GetEnd(), 5);
     EXPECT_EQ(output->GetText(), _bstr_t(L"1X"));
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Range@1.Fields -> Fields@1",
-                            "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1", "Range@1.End -> 16",
-                            "Range@2.End -> 5", "Range@1.Text -> \"1X\""));
+                ElementsAre("body.Fields -> body.Fields",
+                            "body.Fields.Add(body.Duplicate, 33, missing, missing) -> field",
+                            "body.End -> 16", "body.Duplicate.End -> 5", "body.Text -> \"1X\""));
 }
 
 TEST_F(Fields, TheTypeMayBeLeftOutInEveryWay)
@@ -132,10 +132,12 @@ TEST_F(Hyperlinks, AreDrawnOverARange)
     const Word::HyperlinkPtr link =
         document->GetHyperlinks()->Add(anchor, Word::text(L""), Word::text(L"b1"));
     EXPECT_EQ(text(), u"see \x13 HYPERLINK  \\l \"b1\" \x14here\x15\r");
-    EXPECT_THAT(session.transcript(),
-                ElementsAre("Document@1.Hyperlinks -> Hyperlinks@1",
-                            "Hyperlinks@1.Add(Range@2, \"\", \"b1\", missing, missing, missing) -> "
-                            "Hyperlink@1"));
+    EXPECT_THAT(
+        session.transcript(),
+        ElementsAre(
+            "document.Hyperlinks -> document.Hyperlinks",
+            "document.Hyperlinks.Add(document.Range(4, 8), \"\", \"b1\", missing, missing, missing) -> "
+            "hyperlink"));
     EXPECT_EQ(link->GetAddress(), _bstr_t(L""));
     EXPECT_EQ(link->GetSubAddress(), _bstr_t(L"b1"));
     EXPECT_EQ(link->GetTextToDisplay(), _bstr_t(L"here"));
@@ -202,8 +204,9 @@ TEST_F(Hyperlinks, InsideAnotherFieldAreMadeAndRemarkedOn)
     session.clearTranscript();
     links->Add(anchor, Word::text(L"http://b"));
     EXPECT_THAT(session.transcript(),
-                ElementsAre("# crosses a field", "Hyperlinks@1.Add(Range@3, \"http://b\", missing, missing, "
-                                                 "missing, missing) -> Hyperlink@2"));
+                ElementsAre("# crosses a field",
+                            "document.Hyperlinks.Add(document.Range(8, 13), \"http://b\", missing, missing, "
+                            "missing, missing) -> hyperlink2"));
     EXPECT_EQ(links->GetCount(), 2);
     EXPECT_EQ(document->Range()->GetText(), _bstr_t(L"one two three\r"));
 }
@@ -220,9 +223,9 @@ TEST_F(BookmarksOfADocument, StartAtTheBeginningAndGetTheirBorders)
     EXPECT_EQ(bookmark->GetEnd(), 4);
     bookmark->PutEnd(7);
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Document@1.Bookmarks -> Bookmarks@1",
-                            "Bookmarks@1.Add(\"b1\", missing) -> Bookmark@1", "Bookmark@1.Empty -> true",
-                            "Bookmark@1.Start = 4", "Bookmark@1.End -> 4", "Bookmark@1.End = 7"));
+                ElementsAre("document.Bookmarks -> document.Bookmarks",
+                            "document.Bookmarks.Add(\"b1\", missing) -> bookmark", "bookmark.Empty -> true",
+                            "bookmark.Start = 4", "bookmark.End -> 4", "bookmark.End = 7"));
     EXPECT_EQ(bookmark->GetStart(), 4);
     EXPECT_EQ(bookmark->GetRange()->GetText(), _bstr_t(L"two"));
     EXPECT_EQ(bookmark->GetName(), _bstr_t(L"b1"));
@@ -269,10 +272,10 @@ TEST_F(TablesOfContents, AreBuiltFromHeadingsAndEntries)
         tables->Add(place, Word::boolean(true), _variant_t(upper), _variant_t(lower), Word::boolean(true),
                     Word::missing, Word::boolean(true), Word::boolean(true), Word::text(L""));
     table->PutTabLeader(Word::wdTabLeaderDots);
-    EXPECT_THAT(session.transcript(),
-                ElementsAre("TablesOfContents@1.Add(Range@5, true, 1s, 9s, true, missing, true, true, \"\", "
-                            "missing, missing) -> TableOfContents@1",
-                            "TableOfContents@1.TabLeader = 1"));
+    EXPECT_THAT(session.transcript(), ElementsAre("document.TablesOfContents.Add(document.Range(0, 0), true, "
+                                                  "1s, 9s, true, missing, true, true, \"\", "
+                                                  "missing, missing) -> tableOfContents",
+                                                  "tableOfContents.TabLeader = 1"));
     EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rMarked\t1\rSecond\t1\r"));
     EXPECT_EQ(document->GetFields()->Item(1)->GetCode()->GetText(),
               _bstr_t(L" TOC \\o \"1-9\" \\f \\h \\z "));

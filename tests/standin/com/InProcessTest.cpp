@@ -4,6 +4,7 @@
 #include "TestSupport.h"
 
 #include <WordConstants.h>
+#include <cstring>
 #include <gmock/gmock.h>
 
 namespace {
@@ -64,17 +65,17 @@ TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
     EXPECT_THAT(
         session.transcript(),
         ElementsAre(
-            "Application@1.Documents -> Documents@1",
-            "Documents@1.Add(missing, missing, missing, missing) -> Document@1",
-            "Document@1.Range(missing, missing) -> Range@1", "Range@1.InsertAfter(\"a\\\"b\\n\")",
-            "Range@1.Start = 1", "Range@1.Style = -2", "Range@1.Delete(1, 1) -> 1", "Range@1.Font -> Font@1",
-            "Font@1.Size = 12.5f", "Font@1.Bold = 1", "Document@1.Styles -> Styles@1",
-            "Styles@1.Item(-2) -> Style@1", "Application@1.Visible = true", "Document@1.Styles -> Styles@2",
-            "Styles@2.Item(\"Nope\") !! 0x800a1735",
-            "Range@1.Sort(missing, missing, missing, missing, missing, missing, missing, missing, missing, "
+            "application.Documents -> application.Documents",
+            "application.Documents.Add(missing, missing, missing, missing) -> document",
+            "document.Range(missing, missing) -> body", "body.InsertAfter(\"a\\\"b\\n\")", "body.Start = 1",
+            "body.Style = -2", "body.Delete(1, 1) -> 1", "body.Font -> body.Font", "body.Font.Size = 12.5f",
+            "body.Font.Bold = 1", "document.Styles -> document.Styles",
+            "document.Styles.Item(-2) -> document.Styles(-2)", "application.Visible = true",
+            "document.Styles -> document.Styles", "document.Styles.Item(\"Nope\") !! 0x800a1735",
+            "body.Sort(missing, missing, missing, missing, missing, missing, missing, missing, missing, "
             "missing, missing, missing, missing, missing, missing, missing, missing, missing, missing) "
             "!! 0x80004001",
-            "Document@1.Close(0, missing, missing)"));
+            "document.Close(0, missing, missing)"));
 }
 
 TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
@@ -86,10 +87,61 @@ TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
     document->GetFields()->Add(second, Word::integer(Word::wdFieldPage));
     first->PutStyle(Word::object(document->GetStyles()->Item(Word::text(L"heading 2"))));
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Document@1.Fields -> Fields@1",
-                            "Fields@1.Add(Range@2, 33, missing, missing) -> Field@1",
-                            "Document@1.Styles -> Styles@1", "Styles@1.Item(\"heading 2\") -> Style@1",
-                            "Range@1.Style = Style@1"));
+                ElementsAre("document.Fields -> document.Fields",
+                            "document.Fields.Add(body.Duplicate, 33, missing, missing) -> field",
+                            "document.Styles -> document.Styles",
+                            "document.Styles.Item(\"heading 2\") -> document.Styles(\"heading 2\")",
+                            "body.Style = document.Styles(\"heading 2\")"));
+}
+
+TEST_F(InProcess, EachRangeHasANameOfItsOwn)
+{
+    const Word::_DocumentPtr document = addDocument();
+    const Word::RangePtr first = document->Range();
+    const Word::RangePtr second = document->Range();
+    session.clearTranscript();
+    second->GetFont();
+    first->GetDuplicate();
+    first->GetDuplicate();
+    EXPECT_THAT(session.transcript(),
+                ElementsAre("body#2.Font -> body#2.Font", "body.Duplicate -> body.Duplicate",
+                            "body.Duplicate -> body.Duplicate#2"));
+}
+
+// A call that a client makes besides changes the lines of no other call.
+TEST_F(InProcess, ACallMoreRenamesNothing)
+{
+    const auto lines = [this](bool more) {
+        const Word::_DocumentPtr document = addDocument();
+        session.clearTranscript();
+        if (more)
+            document->Range()->GetFont()->GetBold();
+        document->GetStyles()->Item(Word::integer(-2))->GetFont()->PutBold(1);
+        document->GetTables()->Add(document->GetContent(), 1, 1)->GetRows()->Item(1)->GetCells();
+        std::vector<std::string> tail = session.transcript();
+        document->Close(Word::integer(Word::wdDoNotSaveChanges));
+        tail.erase(tail.begin(), tail.begin() + (more ? 3 : 0));
+        return tail;
+    };
+    std::vector<std::string> plain = lines(false);
+    std::vector<std::string> more = lines(true);
+    for (std::string& line : more) // the second document and its table
+        for (const char* kind : {"document", "table"})
+            for (std::size_t at; (at = line.find(std::string(kind) + '2')) != line.npos;)
+                line.erase(at + std::strlen(kind), 1);
+    EXPECT_EQ(more, plain);
+}
+
+TEST_F(InProcess, TellsWhichMembersWereCalled)
+{
+    const Word::_DocumentPtr document = addDocument();
+    session.clearTranscript();
+    document->Range()->PutStart(0);
+    ASSERT_EQ(session.calledMembers().size(), session.transcript().size());
+    EXPECT_EQ(session.calledMembers()[0].name, "Document.Range");
+    EXPECT_TRUE(session.calledMembers()[0].gaveObject);
+    EXPECT_EQ(session.calledMembers()[1].name, "Range.Start =");
+    EXPECT_FALSE(session.calledMembers()[1].gaveObject);
 }
 
 TEST_F(InProcess, NothingStaysAliveBehindAClient)
@@ -119,7 +171,7 @@ TEST_F(InProcess, ADocumentIsOneObjectWithOneNumber)
     first = nullptr;
     session.clearTranscript();
     first = documents->Item(Word::integer(2));
-    EXPECT_THAT(session.transcript(), ElementsAre("Documents@1.Item(2) -> Document@1"));
+    EXPECT_THAT(session.transcript(), ElementsAre("application.Documents.Item(2) -> document"));
 }
 
 TEST_F(InProcess, WordsErrorsComeWithTheirText)
@@ -154,7 +206,7 @@ TEST_F(InProcess, WhatIsNotThereFailsLoudly)
     const Word::_DocumentPtr document = addDocument();
     session.clearTranscript();
     EXPECT_THAT(comErrorOf([&] { document->GetVBProject(); }), isHresult(E_NOTIMPL));
-    EXPECT_THAT(session.transcript(), ElementsAre("Document@1.VBProject !! 0x80004001"));
+    EXPECT_THAT(session.transcript(), ElementsAre("document.VBProject !! 0x80004001"));
     const Word::TableOfContentsPtr contents = document->GetTablesOfContents()->Add(document->Range());
     const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
     const Word::TablePtr table = range->GetTables()->Add(range, 1, 1);
@@ -218,13 +270,13 @@ TEST_F(InProcess, CallsFailOnDemand)
     range->InsertAfter(L"c");
     EXPECT_EQ(textOf(session.model(document)), u"ac\r");
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Range@1.InsertAfter(\"a\")", "Range@1.InsertAfter(\"b\") !! 0x80010001",
-                            "Range@1.InsertAfter(\"c\")"));
+                ElementsAre("body.InsertAfter(\"a\")", "body.InsertAfter(\"b\") !! 0x80010001",
+                            "body.InsertAfter(\"c\")"));
     session.clearTranscript();
     session.failCall(1, S_FALSE);
     EXPECT_FALSE(range->GetFont());
     EXPECT_TRUE(range->GetFont());
-    EXPECT_THAT(session.transcript(), ElementsAre("Range@1.Font", "Range@1.Font -> Font@1"));
+    EXPECT_THAT(session.transcript(), ElementsAre("body.Font", "body.Font -> body.Font"));
     session.failFromCall(1, wordError(4605));
     EXPECT_THAT(comErrorOf([&] { range->GetEnd(); }), isHresult(wordError(4605)));
     EXPECT_THAT(comErrorOf([&] { range->GetStart(); }), isHresult(wordError(4605)));
@@ -246,8 +298,8 @@ TEST_F(InProcess, CallsAreRejectedOnDemandAndThenRun)
     EXPECT_EQ(session.callCount(), before + 1);
     EXPECT_EQ(textOf(session.model(document)), u"a\r");
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Range@1.InsertAfter(\"a\") !! 0x80010001",
-                            "Range@1.InsertAfter(\"a\") !! 0x80010001", "Range@1.InsertAfter(\"a\")"));
+                ElementsAre("body.InsertAfter(\"a\") !! 0x80010001", "body.InsertAfter(\"a\") !! 0x80010001",
+                            "body.InsertAfter(\"a\")"));
 }
 
 TEST_F(InProcess, FontsReadAndWriteARangesText)

@@ -136,8 +136,8 @@ TEST_F(InlineShapes, AreWrittenDownCallByCall)
     EXPECT_THAT(
         session.transcript(),
         ElementsAre(
-            "Document@1.InlineShapes -> InlineShapes@1",
-            MatchesRegex("InlineShapes@1.AddPicture.*a\\.png\", false, true, missing. -> InlineShape@1"),
-            "InlineShape@1.Width = 20f"));
+            "document.InlineShapes -> document.InlineShapes",
+            MatchesRegex("document.InlineShapes.AddPicture.*a\\.png\", false, true, missing. -> inlineShape"),
+            "inlineShape.Width = 20f"));
 }
 } // namespace

@@ -52,10 +52,11 @@ TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
     ASSERT_THAT(invoke(range.pdispVal, L"Text", DISPATCH_PROPERTYGET, {}, &text), isHresult(S_OK));
     EXPECT_EQ(_bstr_t(text), _bstr_t(L"bc"));
     EXPECT_THAT(session.transcript(),
-                ElementsAre("Application@1.Documents -> Documents@1",
-                            "Documents@1.Add(missing, missing, missing, missing) -> Document@1",
-                            "Document@1.Range(0, 0) -> Range@1", "Range@1.InsertAfter(\"abc\")",
-                            "Range@1.Start = 1", "Range@1.Text -> \"bc\""));
+                ElementsAre("application.Documents -> application.Documents",
+                            "application.Documents.Add(missing, missing, missing, missing) -> document",
+                            "document.Range(0, 0) -> document.Range(0, 0)",
+                            "document.Range(0, 0).InsertAfter(\"abc\")", "document.Range(0, 0).Start = 1",
+                            "document.Range(0, 0).Text -> \"bc\""));
 }
 
 TEST_F(LateBinding, WordsErrorsAreExceptions)

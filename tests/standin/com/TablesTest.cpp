@@ -123,11 +123,15 @@ TEST_F(Tables, AreWrittenDownCallByCall)
     session.clearTranscript();
     const Word::TablePtr table = add(1, 1);
     table->GetRows()->Item(1)->GetCells()->Item(1)->SetWidth(100, Word::wdAdjustSameWidth);
-    EXPECT_THAT(session.transcript(),
-                ElementsAre("Document@1.Range(0, 0) -> Range@1", "Range@1.Tables -> Tables@1",
-                            "Tables@1.Add(Range@1, 1, 1, missing, missing) -> Table@1",
-                            "Table@1.Rows -> Rows@1", "Rows@1.Item(1) -> Row@1", "Row@1.Cells -> Cells@1",
-                            "Cells@1.Item(1) -> Cell@1", "Cell@1.SetWidth(100f, 3)"));
+    EXPECT_THAT(
+        session.transcript(),
+        ElementsAre("document.Range(0, 0) -> document.Range(0, 0)",
+                    "document.Range(0, 0).Tables -> document.Range(0, 0).Tables",
+                    "document.Range(0, 0).Tables.Add(document.Range(0, 0), 1, 1, missing, missing) -> table",
+                    "table.Rows -> table.Rows", "table.Rows.Item(1) -> table.Rows(1)",
+                    "table.Rows(1).Cells -> table.Rows(1).Cells",
+                    "table.Rows(1).Cells.Item(1) -> table.Rows(1).Cells(1)",
+                    "table.Rows(1).Cells(1).SetWidth(100f, 3)"));
 }
 
 TEST_F(Tables, LeaveNoObjectsBehind)

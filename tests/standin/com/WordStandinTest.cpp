@@ -145,17 +145,18 @@ TEST_F(WordStandin, WritesADocumentAndEndsAtQuit)
         EXPECT_TRUE(becomesTrue([&] { return FAILED(comErrorOf([&] { application->GetVisible(); })); }));
     }
     EXPECT_NE(bytesOf(file).find("across"), std::string::npos);
-    EXPECT_EQ(transcriptText().rfind("Application@1.Visible -> false\n"
-                                     "Application@1.Documents -> Documents@1\n"
-                                     "Documents@1.Add(missing, missing, missing, missing) -> Document@1\n"
-                                     "Document@1.Range(missing, missing) -> Range@1\n"
-                                     "Range@1.InsertAfter(\"across\")\n"
-                                     "Range@1.Style = -2\n"
-                                     "Range@1.Font -> Font@1\n"
-                                     "Font@1.Size = 20f\n"
-                                     "Range@1.End -> 7\n",
-                                     0),
-              0u)
+    EXPECT_EQ(
+        transcriptText().rfind("application.Visible -> false\n"
+                               "application.Documents -> application.Documents\n"
+                               "application.Documents.Add(missing, missing, missing, missing) -> document\n"
+                               "document.Range(missing, missing) -> body\n"
+                               "body.InsertAfter(\"across\")\n"
+                               "body.Style = -2\n"
+                               "body.Font -> body.Font\n"
+                               "body.Font.Size = 20f\n"
+                               "body.End -> 7\n",
+                               0),
+        0u)
         << transcriptText();
 }
 

@@ -114,6 +114,15 @@ TEST(ScriptTest, KeepsLinesUpToTheEnd)
     EXPECT_THAT(stepsOf(script), IsEmpty());
 }
 
+TEST(ScriptTest, KeepsOnlyWhatIsInForce)
+{
+    Script script =
+        scriptOf("mirovel->start();\nmirovel->create(\"a\");\nmirovel->close();\nmirovel->stop();\n"
+                 "mirovel->start();\nmirovel->create(\"b\");\nmirovel->insertEndl();\n");
+    keepLines(script, {7, 7});
+    EXPECT_THAT(stepsOf(script), ElementsAre("start", "create(b)", "insertEndl"));
+}
+
 TEST(ScriptTest, KeepsTheDoubtsOfTheLines)
 {
     Script script =
@@ -138,6 +147,10 @@ TEST(ScriptTest, CompletesWhatBreaksOff)
     EXPECT_THAT(stepsOf(script), ElementsAre("start", "create(a)", "+close", "+stop"));
     complete(script);
     EXPECT_EQ(script.steps.size(), 4U);
+    // Without Word there is no closing.
+    script = scriptOf("mirovel->start();\nmirovel->create(\"a\");\nmirovel->stop();\n");
+    complete(script);
+    EXPECT_EQ(script.steps.size(), 3U);
 }
 
 TEST(ScriptTest, PutsSettingsInThePlaceOfItsOwn)

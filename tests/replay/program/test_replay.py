@@ -193,8 +193,8 @@ class Page(ReplayTest):
     def test_the_commands(self):
         [text] = self.blocks("make\n")
         self.assertEqual(1, text.count("make\n"))
-        text = text.replace("make\n", "", 1).replace("/tmp", str(self.folder)).replace(
-            "\\tmp", str(self.folder).replace("/", "\\")).replace("build/mingw-release/", f"{BUILD}/")
+        text = text.replace("make\n", "", 1).replace("build/mingw-release/", f"{BUILD}/").replace(
+            "/tmp/", f"{self.folder}/").replace("\\tmp\\", str(self.folder).replace("/", "\\") + "\\")
         result = subprocess.run(["bash", "-eu", "-c", text], cwd=ROOT, capture_output=True, text=True, timeout=PATIENCE,
                                 stdin=subprocess.DEVNULL, check=False)
         self.assertEqual(0, result.returncode, result.stderr)

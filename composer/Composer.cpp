@@ -55,8 +55,11 @@ void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_
                         .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); },
                         .events = events_,
                         .tagOf = [this](const std::u16string& bookmark) { return tags_.tagOf(bookmark); }});
-    body_ = std::make_unique<Story>(*written_, document->Range(), u"Normal", Ground());
-    body_->pen().clear(); // what the template put into the new document
+    const bool isCollapsed = written_->readsFragments;
+    const Word::RangePtr range =
+        isCollapsed ? document->Range(Word::integer(0), Word::integer(0)) : document->Range();
+    body_ = std::make_unique<Story>(*written_, range, u"Normal", Ground());
+    body_->empty(isCollapsed); // of what the template put into the new document
     current_ = body_.get();
 }
 
@@ -270,7 +273,7 @@ std::unique_ptr<Story> Composer::makePart(PartPlace place)
     primary->PutLinkToPrevious(VARIANT_FALSE);
     auto story = std::make_unique<Story>(*written_, primary->GetRange(), isHeader ? u"Header" : u"Footer",
                                          Ground{.style = u""});
-    story->pen().clear();
+    story->empty(false);
     return story;
 }
 
@@ -400,10 +403,8 @@ void Composer::flushAll()
         story->flush();
 }
 
-void Composer::prepareSave()
-{
-    flushAll();
-}
+// What waits is safe here, and would be written in more pieces.
+void Composer::prepareSave() {}
 
 _variant_t Composer::saveFormat(std::wstring_view fileName) const
 {
@@ -457,7 +458,6 @@ void Composer::complete()
     for (const auto& [place, story] : parts_)
         if (story->pen().hasContents())
             story->pen().makeContents(tocLevel_);
-    document_->UndoClear();
     tellOfDeadLinks();
 }
 

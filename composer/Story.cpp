@@ -1,7 +1,7 @@
 #include "Story.h"
 
 #include "Division.h"
-#include "Flow.h"
+#include "FragmentFitness.h"
 #include "OperationOrigin.h"
 
 #include <algorithm>
@@ -44,8 +44,19 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
     : document_(document), content_(style), ground_(std::move(ground)), end_(range),
-      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.keepsLooks)
+      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.reading),
+      style_(style)
 {
+}
+
+void Story::empty(bool isCollapsed)
+{
+    if (!document_.readsFragments)
+        return pen_.clear();
+    if (pen_.empty() && isCollapsed)
+        fragmentPen_.rangeIsAt(0);
+    ground_.isAlignmentKnown = false;
+    ground_.isPlain = false;
 }
 
 TypedPen::Place Story::place() const
@@ -97,6 +108,7 @@ void Story::tellOfFlush(const Work& work)
     flushed_ = {};
     const steady_clock::time_point start = steady_clock::now();
     work();
+    fragmentPen_.forgetRange();
     flushed_.time = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start);
     if (document_.events && flushed_.operations + flushed_.fragments > 0)
         document_.events->flushed(flushed_);
@@ -131,7 +143,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         std::size_t operations = 0;
         for (const Passage& passage : step.plan.passages)
             operations += passage.operations.size();
-        if (stretch.isFragment && operations >= fewestOperations)
+        if (stretch.isFragment && operations >= fewestOperations && fitsFragment(paragraphOf(ground), {}))
             step.fragment = makeFragment(part, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
@@ -144,6 +156,16 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
     document_.tags = std::move(tags);
 }
 
+/// Like the one behind which text is written.
+Paragraph Story::paragraphOf(const Ground& ground) const
+{
+    Paragraph paragraph;
+    paragraph.style = ground.style.empty() ? style_ : ground.style;
+    if (ground.alignment)
+        paragraph.alignment = clientAlignment(*ground.alignment);
+    return paragraph;
+}
+
 Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground,
                              const std::set<std::u16string>& tags)
 {
@@ -152,18 +174,12 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
     };
     if (!tableWidth_ && holdTables(blocks))
         tableWidth_ = fragmentPen_.tableWidth(document_.sections);
+    const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
     fragment.text =
-        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0)});
+        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0), &behind});
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
-    fragment.tellsOfLooks = beginsInStyleFont(blocks.front(), document_.styles);
     fragment.ground = ground;
-    const auto* const last = std::get_if<Paragraph>(&blocks.back());
-    fragment.endsInTable = last == nullptr;
-    if (last) {
-        fragment.lastStyle = last->style;
-        fragment.lastAlignment = directAlignment(*last, document_.styles);
-    }
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -198,6 +214,7 @@ void Story::carryOut(Step& step)
         if (document_.events)
             document_.events->fragmentRefused(step.fragment->text.size());
     }
+    fragmentPen_.forgetRange();
     for (const Passage& passage : step.plan.passages)
         flushed_.operations += passage.operations.size();
     pen_.carryOut(step.plan);

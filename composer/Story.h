@@ -31,6 +31,9 @@ public:
     StoryContent& content() { return content_; }
     TypedPen& pen() { return pen_; }
 
+    /// Nothing is in the story but an empty paragraph afterwards. Comes first, and once. `isCollapsed`: The
+    /// range given is, to the story's beginning.
+    void empty(bool isCollapsed);
     /// The page break that is in Word becomes a section's end with the next flush.
     void endSectionAtBreak() { isSectionDue_ = true; }
     /// Brings everything that waits into Word.
@@ -62,6 +65,7 @@ private:
     [[nodiscard]] Source sourceOf(std::span<const Block> blocks, const Ground& ground) const;
     template <class Taken>
     void takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken);
+    [[nodiscard]] Paragraph paragraphOf(const Ground& ground) const;
     Fragment makeFragment(std::span<const Block> blocks, const Ground& ground,
                           const std::set<std::u16string>& tags);
     void carryOut();
@@ -81,6 +85,7 @@ private:
     StoryEnd end_;
     TypedPen pen_;
     FragmentPen fragmentPen_;
+    std::u16string style_; ///< in which it begins
 };
 
 } // namespace compose

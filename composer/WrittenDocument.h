@@ -2,11 +2,11 @@
 
 #include "Content.h"
 
+#include "FragmentPen.h"
 #include "StyleBook.h"
 #include "WriterEvents.h"
 
 #include <functional>
-#include <optional>
 #include <set>
 #include <string>
 
@@ -17,9 +17,9 @@ struct WrittenDocument
 {
     Word::_DocumentPtr document;
     StyleBook styles;
-    bool readsFragments = false;         ///< They are wanted, and Word has refused none yet.
-    std::optional<bool> keepsLooks = {}; ///< of what it reads (FragmentPen)
-    std::set<std::u16string> tags = {};  ///< They have a place in Word, or may have.
+    bool readsFragments = false;        ///< They are wanted, and Word has refused none yet.
+    Reading reading = {};               ///< of fragments
+    std::set<std::u16string> tags = {}; ///< They have a place in Word, or may have.
     int sections = 1;
     /// Whether a link leads anywhere, or is to be plain text.
     std::function<bool(const LinkTarget&)> leadsSomewhere = {};

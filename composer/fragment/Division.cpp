@@ -20,16 +20,6 @@ bool holdsLastBreak(const Paragraph& paragraph)
     return std::ranges::any_of(paragraph.items, isLastBreak);
 }
 
-/// Whether what stands at its end tells a paragraph that was read in from one that was there.
-bool showsItsEnd(const Block& block)
-{
-    const auto* const paragraph = std::get_if<Paragraph>(&block);
-    if (!paragraph)
-        return true;
-    return !paragraph->items.empty() && std::holds_alternative<Text>(paragraph->items.back().what) &&
-           paragraph->items.back().link == noLink;
-}
-
 /// A link that goes on behind a paragraph end goes on in the next paragraph.
 bool endsInALink(const Block& block)
 {
@@ -73,7 +63,7 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
         }
         const bool beginsInALink = first > 0 && endsInALink(blocks[first - 1]);
         std::size_t end = past;
-        while (end > first && (!showsItsEnd(blocks[end - 1]) || endsInALink(blocks[end - 1])))
+        while (end > first && endsInALink(blocks[end - 1]))
             --end;
         if (beginsInALink)
             end = first;

@@ -25,6 +25,8 @@ public:
     {
         for (const Block& block : blocks_)
             std::visit([this](const auto& each) { note(each); }, block);
+        if (context_.behind)
+            note(*context_.behind);
         rtf_.open();
         rtf_.word("rtf", 1);
         rtf_.word("ansi");
@@ -37,6 +39,13 @@ public:
                 write(*table);
             else
                 write(std::get<Paragraph>(blocks_[index]), endingOf(index));
+        if (context_.behind) {
+            paragraph_ = context_.behind;
+            startParagraph();
+            rtf_.text({&endMark, 1});
+            rtf_.word("par");
+            rtf_.endLine();
+        }
         rtf_.close();
         return rtf_.take();
     }
@@ -269,28 +278,6 @@ private:
 };
 
 } // namespace
-
-bool beginsInStyleFont(const Block& block, StyleSheet& styles)
-{
-    const auto* const paragraph = std::get_if<Paragraph>(&block);
-    if (!paragraph) {
-        const Cell& cell = std::get<Table>(block).rows.front().front();
-        return cell.empty() || beginsInStyleFont(cell.front(), styles);
-    }
-    for (const Item& item : paragraph->items) {
-        if (std::holds_alternative<Tag>(item.what))
-            continue;
-        if (item.link != noLink)
-            return false;
-        if (const auto* const text = std::get_if<Text>(&item.what)) {
-            if (text->characters.empty())
-                continue;
-            return !changeOf(item.font.get(), paragraph->style, styles).name;
-        }
-        return std::holds_alternative<PageBreak>(item.what);
-    }
-    return paragraph->endLink == noLink;
-}
 
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context)
 {

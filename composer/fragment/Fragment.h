@@ -18,7 +18,12 @@ struct FragmentContext
     /// Whether a link to that bookmark is to be made; else there is its text alone.
     std::function<bool(const std::u16string& bookmark)> isLinked;
     float tableWidth; ///< points; every table is that wide, with equal columns
+    /// Behind the blocks stands a character (`endMark`) in a paragraph like this one; null: none does.
+    const Paragraph* behind = nullptr;
 };
+
+/// The text of a paragraph by which the end of a fragment is found.
+inline constexpr char16_t endMark = u'\u00a7';
 
 /// The blocks as RTF. All must fit one (`fitsFragment`); the first begins a paragraph, each paragraph ends in
 /// its mark, the last one too, and between two tables there is a paragraph.
@@ -26,9 +31,5 @@ struct FragmentContext
 /// A link that goes on behind the last paragraph or a cell ends in front of its mark. Fields have no results,
 /// but are marked as to be updated.
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context);
-
-/// Whether a fragment's first character, when this is its first block, states the font that its style does,
-/// and is visible text or a mark: then it shows what a reader made of that font.
-bool beginsInStyleFont(const Block& block, StyleSheet& styles);
 
 } // namespace compose

@@ -1,5 +1,6 @@
 #include "FragmentPen.h"
 
+#include "Fragment.h"
 #include "FragmentFile.h"
 #include "FragmentFont.h"
 #include "StyleBook.h"
@@ -14,33 +15,24 @@ namespace compose {
 namespace {
 
 constexpr int triesOfAFragment = 2;
-constexpr wchar_t markText[] = L"\x00a7";
-constexpr std::wstring_view paragraphEnd = L"\r";
-constexpr std::wstring_view pageBreak = L"\f";
-constexpr std::wstring_view twoParagraphEnds = L"\r\r";
+constexpr std::u16string_view pageBreak = u"\f";
+constexpr char16_t paragraphEnd = u'\r';
 
-/// Says of its first paragraph what fragments say of text that is to look as its style does. That paragraph
-/// ends whatever becomes of the last.
-std::string trial()
+std::u16string textOf(const Word::RangePtr& range)
 {
-    const std::string font(fragmentFont.begin(), fragmentFont.end());
-    return R"({\rtf1\ansi\deff0{\fonttbl{\f0\fnil )" + font +
-           R"(;}}{\stylesheet{\s0\f0 Normal;}}\pard\plain\s0\f0 x\par\pard\plain\par})";
+    return portable(range->GetText());
 }
 
-std::wstring textOf(const Word::RangePtr& range)
+float tableWidth(const Word::PageSetupPtr& page)
 {
-    const _bstr_t text = range->GetText();
-    return {static_cast<const wchar_t*>(text), text.length()};
+    constexpr float padding = 5.4F; // between a cell's edge and its text
+    return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin() + 2 * padding;
 }
 
-void putAlignment(const Word::RangePtr& range, const std::optional<int>& alignment)
+bool isEndMark(std::u16string_view text, long length)
 {
-    const Word::_ParagraphFormatPtr format = range->GetParagraphFormat();
-    if (alignment)
-        format->PutAlignment(*alignment);
-    else
-        format->Reset();
+    return static_cast<long>(text.size()) == length && text.front() == endMark &&
+           std::ranges::all_of(text.substr(1), [](char16_t unit) { return unit == paragraphEnd; });
 }
 
 } // namespace
@@ -54,224 +46,162 @@ bool FragmentPen::add(const Fragment& fragment)
         failures_ = 0;
         return isRead;
     } catch (const _com_error&) {
-        change();
+        forgetRange();
         if (++failures_ == triesOfAFragment)
-            giveUp();
+            giveUp(fragment);
         throw;
     }
 }
 
 // What was read in by then stays.
-void FragmentPen::giveUp()
+void FragmentPen::giveUp(const Fragment& fragment)
 {
     failures_ = 0;
-    wasRead_ = stage_ == Stage::read || stage_ == Stage::joined || stage_ == Stage::parted ||
-               stage_ == Stage::ended || stage_ == Stage::found;
+    wasRead_ = stage_ == Stage::read;
     try {
-        if (stage_ == Stage::tried || stage_ == Stage::judged)
-            removeText();
-        if (stage_ != Stage::begun)
-            removeMark();
-    } catch (const _com_error&) { // The failure before it is the one to tell of.
-        stage_ = Stage::begun;
+        if (stage_ == Stage::read && findEndMark())
+            range_->Delete();
+        else if (stage_ == Stage::refused)
+            removeText(fragment);
+    } catch (const _com_error&) { // NOLINT(bugprone-empty-catch): the failure before it is the one to tell of
     }
+    stage_ = Stage::begun;
 }
 
 bool FragmentPen::goOn(const Fragment& fragment)
 {
-    while (true) {
-        switch (stage_) {
-        case Stage::begun:
-            mark();
-            break;
-        case Stage::marked:
-            if (keepsLooks_ || fragment.tellsOfLooks)
-                read(fragment);
-            else
-                readTrial();
-            break;
-        case Stage::tried:
-            judge();
-            stage_ = Stage::judged;
-            break;
-        case Stage::judged:
-            removeText();
-            stage_ = *keepsLooks_ ? Stage::marked : Stage::refused;
-            break;
-        case Stage::read:
-            lookAtTheEnd(fragment);
-            break;
-        case Stage::joined:
-            part();
-            break;
-        case Stage::parted:
-            restoreGround(fragment);
-            break;
-        case Stage::ended:
-            findBreak(fragment);
-            break;
-        case Stage::found:
-            removeMark();
-            return true;
-        case Stage::refused:
-            removeMark();
-            return false;
-        }
-    }
-}
-
-void FragmentPen::mark()
-{
-    surplus_ = 0;
-    start_ = end_.ask();
-    range_->SetRange(start_, start_);
-    end_.forget();
-    change();
-    range_->InsertAfter(markText);
-    stage_ = Stage::marked;
-}
-
-long FragmentPen::markPlace()
-{
-    if (!markPlace_)
-        markPlace_ = range_->GetStoryLength() - 2;
-    return *markPlace_;
-}
-
-void FragmentPen::removeMark()
-{
-    const long place = markPlace();
-    range_->SetRange(place - surplus_, place + 1);
-    change();
-    range_->Delete();
-    end_.know(place - surplus_);
-    stage_ = Stage::begun;
-}
-
-void FragmentPen::readTrial()
-{
-    insert(trial(), Stage::tried);
-}
-
-void FragmentPen::judge()
-{
-    range_->SetRange(start_, start_ + 1);
-    keepsLooks_ = portable(range_->GetFont()->GetName()) != fragmentFont;
-}
-
-void FragmentPen::removeText()
-{
-    if (markPlace() <= start_)
-        return;
-    range_->SetRange(start_, markPlace());
-    change();
-    range_->Delete();
+    if (stage_ == Stage::begun)
+        read(fragment);
+    if (stage_ == Stage::read)
+        lookAtTheEnd(fragment);
+    if (stage_ == Stage::refused)
+        removeText(fragment);
+    return std::exchange(stage_, Stage::begun) == Stage::read;
 }
 
 // A bookmark that has its place already might keep it.
 void FragmentPen::read(const Fragment& fragment)
 {
+    start_ = end_.ask();
     if (!fragment.movedTags.empty()) {
         const Word::BookmarksPtr bookmarks = document_->GetBookmarks();
         for (const std::u16string& tag : fragment.movedTags)
             if (const _bstr_t name = bstr(tag); bookmarks->Exists(name))
                 bookmarks->Item(Word::text(name))->Delete();
     }
-    insert(fragment.text, Stage::read);
-}
-
-void FragmentPen::insert(const std::string& text, Stage next)
-{
-    range_->SetRange(start_, start_);
+    if (std::exchange(rangePlace_, std::nullopt) != start_)
+        range_->SetRange(start_, start_);
+    end_.forget();
     stage_ = Stage::refused;
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
     try {
-        const FragmentFile file(text);
-        change();
+        const FragmentFile file(fragment.text);
         range_->InsertFile(file.path().c_str(), L"", confirmConversions, isLinked, asAttachment);
-        stage_ = next;
-    } catch (const _com_error&) {
-        // The document is written without it.
+        stage_ = Stage::read;
+    } catch (const _com_error&) { // NOLINT(bugprone-empty-catch): the document is written without it
     }
 }
 
 void FragmentPen::lookAtTheEnd(const Fragment& fragment)
 {
-    const long place = markPlace();
-    if (place <= start_) {
+    break_ = nullptr;
+    if (!findEndMark() || !keepsLooks()) {
         stage_ = Stage::refused;
         return;
     }
-    if (!keepsLooks_) {
-        judge();
-        if (!*keepsLooks_) {
-            stage_ = Stage::judged;
-            return;
-        }
-    }
-    range_->SetRange(std::max(place - 2, start_), place);
-    const std::wstring last = textOf(range_); // the end of a cell or a row is two characters
-    const bool endsParagraph = last.ends_with(paragraphEnd);
-    if (!endsParagraph && !fragment.endsInTable) {
-        formatLast(fragment);
+    if (fragment.beginsWithBreak && !findBreak()) {
+        stage_ = Stage::refused;
         return;
     }
-    surplus_ = (fragment.endsInTable ? endsParagraph : last.ends_with(twoParagraphEnds)) ? 1 : 0;
-    stage_ = Stage::ended;
+    const long end = end_.ask() - reading_.endLength;
+    if (break_)
+        range_->SetRange(end, end + reading_.endLength);
+    end_.forget();
+    range_->Delete();
+    end_.know(end);
+}
+
+// As at the end of the fragment before; elsewhere only if it is not there.
+bool FragmentPen::findEndMark()
+{
+    constexpr long longest = 3;
+    end_.forget();
+    const long end = end_.ask();
+    for (const long length : {reading_.endLength, longest}) {
+        if (end - length < start_)
+            continue;
+        range_->SetRange(end - length, end);
+        std::u16string found = textOf(range_);
+        found.erase(0, std::min(found.rfind(endMark), found.size()));
+        const auto seen = static_cast<long>(found.size());
+        if (seen == 0 || seen > length || !isEndMark(found, seen))
+            continue;
+        if (seen != length)
+            range_->SetRange(end - seen, end);
+        reading_.endLength = seen;
+        return true;
+    }
+    return false;
+}
+
+// Word tells no name where the end of its paragraph is in another font.
+bool FragmentPen::keepsLooks()
+{
+    if (reading_.keepsLooks)
+        return *reading_.keepsLooks;
+    std::u16string font = portable(range_->GetFont()->GetName());
+    if (font.empty()) {
+        const long mark = end_.ask() - reading_.endLength;
+        range_->SetRange(mark, mark + 1);
+        font = portable(range_->GetFont()->GetName());
+        range_->SetRange(mark, mark + reading_.endLength);
+    }
+    reading_.keepsLooks = font != fragmentFont;
+    return *reading_.keepsLooks;
 }
 
 // Where it is not, the text is not what was meant.
-void FragmentPen::findBreak(const Fragment& fragment)
+bool FragmentPen::findBreak()
 {
-    if (fragment.beginsWithBreak) {
-        range_->SetRange(start_, start_ + 1);
-        if (textOf(range_) != pageBreak) {
-            surplus_ = 0;
-            removeText();
-            stage_ = Stage::refused;
-            return;
-        }
-        break_ = range_->GetDuplicate();
-    }
-    stage_ = Stage::found;
+    range_->SetRange(start_, start_ + 1);
+    if (textOf(range_) != pageBreak)
+        return false;
+    break_ = range_->GetDuplicate();
+    return true;
 }
 
-void FragmentPen::formatLast(const Fragment& fragment)
+// The paragraph behind it may have taken over what the fragment said.
+void FragmentPen::removeText(const Fragment& fragment)
 {
-    const long place = markPlace();
-    range_->SetRange(place, place + 2);
-    range_->PutStyle(StyleBook::argumentOf(fragment.lastStyle));
-    putAlignment(range_, fragment.lastAlignment);
-    stage_ = Stage::joined;
-}
-
-void FragmentPen::part()
-{
-    const long place = markPlace();
-    range_->SetRange(place, place);
-    change();
-    range_->InsertBefore(L"\r");
-    stage_ = Stage::parted;
-}
-
-void FragmentPen::restoreGround(const Fragment& fragment)
-{
-    const long place = markPlace();
-    range_->SetRange(place, place + 2);
+    end_.forget();
+    const long end = end_.ask();
+    if (end <= start_)
+        return;
+    range_->SetRange(start_, end);
+    end_.forget();
+    range_->Delete();
+    range_->SetRange(start_, start_ + 1);
     if (!fragment.ground.style.empty())
         range_->PutStyle(StyleBook::argumentOf(fragment.ground.style));
-    putAlignment(range_, fragment.ground.alignment);
+    const Word::_ParagraphFormatPtr format = range_->GetParagraphFormat();
+    if (fragment.ground.alignment)
+        format->PutAlignment(*fragment.ground.alignment);
+    else
+        format->Reset();
     range_->GetFont()->Reset();
-    stage_ = Stage::ended;
 }
 
+// An inserted file may have brought sections of its own; where they differ, Word answers nonsense for all of
+// them.
 float FragmentPen::tableWidth(int section)
 {
-    constexpr float padding = 5.4F; // between a cell's edge and its text
-    const Word::PageSetupPtr page = document_->GetSections()->Item(section)->GetPageSetup();
-    return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin() + 2 * padding;
+    constexpr float widest = 1584; // of Word's pages
+    if (section == 1)
+        if (const float width = compose::tableWidth(document_->GetPageSetup()); width > 0 && width <= widest)
+            return width;
+    return compose::tableWidth(document_->GetSections()->Item(section)->GetPageSetup());
 }
 
 } // namespace compose

@@ -37,6 +37,12 @@ void read(const Word::_FontPtr& source, FontProperty property, Font& font)
     }
 }
 
+/// Every document has these, used or not.
+bool isBuiltIn(const std::u16string& style)
+{
+    return StyleBook::argumentOf(style).vt != VT_BSTR;
+}
+
 } // namespace
 
 StyleBook::StyleBook(const Word::_DocumentPtr& document) : document_(document) {}
@@ -57,27 +63,28 @@ _variant_t StyleBook::argumentOf(const std::u16string& style)
     return Word::text(wide(style).c_str());
 }
 
-StyleBook::Page& StyleBook::pageOf(const std::u16string& style)
+void StyleBook::find(const std::u16string& style, Page& page)
 {
-    const auto known = pages_.find(style);
-    if (known != pages_.end())
-        return known->second;
+    if (page.style || page.isMissing)
+        return;
     if (!styles_)
         styles_ = document_->GetStyles();
-    Page page{styles_->Item(argumentOf(style))};
-    return pages_.emplace(style, std::move(page)).first->second;
+    page.style = styles_->Item(argumentOf(style));
 }
 
 bool StyleBook::holds(const std::u16string& style)
 {
+    if (isBuiltIn(style))
+        return true;
+    Page& page = pages_[style];
     try {
-        return pageOf(style).style != nullptr;
+        find(style, page);
     } catch (const _com_error& error) {
         if (error.Error() != noSuchMember && error.Error() != noSuchItem)
             throw;
-        pages_[style];
-        return false;
+        page.isMissing = true;
     }
+    return page.style != nullptr;
 }
 
 /// To no effect, when Word does not tell the second time.
@@ -95,11 +102,12 @@ void StyleBook::tryTo(Page& page, const Read& read)
 
 const Font& StyleBook::fontOf(const std::u16string& style, FontProperty property)
 {
-    Page& page = pageOf(style);
+    Page& page = pages_[style];
     const unsigned bit = 1U << static_cast<unsigned>(property);
     if ((page.known & bit) != 0)
         return page.font;
     tryTo(page, [&] {
+        find(style, page);
         if (!page.fontInWord)
             page.fontInWord = page.style->GetFont();
         read(page.fontInWord, property, page.font);
@@ -111,10 +119,13 @@ const Font& StyleBook::fontOf(const std::u16string& style, FontProperty property
 int StyleBook::alignmentOf(const std::u16string& style)
 {
     constexpr int noAlignment = -1;
-    Page& page = pageOf(style);
+    Page& page = pages_[style];
     if (!page.alignment) {
         int found = noAlignment;
-        tryTo(page, [&] { found = page.style->GetParagraphFormat()->GetAlignment(); });
+        tryTo(page, [&] {
+            find(style, page);
+            found = page.style->GetParagraphFormat()->GetAlignment();
+        });
         page.alignment = found;
     }
     return *page.alignment;

@@ -11,7 +11,8 @@
 
 namespace compose {
 
-/// The paragraph styles of one document, each property asked for once.
+/// The paragraph styles of one document, each property asked for once. That a document has Word's own ones
+/// is known without a question.
 ///
 /// Errors: a failed Word call raises `_com_error`; asking again asks Word again. A style of which
 /// Word does not tell a property the second time either counts as one that nothing said equals.
@@ -33,7 +34,8 @@ public:
 private:
     struct Page
     {
-        Word::StylePtr style; ///< null: there is none
+        Word::StylePtr style = {}; ///< null: not asked for, or missing
+        bool isMissing = false;
         Word::_FontPtr fontInWord = {};
         Font font = {};
         unsigned known = 0; ///< of the font's properties; a bit for each
@@ -42,7 +44,7 @@ private:
     };
     template <class Read>
     static void tryTo(Page& page, const Read& read);
-    Page& pageOf(const std::u16string& style);
+    void find(const std::u16string& style, Page& page);
 
     Word::_DocumentPtr document_;
     Word::StylesPtr styles_;

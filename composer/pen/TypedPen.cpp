@@ -596,6 +596,16 @@ void TypedPen::removeTag(const std::u16string& bookmark)
         bookmarks->Item(Word::text(name))->Delete();
 }
 
+bool TypedPen::empty()
+{
+    if (end_.ask() == 0)
+        return true;
+    range_->WholeStory();
+    end_.forget();
+    range_->Delete();
+    return false;
+}
+
 void TypedPen::clear()
 {
     end_.forget();

@@ -71,9 +71,13 @@ public:
     void removeLinks(const std::set<std::u16string>& bookmarks);
     /// The bookmark goes, wherever it is; nothing when there is none.
     void removeTag(const std::u16string& bookmark);
-    /// Nothing is in the story but an empty paragraph, which is plain. Comes first, while the range given
-    /// covers all.
+    /// \name Comes first
+    /// @{
+    /// Nothing is in the story but an empty paragraph, which is plain. The range given covers all.
     void clear();
+    /// Takes away what is in the story; its last paragraph keeps its look. True when there was nothing.
+    bool empty();
+    /// @}
 
 private:
     long begin(const Place& place);

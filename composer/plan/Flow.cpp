@@ -410,7 +410,7 @@ Ground Flow::groundBehind()
     }
     const Line& last = lines_.back();
     if (!last.isLast) {
-        behind.isPlain = true;
+        behind.isPlain = ground_.isPlain || !source_.keepsGround;
         return behind;
     }
     // A link that covers the paragraph end in front ends in the last paragraph.

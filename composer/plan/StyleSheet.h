@@ -25,4 +25,10 @@ constexpr int wordAlignment(int clientNumber)
     return clientNumber >= 2 && clientNumber <= 4 ? clientNumber - 1 : 0;
 }
 
+/// The client's number of Word's.
+constexpr int clientAlignment(int wordNumber)
+{
+    return wordNumber + 1;
+}
+
 } // namespace compose

@@ -49,6 +49,12 @@ protected:
         const std::string file = folder.write("picture.bmp", {pixel, sizeof(pixel) - 1});
         return {file.begin(), file.end()};
     }
+    /// What waits in the current story, which gets a paragraph's end behind it.
+    void bringToWord()
+    {
+        const std::string file = folder.write("empty.txt", "");
+        composer->insertFile(std::wstring(file.begin(), file.end()).c_str(), 0);
+    }
     void write(const wchar_t* text) { composer->insertText(_bstr_t(text).GetBSTR()); }
     /// In its first cell.
     void startTable()
@@ -109,19 +115,69 @@ TEST_F(ComposerTest, KeepsWhatIsSaidUntilMuchWaits)
 TEST_F(ComposerTest, GoesOnBehindWhatAUserTypesIntoTheDocument)
 {
     write(L"one");
-    composer->prepareSave();
+    bringToWord();
     const Word::RangePtr beginning = document->Range(Word::integer(0), Word::integer(0));
     beginning->InsertAfter(L"zero");
     write(L"two");
     composer->finish();
-    EXPECT_EQ(text(), u"zeroonetwo");
+    EXPECT_EQ(text(), u"zeroone\r\rtwo");
+}
+
+TEST_F(ComposerTest, WritesNothingForASaveInBetween)
+{
+    write(L"one");
+    composer->prepareSave();
+    EXPECT_EQ(takeCalls(), Calls());
+    composer->finish();
+    EXPECT_EQ(text(), u"one");
+}
+
+TEST_F(ComposerTest, WritesIntoAnEmptyPlainDocumentWhateverItsTemplateHolds)
+{
+    for (const Composer::Pen pen : {Composer::Pen::typed, Composer::Pen::fragments}) {
+        const Word::RangePtr all = document->Range();
+        all->InsertAfter(L"left by the template");
+        all->GetParagraphFormat()->PutAlignment(2);
+        all->PutBold(1);
+        composer = std::make_unique<Composer>(pen, trace, L"");
+        composer->begin(application, document);
+        EXPECT_EQ(text(), u"");
+        for (int i = 0; i < 3; ++i) {
+            write(L"a");
+            composer->setFontAttribute(2, true);
+            write(L"b\r");
+            composer->setFontAttribute(2, false);
+        }
+        write(L"last");
+        composer->finish();
+        EXPECT_EQ(text(), u"ab\rab\rab\rlast");
+        const Word::RangePtr written =
+            document->Range(Word::integer(0), Word::integer(model().mainStory()->length() - 1));
+        EXPECT_EQ(written->GetBold(), 0);
+        EXPECT_EQ(written->GetParagraphFormat()->GetAlignment(), 0);
+    }
+}
+
+TEST_F(ComposerTest, GoesOnBehindWhatAUserTypesBeforeAnythingIsWritten)
+{
+    for (const Composer::Pen pen : {Composer::Pen::typed, Composer::Pen::fragments}) {
+        composer = std::make_unique<Composer>(pen, trace, L"");
+        composer->begin(application, document);
+        document->Range()->InsertBefore(L"zero");
+        for (int i = 0; i < 5; ++i) {
+            composer->setTextAlign(static_cast<short>(1 + i % 2));
+            write(L"one\r");
+        }
+        composer->finish();
+        EXPECT_EQ(text(), u"zeroone\rone\rone\rone\rone\r");
+    }
 }
 
 TEST_F(ComposerTest, LeavesALinkAsTextWhoseTagNeverCameAlsoWhenItWasWrittenEarly)
 {
     composer->insertXref(L"never", L"no tag");
     composer->insertXref(L"later", L"tag");
-    composer->prepareSave();
+    bringToWord();
     EXPECT_EQ(document->GetHyperlinks()->GetCount(), 2);
     composer->insertTag(L"tag");
     composer->finish();
@@ -221,8 +277,8 @@ TEST_F(ComposerTest, ForgetsTheTagsOfAHeaderThatIsReplaced)
     composer->startHeader();
     composer->insertTag(L"tag");
     composer->insertText(_bstr_t(L"old").GetBSTR());
+    bringToWord();
     composer->endHeader();
-    composer->prepareSave();
     EXPECT_EQ(model().bookmarks().all().size(), 1U);
     composer->startHeader();
     composer->insertText(_bstr_t(L"new").GetBSTR());

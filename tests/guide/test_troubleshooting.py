@@ -108,7 +108,7 @@ class Entries(EndToEndTest):
             "Saving document": lambda: self.script(self.NEW, "m.start", 'm.create "Z:\\no\\such\\a.doc"'),
             "Saving document, where the name has other characters":
                 lambda: self.script(self.NEW, "m.start", 'm.create Replace(fileName, "document", "what?")'),
-            "Adding document": lambda: self.failing("Documents@1.Add(", ":0x800a1436"),
+            "Adding document": lambda: self.failing(".Documents.Add(", ":0x800a1436"),
             "Document generation aborted by the user.": self.answered_no,
             "RPC call failed.": self.dying,
             "Word is unavailable.": self.dead,

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -108,23 +109,15 @@ TEST(Fragment, StatesTheSizeOfAStyleWhereSomeTextHasTheDefaultOne)
     EXPECT_NE(rtf.find("\\pard\\plain\\s1\\f0\\fs32{\\f1\\fs24 a}\\par"), rtf.npos) << rtf;
 }
 
-TEST(Fragment, ShowsWhatBecameOfItsStylesFontByItsFirstCharacter)
+TEST(Fragment, EndsWithAMarkInAParagraphLikeTheOneBehind)
 {
     TestStyles styles;
-    const auto shows = [&](std::vector<Item> items) {
-        return beginsInStyleFont(Paragraph{.items = std::move(items)}, styles);
-    };
-    const FontWish arial{.style = u"Normal", .name = u"Arial"};
-    EXPECT_TRUE(shows({}));
-    EXPECT_TRUE(shows({{Tag{u"b1"}}, text(u"", arial), text(u"a", bold()), text(u"b", arial)}));
-    EXPECT_TRUE(shows({text(u"a", {.style = u"Normal", .name = u"Times New Roman"})})) << "the style's own";
-    EXPECT_TRUE(shows({{PageBreak()}, text(u"a", arial)}));
-    EXPECT_FALSE(shows({text(u"a", arial)}));
-    EXPECT_FALSE(shows({linked(u"a", 0)}));
-    EXPECT_FALSE(shows({{Field{4}}}));
-    EXPECT_FALSE(shows({{Entry{u"a", 1}}}));
-    EXPECT_TRUE(beginsInStyleFont(Table{.rows = {Row(1)}}, styles));
-    EXPECT_FALSE(beginsInStyleFont(Table{.rows = {{Cell{Paragraph{.items = {text(u"a", arial)}}}}}}, styles));
+    const Paragraph behind{.style = u"Heading 1", .alignment = 3};
+    const std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
+    const Paragraph linkedToTheEnd{.items = {linked(u"a", 0)}};
+    const std::string rtf = fragmentOf(std::array{Block(linkedToTheEnd)}, {styles, links, {}, 400, &behind});
+    EXPECT_TRUE(rtf.ends_with("\\par\n\\pard\\plain\\s1\\qr\\f0 \\u167?\\par\n}")) << rtf;
+    EXPECT_NE(rtf.find("{\\s1\\f0 heading 1;}"), rtf.npos) << rtf;
 }
 
 TEST(Fragment, SaysAnAlignmentOnlyWhereTheStyleHasAnother)

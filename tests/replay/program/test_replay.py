@@ -83,7 +83,7 @@ class Report(ReplayTest):
         template = BUILD / "packaging" / "templates" / "KXR1.dot"
         replayed = self.replay("--output", self.new_document("other.doc"), "--template", template, "--toc-level", "1", given)
         self.assertIn(f'Add("{windows(template)}"'.replace("\\", "\\\\"), "\n".join(replayed.transcript))
-        levels = [re.search(r"TablesOfContents@\d+\.Add\(Range@\d+, true, 1s, (\d+)s,", line) for line in replayed.transcript]
+        levels = [re.search(r"\.TablesOfContents\.Add\([^,]*, true, 1s, (\d+)s,", line) for line in replayed.transcript]
         self.assertEqual(["1"], [found[1] for found in levels if found])
 
 
@@ -295,6 +295,6 @@ class Terminal(ReplayTest):
         inserted = sum(".InsertAfter(" in line for line in transcript)
         self.assertLess(inserted, self.CALLS)
         self.assertGreater(inserted, 0)
-        self.assertRegex(transcript[-1], r"Application@\d+\.Quit\(")
-        self.assertTrue(any(re.match(r"Document@\d+\.Close\(", line) for line in transcript))
+        self.assertRegex(transcript[-1], r"application\.Quit\(")
+        self.assertTrue(any(re.match(r"document\.Close\(", line) for line in transcript))
         self.assertTrue(document.exists())

@@ -1,6 +1,6 @@
 # The front door. Everything a run makes lies in build/ and out/; packages are installed when one is missing.
 .DEFAULT_GOAL := build
-.PHONY: help bootstrap configure build native demo settings package check test soak bench lint tidy clean
+.PHONY: help bootstrap configure build native demo docs settings package check test soak bench lint tidy clean
 
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
@@ -9,6 +9,7 @@ jobs := $(shell nproc)
 help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
 	@echo 'make demo      build what it takes, write a report through COM and show it: results in out/demo/'
+	@echo 'make docs      make the documentation as a site with search: build/mingw-release/packaging/documentation/html'
 	@echo 'make settings  show the settings program; needs a display'
 	@echo 'make package   make the installer and the archive, and build them a second time: results in out/package/'
 	@echo 'make check     the quick part of make test: natively, in process under Wine, formatting'
@@ -37,6 +38,9 @@ native: bootstrap
 # It installs and builds less than the others, by itself.
 demo:
 	@scripts/demo
+
+docs: configure
+	@cmake --build --preset mingw-release --target documentation
 
 settings: build
 	@scripts/settings

@@ -19,6 +19,7 @@ IDENTITIES = uuid.UUID("0d3c6f0e-6a4b-4df6-8f0d-6f5b0f2f9a11")
 
 MODULE = "bin/mirovelcom.dll"
 PROGRAM = "bin/mirovel-settings.exe"
+MANUAL = "docs/index.html"
 EXECUTABLES = (".dll", ".exe")
 
 
@@ -182,6 +183,10 @@ class InstallerSource:
             xml.SubElement(component, "Shortcut", Id="SettingsShortcut", Directory="ProgramMenuFolder",
                            Name="MIROVE~1|Mirovelcom Settings", WorkingDirectory="bin",
                            Target=f"[#{identifier(path)}]", Description="Template and table of contents of documents")
+        if path == MANUAL:
+            xml.SubElement(component, "Shortcut", Id="ManualShortcut", Directory="ProgramMenuFolder",
+                           Name="MIROVE~2|Mirovelcom Documentation", WorkingDirectory="docs",
+                           Target=f"[#{identifier(path)}]", Description="How to write documents, all methods, and what went wrong")
 
     def add_classes(self, scripts):
         for script in scripts:

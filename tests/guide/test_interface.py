@@ -28,6 +28,15 @@ def example(section):
     return blocks[0].splitlines()
 
 
+def sessions():
+    """The whole sessions of the pages that one reads first."""
+    found = {}
+    for page, title in ((PAGE, "A session"), (pages.DOCS / "index.md", "Mirovelcom")):
+        section = next(section for section in pages.sections(page) if section.title == title)
+        found[page.stem], = (block.splitlines() for block in section.blocks("vbscript"))
+    return found
+
+
 def client(examples):
     """A script that runs each in a document of its own and tells what fails."""
     lines = ["Dim m, strict"]
@@ -86,7 +95,7 @@ class Examples(EndToEndTest):
         folder.mkdir()
         for name, source in FILES.items():
             shutil.copy(ROOT / "samples" / "report-files" / source, folder / name)
-        examples = {name: example(section) for name, section in entries().items()}
+        examples = {name: example(section) for name, section in entries().items()} | sessions()
         outcome = self.run_vbscript(client(examples), settings={"Word/Strict": "1"}, **options)
         self.assertEqual(["done"], outcome.output)
         return examples, folder

@@ -47,6 +47,13 @@ def block_below(heading):
     return re.search(rf"^#+ {heading}\n.*?^```\n(.*?)^```", text, re.MULTILINE | re.DOTALL)[1].splitlines()
 
 
+def listed_files():
+    """What the manual lists, and of its site what the first page stands for."""
+    site = BUILD / "packaging" / "documentation" / "html"
+    pages = [f"docs/{path.relative_to(site).as_posix()}" for path in site.rglob("*") if path.is_file()]
+    return sorted([*block_below("Files"), *(page for page in pages if page != "docs/index.html")])
+
+
 def as_shown(keys):
     """As the manual shows keys and values."""
     lines = []
@@ -112,13 +119,13 @@ class Installer(EndToEndTest):
 
     def check_installed(self, machine, before):
         files = machine.files(PLACE)
-        self.assertEqual(block_below("Files"), files, "docs/installation.md lists what is installed")
+        self.assertEqual(listed_files(), files, "docs/installation.md lists what is installed")
         for name in files:
             self.assertEqual((self.contents / "Mirovelcom" / name).read_bytes(),
                              (machine.path(PLACE) / name).read_bytes(), name)
         self.assertEqual((BUILD / "server" / "mirovelcom.dll").read_bytes(),
                          (machine.path(PLACE) / "bin" / "mirovelcom.dll").read_bytes())
-        self.assertEqual(["Mirovelcom Settings.lnk"], machine.start_menu())
+        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk"], machine.start_menu())
         added = machines.without(machines.added(before, machine.registry()), *RECORDS)
         keys = machines.without(added, "Wow6432Node")
         self.assertEqual(block_below("Registry"), as_shown({key: values for key, values in keys.items() if values or
@@ -181,8 +188,8 @@ class Installer(EndToEndTest):
                          self.stored(machine), "what was stored, unless the command line says otherwise")
         server = "Software\\Classes\\CLSID\\{5C2E7A10-3B41-4D8E-9F62-A1B3C4D5E6F7}\\InprocServer32"
         self.assertEqual(place + "bin\\mirovelcom.dll", after[server][""])
-        self.assertEqual(sorted([*block_below("Files"), "templates/Own.dot"]), machine.files(place))
-        self.assertEqual(["Mirovelcom Settings.lnk"], machine.start_menu())
+        self.assertEqual(sorted([*listed_files(), "templates/Own.dot"]), machine.files(place))
+        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk"], machine.start_menu())
         self.assertFalse(machine.path(PLACE).exists())
 
         status, _ = machine.run("msiexec.exe", "/i", machines.wine_name(self.folder / "2.0.9.msi"), "/qn")
@@ -198,7 +205,7 @@ class Installer(EndToEndTest):
         machine.check("reg.exe", "delete", f"HKLM\\{WORD}", "/v", "Compose", "/f")
         machine.install(self.package)
         self.assertEqual([("Mirovelcom", VERSION)], self.products(machine.registry()))
-        self.assertEqual(block_below("Files"), machine.files(PLACE))
+        self.assertEqual(listed_files(), machine.files(PLACE))
         self.assertEqual({"Word/OwnInstance": "0"}, self.stored(machine), "whose documents were counted, has them counted")
 
     def test_values_that_settings_do_not_have_are_refused(self):
@@ -270,7 +277,7 @@ class Package(EndToEndTest):
             self.assertEqual(sorted(names), names)
             for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb", "bin/mirovel-replay.exe",
                              "include/mirovelcom/IDocument.h", "lib/cmake/mirovelcom/mirovelcomConfig.cmake",
-                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.md"):
+                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html"):
                 self.assertIn(f"{name}/{expected}", names)
             self.assertEqual([], [each for each in names if "settings.exe" in each or "wordstandin" in each])
             self.assertEqual((BUILD / "server" / "mirovelcom.dll").read_bytes(), archive.read(f"{name}/bin/mirovelcom.dll"))

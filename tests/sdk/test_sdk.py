@@ -112,28 +112,38 @@ class Sdk(EndToEndTest):
 
     # The page
 
-    def test_the_page_shows_a_whole_client(self):
+    def built_from_the_page(self, number):
+        """The program that the page's project makes of its first or second client, by the page's commands."""
         page = (ROOT / "docs" / "sdk.md").read_text()
-        project, toolchain = re.findall(r"^```cmake\n(.*?)^```", page, re.MULTILINE | re.DOTALL)
-        client = re.search(r"`hello\.cpp`:\n\n```cpp\n(.*?)^```", page, re.MULTILINE | re.DOTALL)[1]
-        source = self.folder / "page"
+        project, = re.findall(r"^```cmake\n(.*?)^```", page, re.MULTILINE | re.DOTALL)
+        client = [text for text in re.findall(r"^```cpp\n(.*?)^```", page, re.MULTILINE | re.DOTALL) if "wmain" in text][number]
+        source = self.folder / f"page{number}"
         source.mkdir()
-        for name, text in (("CMakeLists.txt", project), ("mingw.cmake", toolchain), ("hello.cpp", client)):
-            (source / name).write_text(text)
+        (source / "CMakeLists.txt").write_text(project)
+        (source / "hello.cpp").write_text(client)
         commands = re.search(r"^```\n(cmake -S .*?)^```", page, re.MULTILINE | re.DOTALL)[1].splitlines()
-        words = commands[0].replace("FOLDER", "@").split()
-        words = [word.replace("@", str(self.installation)) for word in words] + ["-DCMAKE_TOOLCHAIN_FILE=mingw.cmake"]
-        for command in (words, commands[1].split()):
-            result = run(os.environ["MIROVEL_CMAKE"], *command[1:], cwd=source)
+        for command in commands:
+            words = [word.replace("FOLDER", str(self.installation)) for word in command.split()]
+            result = run(os.environ["MIROVEL_CMAKE"], *words[1:], cwd=source)
             self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+        return source / "build" / "hello.exe"
+
+    def test_the_page_shows_a_client_of_ten_lines(self):
         document = self.new_document()
-        outcome = self.run_client(source / "build" / "hello.exe", windows(document))
+        outcome = self.run_client(self.built_from_the_page(0), windows(document), composing=True)
+        self.assertEqual([], outcome.output)
+        self.assertEqual("Hello", documents.text_of(document).strip())
+
+    def test_the_page_shows_a_client_that_tells_failures(self):
+        client = self.built_from_the_page(1)
+        document = self.new_document()
+        outcome = self.run_client(client, windows(document))
         self.assertEqual([], outcome.output)
         self.assertEqual("Hello", documents.text_of(document).strip())
         failing = next(i for i, line in enumerate(outcome.transcript, 1) if ".InsertAfter(" in line)
-        outcome = self.run_client(source / "build" / "hello.exe", windows(self.new_document()), status=1,
+        outcome = self.run_client(client, windows(self.new_document()), status=1,
                                   env={"WORDSTANDIN_FAIL": f"{failing}:0x800a1066"})
-        self.assertEqual(["insertText", "COMERROR 0x800a1066"], outcome.output[:2])
+        self.assertEqual(["Saving document", "COMERROR 0x800a1066"], outcome.output[:2])
 
     # The example
 

@@ -45,6 +45,8 @@ void writeDocument(const wchar_t* fileName)
 {
     IDocumentPtr mirovel;
     _com_util::CheckError(mirovel.CreateInstance(L"Mirovel.Mirovel"));
+    // To find out why a document fails, have it written down:
+    // mirovel->overrideRegistry(_bstr_t(L"Log"), _bstr_t(L"Diagnostics"), _bstr_t(L"sample.log"), 1);
     mirovel->trace(10);
     mirovel->start();
     _com_util::CheckError(mirovel->create(_bstr_t(fileName)));

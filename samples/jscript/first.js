@@ -4,6 +4,8 @@
 //   scripts/run-client samples/jscript/first.js --log /tmp/first.log -- 'Z:\tmp\first.doc'
 function writeDocument(fileName) {
     var mirovel = new ActiveXObject("Mirovel.Mirovel");
+    // To find out why a document fails, have it written down:
+    // mirovel.overrideRegistry("Log", "Diagnostics", "C:\\Documents\\diagnostics.log", 1);
     mirovel.trace(10);
     mirovel.start();
     mirovel.create(fileName);

@@ -77,6 +77,8 @@ function writeLinks(fileName) {
     mirovel = new ActiveXObject("Mirovel.Mirovel");
     mirovel.start();
     mirovel.create(fileName);
+    // To find out why a document fails, have it written down:
+    // mirovel.overrideRegistry("Log", "Diagnostics", "C:\\Documents\\diagnostics.log", 1);
     mirovel.trace(10);
     mirovel.setOrientation(landscape);
     writeReferences();

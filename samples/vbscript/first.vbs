@@ -7,6 +7,8 @@ Option Explicit
 Sub WriteDocument(fileName)
     Dim mirovel
     Set mirovel = CreateObject("Mirovel.Mirovel")
+    ' To find out why a document fails, have it written down:
+    ' mirovel.overrideRegistry "Log", "Diagnostics", "C:\Documents\diagnostics.log", 1
     mirovel.trace 10
     mirovel.start
     mirovel.create fileName

@@ -79,6 +79,8 @@ Sub WriteLinks(fileName)
     Set mirovel = CreateObject("Mirovel.Mirovel")
     mirovel.start
     mirovel.create fileName
+    ' To find out why a document fails, have it written down:
+    ' mirovel.overrideRegistry "Log", "Diagnostics", "C:\Documents\diagnostics.log", 1
     mirovel.trace 10
     mirovel.setOrientation Landscape
     WriteReferences

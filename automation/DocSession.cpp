@@ -1,6 +1,5 @@
 #include "DocSession.h"
 
-#include "TextConversion.h"
 #include "sysSupport/SysDirectory.h"
 
 #include <algorithm>
@@ -18,10 +17,8 @@ DocSession::~DocSession()
 }
 
 void DocSession::openDiagnostics() noexcept
-try {
-    const QdxString name = settings.text(SettingName::diagnostics);
-    diagnostics.open(static_cast<const wchar_t*>(toWide(name)));
-} catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the document goes on without diagnostics
+{
+    diagnostics.open(settings[SettingName::diagnostics].text);
 }
 
 void DocSession::followSettings()

@@ -62,7 +62,7 @@ try {
         break;
     }
     tellWhatIsWrong(*session_, entry);
-    session_->registry.override(entry);
+    session_->registry.override(entry, value ? value : L"");
     session_->settings.takeOverrides(session_->registry);
     session_->followSettings();
     return method.done();

@@ -4,6 +4,11 @@
 
 #include "TextConversion.h"
 
+#include <algorithm>
+#include <cwchar>
+#include <set>
+#include <string_view>
+
 namespace {
 
 using diagnostics::Event;
@@ -23,6 +28,33 @@ const char* nameOf(SettingOrigin origin)
     return "default";
 }
 
+bool isSetting(std::string_view group, const std::wstring& name)
+{
+    return std::ranges::any_of(settingTable, [&](const SettingDescription& setting) {
+        return setting.group == group && _wcsicmp(name.c_str(), toWide(setting.name)) == 0;
+    });
+}
+
+/// What somebody has put into the registry where settings are and no setting is: a misspelt name, most
+/// likely.
+void tellUnknownSettings(DocSession& session)
+{
+    std::set<std::string_view> groups;
+    for (const SettingDescription& setting : settingTable)
+        groups.insert(setting.group);
+    for (const std::string_view group : groups)
+        for (const auto& [name, origin] : RegisterCache::namesIn(QdxString(group.data(), group.size()))) {
+            if (name.empty() || isSetting(group, name))
+                continue;
+            session.diagnostics.tell([&] {
+                return Event{.severity = diagnostics::Severity::warning,
+                             .what = "Nobody reads this setting: " + std::string(group) + "/" +
+                                     diagnostics::utf8(name) + " (" + nameOf(origin) + ")",
+                             .remedy = "Check the spelling of its name."};
+            });
+        }
+}
+
 std::string pathOf(const SettingDescription& setting)
 {
     return std::string(setting.group) + "/" + setting.name;
@@ -31,21 +63,21 @@ std::string pathOf(const SettingDescription& setting)
 } // namespace
 
 void tellSettings(DocSession& session) noexcept
-{
+try {
     session.diagnostics.tell([&] {
         std::string line = "Settings:";
         for (const SettingDescription& setting : settingTable) {
             const SettingValue& value = session.settings[setting.id];
-            line.append(" ")
-                .append(pathOf(setting))
-                .append("=")
-                .append(diagnostics::utf8(value.entry.getValue()));
+            line.append(" ").append(pathOf(setting)).append("=").append(diagnostics::utf8(value.text));
             line.append(" (").append(nameOf(value.origin)).append(");");
         }
         return Event{.what = std::move(line)};
     });
+    if (session.diagnostics.isOn())
+        tellUnknownSettings(session);
     for (const SettingDescription& setting : settingTable)
         if (!session.settings[setting.id].isOfItsKind)
             session.events.ignored(Silence::wrongSetting,
                                    static_cast<const wchar_t*>(toWide(pathOf(setting).c_str())));
+} catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }

@@ -45,6 +45,8 @@ void writeDocument(const wchar_t* fileName)
 {
     IDocumentPtr mirovel;
     _com_util::CheckError(mirovel.CreateInstance(L"Mirovel.Mirovel"));
+    // To find out why a document fails, have it written down:
+    // mirovel->overrideRegistry(_bstr_t(L"Log"), _bstr_t(L"Diagnostics"), _bstr_t(L"sample.log"), 1);
     mirovel->trace(10);
     // The installer sets this for the machine; the DLL alone does not.
     mirovel->overrideRegistry(_bstr_t(L"Word"), _bstr_t(L"Compose"), _bstr_t(L"1"), 2);

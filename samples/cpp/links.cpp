@@ -51,6 +51,8 @@ public:
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"Compose"), bstr(L"1"), 2);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));
+        // To find out why a document fails, have it written down:
+        // mirovel_->overrideRegistry(_bstr_t(L"Log"), _bstr_t(L"Diagnostics"), _bstr_t(L"sample.log"), 1);
         mirovel_->trace(10);
         mirovel_->setOrientation(landscape);
         writeReferences();

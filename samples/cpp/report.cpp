@@ -84,6 +84,8 @@ private:
                                    textSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TOCLevel"), bstr(L"2"), numberSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"Compose"), bstr(L"1"), numberSetting);
+        // To find out why a document fails, have it written down:
+        // mirovel_->overrideRegistry(_bstr_t(L"Log"), _bstr_t(L"Diagnostics"), _bstr_t(L"sample.log"), 1);
         mirovel_->trace(10);
         mirovel_->start();
         _com_util::CheckError(mirovel_->create(bstr(fileName)));

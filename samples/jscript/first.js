@@ -4,6 +4,8 @@
 //   scripts/run-client samples/jscript/first.js --log /tmp/first.log -- 'Z:\tmp\first.doc'
 function writeDocument(fileName) {
     var mirovel = new ActiveXObject("Mirovel.Mirovel");
+    // To find out why a document fails, have it written down:
+    // mirovel.overrideRegistry("Log", "Diagnostics", "C:\\Documents\\diagnostics.log", 1);
     mirovel.trace(10);
     // The installer sets this for the machine; the DLL alone does not.
     mirovel.overrideRegistry("Word", "Compose", "1", 2);

@@ -78,6 +78,8 @@ function writeLinks(fileName) {
     mirovel.overrideRegistry("Word", "Compose", "1", 2);
     mirovel.start();
     mirovel.create(fileName);
+    // To find out why a document fails, have it written down:
+    // mirovel.overrideRegistry("Log", "Diagnostics", "C:\\Documents\\diagnostics.log", 1);
     mirovel.trace(10);
     mirovel.setOrientation(landscape);
     writeReferences();

@@ -23,6 +23,8 @@ function startDocument(fileName) {
     mirovel.overrideRegistry("Word", "WordTemplateName", files + "\\report.dot", textSetting);
     mirovel.overrideRegistry("Word", "TOCLevel", "2", numberSetting);
     mirovel.overrideRegistry("Word", "Compose", "1", numberSetting);
+    // To find out why a document fails, have it written down:
+    // mirovel.overrideRegistry("Log", "Diagnostics", "C:\\Documents\\diagnostics.log", 1);
     mirovel.trace(10);
     mirovel.start();
     mirovel.create(fileName);

@@ -7,6 +7,8 @@ Option Explicit
 Sub WriteDocument(fileName)
     Dim mirovel
     Set mirovel = CreateObject("Mirovel.Mirovel")
+    ' To find out why a document fails, have it written down:
+    ' mirovel.overrideRegistry "Log", "Diagnostics", "C:\Documents\diagnostics.log", 1
     mirovel.trace 10
     ' The installer sets this for the machine; the DLL alone does not.
     mirovel.overrideRegistry "Word", "Compose", "1", 2

@@ -39,6 +39,8 @@ Sub StartDocument(fileName)
     mirovel.overrideRegistry "Word", "WordTemplateName", files & "\report.dot", TextSetting
     mirovel.overrideRegistry "Word", "TOCLevel", "2", NumberSetting
     mirovel.overrideRegistry "Word", "Compose", "1", NumberSetting
+    ' To find out why a document fails, have it written down:
+    ' mirovel.overrideRegistry "Log", "Diagnostics", "C:\Documents\diagnostics.log", 1
     mirovel.trace 10
     mirovel.start
     mirovel.create fileName

@@ -5,18 +5,21 @@
 
 namespace {
 
-/// Text reads expanded; a foreign type and every failure count as "nothing".
+/// Text reads expanded, and goes to `wide` as well; a foreign type and every failure count as "nothing".
 std::optional<RegEntry> readValue(const detail::RegistryKey& key, const QdxString& group,
-                                  const QdxString& name)
+                                  const QdxString& name, std::wstring* wide = nullptr)
 {
     if (!key)
         return std::nullopt;
     const _bstr_t wideName = toWide(name);
     if (const std::optional<DWORD> number = key.number(wideName))
         return RegEntry(group, name, static_cast<int>(*number));
-    if (const std::optional<std::wstring> text = key.text(wideName))
-        return RegEntry(group, name, toNarrow(text->c_str()));
-    return std::nullopt;
+    const std::optional<std::wstring> text = key.text(wideName);
+    if (!text)
+        return std::nullopt;
+    if (wide)
+        *wide = *text;
+    return RegEntry(group, name, toNarrow(text->c_str()));
 }
 
 } // namespace
@@ -34,7 +37,14 @@ std::optional<RegEntry> RegisterBase::find(const QdxString& group, const QdxStri
 RegisterBase::Stored RegisterBase::stored(HKEY hive, const QdxString& group, const QdxString& name)
 {
     const detail::RegistryKey key = detail::RegistryKey::open(hive, detail::settingsPath(group));
-    Stored found{readValue(key, group, name)};
+    Stored found;
+    found.entry = readValue(key, group, name, &found.text);
     found.isOfForeignType = !found.entry && key && key.has(toWide(name));
     return found;
+}
+
+std::vector<std::wstring> RegisterBase::storedNames(HKEY hive, const QdxString& group)
+{
+    const detail::RegistryKey key = detail::RegistryKey::open(hive, detail::settingsPath(group));
+    return key ? key.names() : std::vector<std::wstring>();
 }

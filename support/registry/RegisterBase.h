@@ -3,6 +3,8 @@
 #include "RegEntry.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include <windows.h>
 
@@ -31,7 +33,10 @@ protected:
     struct Stored
     {
         std::optional<RegEntry> entry;
+        std::wstring text = {}; ///< Of a text, with all its characters.
         bool isOfForeignType = false;
     };
     static Stored stored(HKEY hive, const QdxString& group, const QdxString& name);
+    /// The names of all values of a group in one place.
+    static std::vector<std::wstring> storedNames(HKEY hive, const QdxString& group);
 };

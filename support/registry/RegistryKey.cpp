@@ -77,6 +77,18 @@ std::optional<std::wstring> RegistryKey::text(const wchar_t* name) const
     }
 }
 
+std::vector<std::wstring> RegistryKey::names() const
+{
+    constexpr DWORD longestName = 16384;
+    std::vector<std::wstring> found;
+    std::wstring name(longestName, L'\0');
+    for (DWORD size = longestName; RegEnumValueW(key_, static_cast<DWORD>(found.size()), name.data(), &size,
+                                                 nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         size = longestName)
+        found.emplace_back(name, 0, size);
+    return found;
+}
+
 void RegistryKey::setNumber(const wchar_t* name, DWORD number) const
 {
     check(RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number));

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <windows.h>
 
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] std::optional<DWORD> number(const wchar_t* name) const noexcept;
     /// Nothing unless the value is there and is a REG_SZ or a REG_EXPAND_SZ, which is expanded.
     [[nodiscard]] std::optional<std::wstring> text(const wchar_t* name) const;
+
+    /// Of all values, whatever their types.
+    [[nodiscard]] std::vector<std::wstring> names() const;
 
     /// Raise `_com_error`.
     void setNumber(const wchar_t* name, DWORD number) const;

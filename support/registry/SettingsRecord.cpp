@@ -1,11 +1,12 @@
 #include "registry/SettingsRecord.h"
 
+#include "TextConversion.h"
 #include "registry/RegisterDynamic.h"
 
 SettingsRecord::SettingsRecord()
 {
     for (const SettingDescription& setting : settingTable)
-        values_[static_cast<std::size_t>(setting.id)].entry = defaultEntry(setting);
+        set(setting, {});
 }
 
 SettingsRecord SettingsRecord::read(const RegisterCache& registry)
@@ -21,16 +22,18 @@ void SettingsRecord::takeOverrides(const RegisterCache& registry)
     for (const SettingDescription& setting : settingTable) {
         if (setting.reading != SettingReading::fromTheBeginning)
             continue;
-        if (const RegEntry* const entry = registry.overrideOf(setting.group, setting.name))
-            set(setting, {*entry, SettingOrigin::clientOverride});
+        if (const auto found = registry.overrideOf(setting.group, setting.name))
+            set(setting, *found);
     }
 }
 
 void SettingsRecord::set(const SettingDescription& setting, const RegisterCache::Found& found)
 {
+    const RegEntry entry = found.entry.value_or(defaultEntry(setting));
+    const std::wstring text =
+        found.text.empty() ? static_cast<const wchar_t*>(toWide(entry.getValue())) : found.text;
     values_[static_cast<std::size_t>(setting.id)] = {
-        found.entry.value_or(defaultEntry(setting)), found.origin,
-        !found.passedOver && (!found.entry || canBe(setting.kind, *found.entry))};
+        entry, text, found.origin, !found.passedOver && (!found.entry || canBe(setting.kind, *found.entry))};
 }
 
 QdxString SettingsRecord::registeredInstallDir()

@@ -4,11 +4,13 @@
 #include "registry/SettingTable.h"
 
 #include <array>
+#include <string>
 
 /// A setting as it was found.
 struct SettingValue
 {
-    RegEntry entry; ///< What readers go by; the default when nothing is stored.
+    RegEntry entry;         ///< What readers go by; the default when nothing is stored.
+    std::wstring text = {}; ///< The same; a stored text has all its characters.
     SettingOrigin origin = SettingOrigin::byDefault;
     /// False when what was found cannot be of the setting's kind, or when on the way to it a value of a
     /// registry type was passed over that no setting has.

@@ -1,9 +1,10 @@
 """What an administrator finds out about a client that he cannot change, with Word in a process of its own."""
 
+import pathlib
 import unittest
 
 from support import documents
-from support.endtoend import EndToEndTest, windows
+from support.endtoend import ROOT, EndToEndTest, windows
 
 FIELDS = ["time", "process", "thread", "severity", "object", "document", "method", "what", "code", "description",
           "source", "remedy"]
@@ -69,6 +70,19 @@ class Diagnostics(EndToEndTest):
         self.assertIn("\tThe client is told: Saving document COMERROR 0x800a1499 ", outcome.errors)
         outcome = self.run_vbscript(script, status=1)
         self.assertNotIn("the end of the diagnostics", outcome.errors)
+
+    def test_the_samples_line_switches_them_on(self):
+        for sample, comment in (("vbscript/first.vbs", "' "), ("jscript/first.js", "// ")):
+            with self.subTest(sample):
+                source = (ROOT / "samples" / sample).read_text("ascii")
+                name = self.new_document(pathlib.Path(sample).suffix[1:] + ".log")
+                line = source.replace(f"{comment}mirovel.override", "mirovel.override")
+                line = line.replace("C:\\\\Documents\\\\diagnostics.log", windows(name).replace("\\", "\\\\"))
+                line = line.replace("C:\\Documents\\diagnostics.log", windows(name))
+                run = self.run_vbscript if sample.endswith("vbs") else self.run_jscript
+                run(line, "Z:\\no\\such\\folder\\x.doc", status=1)
+                [written] = self.folder.glob(f"{name.stem}.*.log")
+                self.assertIn("\tThe client is told: Saving document COMERROR 0x800a1499 ", written.read_text("utf-8"))
 
     def test_strict_tells_a_script(self):
         script = ('Set m = CreateObject("Mirovel.Mirovel")\r\nOn Error Resume Next\r\nm.insertText "lost"\r\n'

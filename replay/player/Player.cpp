@@ -141,13 +141,11 @@ public:
         if (options_.level)
             current().trace(*options_.level);
     }
-    /// What follows from a failure is of no interest any more.
-    void end() const
+    /// A Word that nobody sees ends with its object; one that a user sees keeps what else is open in it.
+    void closeDocuments() const
     {
-        for (const ObjectPtr& object : objects_) {
+        for (const ObjectPtr& object : objects_)
             failureOf([&] { return object->close(); });
-            failureOf([&] { return object->stop(); });
-        }
     }
 
 private:
@@ -197,7 +195,7 @@ Played Player::play(const Script& script)
     }
     const bool isComplete = !played.isInterrupted && (played.failures.empty() || options_.goesOn);
     if (!isComplete)
-        clients.end();
+        clients.closeDocuments();
     else if (options_.showsLast)
         attempt(script.steps.empty() ? 0 : script.steps.back().line, "showLast",
                 [&] { return clients.current().showLast(); });

@@ -36,7 +36,7 @@ struct Played
 };
 
 /// Makes the calls of scripts, each with objects of its own. However that ends, no document stays open and no
-/// Word of theirs is left, unless it was shown. Texts are in the ANSI code page.
+/// Word is left that nobody sees. Texts are in the ANSI code page.
 class Player
 {
 public:

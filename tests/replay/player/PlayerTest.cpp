@@ -142,6 +142,19 @@ TEST_F(PlayerTest, ClosesTheDocumentWhenInterrupted)
     expectThatNothingIsLeft();
 }
 
+TEST_F(PlayerTest, LeavesAWordThatAUserSeesButNotTheDocument)
+{
+    callsUntil = 3;
+    atCall = [this] {
+        word.application()->PutVisible(VARIANT_TRUE);
+        isInterrupted = true;
+    };
+    play(begin + std::string(endl) + end);
+    EXPECT_FALSE(word.hasQuit());
+    EXPECT_THAT(word.model().documents(), IsEmpty());
+    word.application()->Quit();
+}
+
 TEST_F(PlayerTest, CallsAnotherObjectForAnotherClient)
 {
     options.level = 10;

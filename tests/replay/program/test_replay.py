@@ -226,6 +226,14 @@ class Failures(ReplayTest):
         self.assertTrue(any("behind" in line for line in outcome.transcript))
 
 
+    def test_a_framed_call_fails(self):
+        """By an exception, which passes from the DLL to the program."""
+        log = self.write_log(*self.document_lines('mirovel->insertText("text");'))
+        number = next(i for i, line in enumerate(self.replay(log).transcript, 1) if ".InsertAfter(" in line)
+        outcome = self.replay(log, env={"WORDSTANDIN_FAIL": f"{number}:0x800a1436"}, status=1)
+        self.assertRegex(outcome.errors, r"given\.log, line 4: insertText: insertText: COMERROR 0x800a1436: ")
+
+
 class Unregistered(ReplayTest):
     def test_a_dll_that_is_not_registered(self):
         document = self.new_document()

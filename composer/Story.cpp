@@ -21,6 +21,22 @@ bool holdTables(std::span<const Block> blocks)
                                [](const Block& block) { return std::holds_alternative<Table>(block); });
 }
 
+/// What a fragment's last paragraph end is to become.
+std::deque<Operation> behindFragment(const Block& last)
+{
+    constexpr Position at = -1;
+    const auto* const paragraph = std::get_if<Paragraph>(&last);
+    if (!paragraph || !endsFragment(last))
+        return {};
+    std::deque<Operation> operations;
+    if (paragraph->end == ParagraphEnd::section)
+        operations.push_back(BreakSection{at});
+    const auto isContents = [](const Item& item) { return std::holds_alternative<Contents>(item.what); };
+    if (std::ranges::any_of(paragraph->items, isContents))
+        operations.push_back(KeepContents{at});
+    return operations;
+}
+
 template <class Visit>
 void forEachTag(std::span<const Block> blocks, const Visit& visit)
 {
@@ -44,8 +60,8 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
     : document_(document), content_(style), ground_(std::move(ground)), end_(range),
-      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.reading),
-      style_(style)
+      pen_(document.document, range, end_, document.collections),
+      fragmentPen_(document.document, range, end_, document.collections, document.reading), style_(style)
 {
 }
 
@@ -180,6 +196,7 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
         fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0), &behind});
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
+    fragment.rest = behindFragment(blocks.back());
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -208,12 +225,18 @@ void Story::carryOut(Step& step)
             if (step.fragment->beginsWithBreak)
                 pen_.keepBreak(fragmentPen_.takeBreak());
             ++flushed_.fragments;
-            return;
+            step.plan.passages.clear();
+            if (!step.fragment->rest.empty())
+                step.plan.passages.push_back({{}, std::move(step.fragment->rest)});
+        } else {
+            document_.readsFragments = false;
+            if (document_.events)
+                document_.events->fragmentRefused(step.fragment->text.size());
         }
-        document_.readsFragments = false;
-        if (document_.events)
-            document_.events->fragmentRefused(step.fragment->text.size());
+        step.fragment.reset();
     }
+    if (step.plan.passages.empty())
+        return;
     fragmentPen_.forgetRange();
     for (const Passage& passage : step.plan.passages)
         flushed_.operations += passage.operations.size();

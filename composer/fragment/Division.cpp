@@ -54,7 +54,8 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
     };
     for (std::size_t first = 0; first < blocks.size();) {
         std::size_t past = first;
-        while (past < blocks.size() && fits(past) && (past == first || !beginsWithLastBreak(blocks[past])))
+        while (past < blocks.size() && fits(past) &&
+               (past == first || !(beginsWithLastBreak(blocks[past]) || endsFragment(blocks[past - 1]))))
             ++past;
         if (past == first) {
             add(first, first + 1, false);

@@ -24,7 +24,8 @@ bool beginsWithLastBreak(const Block& block);
 /// Divides what waits in a story into stretches, in its order: those that fit a fragment, and what is between
 /// them. `closed`: how many of them nothing can come to any more; what is behind these fits none.
 ///
-/// A fragment begins and ends with whole paragraphs. The last page break is in none, because its place is
+/// A fragment begins and ends with whole paragraphs. What is to become more than a paragraph end
+/// (`endsFragment`) is its last one. The last page break is in none, because its place is
 /// wanted later, unless one can begin with it.
 std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
                             std::size_t closed);

@@ -84,7 +84,7 @@ void FragmentPen::read(const Fragment& fragment)
 {
     start_ = end_.ask();
     if (!fragment.movedTags.empty()) {
-        const Word::BookmarksPtr bookmarks = document_->GetBookmarks();
+        const Word::BookmarksPtr& bookmarks = collections_.bookmarks();
         for (const std::u16string& tag : fragment.movedTags)
             if (const _bstr_t name = bstr(tag); bookmarks->Exists(name))
                 bookmarks->Item(Word::text(name))->Delete();
@@ -107,17 +107,11 @@ void FragmentPen::read(const Fragment& fragment)
 void FragmentPen::lookAtTheEnd(const Fragment& fragment)
 {
     break_ = nullptr;
-    if (!findEndMark() || !keepsLooks()) {
-        stage_ = Stage::refused;
-        return;
-    }
-    if (fragment.beginsWithBreak && !findBreak()) {
+    if ((fragment.beginsWithBreak && !findBreak()) || !findEndMark() || !keepsLooks()) {
         stage_ = Stage::refused;
         return;
     }
     const long end = end_.ask() - reading_.endLength;
-    if (break_)
-        range_->SetRange(end, end + reading_.endLength);
     end_.forget();
     range_->Delete();
     end_.know(end);

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Collections.h"
 #include "Plan.h"
 #include "StoryEnd.h"
 
 #include "Word.h"
 
+#include <deque>
 #include <optional>
 #include <string>
 #include <utility>
@@ -21,6 +23,8 @@ struct Fragment
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
     bool beginsWithBreak = false; ///< the page break whose place is wanted
+    /// What is to be done when it is there, counted from its end.
+    std::deque<Operation> rest;
 };
 
 /// How Word reads fragments in, as far as it has been seen; holds for all stories of a document.
@@ -43,11 +47,11 @@ struct Reading
 class FragmentPen
 {
 public:
-    /// `story`: moved about. `end`: the story's. `reading`: what other stories' fragments have shown. Both
-    /// live longer.
+    /// `story`: moved about. `end`: the story's. `reading`: what other stories' fragments have shown. They
+    /// and the document's collections live longer.
     FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
-                Reading& reading)
-        : document_(document), range_(story), end_(end), reading_(reading)
+                Collections& collections, Reading& reading)
+        : document_(document), range_(story), end_(end), collections_(collections), reading_(reading)
     {
     }
 
@@ -85,6 +89,7 @@ private:
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
     StoryEnd& end_;
+    Collections& collections_;
     Reading& reading_;
     Stage stage_ = Stage::begun;
     long start_ = 0;

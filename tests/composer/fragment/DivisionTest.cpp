@@ -81,6 +81,16 @@ TEST_F(DivisionTest, BeginsAFragmentWithTheLastPageBreak)
               (Stretches{{0, 1, true}, {1, 2, true}, {2, 3, false}}));
 }
 
+TEST_F(DivisionTest, EndsAFragmentWithTheEndOfASection)
+{
+    Paragraph last = text();
+    last.end = ParagraphEnd::section;
+    EXPECT_EQ(divided({text(), last, text(), text(), Paragraph()}),
+              (Stretches{{0, 2, true}, {2, 4, true}, {4, 5, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({Contents()}), text(), Paragraph()}),
+              (Stretches{{0, 2, true}, {2, 3, true}, {3, 4, false}}));
+}
+
 TEST_F(DivisionTest, CutsNoLinkThatGoesOnBehindAParagraph)
 {
     Paragraph ended = text();

@@ -1,6 +1,7 @@
 #include "Story.h"
 
 #include "Division.h"
+#include "Flow.h"
 #include "FragmentFitness.h"
 #include "OperationOrigin.h"
 
@@ -152,7 +153,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         const std::span<const Block> part = blocks.subspan(stretch.first, stretch.past - stretch.first);
         Source source = sourceOf(part, ground);
         source.endsOpen = stretch.past == blocks.size() && closed < blocks.size();
-        source.keepsGround = stretch.isFragment;
+        source.keepsGround = stretch.isFragment && !source.endsOpen;
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
@@ -160,7 +161,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         for (const Passage& passage : step.plan.passages)
             operations += passage.operations.size();
         if (stretch.isFragment && operations >= fewestOperations && fitsFragment(paragraphOf(ground), {}))
-            step.fragment = makeFragment(part, ground, tags);
+            step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
         steps.push_back(std::move(step));
@@ -182,7 +183,7 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     return paragraph;
 }
 
-Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground,
+Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                              const std::set<std::u16string>& tags)
 {
     const auto isLinked = [this](const std::u16string& bookmark) {
@@ -192,8 +193,12 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
         tableWidth_ = fragmentPen_.tableWidth(document_.sections);
     const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
-    fragment.text =
-        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0), &behind});
+    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0),
+                                        endsOpen ? nullptr : &behind, endsOpen});
+    if (endsOpen) {
+        const auto& last = std::get<Paragraph>(blocks.back());
+        fragment.open = Fragment::Look{last.style, directAlignment(last, document_.styles)};
+    }
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
     fragment.rest = behindFragment(blocks.back());

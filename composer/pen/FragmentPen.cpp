@@ -23,6 +23,15 @@ std::u16string textOf(const Word::RangePtr& range)
     return portable(range->GetText());
 }
 
+void putAlignment(const Word::RangePtr& range, const std::optional<int>& alignment)
+{
+    const Word::_ParagraphFormatPtr format = range->GetParagraphFormat();
+    if (alignment)
+        format->PutAlignment(*alignment);
+    else
+        format->Reset();
+}
+
 float tableWidth(const Word::PageSetupPtr& page)
 {
     constexpr float padding = 5.4F; // between a cell's edge and its text
@@ -93,6 +102,8 @@ void FragmentPen::read(const Fragment& fragment)
         range_->SetRange(start_, start_);
     end_.forget();
     stage_ = Stage::refused;
+    if (fragment.open)
+        prepareGround(fragment.ground, *fragment.open);
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
@@ -102,6 +113,17 @@ void FragmentPen::read(const Fragment& fragment)
         stage_ = Stage::read;
     } catch (const _com_error&) { // NOLINT(bugprone-empty-catch): the document is written without it
     }
+}
+
+// In front of the text, since a style that comes later could take away what is formatted.
+void FragmentPen::prepareGround(const Ground& ground, const Fragment::Look& look)
+{
+    const bool changesStyle = ground.style != look.style;
+    if (changesStyle)
+        range_->PutStyle(StyleBook::argumentOf(look.style));
+    const bool isKnown = ground.isAlignmentKnown && !(changesStyle && ground.alignment);
+    if (!isKnown || ground.alignment != look.alignment)
+        putAlignment(range_, look.alignment);
 }
 
 void FragmentPen::lookAtTheEnd(const Fragment& fragment)
@@ -171,19 +193,17 @@ void FragmentPen::removeText(const Fragment& fragment)
 {
     end_.forget();
     const long end = end_.ask();
-    if (end <= start_)
+    if (end <= start_ && !fragment.open)
         return;
-    range_->SetRange(start_, end);
-    end_.forget();
-    range_->Delete();
+    if (end > start_) {
+        range_->SetRange(start_, end);
+        end_.forget();
+        range_->Delete();
+    }
     range_->SetRange(start_, start_ + 1);
     if (!fragment.ground.style.empty())
         range_->PutStyle(StyleBook::argumentOf(fragment.ground.style));
-    const Word::_ParagraphFormatPtr format = range_->GetParagraphFormat();
-    if (fragment.ground.alignment)
-        format->PutAlignment(*fragment.ground.alignment);
-    else
-        format->Reset();
+    putAlignment(range_, fragment.ground.alignment);
     range_->GetFont()->Reset();
 }
 

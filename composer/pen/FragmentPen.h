@@ -15,11 +15,20 @@
 namespace compose {
 
 /// A piece of rich text, and what has to be known to see what became of it. Behind the text stands the end
-/// mark (Fragment.h) in a paragraph of its own, formatted as the paragraph that it is read in in front of.
+/// mark (Fragment.h): in a paragraph of its own, formatted as the paragraph that it is read in in front of,
+/// or at the end of a paragraph that goes on.
 struct Fragment
 {
+    /// Of a paragraph as it is to be in Word.
+    struct Look
+    {
+        std::u16string style;
+        std::optional<int> alignment; ///< direct; Word's number
+    };
     std::string text;
     Ground ground; ///< of the empty paragraph that it is read in in front of
+    /// Its last paragraph goes on: that one becomes it, and looks so.
+    std::optional<Look> open = {};
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
     bool beginsWithBreak = false; ///< the page break whose place is wanted
@@ -79,6 +88,7 @@ private:
     bool goOn(const Fragment& fragment);
     void giveUp(const Fragment& fragment);
     void read(const Fragment& fragment);
+    void prepareGround(const Ground& ground, const Fragment::Look& look);
     void lookAtTheEnd(const Fragment& fragment);
     bool findEndMark();
     /// The end mark is selected, before and afterwards.

@@ -51,6 +51,7 @@ void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_
     written_ = std::make_unique<WrittenDocument>(
         WrittenDocument{.document = document,
                         .styles = StyleBook(document),
+                        .collections = Collections(document),
                         .readsFragments = pen_ == Pen::fragments,
                         .leadsSomewhere = [this](const LinkTarget& target) { return leadsSomewhere(target); },
                         .events = events_,

@@ -1,6 +1,7 @@
 #include "Story.h"
 
 #include "Division.h"
+#include "Flow.h"
 #include "FragmentFitness.h"
 #include "OperationOrigin.h"
 
@@ -19,6 +20,22 @@ bool holdTables(std::span<const Block> blocks)
 {
     return std::ranges::any_of(blocks,
                                [](const Block& block) { return std::holds_alternative<Table>(block); });
+}
+
+/// What a fragment's last paragraph end is to become.
+std::deque<Operation> behindFragment(const Block& last)
+{
+    constexpr Position at = -1;
+    const auto* const paragraph = std::get_if<Paragraph>(&last);
+    if (!paragraph || !endsFragment(last))
+        return {};
+    std::deque<Operation> operations;
+    if (paragraph->end == ParagraphEnd::section)
+        operations.push_back(BreakSection{at});
+    const auto isContents = [](const Item& item) { return std::holds_alternative<Contents>(item.what); };
+    if (std::ranges::any_of(paragraph->items, isContents))
+        operations.push_back(KeepContents{at});
+    return operations;
 }
 
 template <class Visit>
@@ -44,8 +61,8 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
     : document_(document), content_(style), ground_(std::move(ground)), end_(range),
-      pen_(document.document, range, end_), fragmentPen_(document.document, range, end_, document.reading),
-      style_(style)
+      pen_(document.document, range, end_, document.collections),
+      fragmentPen_(document.document, range, end_, document.collections, document.reading), style_(style)
 {
 }
 
@@ -136,7 +153,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         const std::span<const Block> part = blocks.subspan(stretch.first, stretch.past - stretch.first);
         Source source = sourceOf(part, ground);
         source.endsOpen = stretch.past == blocks.size() && closed < blocks.size();
-        source.keepsGround = stretch.isFragment;
+        source.keepsGround = stretch.isFragment && !source.endsOpen;
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
@@ -144,7 +161,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         for (const Passage& passage : step.plan.passages)
             operations += passage.operations.size();
         if (stretch.isFragment && operations >= fewestOperations && fitsFragment(paragraphOf(ground), {}))
-            step.fragment = makeFragment(part, ground, tags);
+            step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
         steps.push_back(std::move(step));
@@ -166,7 +183,7 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     return paragraph;
 }
 
-Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground,
+Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                              const std::set<std::u16string>& tags)
 {
     const auto isLinked = [this](const std::u16string& bookmark) {
@@ -176,10 +193,15 @@ Fragment Story::makeFragment(std::span<const Block> blocks, const Ground& ground
         tableWidth_ = fragmentPen_.tableWidth(document_.sections);
     const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
-    fragment.text =
-        fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0), &behind});
+    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0),
+                                        endsOpen ? nullptr : &behind, endsOpen});
+    if (endsOpen) {
+        const auto& last = std::get<Paragraph>(blocks.back());
+        fragment.open = Fragment::Look{last.style, directAlignment(last, document_.styles)};
+    }
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
+    fragment.rest = behindFragment(blocks.back());
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -208,12 +230,18 @@ void Story::carryOut(Step& step)
             if (step.fragment->beginsWithBreak)
                 pen_.keepBreak(fragmentPen_.takeBreak());
             ++flushed_.fragments;
-            return;
+            step.plan.passages.clear();
+            if (!step.fragment->rest.empty())
+                step.plan.passages.push_back({{}, std::move(step.fragment->rest)});
+        } else {
+            document_.readsFragments = false;
+            if (document_.events)
+                document_.events->fragmentRefused(step.fragment->text.size());
         }
-        document_.readsFragments = false;
-        if (document_.events)
-            document_.events->fragmentRefused(step.fragment->text.size());
+        step.fragment.reset();
     }
+    if (step.plan.passages.empty())
+        return;
     fragmentPen_.forgetRange();
     for (const Passage& passage : step.plan.passages)
         flushed_.operations += passage.operations.size();

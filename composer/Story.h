@@ -66,7 +66,7 @@ private:
     template <class Taken>
     void takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken);
     [[nodiscard]] Paragraph paragraphOf(const Ground& ground) const;
-    Fragment makeFragment(std::span<const Block> blocks, const Ground& ground,
+    Fragment makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                           const std::set<std::u16string>& tags);
     void carryOut();
     void carryOut(Step& step);

@@ -2,6 +2,7 @@
 
 #include "Content.h"
 
+#include "Collections.h"
 #include "FragmentPen.h"
 #include "StyleBook.h"
 #include "WriterEvents.h"
@@ -17,6 +18,7 @@ struct WrittenDocument
 {
     Word::_DocumentPtr document;
     StyleBook styles;
+    Collections collections;
     bool readsFragments = false;        ///< They are wanted, and Word has refused none yet.
     Reading reading = {};               ///< of fragments
     std::set<std::u16string> tags = {}; ///< They have a place in Word, or may have.

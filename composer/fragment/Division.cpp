@@ -27,6 +27,13 @@ bool endsInALink(const Block& block)
     return paragraph && paragraph->endLink != noLink;
 }
 
+/// Bookmarks at the edge of what goes may go with it, so none is put in front of the end mark.
+bool fitsOpen(const Paragraph& paragraph)
+{
+    return paragraph.holdsAnything() && !std::holds_alternative<Tag>(paragraph.items.back().what) &&
+           !endsFragment(paragraph);
+}
+
 } // namespace
 
 bool beginsWithLastBreak(const Block& block)
@@ -40,7 +47,9 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
 {
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
-        return index < closed && fitsFragment(blocks[index], links) &&
+        const bool isOpen = index >= closed;
+        return !(isOpen && (closed + 1 < blocks.size() || !fitsOpen(*paragraph))) &&
+               fitsFragment(blocks[index], links) &&
                !(paragraph && holdsLastBreak(*paragraph) && !beginsWithLastBreak(blocks[index]));
     };
     std::vector<Stretch> stretches;
@@ -54,7 +63,8 @@ std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<Lin
     };
     for (std::size_t first = 0; first < blocks.size();) {
         std::size_t past = first;
-        while (past < blocks.size() && fits(past) && (past == first || !beginsWithLastBreak(blocks[past])))
+        while (past < blocks.size() && fits(past) &&
+               (past == first || !(beginsWithLastBreak(blocks[past]) || endsFragment(blocks[past - 1]))))
             ++past;
         if (past == first) {
             add(first, first + 1, false);

@@ -38,7 +38,8 @@ public:
             if (const auto* table = std::get_if<Table>(&blocks_[index]))
                 write(*table);
             else
-                write(std::get<Paragraph>(blocks_[index]), endingOf(index));
+                write(std::get<Paragraph>(blocks_[index]), endingOf(index),
+                      context_.endsOpen && index + 1 == blocks_.size());
         if (context_.behind) {
             paragraph_ = context_.behind;
             startParagraph();
@@ -124,7 +125,7 @@ private:
         isInTable_ = false;
     }
 
-    void write(const Paragraph& paragraph, Ending ending)
+    void write(const Paragraph& paragraph, Ending ending, bool isMarked = false)
     {
         paragraph_ = &paragraph;
         const auto first = std::ranges::find_if(paragraph.items, shows);
@@ -140,6 +141,8 @@ private:
         }
         enterLink(ending == Ending::mark ? made(paragraph.endLink) : noLink);
         endRun();
+        if (isMarked)
+            rtf_.text({&endMark, 1});
         rtf_.word(ending == Ending::cell ? "cell" : "par");
         rtf_.endLine();
         isLinkOfParagraph_ = false;

@@ -20,6 +20,8 @@ struct FragmentContext
     float tableWidth; ///< points; every table is that wide, with equal columns
     /// Behind the blocks stands a character (`endMark`) in a paragraph like this one; null: none does.
     const Paragraph* behind = nullptr;
+    /// It stands at the end of the last block instead, which is a paragraph.
+    bool endsOpen = false;
 };
 
 /// The text of a paragraph by which the end of a fragment is found.

@@ -46,6 +46,12 @@ bool fits(const FontWish& wish)
            wish.size.value_or(0) <= largestSize;
 }
 
+bool holdsContents(const Paragraph& paragraph)
+{
+    return std::ranges::any_of(paragraph.items,
+                               [](const Item& item) { return std::holds_alternative<Contents>(item.what); });
+}
+
 class Fitness
 {
 public:
@@ -71,8 +77,9 @@ private:
     }
     [[nodiscard]] bool fits(const Paragraph& paragraph, bool isInCell) const
     {
-        return !paragraph.holdsWritten && paragraph.end == ParagraphEnd::mark && isName(paragraph.style) &&
-               fitsLink(paragraph.endLink) &&
+        return !paragraph.holdsWritten && (!isInCell || paragraph.end == ParagraphEnd::mark) &&
+               isName(paragraph.style) && fitsLink(paragraph.endLink) &&
+               (!holdsContents(paragraph) || paragraph.items.size() == 1) &&
                std::ranges::all_of(paragraph.items, [&](const Item& item) { return fits(item, isInCell); });
     }
     [[nodiscard]] bool fits(const Item& item, bool isInCell) const
@@ -88,7 +95,9 @@ private:
             return compose::fits(*entry);
         if (const auto* tag = std::get_if<Tag>(&item.what))
             return !tag->bookmark.empty() && isOneLine(tag->bookmark);
-        return std::holds_alternative<PageBreak>(item.what) && !isInCell;
+        return (std::holds_alternative<PageBreak>(item.what) ||
+                std::holds_alternative<Contents>(item.what)) &&
+               !isInCell;
     }
     [[nodiscard]] bool fitsLink(LinkNumber number) const
     {
@@ -102,6 +111,12 @@ private:
 };
 
 } // namespace
+
+bool endsFragment(const Block& block)
+{
+    const auto* const paragraph = std::get_if<Paragraph>(&block);
+    return paragraph && (paragraph->end == ParagraphEnd::section || holdsContents(*paragraph));
+}
 
 bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links)
 {

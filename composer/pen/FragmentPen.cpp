@@ -23,6 +23,15 @@ std::u16string textOf(const Word::RangePtr& range)
     return portable(range->GetText());
 }
 
+void putAlignment(const Word::RangePtr& range, const std::optional<int>& alignment)
+{
+    const Word::_ParagraphFormatPtr format = range->GetParagraphFormat();
+    if (alignment)
+        format->PutAlignment(*alignment);
+    else
+        format->Reset();
+}
+
 float tableWidth(const Word::PageSetupPtr& page)
 {
     constexpr float padding = 5.4F; // between a cell's edge and its text
@@ -84,7 +93,7 @@ void FragmentPen::read(const Fragment& fragment)
 {
     start_ = end_.ask();
     if (!fragment.movedTags.empty()) {
-        const Word::BookmarksPtr bookmarks = document_->GetBookmarks();
+        const Word::BookmarksPtr& bookmarks = collections_.bookmarks();
         for (const std::u16string& tag : fragment.movedTags)
             if (const _bstr_t name = bstr(tag); bookmarks->Exists(name))
                 bookmarks->Item(Word::text(name))->Delete();
@@ -93,6 +102,8 @@ void FragmentPen::read(const Fragment& fragment)
         range_->SetRange(start_, start_);
     end_.forget();
     stage_ = Stage::refused;
+    if (fragment.open)
+        prepareGround(fragment.ground, *fragment.open);
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
@@ -104,20 +115,25 @@ void FragmentPen::read(const Fragment& fragment)
     }
 }
 
+// In front of the text, since a style that comes later could take away what is formatted.
+void FragmentPen::prepareGround(const Ground& ground, const Fragment::Look& look)
+{
+    const bool changesStyle = ground.style != look.style;
+    if (changesStyle)
+        range_->PutStyle(StyleBook::argumentOf(look.style));
+    const bool isKnown = ground.isAlignmentKnown && !(changesStyle && ground.alignment);
+    if (!isKnown || ground.alignment != look.alignment)
+        putAlignment(range_, look.alignment);
+}
+
 void FragmentPen::lookAtTheEnd(const Fragment& fragment)
 {
     break_ = nullptr;
-    if (!findEndMark() || !keepsLooks()) {
-        stage_ = Stage::refused;
-        return;
-    }
-    if (fragment.beginsWithBreak && !findBreak()) {
+    if ((fragment.beginsWithBreak && !findBreak()) || !findEndMark() || !keepsLooks()) {
         stage_ = Stage::refused;
         return;
     }
     const long end = end_.ask() - reading_.endLength;
-    if (break_)
-        range_->SetRange(end, end + reading_.endLength);
     end_.forget();
     range_->Delete();
     end_.know(end);
@@ -177,19 +193,17 @@ void FragmentPen::removeText(const Fragment& fragment)
 {
     end_.forget();
     const long end = end_.ask();
-    if (end <= start_)
+    if (end <= start_ && !fragment.open)
         return;
-    range_->SetRange(start_, end);
-    end_.forget();
-    range_->Delete();
+    if (end > start_) {
+        range_->SetRange(start_, end);
+        end_.forget();
+        range_->Delete();
+    }
     range_->SetRange(start_, start_ + 1);
     if (!fragment.ground.style.empty())
         range_->PutStyle(StyleBook::argumentOf(fragment.ground.style));
-    const Word::_ParagraphFormatPtr format = range_->GetParagraphFormat();
-    if (fragment.ground.alignment)
-        format->PutAlignment(*fragment.ground.alignment);
-    else
-        format->Reset();
+    putAlignment(range_, fragment.ground.alignment);
     range_->GetFont()->Reset();
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Collections.h"
 #include "Plan.h"
 #include "StoryEnd.h"
 
 #include "Word.h"
 
+#include <deque>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,14 +15,25 @@
 namespace compose {
 
 /// A piece of rich text, and what has to be known to see what became of it. Behind the text stands the end
-/// mark (Fragment.h) in a paragraph of its own, formatted as the paragraph that it is read in in front of.
+/// mark (Fragment.h): in a paragraph of its own, formatted as the paragraph that it is read in in front of,
+/// or at the end of a paragraph that goes on.
 struct Fragment
 {
+    /// Of a paragraph as it is to be in Word.
+    struct Look
+    {
+        std::u16string style;
+        std::optional<int> alignment; ///< direct; Word's number
+    };
     std::string text;
     Ground ground; ///< of the empty paragraph that it is read in in front of
+    /// Its last paragraph goes on: that one becomes it, and looks so.
+    std::optional<Look> open = {};
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
     bool beginsWithBreak = false; ///< the page break whose place is wanted
+    /// What is to be done when it is there, counted from its end.
+    std::deque<Operation> rest;
 };
 
 /// How Word reads fragments in, as far as it has been seen; holds for all stories of a document.
@@ -43,11 +56,11 @@ struct Reading
 class FragmentPen
 {
 public:
-    /// `story`: moved about. `end`: the story's. `reading`: what other stories' fragments have shown. Both
-    /// live longer.
+    /// `story`: moved about. `end`: the story's. `reading`: what other stories' fragments have shown. They
+    /// and the document's collections live longer.
     FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
-                Reading& reading)
-        : document_(document), range_(story), end_(end), reading_(reading)
+                Collections& collections, Reading& reading)
+        : document_(document), range_(story), end_(end), collections_(collections), reading_(reading)
     {
     }
 
@@ -75,6 +88,7 @@ private:
     bool goOn(const Fragment& fragment);
     void giveUp(const Fragment& fragment);
     void read(const Fragment& fragment);
+    void prepareGround(const Ground& ground, const Fragment::Look& look);
     void lookAtTheEnd(const Fragment& fragment);
     bool findEndMark();
     /// The end mark is selected, before and afterwards.
@@ -85,6 +99,7 @@ private:
     Word::_DocumentPtr document_;
     Word::RangePtr range_;
     StoryEnd& end_;
+    Collections& collections_;
     Reading& reading_;
     Stage stage_ = Stage::begun;
     long start_ = 0;

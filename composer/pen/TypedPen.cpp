@@ -60,8 +60,9 @@ bool isRichText(const std::u16string& file)
 
 } // namespace
 
-TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end)
-    : document_(document), range_(story), end_(end)
+TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
+                   Collections& collections)
+    : document_(document), range_(story), end_(end), collections_(collections)
 {
 }
 
@@ -95,13 +96,19 @@ void TypedPen::performNext()
 {
     // The operation may put another one in front of the rest.
     const Operation operation = operations_->front();
-    if (!keepsLength(operation))
+    const bool movesNothing = keepsLength(operation);
+    if (!movesNothing)
         end_.forget();
+    trustsSelection_ = true;
     std::visit([this](const auto& each) { perform(each); }, operation);
+    trustsSelection_ = false;
+    if (!movesNothing)
+        selected_.reset();
 }
 
 void TypedPen::beginPassage(Passage& passage)
 {
+    selected_.reset();
     try {
         base_ = passage.drafted ? beginDraft(*passage.drafted) : begin(passage.cell);
     } catch (...) {
@@ -131,6 +138,8 @@ void TypedPen::giveUpCell(Passage& passage)
 /// The operation in hand has failed.
 void TypedPen::failed()
 {
+    trustsSelection_ = false;
+    selected_.reset();
     const Operation& operation = operations_->front();
     lastFailed_ = operation;
     isDoubtful_ = isDoubtful_ || hasActed_;
@@ -187,7 +196,12 @@ long TypedPen::beginDraft(Position length)
 
 void TypedPen::select(Span span)
 {
-    range_->SetRange(base_ + span.start, base_ + span.end);
+    const Span absolute{base_ + span.start, base_ + span.end};
+    if (trustsSelection_ && selected_ == absolute)
+        return;
+    selected_.reset();
+    range_->SetRange(absolute.start, absolute.end);
+    selected_ = absolute;
 }
 
 /// Whether the text is there although writing it failed. That of a passage is the first thing in it; any
@@ -334,7 +348,7 @@ void TypedPen::perform(const AddField& field)
         return perform(behind);
     }
     select({field.at, field.at});
-    const Word::FieldsPtr fields = range_->GetFields();
+    const Word::FieldsPtr& fields = collections_.fields();
     mutate();
     const Word::FieldPtr added = fields->Add(range_, fieldType(field.number), Word::missing, noMergeFormat);
     if (isTagNext())
@@ -345,7 +359,7 @@ void TypedPen::perform(const AddEntry& entry)
 {
     const _bstr_t code = bstr(entryArguments({entry.text, entry.level}));
     select({entry.at, entry.at});
-    const Word::FieldsPtr fields = range_->GetFields();
+    const Word::FieldsPtr& fields = collections_.fields();
     mutate();
     const Word::FieldPtr added =
         fields->Add(range_, Word::integer(Word::wdFieldTOCEntry), code, noMergeFormat);
@@ -355,24 +369,21 @@ void TypedPen::perform(const AddEntry& entry)
 
 void TypedPen::perform(const AddLink& link)
 {
-    if (!hyperlinks_)
-        hyperlinks_ = document_->GetHyperlinks();
+    const Word::HyperlinksPtr& links = collections_.hyperlinks();
     const _bstr_t address = bstr(link.target.address);
     const _bstr_t bookmark = bstr(link.target.bookmark);
     select(link.span);
     mutate();
-    hyperlinks_->Add(range_, address, bookmark);
+    links->Add(range_, address, bookmark);
 }
 
 void TypedPen::perform(const PlaceTag& tag)
 {
-    if (!bookmarks_)
-        bookmarks_ = document_->GetBookmarks();
-    if (tag.isBehindField)
-        range_->SetRange(pastField_, pastField_);
-    else
-        select({tag.at, tag.at});
-    bookmarks_->Add(bstr(tag.bookmark), Word::object(range_));
+    const Word::BookmarksPtr& bookmarks = collections_.bookmarks();
+    const auto pastField = static_cast<Position>(pastField_ - base_);
+    const Position at = tag.isBehindField ? pastField : tag.at;
+    select({at, at});
+    bookmarks->Add(bstr(tag.bookmark), Word::object(range_));
 }
 
 // The section's end comes first, so that a tag behind the paragraph's end stays behind it.
@@ -471,7 +482,7 @@ void TypedPen::insertPicture(const std::u16string& file)
     const bool isLinked = false;
     const bool isSaved = true;
     end_.forget();
-    range_->GetInlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
+    collections_.inlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
 }
 
 void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
@@ -482,9 +493,9 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
     const bool isIcon = true;
     end_.forget();
     const _variant_t classType = object.isLinked ? Word::missing : _variant_t(bstr(object.classType));
-    range_->GetInlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
-                                            bstr(object.iconProgram), Word::integer(defaultIcon),
-                                            bstr(object.label), Word::object(range_));
+    collections_.inlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
+                                              bstr(object.iconProgram), Word::integer(defaultIcon),
+                                              bstr(object.label), Word::object(range_));
 }
 
 // A paragraph of the file's own takes up its last one. Where the file ends its last paragraph itself, one too
@@ -591,7 +602,7 @@ void TypedPen::removeLinks(const std::set<std::u16string>& bookmarks)
 void TypedPen::removeTag(const std::u16string& bookmark)
 {
     const _bstr_t name = bstr(bookmark);
-    const Word::BookmarksPtr bookmarks = document_->GetBookmarks();
+    const Word::BookmarksPtr& bookmarks = collections_.bookmarks();
     if (bookmarks->Exists(name))
         bookmarks->Item(Word::text(name))->Delete();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Collections.h"
 #include "Plan.h"
 #include "StoryEnd.h"
 
@@ -31,8 +32,10 @@ struct EmbeddedObject
 class TypedPen
 {
 public:
-    /// Writes at the end of the story that `story` is a range of. `end`: that story's; lives longer.
-    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end);
+    /// Writes at the end of the story that `story` is a range of. `end`: that story's; it and the document's
+    /// collections live longer.
+    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
+             Collections& collections);
 
     void carryOut(Plan& plan);
     /// The operation at which it failed last, or in front of which; nothing when it has not failed since
@@ -119,13 +122,15 @@ private:
     Word::_DocumentPtr document_;
     Word::RangePtr range_; ///< moved to each place
     StoryEnd& end_;
-    Word::HyperlinksPtr hyperlinks_;
-    Word::BookmarksPtr bookmarks_;
-    Word::TablePtr table_;      ///< the story's last one
-    Word::RangePtr lastBreak_;  ///< covers the page break
-    Word::RangePtr contents_;   ///< collapsed
-    std::optional<long> draft_; ///< where it begins
-    long pastField_ = 0;        ///< behind the field or entry added last
+    Collections& collections_;
+    /// What the range covers, as long as no operation moves it.
+    std::optional<Span> selected_;
+    bool trustsSelection_ = false; ///< while an operation is carried out
+    Word::TablePtr table_;         ///< the story's last one
+    Word::RangePtr lastBreak_;     ///< covers the page break
+    Word::RangePtr contents_;      ///< collapsed
+    std::optional<long> draft_;    ///< where it begins
+    long pastField_ = 0;           ///< behind the field or entry added last
     std::optional<bool>
         leavesSurplus_; ///< Word puts an empty paragraph behind rich text that ends its last one.
 

@@ -44,9 +44,15 @@ protected:
     std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
 };
 
-TEST_F(DivisionTest, LeavesTheOpenParagraphOut)
+TEST_F(DivisionTest, EndsAFragmentWithAnOpenParagraphThatHoldsSomething)
 {
-    EXPECT_EQ(divided({text()}), (Stretches{{0, 1, false}}));
+    EXPECT_EQ(divided({text()}), (Stretches{{0, 1, true}}));
+    EXPECT_EQ(divided({text(), Paragraph()}), (Stretches{{0, 1, true}, {1, 2, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({Tag{u"b1"}})}), (Stretches{{0, 1, true}, {1, 2, false}}));
+    Paragraph taggedAtItsEnd = text();
+    taggedAtItsEnd.items.push_back({Tag{u"b1"}});
+    EXPECT_EQ(divided({text(), taggedAtItsEnd}), (Stretches{{0, 1, true}, {1, 2, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({Contents()})}), (Stretches{{0, 1, true}, {1, 2, false}}));
     EXPECT_EQ(divided({text(), table(), Paragraph()}), (Stretches{{0, 2, true}, {2, 3, false}}));
 }
 
@@ -68,17 +74,26 @@ TEST_F(DivisionTest, LeavesTheLastPageBreakOut)
     Paragraph behindText = text();
     behindText.items.push_back({PageBreak{true}});
     EXPECT_EQ(divided({text(), behindText, text(), text()}),
-              (Stretches{{0, 1, true}, {1, 2, false}, {2, 3, true}, {3, 4, false}}));
-    EXPECT_EQ(divided({paragraphOf({PageBreak{false}}), text(), text()}),
-              (Stretches{{0, 2, true}, {2, 3, false}}));
+              (Stretches{{0, 1, true}, {1, 2, false}, {2, 4, true}}));
+    EXPECT_EQ(divided({paragraphOf({PageBreak{false}}), text(), text()}), (Stretches{{0, 3, true}}));
 }
 
 TEST_F(DivisionTest, BeginsAFragmentWithTheLastPageBreak)
 {
     EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), text(), text()}),
-              (Stretches{{0, 1, true}, {1, 3, true}, {3, 4, false}}));
+              (Stretches{{0, 1, true}, {1, 4, true}}));
     EXPECT_EQ(divided({text(), paragraphOf({PageBreak{true}}), Paragraph()}),
               (Stretches{{0, 1, true}, {1, 2, true}, {2, 3, false}}));
+}
+
+TEST_F(DivisionTest, EndsAFragmentWithTheEndOfASection)
+{
+    Paragraph last = text();
+    last.end = ParagraphEnd::section;
+    EXPECT_EQ(divided({text(), last, text(), text(), Paragraph()}),
+              (Stretches{{0, 2, true}, {2, 4, true}, {4, 5, false}}));
+    EXPECT_EQ(divided({text(), paragraphOf({Contents()}), text(), Paragraph()}),
+              (Stretches{{0, 2, true}, {2, 3, true}, {3, 4, false}}));
 }
 
 TEST_F(DivisionTest, CutsNoLinkThatGoesOnBehindAParagraph)

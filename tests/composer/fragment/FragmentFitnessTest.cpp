@@ -47,9 +47,13 @@ TEST(FragmentFitness, EverythingElseWithAFormOfItsOwnFits)
     EXPECT_TRUE(fits({Tag{u"b1"}}));
 }
 
-TEST(FragmentFitness, ThePlaceOfTheTableOfContentsDoesNot)
+TEST(FragmentFitness, ThePlaceOfTheTableOfContentsFitsAloneAndEndsAFragment)
 {
-    EXPECT_FALSE(fits({Contents()}));
+    const Paragraph alone{.items = {{Contents()}}};
+    EXPECT_TRUE(fitsFragment(alone, {}));
+    EXPECT_TRUE(endsFragment(alone));
+    EXPECT_FALSE(fitsFragment(Paragraph{.items = {{Contents()}, {Text{u"a"}}}}, {}));
+    EXPECT_FALSE(endsFragment(Paragraph{.items = {{Text{u"a"}}}}));
 }
 
 TEST(FragmentFitness, FieldsThatWordChoosesDoNot)
@@ -91,9 +95,10 @@ TEST(FragmentFitness, StylesFitIfRtfCanNameThem)
     EXPECT_FALSE(fitsFragment(Paragraph{.style = u""}, {}));
 }
 
-TEST(FragmentFitness, WhatEndsASectionDoesNotFit)
+TEST(FragmentFitness, WhatEndsASectionFitsAndEndsAFragment)
 {
-    EXPECT_FALSE(fitsFragment(Paragraph{.end = ParagraphEnd::section}, {}));
+    EXPECT_TRUE(fitsFragment(Paragraph{.end = ParagraphEnd::section}, {}));
+    EXPECT_TRUE(endsFragment(Paragraph{.end = ParagraphEnd::section}));
 }
 
 TEST(FragmentFitness, WhatHasBegunToStandInWordDoesNotFit)

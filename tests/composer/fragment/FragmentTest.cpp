@@ -120,6 +120,17 @@ TEST(Fragment, EndsWithAMarkInAParagraphLikeTheOneBehind)
     EXPECT_NE(rtf.find("{\\s1\\f0 heading 1;}"), rtf.npos) << rtf;
 }
 
+TEST(Fragment, EndsWithAMarkInAParagraphThatGoesOn)
+{
+    TestStyles styles;
+    const std::vector<LinkTarget> links = {{.address = u"http://a.example/"}};
+    const Blocks blocks = {Paragraph{.items = {text(u"a")}}, Paragraph{.items = {linked(u"b", 0)}}};
+    const std::string rtf =
+        fragmentOf(blocks, {styles, links, {}, 400, /*behind=*/nullptr, /*endsOpen=*/true});
+    EXPECT_TRUE(rtf.ends_with("b}}}\\u167?\\par\n}")) << rtf;
+    EXPECT_EQ(rtf.find("\\u167"), rtf.rfind("\\u167"));
+}
+
 TEST(Fragment, SaysAnAlignmentOnlyWhereTheStyleHasAnother)
 {
     EXPECT_EQ(textOf({Paragraph{.alignment = 1}, Paragraph{.alignment = 2}, Paragraph{.alignment = 3},

@@ -149,6 +149,7 @@ TEST_F(ComposerTest, WritesIntoAnEmptyPlainDocumentWhateverItsTemplateHolds)
             composer->setFontAttribute(2, false);
         }
         write(L"last");
+        composer->insertTag(L"end"); // call by call, then
         composer->finish();
         EXPECT_EQ(text(), u"ab\rab\rab\rlast");
         const Word::RangePtr written =

@@ -51,12 +51,11 @@ public:
 
     Script make()
     {
-        for (const Piece& piece : log_.pieces) {
+        for (const Piece& piece : log_.pieces)
             if (piece.kind == PieceKind::call)
                 addCall(piece);
             else if (piece.kind == PieceKind::missingFile)
                 addTrace();
-        }
         std::ranges::stable_sort(script_.doubts, {}, &Doubt::line);
         return std::move(script_);
     }

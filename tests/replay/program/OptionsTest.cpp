@@ -145,7 +145,7 @@ TEST(OptionsTest, TellOfThemselves)
         EXPECT_THAT(help.text, HasSubstr(option));
     const auto version = std::get<Answer>(parseOptions({"--version"}));
     EXPECT_FALSE(version.isRefusal);
-    EXPECT_THAT(version.text, testing::MatchesRegex("mirovel-replay [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(version.text, testing::StartsWith("mirovel-replay "));
 }
 
 } // namespace

@@ -4,6 +4,7 @@ The pages are Markdown that stands by itself. The site's menu is that of the fir
 A link that leads nowhere, or a page to which none leads, ends it.
 """
 
+import json
 import os
 import pathlib
 import re
@@ -29,16 +30,27 @@ def stage(docs, changelog, source):
     index.write_text(index.read_text("utf-8") + menu(index.read_text("utf-8")), "utf-8")
 
 
+def in_order(index):
+    """The search's index, which Sphinx writes in the order in which it happened to read the pages."""
+    begin, end = "Search.setIndex(", ")"
+    content = json.loads(index.read_text("utf-8").removeprefix(begin).removesuffix(end))
+    for places in content["alltitles"].values():
+        places.sort()
+    index.write_text(begin + json.dumps(content, sort_keys=True) + end, "utf-8")
+
+
 def main():
     version, docs, changelog, folder = sys.argv[1:]
     here, folder = pathlib.Path(__file__).resolve().parent, pathlib.Path(folder)
     source, html = folder / "source", folder / "html"
     stage(pathlib.Path(docs), pathlib.Path(changelog), source)
-    shutil.rmtree(html, ignore_errors=True)
+    for old in (html, folder / "doctrees"):
+        shutil.rmtree(old, ignore_errors=True)
     # The same pages give the same bytes.
     environment = os.environ | {"MIROVEL_VERSION": version, "PYTHONHASHSEED": "0", "LC_ALL": "C.UTF-8"}
     subprocess.run([sys.executable, "-B", "-m", "sphinx", "-q", "-W", "--keep-going", "-b", "html", "-d", folder / "doctrees",
                     "-c", here, source, html], check=True, env=environment)
+    in_order(html / "searchindex.js")
     for name in (".buildinfo", "objects.inv"):
         (html / name).unlink()
     # Megabytes of typefaces: the reader's own do. The menu's signs stay, in the one format that every browser reads.

@@ -43,7 +43,8 @@ class SecondBuild(unittest.TestCase):
             name for name in names if folder == str(ROOT) and name in ("build", "out", ".git")])
         run(CMAKE, "-S", ELSEWHERE, "-B", cls.tree, "-G", "Ninja", f"-DCMAKE_BUILD_TYPE={build_type()}", "-DMIROVEL_TESTS=OFF",
             f"-DCMAKE_TOOLCHAIN_FILE={ELSEWHERE / 'cmake' / 'mingw-w64.cmake'}")
-        run(CMAKE, "--build", cls.tree, "--target", "mirovelcom", "mirovel-settings", "mirovel-replay", "templates")
+        run(CMAKE, "--build", cls.tree, "--target", "mirovelcom", "mirovel-settings", "mirovel-replay", "templates",
+            "documentation")
 
     def test_what_is_built(self):
         for name in PRODUCTS:

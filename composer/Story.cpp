@@ -128,10 +128,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
-        std::size_t operations = 0;
-        for (const Passage& passage : step.plan.passages)
-            operations += passage.operations.size();
-        if (stretch.isFragment && operations >= fewestOperations)
+        if (stretch.isFragment && step.plan.operationCount() >= fewestOperations)
             step.fragment = makeFragment(part, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
@@ -198,8 +195,7 @@ void Story::carryOut(Step& step)
         if (document_.events)
             document_.events->fragmentRefused(step.fragment->text.size());
     }
-    for (const Passage& passage : step.plan.passages)
-        flushed_.operations += passage.operations.size();
+    flushed_.operations += step.plan.operationCount();
     pen_.carryOut(step.plan);
 }
 
@@ -279,8 +275,7 @@ std::size_t Story::leftToDo() const
 {
     std::size_t left = (content_.isPending() ? 1 : 0) + (pen_.hasContents() ? 1 : 0);
     for (const Step& step : steps_)
-        for (const Passage& passage : step.plan.passages)
-            left += 1 + passage.operations.size();
+        left += step.plan.passages.size() + step.plan.operationCount();
     return left;
 }
 

@@ -1,5 +1,7 @@
 #include "FileLookup.h"
 
+#include "win32/FullPath.h"
+
 #include <algorithm>
 #include <array>
 #include <cwchar>
@@ -84,9 +86,7 @@ std::optional<std::wstring> findFile(const std::wstring& name, const std::wstrin
 
 std::wstring fullPathOf(const std::wstring& name)
 {
-    std::wstring path(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), L'\0');
-    path.resize(GetFullPathNameW(name.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
-    return path.empty() ? name : path;
+    return fullPath(name);
 }
 
 } // namespace compose

@@ -157,10 +157,8 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
-        std::size_t operations = 0;
-        for (const Passage& passage : step.plan.passages)
-            operations += passage.operations.size();
-        if (stretch.isFragment && operations >= fewestOperations && fitsFragment(paragraphOf(ground), {}))
+        if (stretch.isFragment && step.plan.operationCount() >= fewestOperations &&
+            fitsFragment(paragraphOf(ground), {}))
             step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
@@ -243,8 +241,7 @@ void Story::carryOut(Step& step)
     if (step.plan.passages.empty())
         return;
     fragmentPen_.forgetRange();
-    for (const Passage& passage : step.plan.passages)
-        flushed_.operations += passage.operations.size();
+    flushed_.operations += step.plan.operationCount();
     pen_.carryOut(step.plan);
 }
 
@@ -324,8 +321,7 @@ std::size_t Story::leftToDo() const
 {
     std::size_t left = (content_.isPending() ? 1 : 0) + (pen_.hasContents() ? 1 : 0);
     for (const Step& step : steps_)
-        for (const Passage& passage : step.plan.passages)
-            left += 1 + passage.operations.size();
+        left += step.plan.passages.size() + step.plan.operationCount();
     return left;
 }
 

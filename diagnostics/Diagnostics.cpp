@@ -3,6 +3,7 @@
 #include "EventLine.h"
 #include "LogFile.h"
 #include "LogFileName.h"
+#include "win32/FullPath.h"
 
 #include "TextConversion.h"
 
@@ -38,14 +39,7 @@ std::wstring temporaryFolder()
     return length <= MAX_PATH ? std::wstring(path, length) : std::wstring();
 }
 
-// The process's directory may be another one when the file is opened again.
-std::wstring fullPath(const std::wstring& name)
-{
-    std::wstring path(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), L'\0');
-    path.resize(GetFullPathNameW(name.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
-    return path.empty() ? name : path;
-}
-
+// A full path: the process's directory may be another one when the file is opened again.
 std::wstring pathOf(std::wstring_view name)
 {
     return fullPath(logFileName(name, temporaryFolder(), GetCurrentProcessId()));

@@ -2,12 +2,12 @@
 
 #include "CComModule.h"
 #include "ExceptionTranslation.h"
-#include "LastError.h"
 #include "PageResources.h"
 #include "StandardComPointers.h"
 #include "TemplateFileDialog.h"
 #include "TextConversion.h"
 #include "WinUtils/QdxMessageBox.h"
+#include "win32/WindowsError.h"
 
 #include <cstring>
 #include <memory>

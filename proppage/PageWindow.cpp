@@ -1,9 +1,9 @@
 #include "PageWindow.h"
 
 #include "CComModule.h"
-#include "LastError.h"
 #include "PageResources.h"
 #include "TextConversion.h"
+#include "win32/WindowsError.h"
 
 #include <cwchar>
 #include <cwctype>

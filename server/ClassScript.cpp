@@ -3,7 +3,7 @@
 #include "Registrar.h"
 
 #include "CComModule.h"
-#include "LastError.h"
+#include "win32/WindowsError.h"
 
 #include <windows.h>
 

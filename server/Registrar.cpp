@@ -1,5 +1,8 @@
 #include "Registrar.h"
 
+#include "win32/RegistryKey.h"
+#include "win32/WindowsError.h"
+
 #include <windows.h>
 
 #include <comdef.h>
@@ -7,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -19,12 +21,6 @@ constexpr std::array systemKeys{L"AppID",    L"CLSID",     L"Component Categorie
 std::wstring wide(const std::u16string& text)
 {
     return {text.begin(), text.end()};
-}
-
-void check(LSTATUS status)
-{
-    if (status != ERROR_SUCCESS)
-        throw _com_error(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
 }
 
 HKEY rootHandle(RootKey root)
@@ -48,59 +44,7 @@ HKEY rootHandle(RootKey root)
     throw _com_error(E_INVALIDARG);
 }
 
-/// An open key; closed with the object.
-class OpenKey
-{
-public:
-    static OpenKey create(HKEY parent, const std::wstring& name)
-    {
-        HKEY key = nullptr;
-        check(RegCreateKeyExW(parent, name.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &key,
-                              nullptr));
-        return OpenKey(key);
-    }
-
-    /// Tests false when there is none.
-    static OpenKey open(HKEY parent, const std::wstring& name)
-    {
-        HKEY key = nullptr;
-        RegOpenKeyExW(parent, name.c_str(), 0, KEY_READ | KEY_WRITE, &key);
-        return OpenKey(key);
-    }
-
-    OpenKey(OpenKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
-    OpenKey& operator=(OpenKey&&) = delete;
-
-    ~OpenKey()
-    {
-        if (key_ != nullptr)
-            RegCloseKey(key_);
-    }
-
-    explicit operator bool() const noexcept { return key_ != nullptr; }
-    HKEY get() const noexcept { return key_; }
-
-    /// A null name means the default value.
-    void setText(const wchar_t* name, const std::wstring& text) const
-    {
-        const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-        check(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), size));
-    }
-
-    bool isEmpty() const
-    {
-        DWORD subkeys = 0;
-        DWORD values = 0;
-        check(RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values, nullptr,
-                               nullptr, nullptr, nullptr));
-        return subkeys == 0 && values == 0;
-    }
-
-private:
-    explicit OpenKey(HKEY key) noexcept : key_(key) {}
-
-    HKEY key_;
-};
+constexpr REGSAM readAndWrite = KEY_READ | KEY_WRITE;
 
 /// Where a key of the script lies.
 struct Place
@@ -123,7 +67,7 @@ bool isKept(const ScriptKey& key, const Place& place)
     return key.flag == KeyFlag::noRemove || isSystemKey(key, place);
 }
 
-Place within(const OpenKey& opened, const ScriptKey& key, const Place& place)
+Place within(const RegistryKey& opened, const ScriptKey& key, const Place& place)
 {
     return {opened.get(), place.isAmongSystemKeys && isKept(key, place)};
 }
@@ -132,7 +76,7 @@ void deleteTree(const ScriptKey& key, const Place& place)
 {
     const LSTATUS status = RegDeleteTreeW(place.parent, wide(key.name).c_str());
     if (status != ERROR_FILE_NOT_FOUND)
-        check(status);
+        checkStatus(status);
 }
 
 void registerKey(const ScriptKey& key, const Place& place)
@@ -142,11 +86,11 @@ void registerKey(const ScriptKey& key, const Place& place)
         deleteTree(key, place);
     if (key.flag == KeyFlag::deleteKey)
         return;
-    const OpenKey opened = OpenKey::create(place.parent, wide(key.name));
+    const RegistryKey opened = RegistryKey::create(place.parent, wide(key.name), readAndWrite);
     if (key.defaultValue)
-        opened.setText(nullptr, wide(*key.defaultValue));
+        opened.setText(nullptr, wide(*key.defaultValue).c_str());
     for (const ScriptValue& value : key.values)
-        opened.setText(wide(value.name).c_str(), wide(value.data));
+        opened.setText(wide(value.name).c_str(), wide(value.data).c_str());
     for (const ScriptKey& subkey : key.subkeys)
         registerKey(subkey, within(opened, key, place));
 }
@@ -154,7 +98,7 @@ void registerKey(const ScriptKey& key, const Place& place)
 void unregisterKey(const ScriptKey& key, const Place& place);
 
 /// Takes what the script wrote out of a key that is not removed as a whole.
-void empty(const ScriptKey& key, const Place& place, const OpenKey& opened)
+void empty(const ScriptKey& key, const Place& place, const RegistryKey& opened)
 {
     for (const ScriptKey& subkey : key.subkeys)
         unregisterKey(subkey, within(opened, key, place));
@@ -170,12 +114,12 @@ void unregisterKeyStrictly(const ScriptKey& key, const Place& place)
         return;
     if (key.flag == KeyFlag::forceRemove && !isSystemKey(key, place))
         return deleteTree(key, place);
-    const OpenKey opened = OpenKey::open(place.parent, wide(key.name));
+    const RegistryKey opened = RegistryKey::open(place.parent, wide(key.name), readAndWrite);
     if (!opened)
         return;
     empty(key, place, opened);
     if (!isKept(key, place) && opened.isEmpty())
-        check(RegDeleteKeyW(place.parent, wide(key.name).c_str()));
+        checkStatus(RegDeleteKeyW(place.parent, wide(key.name).c_str()));
 }
 
 void unregisterKey(const ScriptKey& key, const Place& place)

@@ -1,6 +1,6 @@
 #include "TextConversion.h"
 
-#include "LastError.h"
+#include "win32/WindowsError.h"
 
 #include <array>
 #include <climits>

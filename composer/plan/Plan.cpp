@@ -83,6 +83,14 @@ private:
 
 } // namespace
 
+std::size_t Plan::operationCount() const
+{
+    std::size_t count = 0;
+    for (const Passage& passage : passages)
+        count += passage.operations.size();
+    return count;
+}
+
 Plan planOf(const Source& source, StyleSheet& styles)
 {
     return Planner(source, styles).make();

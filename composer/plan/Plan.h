@@ -44,6 +44,9 @@ struct Plan
 {
     std::deque<Passage> passages;
     Ground after; ///< of what is written behind
+
+    /// In all passages.
+    [[nodiscard]] std::size_t operationCount() const;
 };
 
 /// What a plan is made from.

@@ -1,6 +1,6 @@
 #include "ClientObject.h"
 
-#include "LastError.h"
+#include "win32/WindowsError.h"
 
 #include <bit>
 

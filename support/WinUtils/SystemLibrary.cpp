@@ -1,6 +1,6 @@
 #include "WinUtils/SystemLibrary.h"
 
-#include "LastError.h"
+#include "win32/WindowsError.h"
 
 SystemLibrary::SystemLibrary(const wchar_t* name)
     : module_(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32))

@@ -2,7 +2,7 @@
 
 #include "ComPointers.h"
 #include "ExceptionTranslation.h"
-#include "LastError.h"
+#include "win32/WindowsError.h"
 
 #include <comdef.h>
 

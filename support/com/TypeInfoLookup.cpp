@@ -1,11 +1,12 @@
 #include "TypeInfoLookup.h"
 
 #include "CComModule.h"
+#include "win32/RegistryKey.h"
 
 #include <algorithm>
 #include <compare>
 #include <cwchar>
-#include <memory>
+#include <string>
 #include <vector>
 
 namespace {
@@ -18,37 +19,23 @@ struct Version
     auto operator<=>(const Version&) const = default;
 };
 
-struct KeyCloser
-{
-    using pointer = HKEY;
-    void operator()(HKEY key) const noexcept { RegCloseKey(key); }
-};
-using Key = std::unique_ptr<HKEY, KeyCloser>;
-
-Key openLibraryKey(const GUID& libraryId)
+RegistryKey openLibraryKey(const GUID& libraryId)
 {
     wchar_t name[64] = L"TypeLib\\";
     const std::size_t prefix = std::wcslen(name);
     StringFromGUID2(libraryId, name + prefix, static_cast<int>(std::size(name) - prefix));
-    HKEY key = nullptr;
-    RegOpenKeyExW(HKEY_CLASSES_ROOT, name, 0, KEY_READ, &key);
-    return Key(key);
+    return RegistryKey::open(HKEY_CLASSES_ROOT, name, KEY_READ);
 }
 
 /// The versions a library is registered under, the highest first. Their keys are named "2.0", in hexadecimal.
 std::vector<Version> registeredVersions(const GUID& libraryId)
 {
     std::vector<Version> versions;
-    const Key key = openLibraryKey(libraryId);
-    wchar_t name[256];
-    for (DWORD index = 0; key; ++index) {
-        DWORD length = static_cast<DWORD>(std::size(name));
-        if (RegEnumKeyExW(key.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS)
-            break;
+    const RegistryKey key = openLibraryKey(libraryId);
+    for (const std::wstring& name : key ? key.subkeys() : std::vector<std::wstring>()) {
         wchar_t* rest = nullptr;
-        const unsigned long major = std::wcstoul(name, &rest, 16);
-        if (rest == name || *rest != L'.')
+        const unsigned long major = std::wcstoul(name.c_str(), &rest, 16);
+        if (rest == name.c_str() || *rest != L'.')
             continue;
         const unsigned long minor = std::wcstoul(rest + 1, nullptr, 16);
         versions.push_back({static_cast<WORD>(major), static_cast<WORD>(minor)});

@@ -1,13 +1,13 @@
 #include "registry/RegisterBase.h"
 
 #include "TextConversion.h"
-#include "registry/RegistryKey.h"
+#include "registry/SettingsKey.h"
 
 namespace {
 
 /// Text reads expanded, and goes to `wide` as well; a foreign type and every failure count as "nothing".
-std::optional<RegEntry> readValue(const detail::RegistryKey& key, const QdxString& group,
-                                  const QdxString& name, std::wstring* wide = nullptr)
+std::optional<RegEntry> readValue(const RegistryKey& key, const QdxString& group, const QdxString& name,
+                                  std::wstring* wide = nullptr)
 {
     if (!key)
         return std::nullopt;
@@ -29,14 +29,14 @@ std::optional<RegEntry> RegisterBase::find(const QdxString& group, const QdxStri
     const std::wstring path = detail::settingsPath(group);
     if (scope == Scope::userThenAllUsers)
         if (std::optional<RegEntry> entry =
-                readValue(detail::RegistryKey::open(HKEY_CURRENT_USER, path), group, name))
+                readValue(detail::openSettings(HKEY_CURRENT_USER, path), group, name))
             return entry;
-    return readValue(detail::RegistryKey::open(HKEY_LOCAL_MACHINE, path), group, name);
+    return readValue(detail::openSettings(HKEY_LOCAL_MACHINE, path), group, name);
 }
 
 RegisterBase::Stored RegisterBase::stored(HKEY hive, const QdxString& group, const QdxString& name)
 {
-    const detail::RegistryKey key = detail::RegistryKey::open(hive, detail::settingsPath(group));
+    const RegistryKey key = detail::openSettings(hive, detail::settingsPath(group));
     Stored found;
     found.entry = readValue(key, group, name, &found.text);
     found.isOfForeignType = !found.entry && key && key.has(toWide(name));
@@ -45,6 +45,6 @@ RegisterBase::Stored RegisterBase::stored(HKEY hive, const QdxString& group, con
 
 std::vector<std::wstring> RegisterBase::storedNames(HKEY hive, const QdxString& group)
 {
-    const detail::RegistryKey key = detail::RegistryKey::open(hive, detail::settingsPath(group));
+    const RegistryKey key = detail::openSettings(hive, detail::settingsPath(group));
     return key ? key.names() : std::vector<std::wstring>();
 }

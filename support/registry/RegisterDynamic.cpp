@@ -1,7 +1,7 @@
 #include "registry/RegisterDynamic.h"
 
 #include "TextConversion.h"
-#include "registry/RegistryKey.h"
+#include "registry/SettingsKey.h"
 
 RegEntry RegisterDynamic::read(const QdxString& group, const QdxString& name, const RegEntry& defaultEntry,
                                bool allUsersOnly)
@@ -13,7 +13,7 @@ void RegisterDynamic::write(const QdxString& group, const QdxString& name, const
                             bool forAllUsers)
 {
     const HKEY hive = forAllUsers ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
-    const detail::RegistryKey key = detail::RegistryKey::create(hive, detail::settingsPath(group));
+    const RegistryKey key = detail::createSettings(hive, detail::settingsPath(group));
     const int kind = entry.getKind();
     if (kind == RegEntry::integerKind || kind == RegEntry::booleanKind)
         key.setNumber(toWide(name), static_cast<DWORD>(static_cast<int>(entry)));

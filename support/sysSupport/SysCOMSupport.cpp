@@ -1,6 +1,7 @@
 #include "sysSupport/SysCOMSupport.h"
 
 #include "TextConversion.h"
+#include "win32/FullPath.h"
 
 #include <string>
 #include <windows.h>
@@ -9,21 +10,6 @@ namespace {
 
 /// Length of a class id written without its braces.
 constexpr std::size_t bareClsidLength = 36;
-
-std::wstring absolutePath(const QdxString& path)
-{
-    const _bstr_t wide = toWide(path);
-    std::wstring absolute(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetFullPathNameW(wide, static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
-        if (length < absolute.size()) {
-            absolute.resize(length);
-            return absolute;
-        }
-        absolute.resize(length);
-    }
-}
 
 } // namespace
 
@@ -51,6 +37,7 @@ bool SysCOMSupport::isFileRunning(const QdxString& path)
     // A file's moniker compares its path without case.
     IMonikerPtr moniker;
     IRunningObjectTablePtr table;
-    return SUCCEEDED(CreateFileMoniker(absolutePath(path).c_str(), &moniker)) &&
+    return SUCCEEDED(
+               CreateFileMoniker(fullPath(static_cast<const wchar_t*>(toWide(path))).c_str(), &moniker)) &&
            SUCCEEDED(GetRunningObjectTable(0, &table)) && table->IsRunning(moniker) == S_OK;
 }

@@ -4,6 +4,7 @@
 #include "general/QdxException.h"
 #include "sysSupport/SysFile.h"
 #include "tracedll/LogBeginning.h"
+#include "win32/FullPath.h"
 
 #include <array>
 #include <charconv>
@@ -49,10 +50,7 @@ private:
     /// One key for all ways to write one path.
     static std::wstring key(const QdxString& path)
     {
-        const _bstr_t wide = toWide(path);
-        std::wstring absolute(GetFullPathNameW(wide, 0, nullptr, nullptr), L'\0');
-        absolute.resize(
-            GetFullPathNameW(wide, static_cast<DWORD>(absolute.size()), absolute.data(), nullptr));
+        std::wstring absolute = fullPath(static_cast<const wchar_t*>(toWide(path)));
         for (wchar_t& c : absolute)
             c = static_cast<wchar_t>(std::towlower(c));
         return absolute;

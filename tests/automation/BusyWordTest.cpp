@@ -1,6 +1,7 @@
 // A Word that is too busy to take calls: the front end waits as the settings say, and documents come out the
 // same.
 #include "FrontEndTest.h"
+#include "OtherWord.h"
 
 #include "BusyWait.h"
 #include "mirovelsection.h"
@@ -15,7 +16,6 @@ using namespace std::chrono_literals;
 constexpr HRESULT rejected = RPC_E_CALL_REJECTED;
 constexpr HRESULT later = RPC_E_SERVERCALL_RETRYLATER;
 constexpr int always = 1'000'000;
-constexpr CLSID wordClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
 class BusyWordTest : public FrontEndTest
 {
@@ -92,35 +92,21 @@ TEST_F(BusyWordTest, IsAskedAgainByCallsWithoutAFrame)
     EXPECT_EQ(takeWaited(), 30ms);
 }
 
-/// Gives the application after it has rejected some requests.
-class BusyFactory : public IClassFactory
+/// Gives the application after it has rejected some requests with `answer`.
+OtherWord busyWord(const standin::Session& word, int rejections, HRESULT answer)
 {
-public:
-    BusyFactory(const standin::Session& word, int rejections) : word_(word), left_(rejections) {}
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory);
-        *out = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** out) override
-    {
+    return OtherWord([&word, left = rejections, answer](REFIID iid, void** out) mutable {
         *out = nullptr;
-        return left_-- > 0 ? later : word_.application()->QueryInterface(iid, out);
-    }
-    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
-
-private:
-    const standin::Session& word_;
-    int left_;
-};
+        if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, __uuidof(Word::_Application)))
+            return E_NOINTERFACE;
+        return left-- > 0 ? answer : word.application()->QueryInterface(iid, out);
+    });
+}
 
 TEST_F(BusyWordTest, IsAskedAgainWhenItIsToBeCreated)
 {
     installed.reset();
-    BusyFactory factory(word, 3);
+    OtherWord factory = busyWord(word, 3, later);
     DWORD registration = 0;
     ASSERT_THAT(
         CoRegisterClassObject(wordClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration),
@@ -132,31 +118,9 @@ TEST_F(BusyWordTest, IsAskedAgainWhenItIsToBeCreated)
     EXPECT_EQ(takeWaited(), 30ms);
 }
 
-/// A running Word that is slow to say what it is.
-class BusyRunningWord : public IUnknown
-{
-public:
-    BusyRunningWord(const standin::Session& word, int rejections) : word_(word), left_(rejections) {}
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        *out = IsEqualIID(iid, IID_IUnknown) ? this : nullptr;
-        if (*out)
-            return S_OK;
-        if (!IsEqualIID(iid, __uuidof(Word::_Application)))
-            return E_NOINTERFACE;
-        return left_-- > 0 ? rejected : word_.application()->QueryInterface(iid, out);
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-
-private:
-    const standin::Session& word_;
-    int left_;
-};
-
 TEST_F(BusyWordTest, IsAskedAgainWhenItRunsAlready)
 {
-    BusyRunningWord running(word, 2);
+    OtherWord running = busyWord(word, 2, rejected);
     DWORD registration = 0;
     ASSERT_THAT(RegisterActiveObject(&running, wordClass, ACTIVEOBJECT_STRONG, &registration),
                 isHresult(S_OK));

@@ -10,13 +10,6 @@
 
 namespace {
 
-std::string hexadecimal(HRESULT result)
-{
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%08lx", static_cast<unsigned long>(result));
-    return text.data();
-}
-
 std::string narrow(BSTR text)
 {
     return toNarrow(text).data();

@@ -3,6 +3,7 @@
 #include "Hresult.h"
 #include "Lines.h"
 #include "Mirovel.h"
+#include "OwnRegistry.h"
 #include "ScratchFolder.h"
 #include "ShellOpen.h"
 #include "WinUtils/QdxMessageBox.h"
@@ -114,6 +115,7 @@ protected:
     Lines takeTranscript();
 
     const LONG locksAtStart = moduleLocks();
+    OwnRegistry registry; ///< Settings that a test stores are the test's own.
     ScratchFolder folder;
     standin::Session word;
     std::unique_ptr<standin::ClassRegistration> installed;

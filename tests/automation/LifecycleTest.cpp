@@ -1,5 +1,6 @@
 // start, create, close, stop and showLast, in every state.
 #include "FrontEndTest.h"
+#include "OtherWord.h"
 
 #include "Document.h"
 
@@ -141,62 +142,23 @@ TEST_F(LifecycleTest, LeavesARunningWordAloneThatDoesNotAnswer)
     EXPECT_FALSE(word.hasQuit());
 }
 
-constexpr CLSID wordClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-
-/// Anything but Word.
-class OtherObject : public IUnknown
-{
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        *out = IsEqualIID(iid, IID_IUnknown) ? this : nullptr;
-        return *out ? S_OK : refusal;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-
-    HRESULT refusal = E_NOINTERFACE;
-};
-
-/// Gives the one object that it is told.
-class OtherFactory : public IClassFactory
-{
-public:
-    explicit OtherFactory(OtherObject& object) : object_(object) {}
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IClassFactory);
-        *out = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** out) override
-    {
-        return object_.QueryInterface(iid, out);
-    }
-    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
-
-private:
-    OtherObject& object_;
-};
-
 std::string cannotOpenWord(HRESULT code)
 {
-    char number[16];
-    wsprintfA(number, "0x%08x", static_cast<unsigned>(code));
-    return std::string("QdxException: Cannot open Word\nCOMERROR ") + number + "\n" + systemMessage(code);
+    return std::string("QdxException: Cannot open Word\nCOMERROR ") + hexadecimal(code) + "\n" +
+           systemMessage(code);
 }
 
 // It leaves the application pointer empty, and the first call through that fails.
 TEST_F(LifecycleTest, TakesAnObjectThatIsNoWordForNone)
 {
-    OtherObject object;
-    OtherFactory factory(object);
     Lines outcomes;
     for (const bool running : {true, false}) {
         for (const HRESULT refusal : {E_NOINTERFACE, E_ACCESSDENIED}) {
-            object.refusal = refusal;
+            OtherWord object([&](REFIID, void** out) {
+                *out = nullptr;
+                return refusal;
+            });
+            OtherWord factory([&](REFIID iid, void** out) { return object.QueryInterface(iid, out); });
             DWORD registration = 0;
             if (running) {
                 ASSERT_THAT(RegisterActiveObject(&object, wordClass, ACTIVEOBJECT_STRONG, &registration),

@@ -99,6 +99,13 @@ std::string nameOf(HRESULT code)
 
 } // namespace
 
+std::string hexadecimal(HRESULT code)
+{
+    std::array<char, 16> digits{};
+    std::snprintf(digits.data(), digits.size(), "0x%08lx", static_cast<unsigned long>(code));
+    return digits.data();
+}
+
 std::string shownHresult(HRESULT code)
 {
     std::array<char, 16> digits{};

@@ -10,6 +10,9 @@
 /// A code as people read it: "E_POINTER (0x80004003)", "Word's error 5941 (0x800A1735)".
 std::string shownHresult(HRESULT code);
 
+/// As logs and transcripts show a code: "0x80004003".
+std::string hexadecimal(HRESULT code);
+
 /// Word's own error of that number.
 constexpr HRESULT wordError(long number)
 {

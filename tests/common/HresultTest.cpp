@@ -18,6 +18,7 @@ TEST(HresultTest, ShowsNameAndNumber)
     EXPECT_EQ(shownHresult(wordError(0x1234)), "Word's error 4660 (0x800A1234)");
     EXPECT_EQ(shownHresult(HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND)), "Windows' error 126 (0x8007007E)");
     EXPECT_EQ(shownHresult(static_cast<HRESULT>(0x80049999)), "a failure (0x80049999)");
+    EXPECT_EQ(hexadecimal(E_POINTER), "0x80004003");
     EXPECT_EQ(shownHresult(7), "a success (0x00000007)");
 }
 

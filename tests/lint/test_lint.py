@@ -136,6 +136,13 @@ class QuickChecks(unittest.TestCase):
                 self.write("tests/bad.cpp", f"// Two\n\n{statement}\n")
                 self.assertIn("tests/bad.cpp:3: compares results as numbers", self.lint()[1])
 
+    def test_conditions_on_wine(self):
+        for name, text in (("tests/bad.cpp", 'x = GetProcAddress(m, "wine_get_version");\n'), ("tests/bad.h", "bool isWine();\n")):
+            with self.subTest(name):
+                self.write(name, text)
+                self.assertIn(f"{name}:1", self.lint()[1])
+                (self.tree / name).unlink()
+
     def test_results_compared_by_the_matcher(self):
         self.write("tests/good.cpp", "int i = EXPECT_THAT(m.close(), isHresult(S_OK)) + EXPECT_EQ(textOf(E_FAIL), R\"(a\")\") + EXPECT_TRUE(found);\n")
         self.assertNotIn("tests/good.cpp:1: compares", self.lint()[1])

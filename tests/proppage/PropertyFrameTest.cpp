@@ -1,10 +1,10 @@
 // The page in the system's own property frame.
 //
-// Wine's frame is a property sheet that holds the page's window. It differs from what is documented in ways
-// that the tests name: they expect what holds everywhere, and what is known to be otherwise in Wine is
-// asserted under `inWine`.
+// Wine's frame is a property sheet that holds the page's window. It differs from what is documented; the
+// tests expect what holds everywhere, and else go by PlatformDifferences.h.
 #include "Hresult.h"
 #include "PageFixture.h"
+#include "PlatformDifferences.h"
 
 #include <IDocument.h>
 #include <commctrl.h>
@@ -12,11 +12,6 @@
 #include <olectl.h>
 
 namespace {
-
-bool isWine()
-{
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 class PropertyFrameTest : public PageFixture
 {
@@ -156,14 +151,11 @@ TEST_F(PropertyFrameTest, AppliesThePageWithEnter)
     userDoes([&] {
         clearsAndTypes(templateName, L"");
         clearsAndTypes(tocLevel, L"12");
-        // The page has told its site that it is dirty, but Wine's site (8.0) does not pass that on to the
-        // sheet.
-        EXPECT_EQ(IsWindowEnabled(applyButton()) != FALSE, !isWine());
+        EXPECT_EQ(IsWindowEnabled(applyButton()) != FALSE, isWindowsWay(Difference::frameHearsOfChanges));
         user.press(VK_RETURN);
         user.waitUntilGone(frame);
     });
-    // Wine's frame (8.0) closes without calling the page's Apply.
-    EXPECT_EQ(storedLevel(), isWine() ? L"(none)" : L"number 12");
+    EXPECT_EQ(storedLevel(), isWindowsWay(Difference::frameAppliesPage) ? L"number 12" : L"(none)");
 }
 
 TEST_F(PropertyFrameTest, ForgetsWhatIsTypedWithEscape)

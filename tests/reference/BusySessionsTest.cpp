@@ -43,15 +43,7 @@ TEST_P(BusySessionsTest, MakeTheDocumentThatTheyMakeUndisturbed)
 
 std::string nameOf(const testing::TestParamInfo<Writer>& info)
 {
-    switch (info.param) {
-    case Writer::counting:
-        return "Counting";
-    case Writer::typed:
-        return "Typed";
-    case Writer::fragments:
-        break;
-    }
-    return "Fragments";
+    return testName(info.param);
 }
 
 INSTANTIATE_TEST_SUITE_P(Writers, BusySessionsTest,

@@ -108,7 +108,7 @@ TEST_P(ComposedFaultsTest, LetsTheClientEndWhenWordHasDied)
 
 std::string nameOf(const testing::TestParamInfo<Writer>& info)
 {
-    return info.param == Writer::typed ? "Typed" : "Fragments";
+    return testName(info.param);
 }
 
 INSTANTIATE_TEST_SUITE_P(Pens, ComposedFaultsTest, testing::Values(Writer::typed, Writer::fragments), nameOf);

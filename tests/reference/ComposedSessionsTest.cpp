@@ -146,7 +146,7 @@ TEST_P(ComposedSessionsTest, ComeOutRightUnderAnyMixture)
 std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
 {
     const auto [writer, lot] = info.param;
-    return (writer == Writer::typed ? "Typed" : "Fragments") + std::to_string(lot);
+    return testName(writer) + std::to_string(lot);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lots, ComposedSessionsTest,

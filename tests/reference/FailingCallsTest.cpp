@@ -3,6 +3,7 @@
 // is as ever.
 #include "DocumentComparison.h"
 #include "FullSession.h"
+#include "Hresult.h"
 #include "SessionPlayer.h"
 
 #include "ScratchFolder.h"
@@ -42,13 +43,6 @@ bool isEveryCallMeant()
 {
     const char* const given = std::getenv("MIROVEL_EVERY_CALL");
     return given && *given;
-}
-
-std::string hexadecimal(HRESULT code)
-{
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%08x", static_cast<unsigned>(code));
-    return text.data();
 }
 
 using WriterAndDuration = std::tuple<Writer, bool>;
@@ -119,9 +113,7 @@ TEST_P(FailingCallsTest, AreToldAndLeaveNothingBehind)
 
 std::string nameOf(const testing::TestParamInfo<WriterAndDuration>& info)
 {
-    static constexpr std::array writers = {"Counting", "Typed", "Fragments"};
-    return std::string(writers.at(static_cast<std::size_t>(std::get<Writer>(info.param)))) +
-           (std::get<bool>(info.param) ? "FromThenOn" : "Once");
+    return testName(std::get<Writer>(info.param)) + (std::get<bool>(info.param) ? "FromThenOn" : "Once");
 }
 
 INSTANTIATE_TEST_SUITE_P(Writers, FailingCallsTest,

@@ -2,6 +2,7 @@
 
 #include "ChangedStyleFonts.h"
 #include "DocumentReading.h"
+#include "Hresult.h"
 #include "SessionFiles.h"
 
 #include "Invariants.h"
@@ -34,13 +35,6 @@ std::u16string wide(const std::string& ascii)
 _bstr_t bstr(const std::string& ascii)
 {
     return bstr(wide(ascii));
-}
-
-std::string hexadecimal(HRESULT result)
-{
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%08lx", static_cast<unsigned long>(result));
-    return text.data();
 }
 
 std::string oneLine(std::string text)
@@ -93,6 +87,19 @@ standin::SessionOptions withoutFiles()
 }
 
 } // namespace
+
+std::string testName(Writer writer)
+{
+    switch (writer) {
+    case Writer::counting:
+        return "Counting";
+    case Writer::typed:
+        return "Typed";
+    case Writer::fragments:
+        break;
+    }
+    return "Fragments";
+}
 
 SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFiles()), registration_(word_)
 {

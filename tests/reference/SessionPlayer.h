@@ -36,6 +36,9 @@ enum class Writer
     fragments ///< composes with fragments of RTF
 };
 
+/// What tests with this writer are called.
+std::string testName(Writer writer);
+
 /// Plays sessions, each as a document of its own, with a client and a Word stand-in in this process.
 class SessionPlayer
 {

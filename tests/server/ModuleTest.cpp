@@ -1,4 +1,5 @@
 #include "Hresult.h"
+#include "OuterObject.h"
 #include "RegistryContents.h"
 #include "ServerModule.h"
 
@@ -8,25 +9,6 @@
 #include <ocidl.h>
 
 namespace {
-
-/// The outer object of an aggregate.
-class Outer : public IUnknown
-{
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        if (!IsEqualIID(iid, IID_IUnknown))
-            return part->QueryInterface(iid, out);
-        *out = static_cast<IUnknown*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count; }
-    STDMETHODIMP_(ULONG) Release() override { return --count; }
-
-    IUnknown* part = nullptr;
-    ULONG count = 1;
-};
 
 struct ClassUnderTest
 {
@@ -69,7 +51,7 @@ TEST_P(Module, isHeldByAnObject)
 
 TEST_P(Module, isHeldByAPart)
 {
-    Outer outer;
+    OuterObject outer;
     ASSERT_THAT(factory_->CreateInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
                 isHresult(S_OK));
     EXPECT_THAT(server_.canUnloadNow(), isHresult(S_FALSE));
@@ -96,7 +78,7 @@ TEST_P(Module, isHeldByALock)
 
 TEST_P(Module, refusesBadCreations)
 {
-    Outer outer;
+    OuterObject outer;
     void* out = &out;
     EXPECT_THAT(factory_->CreateInstance(&outer, *GetParam().interfaceId, &out),
                 isHresult(CLASS_E_NOAGGREGATION));

@@ -1,4 +1,5 @@
 #include "Hresult.h"
+#include "PlatformDifferences.h"
 #include "RegistryContents.h"
 #include "ServerModule.h"
 
@@ -223,9 +224,8 @@ TEST_F(Registration, letsClientsCreateByProgId)
     CLSID classId{};
     ASSERT_THAT(CLSIDFromProgID(L"Mirovel.Mirovel.2.1.0", &classId), isHresult(S_OK));
     EXPECT_TRUE(IsEqualCLSID(classId, CLSID_Mirovel));
-    // A gap in Wine 8: it does not follow CurVer. Fails when it starts to, so that this can go.
-    const bool isWine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-    EXPECT_THAT(CLSIDFromProgID(L"Mirovel.Mirovel", &classId), isHresult(isWine ? CO_E_CLASSSTRING : S_OK));
+    EXPECT_THAT(CLSIDFromProgID(L"Mirovel.Mirovel", &classId),
+                isHresult(isWindowsWay(Difference::currentVersionOfProgId) ? S_OK : CO_E_CLASSSTRING));
     IDocument* document = nullptr;
     ASSERT_THAT(CoCreateInstance(CLSID_Mirovel, nullptr, CLSCTX_INPROC_SERVER, IID_IDocument,
                                  reinterpret_cast<void**>(&document)),

@@ -20,13 +20,13 @@ TEST_F(MirovelSectionAlignTest, RecordsWhereAnAlignmentBegins)
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{"body.End -> 0"});
     EXPECT_EQ(data().alignment, 2);
-    EXPECT_EQ(data().pos, 0);
     ASSERT_EQ(data().alignRuns.size(), 1U);
     const SaveAlign& run = data().alignRuns.front();
     EXPECT_EQ(run.start, 0);
     EXPECT_EQ(run.align, 2);
     EXPECT_EQ(run.range.GetInterfacePtr(), range_.GetInterfacePtr());
     EXPECT_EQ(text(), u"");
+    EXPECT_EQ(styleRunAtEnd().second, 0);
 }
 
 TEST_F(MirovelSectionAlignTest, TheAlignmentInForceIsNotRecordedAgain)
@@ -52,11 +52,11 @@ TEST_F(MirovelSectionAlignTest, EndsAnOpenParagraph)
     takeCalls();
     writer().setTextAlign(3);
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "body.End -> 3"}));
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(data().lastEndlPos, 3);
     EXPECT_EQ(data().endlCount, 1);
     EXPECT_EQ(data().alignRuns.back().start, 3);
     EXPECT_EQ(text(), u"ab\r");
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionAlignTest, WritesNoSecondParagraphEnd)

@@ -41,7 +41,7 @@ TEST_F(MirovelSectionFieldTest, StandsWhereItsPlaceholderStood)
     EXPECT_EQ(text(), u"page " + fieldText(u" PAGE ", u"1"));
     writer().insertText(L" of many");
     EXPECT_EQ(text(), u"page " + fieldText(u" PAGE ", u"1") + u" of many");
-    EXPECT_EQ(data().pos, 23);
+    EXPECT_EQ(styleRunAtEnd().second, 23);
 }
 
 TEST_F(MirovelSectionFieldTest, EachNumberHasItsType)

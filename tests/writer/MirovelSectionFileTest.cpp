@@ -84,7 +84,7 @@ TEST_F(MirovelSectionFileTest, AMissingFileAsAHyperlinkIsOneWithDoubledBackslash
         << "no file of that name exists, so Word takes it for a place in the document";
     EXPECT_TRUE(data().links.front().destination.resolved);
     EXPECT_EQ(log(), "ERR File not found: c:\\docs\\a.doc\r\n") << "it is traced all the same";
-    EXPECT_EQ(data().pos, 5);
+    EXPECT_EQ(styleRunAtEnd().second, 5);
 }
 
 TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)

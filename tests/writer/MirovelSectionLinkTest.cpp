@@ -14,7 +14,6 @@ TEST_F(MirovelSectionLinkTest, WritesTheTextAndRecordsTheLink)
     takeCalls();
     writer().insertHyperLink("item", toBookmark("b7", false));
     EXPECT_LINES(takeCalls(), (Calls{"body.End -> 4", R"(body.InsertAfter("item"))", "body.End -> 8"}));
-    EXPECT_EQ(data().pos, 8);
     EXPECT_EQ(text(), u"see item");
     ASSERT_EQ(data().links.size(), 1U);
     const HyperLink& link = data().links.front();
@@ -24,6 +23,7 @@ TEST_F(MirovelSectionLinkTest, WritesTheTextAndRecordsTheLink)
     EXPECT_EQ(link.end, 8);
     EXPECT_FALSE(link.destination.resolved);
     EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
+    EXPECT_EQ(styleRunAtEnd().second, 8);
 }
 
 TEST_F(MirovelSectionLinkTest, WithoutADestinationOnlyWritesTheText)
@@ -31,7 +31,7 @@ TEST_F(MirovelSectionLinkTest, WithoutADestinationOnlyWritesTheText)
     writer().insertHyperLink("item", {});
     EXPECT_LINES(takeCalls(), (Calls{"body.End -> 0", R"(body.InsertAfter("item"))", "body.End -> 4"}));
     EXPECT_TRUE(data().links.empty());
-    EXPECT_EQ(data().pos, 4);
+    EXPECT_EQ(styleRunAtEnd().second, 4);
 }
 
 TEST_F(MirovelSectionLinkTest, LiesWhereWordSaysAndCountsTheTextsFullLength)
@@ -42,7 +42,7 @@ TEST_F(MirovelSectionLinkTest, LiesWhereWordSaysAndCountsTheTextsFullLength)
     EXPECT_LINES(takeCalls(), (Calls{"body.End -> 4", R"(body.InsertAfter("c\r\nd"))", "body.End -> 7"}));
     EXPECT_EQ(data().links.front().start, 4);
     EXPECT_EQ(data().links.front().end, 7);
-    EXPECT_EQ(data().pos, 7) << "line feeds are not subtracted here";
+    EXPECT_EQ(styleRunAtEnd().second, 7) << "line feeds are not subtracted here";
 }
 
 TEST_F(MirovelSectionLinkTest, LeadsWhereItIsToldWhateverTheTextSays)

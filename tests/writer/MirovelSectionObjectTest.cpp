@@ -96,7 +96,7 @@ TEST_F(MirovelSectionObjectTest, AMissingOneAsAHyperlinkIsAskedOfWord)
     EXPECT_THAT(comErrorOf([&] { writer().insertFile("c:\\no such.xls", 4); }), isFailure());
     EXPECT_EQ(log(), "ERR File not found: c:\\no such.xls\r\n");
     EXPECT_EQ(text(), u"X") << "the placeholder stays";
-    EXPECT_EQ(data().pos, 1);
+    EXPECT_EQ(styleRunAtEnd().second, 1);
 }
 
 TEST_F(MirovelSectionObjectTest, AFailureAtEachCallLeavesWhatWasDone)

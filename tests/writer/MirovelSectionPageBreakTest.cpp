@@ -30,8 +30,8 @@ TEST_F(MirovelSectionPageBreakTest, ThePositionIsWhatWordSays)
     takeCalls();
     writer().insertPageBreak();
     EXPECT_LINES(takeCalls(), (Calls{"body.Start = 3", "body.InsertBreak(missing)", "body.End -> 4"}));
-    EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"a\r\r\f") << "the break takes the place of what lies behind the counted position";
+    EXPECT_EQ(styleRunAtEnd().second, 4);
 }
 
 TEST_F(MirovelSectionPageBreakTest, ClosesAndReopensAStyle)
@@ -46,13 +46,12 @@ TEST_F(MirovelSectionPageBreakTest, ClosesAndReopensAStyle)
                                    Calls{"body.Style = -1"}, // and back
                                    rangeLaid(6, 6), fontWritten("body", normalFont)));
     EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().pos, 6);
-    EXPECT_EQ(data().stylePos, 6);
     EXPECT_EQ(data().lastPageBreakPos, 6);
     ASSERT_EQ(data().fontRuns.size(), 1U);
     EXPECT_EQ(data().fontRuns.front().getStart(), 6);
     EXPECT_EQ(data().fontRuns.front().getFont(), heading1Font.data());
     EXPECT_EQ(text(), u"Title\f");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(6, 6));
 }
 
 TEST_F(MirovelSectionPageBreakTest, EndsTheParagraphOfAStyleThatBeganInsideIt)
@@ -68,11 +67,10 @@ TEST_F(MirovelSectionPageBreakTest, EndsTheParagraphOfAStyleThatBeganInsideIt)
                       rangeLaid(1, 8), Calls{"body.Style = -2"}, rangeLaid(1, 8),
                       fontWritten("body", heading1Font), rangeLaid(8, 8), Calls{"body.Style = -1"},
                       rangeLaid(8, 8), fontWritten("body", normalFont)));
-    EXPECT_EQ(data().pos, 8);
     EXPECT_EQ(data().lastEndlPos, 8);
-    EXPECT_EQ(data().stylePos, 8);
     EXPECT_EQ(data().lastPageBreakPos, 7);
     EXPECT_EQ(text(), u"xTitle\f\r");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(8, 8));
 }
 
 TEST_F(MirovelSectionPageBreakTest, InATableWritesNoBreakInNormal)
@@ -110,8 +108,8 @@ TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
     writer().insertText(L"ab");
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertPageBreak(); }), isHresult(E_FAIL));
-    EXPECT_EQ(data().pos, 2);
     EXPECT_EQ(data().lastPageBreakPos, 0);
+    EXPECT_EQ(styleRunAtEnd().second, 2);
 }
 
 using ChangeLastPageBreakTest = WriterTest;
@@ -188,7 +186,7 @@ TEST_F(ChangeLastPageBreakTest, ChangesTheLastOfSeveral)
     writer().changeLastPageBreak();
     EXPECT_EQ(writer().getSectionCount(), 3);
     EXPECT_EQ(model().sectionCount(), 3);
-    EXPECT_EQ(data().pos, 5);
+    EXPECT_EQ(styleRunAtEnd().second, 5);
 }
 
 TEST_F(ChangeLastPageBreakTest, AFailureLeavesTheBreakOnRecord)

@@ -48,7 +48,7 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
     EXPECT_EQ(shapes().front().shape().type, model::InlineShapeType::picture);
     writer().insertText(L" b");
     EXPECT_EQ(text(), u"a \x01 b");
-    EXPECT_EQ(data().pos, 5);
+    EXPECT_EQ(styleRunAtEnd().second, 5);
 }
 
 TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
@@ -65,7 +65,7 @@ TEST_F(MirovelSectionPictureTest, SizesThatAreNotZeroAreSet)
     EXPECT_EQ(shapes()[1].shape().height, 40);
     EXPECT_EQ(shapes()[2].shape().width, 50);
     EXPECT_EQ(shapes()[2].shape().height, 60);
-    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholder)
@@ -73,7 +73,7 @@ TEST_F(MirovelSectionPictureTest, ASizeThatWordRefusesLeavesPictureAndPlaceholde
     EXPECT_THAT(comErrorOf([&] { writer().insertImage(picture_, {}, -1, 0); }),
                 isHresult(static_cast<HRESULT>(0x800A1200)));
     EXPECT_EQ(text(), u"\x01X");
-    EXPECT_EQ(data().pos, 2);
+    EXPECT_EQ(styleRunAtEnd().second, 2);
 }
 
 TEST_F(MirovelSectionPictureTest, LeadsToItsLink)
@@ -179,8 +179,8 @@ TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
         EXPECT_EQ(takeCalls().size(), 4U);
     }
     EXPECT_EQ(text(), u"XXX");
-    EXPECT_EQ(data().pos, 3);
     EXPECT_TRUE(data().links.empty());
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionPictureTest, MayHaveSpacesInItsName)

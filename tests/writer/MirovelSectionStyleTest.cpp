@@ -107,10 +107,9 @@ TEST_F(MirovelSectionStyleTest, EndsAnOpenParagraphFirst)
     EXPECT_LINES(takeCalls(),
                  join(Calls{R"(body.InsertAfter("\n"))"}, styleFontRead("-3", heading2Font), rangeLaid(1, 3),
                       Calls{"body.Style = -2"}, rangeLaid(1, 3), fontWritten("body", heading1Font)));
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(data().lastEndlPos, 3);
-    EXPECT_EQ(data().stylePos, 3);
     EXPECT_EQ(text(), u"xT\r");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(3, 3));
 }
 
 TEST_F(MirovelSectionStyleTest, LeavesAParagraphOpenWhoseStyleBeganBehindAParagraphEnd)
@@ -123,8 +122,8 @@ TEST_F(MirovelSectionStyleTest, LeavesAParagraphOpenWhoseStyleBeganBehindAParagr
     writer().setStyle("Normal", false);
     EXPECT_LINES(takeCalls(), join(rangeLaid(2, 3), Calls{"body.Style = -2"}, rangeLaid(2, 3),
                                    fontWritten("body", heading1Font)));
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"x\rT");
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionStyleTest, BuiltInStylesGoByTheirNumber)

@@ -237,7 +237,7 @@ TEST_F(MirovelSectionTableFontTest, LeavesTheOutputRangeInTheTableAndWhatIsWritt
     EXPECT_EQ(range_->GetEnd(), 4) << "where the font of the second cell begins";
     writer().insertText(L"Part");
     EXPECT_EQ(text(), u"T\raPart\ab\a\a behind\r") << "in front of the mark that the range ends with";
-    EXPECT_EQ(data().pos, 19) << "the count goes on as if the text stood at the end";
+    EXPECT_EQ(styleRunAtEnd().second, 19) << "the count goes on as if the text stood at the end";
 }
 
 TEST_F(MirovelSectionTableFontTest, InACellOfARowWithoutCellsFailsAtTheEnd)

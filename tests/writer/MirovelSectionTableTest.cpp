@@ -115,11 +115,11 @@ TEST_F(MirovelSectionTableTest, AppliesWhatWaitsForTheTextInFront)
              tableOpened(7, 10)));
     EXPECT_TRUE(data().alignRuns.empty());
     EXPECT_EQ(data().alignment, 0);
-    EXPECT_EQ(data().pos, 10);
     EXPECT_EQ(counters(), (Counters{0, 0, 0, 7}));
     EXPECT_EQ(text(), u"Title!\r\a\a ");
     EXPECT_EQ(styleAt(0), u"Heading 1");
     EXPECT_EQ(alignmentAt(0), model::Alignment::center);
+    EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(MirovelSectionTableTest, IsWrittenInNormal)
@@ -334,7 +334,7 @@ TEST_F(MirovelSectionTableTest, ASecondEndIsNotHeard)
     writer().endTable();
     EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(styleRunAtEnd().second, pos);
 }
 
 TEST_F(MirovelSectionTableTest, EndsWithoutAnyRow)

@@ -28,8 +28,8 @@ TEST_F(MirovelSectionTagTest, PlacesABookmarkAtTheInsertionPosition)
                  (Calls{"document.Bookmarks -> document.Bookmarks",
                         R"(document.Bookmarks.Add("b1", missing) -> bookmark)", "bookmark.Start = 6"}));
     EXPECT_TRUE(data().lastTagBookmark);
-    EXPECT_EQ(data().pos, 6);
     EXPECT_EQ(place(u"b1"), "6-6");
+    EXPECT_EQ(styleRunAtEnd().second, 6);
 }
 
 TEST_F(MirovelSectionTagTest, TheNextOneEndsTheOneBefore)

@@ -15,8 +15,8 @@ TEST_F(MirovelSectionTextTest, WritesTextWithOneCallAndCountsIt)
 
     writer().insertText(L", more");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter(", more"))"});
-    EXPECT_EQ(data().pos, 16);
     EXPECT_EQ(text(), u"plain text, more");
+    EXPECT_EQ(styleRunAtEnd().second, 16);
 }
 
 TEST_F(MirovelSectionTextTest, WritesMarkupAsItStands)
@@ -30,33 +30,33 @@ TEST_F(MirovelSectionTextTest, CountsCarriageReturnAndLineFeedAsOne)
 {
     writer().insertText(L"ab\r\ncd");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("ab\r\ncd"))"});
-    EXPECT_EQ(data().pos, 5);
     EXPECT_EQ(data().lastEndlPos, 0) << "only insertEndl notes a paragraph end";
     EXPECT_EQ(text(), u"ab\rcd");
+    EXPECT_EQ(styleRunAtEnd().second, 5);
 }
 
 TEST_F(MirovelSectionTextTest, CountsALineFeedAtTheStartInFull)
 {
     writer().insertText(L"\n\nx");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n\nx"))"});
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"\r\rx");
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionTextTest, StopsSubtractingAtASecondLineFeedInARow)
 {
     writer().insertText(L"a\n\nb");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("a\n\nb"))"});
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"a\r\rb");
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionTextTest, CountsUtf16UnitsWhateverTheCodePage)
 {
     writer().insertText(L"\u00e4\u4e2d\U0001F600");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\u00e4\u4e2d\ud83d\ude00"))"});
-    EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"\u00e4\u4e2d\U0001F600");
+    EXPECT_EQ(styleRunAtEnd().second, 4);
 }
 
 TEST_F(MirovelSectionTextTest, KeepsUnpairedSurrogates)
@@ -64,22 +64,22 @@ TEST_F(MirovelSectionTextTest, KeepsUnpairedSurrogates)
     const wchar_t unpaired[] = {L'a', 0xD83D, L'b', 0};
     writer().insertText(unpaired);
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("a\ud83db"))"});
-    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionTextTest, AnEmptyTextMovesNothing)
 {
     writer().insertText(L"");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter(""))"});
-    EXPECT_EQ(data().pos, 0);
     EXPECT_EQ(text(), u"");
+    EXPECT_EQ(styleRunAtEnd().second, 0);
 }
 
 TEST_F(MirovelSectionTextTest, EndsATextAtItsFirstNul)
 {
     writer().insertText(L"ab\0cd\n");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("ab"))"});
-    EXPECT_EQ(data().pos, 2);
+    EXPECT_EQ(styleRunAtEnd().second, 2);
 }
 
 TEST_F(MirovelSectionTextTest, WritesAMegabyteWithOneCall)
@@ -91,8 +91,8 @@ TEST_F(MirovelSectionTextTest, WritesAMegabyteWithOneCall)
     const long before = session_.callCount();
     writer().insertText(all.c_str());
     EXPECT_EQ(session_.callCount(), before + 1);
-    EXPECT_EQ(data().pos, 65'536 * 16);
     EXPECT_EQ(static_cast<std::int32_t>(text().size()), data().pos);
+    EXPECT_EQ(styleRunAtEnd().second, 65'536 * 16);
 }
 
 TEST_F(MirovelSectionTextTest, WritesIntoTheCellOfAnOpenTable)
@@ -140,21 +140,19 @@ TEST_F(MirovelSectionTextTest, EndsAParagraph)
     takeCalls();
     writer().insertEndl();
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(data().lastEndlPos, 3);
-    EXPECT_EQ(data().stylePos, 0);
     EXPECT_EQ(data().endlCount, 1);
     EXPECT_EQ(text(), u"ab\r");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(0, 3));
 }
 
 TEST_F(MirovelSectionTextTest, AnEmptyParagraphInNormalLeavesTheStyleWhereItBegan)
 {
     writer().insertEndl();
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
-    EXPECT_EQ(data().stylePos, 0);
     EXPECT_EQ(text(), u"\r");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(0, 1));
 }
 
 TEST_F(MirovelSectionTextTest, AParagraphEndRightBehindAStyleStaysOutsideItsRun)
@@ -209,8 +207,8 @@ TEST_F(MirovelSectionTextTest, ClearsTheUndoListEvery101ParagraphEnds)
         ASSERT_EQ(takeCalls(), i % 101 == 0 ? lastEndl : endl) << "paragraph end number " << i;
         ASSERT_EQ(data().endlCount, i % 101);
     }
-    EXPECT_EQ(data().pos, 303);
     EXPECT_EQ(data().lastEndlPos, 303);
+    EXPECT_EQ(styleRunAtEnd().second, 303);
 }
 
 TEST_F(MirovelSectionTextTest, CountsParagraphEndsInTablesForTheUndoListToo)
@@ -247,29 +245,28 @@ protected:
 TEST_F(CheckForEndlTest, EndsAnOpenParagraph)
 {
     EXPECT_LINES(checked(10, 2, 4), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().pos, 11);
     EXPECT_EQ(data().lastEndlPos, 11);
-    EXPECT_EQ(data().stylePos, 4);
     EXPECT_EQ(data().endlCount, 1);
     EXPECT_LINES(checked(data().pos, data().lastEndlPos, data().stylePos), Calls{});
+    EXPECT_EQ(styleRunAtEnd(), std::pair(4, 11));
 }
 
 TEST_F(CheckForEndlTest, LeavesAParagraphThatIsEnded)
 {
     EXPECT_LINES(checked(10, 10, 4), Calls{});
-    EXPECT_EQ(data().pos, 10);
+    EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesAStyleWithoutText)
 {
     EXPECT_LINES(checked(10, 2, 10), Calls{});
-    EXPECT_EQ(data().pos, 10);
+    EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesTextOfAStyleThatBeganBehindAParagraphEnd)
 {
     EXPECT_LINES(checked(10, 4, 4), Calls{});
-    EXPECT_EQ(data().pos, 10);
+    EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, EndsAParagraphAlthoughNoStyleRunIsOpen)
@@ -319,8 +316,8 @@ TEST_F(DeleteLastCharTest, AFailureLeavesThePositionMoved)
     writer().insertText(L"abcd");
     session_.failCall(1, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::deleteLastChar(writer()); }), isHresult(E_FAIL));
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"abcd");
+    EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
 TEST_F(MirovelSectionTextTest, DeletesTheContentOfTheOutputRange)
@@ -356,8 +353,8 @@ TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("lost") !! 0x800706ba)"});
     EXPECT_EQ(data().pos, 0);
     writer().insertText(L"kept");
-    EXPECT_EQ(data().pos, 4);
     EXPECT_EQ(text(), u"kept");
+    EXPECT_EQ(styleRunAtEnd().second, 4);
 }
 
 TEST_F(MirovelSectionTextTest, AFailedParagraphEndIsNoneButTheStyleHasMoved)
@@ -378,8 +375,8 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_FAIL));
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "document.UndoClear() !! 0x80004005"}));
-    EXPECT_EQ(data().pos, 1);
     EXPECT_EQ(data().lastEndlPos, 1);
+    EXPECT_EQ(styleRunAtEnd().second, 1);
 }
 
 TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)

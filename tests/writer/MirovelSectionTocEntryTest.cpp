@@ -74,7 +74,7 @@ TEST_F(MirovelSectionTocEntryTest, WithoutTextLeavesNothing)
     writer().endTOCEntry();
     EXPECT_LINES(takeCalls(), Calls{"document.TablesOfContents -> document.TablesOfContents"});
     EXPECT_EQ(text(), before);
-    EXPECT_EQ(data().pos, static_cast<std::int32_t>(headingLength));
+    EXPECT_EQ(styleRunAtEnd().second, static_cast<std::int32_t>(headingLength));
 }
 
 TEST_F(MirovelSectionTocEntryTest, WithoutWordsTablesLeavesNothing)

@@ -6,7 +6,9 @@
 
 #include <objbase.h>
 
+#include <algorithm>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace model = standin::model;
@@ -135,6 +137,21 @@ Calls WriterTest::finish()
     session_.clearTranscript();
     endWriter(std::exchange(writer_, nullptr));
     return takeCalls();
+}
+
+std::pair<std::int32_t, std::int32_t> WriterTest::styleRunAtEnd()
+{
+    constexpr std::string_view from = "body.Start = ";
+    constexpr std::string_view to = "body.End = ";
+    const Calls calls = finish();
+    const auto style = std::ranges::find_if(
+        calls, [](const std::string& call) { return call.starts_with("body.Style = "); });
+    if (style == calls.end() || style - calls.begin() < 2 || !style[-2].starts_with(from) ||
+        !style[-1].starts_with(to)) {
+        ADD_FAILURE() << "the writer's end has applied no style";
+        return {-1, -1};
+    }
+    return {std::stoi(style[-2].substr(from.size())), std::stoi(style[-1].substr(to.size()))};
 }
 
 void WriterTest::openCell(const Word::RangePtr& cell)

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// Finishes and destroys a writer, as its owners do; null is none.
@@ -73,6 +74,9 @@ protected:
     MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
     /// Finishes and destroys the writer and gives the calls that this took.
     Calls finish();
+    /// Where the style in force began and how far the writer has come, by the run that its end applies.
+    /// Finishes.
+    std::pair<std::int32_t, std::int32_t> styleRunAtEnd();
 
     /// What follows goes into `cell`, as in an open table.
     void openCell(const Word::RangePtr& cell);

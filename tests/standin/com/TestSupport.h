@@ -21,6 +21,20 @@ public:
     Apartment& operator=(const Apartment&) = delete;
 };
 
+/// Whether a document of that file is in the running object table.
+inline bool isRunning(const std::wstring& file)
+{
+    IBindCtx* context = nullptr;
+    IMoniker* moniker = nullptr;
+    EXPECT_THAT(CreateBindCtx(0, &context), isHresult(S_OK));
+    EXPECT_THAT(CreateFileMoniker(file.c_str(), &moniker), isHresult(S_OK));
+    const HRESULT running = moniker->IsRunning(context, nullptr, nullptr);
+    EXPECT_THAT(running, testing::AnyOf(isHresult(S_OK), isHresult(S_FALSE)));
+    moniker->Release();
+    context->Release();
+    return running == S_OK;
+}
+
 /// A scratch folder whose names are Word's.
 class ScratchFolder
 {

@@ -22,6 +22,19 @@ protected:
     LiveRange content() { return range(0, document->mainStory()->length()); }
     std::u16string text() const { return document->mainStory()->text(0, document->mainStory()->length()); }
     void write(std::u16string_view text) { content().insertAfter(text); }
+    /// The text with its marks as letters: C cell, R row, P paragraph.
+    std::u16string shape() const
+    {
+        std::u16string result;
+        const Story& story = *document->mainStory();
+        for (std::size_t i = 0; i < story.paragraphCount(); ++i) {
+            const Paragraph paragraph = story.paragraph(i);
+            result += story.text(paragraph.start, paragraph.end - 1);
+            const ParagraphEnd end = paragraph.format->end;
+            result += end == ParagraphEnd::cell ? u'C' : (end == ParagraphEnd::row ? u'R' : u'P');
+        }
+        return result;
+    }
 
     DocumentPtr document = Document::make(u"Document1");
 };

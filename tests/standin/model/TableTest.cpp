@@ -13,19 +13,6 @@ protected:
         LiveRange place = range(at, at);
         return Table::add(place, rows, columns);
     }
-    /// Marks as letters: C cell, R row, P paragraph.
-    std::u16string shape() const
-    {
-        std::u16string result;
-        const Story& story = *document->mainStory();
-        for (std::size_t i = 0; i < story.paragraphCount(); ++i) {
-            const Paragraph paragraph = story.paragraph(i);
-            result += story.text(paragraph.start, paragraph.end - 1);
-            const ParagraphEnd end = paragraph.format->end;
-            result += end == ParagraphEnd::cell ? u'C' : (end == ParagraphEnd::row ? u'R' : u'P');
-        }
-        return result;
-    }
     static void expectWidths(const TableRow& row, const std::vector<float>& widths)
     {
         std::vector<float> found;

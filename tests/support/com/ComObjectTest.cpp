@@ -1,4 +1,5 @@
 #include "Hresult.h"
+#include "OuterObject.h"
 #include "TestDocument.h"
 
 #include "CComModule.h"
@@ -8,25 +9,6 @@
 #include <new>
 
 namespace {
-
-/// The outer object of an aggregate; what it does not know it asks its part for.
-class Outer : public IUnknown
-{
-public:
-    STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-    {
-        if (!IsEqualIID(iid, IID_IUnknown))
-            return part->QueryInterface(iid, out);
-        *out = static_cast<IUnknown*>(this);
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++count; }
-    STDMETHODIMP_(ULONG) Release() override { return --count; }
-
-    IUnknown* part = nullptr;
-    ULONG count = 1;
-};
 
 class ComObject : public testing::Test
 {
@@ -120,7 +102,7 @@ TEST_F(ComObject, isNotMadeWhenItsConstructorThrows)
     void* out = poison();
     EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, &out), isHresult(E_OUTOFMEMORY));
     EXPECT_EQ(out, nullptr);
-    Outer outer;
+    OuterObject outer;
     out = poison();
     EXPECT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, &out), isHresult(E_OUTOFMEMORY));
     EXPECT_EQ(out, nullptr);
@@ -132,7 +114,7 @@ TEST_F(ComObject, isDestroyedWhenFinalConstructThrows)
     void* out = poison();
     EXPECT_THAT(TestDocument::createInstance(nullptr, IID_IDocument, &out), isHresult(CO_E_NOTINITIALIZED));
     EXPECT_EQ(out, nullptr);
-    Outer outer;
+    OuterObject outer;
     out = poison();
     EXPECT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, &out), isHresult(CO_E_NOTINITIALIZED));
     EXPECT_EQ(out, nullptr);
@@ -141,7 +123,7 @@ TEST_F(ComObject, isDestroyedWhenFinalConstructThrows)
 
 TEST_F(ComObject, isDestroyedOnceThoughItsDestructorCountsReferences)
 {
-    Outer outer;
+    OuterObject outer;
     ASSERT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
                 isHresult(S_OK));
     int destructions = 0;
@@ -166,7 +148,7 @@ TEST_F(ComObject, isGoneAfterReleaseThoughItsDestructorThrows)
 
 TEST_F(ComObject, aPartIsOnlyHandedOutByItsUnknown)
 {
-    Outer outer;
+    OuterObject outer;
     void* out = poison();
     EXPECT_THAT(TestDocument::createInstance(&outer, IID_IDocument, &out), isHresult(CLASS_E_NOAGGREGATION));
     EXPECT_EQ(out, nullptr);
@@ -174,7 +156,7 @@ TEST_F(ComObject, aPartIsOnlyHandedOutByItsUnknown)
 
 TEST_F(ComObject, aPartHasTheIdentityAndLifetimeOfItsOuter)
 {
-    Outer outer;
+    OuterObject outer;
     ASSERT_THAT(TestDocument::createInstance(&outer, IID_IUnknown, reinterpret_cast<void**>(&outer.part)),
                 isHresult(S_OK));
     EXPECT_EQ(locks(), 1);

@@ -1,4 +1,5 @@
 #include "Hresult.h"
+#include "OwnRegistry.h"
 #include "registry/RegisterCache.h"
 #include "registry/RegisterDynamic.h"
 
@@ -13,14 +14,10 @@ namespace {
 constexpr char group[] = "SupportTest";
 constexpr wchar_t keyPath[] = L"Software\\Lumarkscribe\\Mirovelcom\\SupportTest";
 
-/// Both hives without our test group, before and after. Looks at the registry with Windows' own functions
-/// only.
+/// Looks at the registry with Windows' own functions only.
 class RegisterTest : public testing::Test
 {
 protected:
-    RegisterTest() { clear(); }
-    ~RegisterTest() override { clear(); }
-
     static void set(HKEY hive, const wchar_t* name, DWORD type, const void* data, std::size_t size)
     {
         ASSERT_EQ(RegSetKeyValueW(hive, keyPath, name, type, data, static_cast<DWORD>(size)), ERROR_SUCCESS);
@@ -53,11 +50,7 @@ protected:
     }
 
 private:
-    static void clear()
-    {
-        RegDeleteTreeW(HKEY_CURRENT_USER, keyPath);
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, keyPath);
-    }
+    OwnRegistry registry_;
 };
 
 std::string bytesOf(std::wstring_view text)

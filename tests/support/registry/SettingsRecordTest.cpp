@@ -1,5 +1,6 @@
 #include "registry/SettingsRecord.h"
 
+#include "OwnRegistry.h"
 #include "registry/RegisterDynamic.h"
 
 #include <gtest/gtest.h>
@@ -8,13 +9,9 @@
 
 namespace {
 
-/// The settings that the tests touch are stored nowhere, before and after.
 class SettingsRecordTest : public testing::Test
 {
 protected:
-    SettingsRecordTest() { clear(); }
-    ~SettingsRecordTest() override { clear(); }
-
     static void store(SettingName name, const RegEntry& entry, bool forAllUsers = false)
     {
         RegisterDynamic::write(describe(name).group, describe(name).name, entry, forAllUsers);
@@ -38,12 +35,8 @@ private:
     {
         return std::wstring(RegisterBase::root) + L"\\" + wide(describe(name).group);
     }
-    static void clear()
-    {
-        for (const SettingDescription& setting : settingTable)
-            for (HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
-                RegDeleteKeyValueW(hive, path(setting.id).c_str(), wide(setting.name).c_str());
-    }
+
+    OwnRegistry registry_;
 };
 
 } // namespace

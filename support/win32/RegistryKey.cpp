@@ -1,43 +1,22 @@
-#include "registry/RegistryKey.h"
+#include "win32/RegistryKey.h"
 
-#include "TextConversion.h"
-#include "registry/RegisterBase.h"
+#include "win32/WindowsError.h"
 
-#include <comdef.h>
 #include <cwchar>
+#include <iterator>
 
-namespace detail {
-
-namespace {
-
-void check(LSTATUS status)
-{
-    if (status != ERROR_SUCCESS)
-        throw _com_error(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
-}
-
-} // namespace
-
-std::wstring settingsPath(const QdxString& group)
-{
-    std::wstring path = RegisterBase::root;
-    if (!group.isEmpty())
-        path.append(L"\\").append(static_cast<const wchar_t*>(toWide(group)));
-    return path;
-}
-
-RegistryKey RegistryKey::open(HKEY hive, const std::wstring& path) noexcept
+RegistryKey RegistryKey::open(HKEY parent, const std::wstring& path, REGSAM access) noexcept
 {
     HKEY key = nullptr;
-    const LSTATUS status = RegOpenKeyExW(hive, path.c_str(), 0, KEY_QUERY_VALUE | KEY_WOW64_64KEY, &key);
+    const LSTATUS status = RegOpenKeyExW(parent, path.c_str(), 0, access, &key);
     return RegistryKey(status == ERROR_SUCCESS ? key : nullptr);
 }
 
-RegistryKey RegistryKey::create(HKEY hive, const std::wstring& path)
+RegistryKey RegistryKey::create(HKEY parent, const std::wstring& path, REGSAM access)
 {
     HKEY key = nullptr;
-    check(RegCreateKeyExW(hive, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                          KEY_SET_VALUE | KEY_WOW64_64KEY, nullptr, &key, nullptr));
+    checkStatus(RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, access, nullptr,
+                                &key, nullptr));
     return RegistryKey(key);
 }
 
@@ -50,6 +29,28 @@ RegistryKey::~RegistryKey()
 bool RegistryKey::has(const wchar_t* name) const noexcept
 {
     return RegQueryValueExW(key_, name, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+}
+
+std::vector<std::wstring> RegistryKey::subkeys() const
+{
+    constexpr DWORD longestName = 255;
+    std::vector<std::wstring> all;
+    wchar_t name[longestName + 1];
+    for (DWORD index = 0;; ++index) {
+        DWORD length = static_cast<DWORD>(std::size(name));
+        if (RegEnumKeyExW(key_, index, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+            return all;
+        all.emplace_back(name, length);
+    }
+}
+
+bool RegistryKey::isEmpty() const
+{
+    DWORD subkeys = 0;
+    DWORD values = 0;
+    checkStatus(RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values,
+                                 nullptr, nullptr, nullptr, nullptr));
+    return subkeys == 0 && values == 0;
 }
 
 std::optional<DWORD> RegistryKey::number(const wchar_t* name) const noexcept
@@ -91,13 +92,12 @@ std::vector<std::wstring> RegistryKey::names() const
 
 void RegistryKey::setNumber(const wchar_t* name, DWORD number) const
 {
-    check(RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number));
+    checkStatus(
+        RegSetValueExW(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number));
 }
 
 void RegistryKey::setText(const wchar_t* name, const wchar_t* text) const
 {
     const DWORD size = static_cast<DWORD>((std::wcslen(text) + 1) * sizeof(wchar_t));
-    check(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text), size));
+    checkStatus(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text), size));
 }
-
-} // namespace detail

@@ -1,33 +1,28 @@
 #pragma once
 
-#include "QdxString.h"
+#include <windows.h>
 
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <windows.h>
-
-namespace detail {
-
-/// The key below a hive in which a group's values lie; an empty group means the root itself.
-[[nodiscard]] std::wstring settingsPath(const QdxString& group);
-
-/// An open key of the 64-bit view; closed with the object.
+/// An open key of the registry; closed with the object. The name of a key's default value is null.
 class RegistryKey
 {
 public:
-    /// For reading; tests false when there is no such key or it may not be read.
-    [[nodiscard]] static RegistryKey open(HKEY hive, const std::wstring& path) noexcept;
-    /// For writing; made when absent. Raises `_com_error`.
-    [[nodiscard]] static RegistryKey create(HKEY hive, const std::wstring& path);
+    /// Tests false when there is no such key or it may not be opened.
+    [[nodiscard]] static RegistryKey open(HKEY parent, const std::wstring& path, REGSAM access) noexcept;
+    /// Made when absent. Raises `_com_error`.
+    [[nodiscard]] static RegistryKey create(HKEY parent, const std::wstring& path, REGSAM access);
 
     RegistryKey(RegistryKey&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
     RegistryKey& operator=(RegistryKey&&) = delete;
     ~RegistryKey();
 
     explicit operator bool() const noexcept { return key_ != nullptr; }
+    /// For what lies below it.
+    [[nodiscard]] HKEY get() const noexcept { return key_; }
 
     /// Whether the value is there, of whatever type.
     [[nodiscard]] bool has(const wchar_t* name) const noexcept;
@@ -35,6 +30,9 @@ public:
     [[nodiscard]] std::optional<DWORD> number(const wchar_t* name) const noexcept;
     /// Nothing unless the value is there and is a REG_SZ or a REG_EXPAND_SZ, which is expanded.
     [[nodiscard]] std::optional<std::wstring> text(const wchar_t* name) const;
+    [[nodiscard]] std::vector<std::wstring> subkeys() const;
+    /// Neither keys nor values. Raises `_com_error`.
+    [[nodiscard]] bool isEmpty() const;
 
     /// Of all values, whatever their types.
     [[nodiscard]] std::vector<std::wstring> names() const;
@@ -48,5 +46,3 @@ private:
 
     HKEY key_;
 };
-
-} // namespace detail

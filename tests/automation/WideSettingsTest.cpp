@@ -1,5 +1,6 @@
 // Names and values of settings in any characters.
 #include "FrontEndTest.h"
+#include "Hresult.h"
 
 #include "registry/RegisterBase.h"
 
@@ -53,7 +54,7 @@ TEST_F(WideSettingsTest, NameTheFileOfTheDiagnostics)
     }
     EXPECT_TRUE(isLogThere(stem)) << "by the registry";
     const _bstr_t other(path(stem + L"2.log").c_str());
-    ASSERT_EQ(client->overrideRegistry(L"Log"_b, L"Diagnostics"_b, other, 1), S_OK);
+    ASSERT_THAT(client->overrideRegistry(L"Log"_b, L"Diagnostics"_b, other, 1), isHresult(S_OK));
     EXPECT_TRUE(isLogThere(stem + L"2")) << "by the client";
 }
 

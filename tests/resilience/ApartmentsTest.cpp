@@ -1,6 +1,7 @@
 // Several threads of a host: objects in apartments of their own, calls through a proxy, and references that
 // are given up while a call is under way.
 #include "BuiltServer.h"
+#include "Hresult.h"
 #include "ObjectApartment.h"
 
 #include <gtest/gtest.h>
@@ -19,15 +20,15 @@ protected:
     ApartmentsTest()
     {
         CoInitialize(nullptr);
-        EXPECT_EQ(server_.module.registerServer(), S_OK);
+        EXPECT_THAT(server_.module.registerServer(), isHresult(S_OK));
         ObservedWord word;
         expected_ = word.playShortSession(server_.make(), GetParam());
         EXPECT_EQ(expected_.failures, std::vector<std::string>());
     }
     ~ApartmentsTest() override
     {
-        EXPECT_EQ(server_.module.canUnloadNow(), S_OK);
-        EXPECT_EQ(server_.module.unregisterServer(), S_OK);
+        EXPECT_THAT(server_.module.canUnloadNow(), isHresult(S_OK));
+        EXPECT_THAT(server_.module.unregisterServer(), isHresult(S_OK));
         CoUninitialize();
     }
 

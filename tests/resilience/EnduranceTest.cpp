@@ -1,5 +1,6 @@
 // A great many of everything: what the process holds stays the same.
 #include "BuiltServer.h"
+#include "Hresult.h"
 #include "Resources.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ TEST_F(EnduranceTest, TheModuleComesAndGoes)
                 const BuiltServer server;
                 word.playShortSession(server.make(), everyMode[i % 3]);
                 // The class object that the server's user holds does not hold the module.
-                EXPECT_EQ(server.module.canUnloadNow(), S_OK);
+                EXPECT_THAT(server.module.canUnloadNow(), isHresult(S_OK));
             }
             ASSERT_EQ(GetModuleHandleW(L"mirovelcom.dll"), nullptr);
         }
@@ -84,7 +85,7 @@ protected:
     /// A document of so many calls.
     void writeDocument(IDocument& client, int calls) const
     {
-        ASSERT_EQ(client.create(name_), S_OK);
+        ASSERT_THAT(client.create(name_), isHresult(S_OK));
         for (int i = 0; i < calls; ++i) {
             HRESULT result = S_OK;
             switch (i % 10) {
@@ -103,9 +104,9 @@ protected:
             default:
                 result = client.insertText(text_);
             }
-            ASSERT_EQ(result, S_OK);
+            ASSERT_THAT(result, isHresult(S_OK));
         }
-        ASSERT_EQ(client.close(), S_OK);
+        ASSERT_THAT(client.close(), isHresult(S_OK));
     }
 
     const ScratchFolder folder_;
@@ -122,9 +123,11 @@ TEST_P(LongSessionTest, NeedsNoMoreAtItsEndThanAtItsBeginning)
     ObservedWord word;
     const IDocumentPtr client = server.make();
     const int mode = static_cast<int>(GetParam());
-    ASSERT_EQ(client->overrideRegistry(bstr("Word"), bstr("Compose"), bstr(std::to_string(mode)), 1), S_OK);
-    ASSERT_EQ(client->overrideRegistry(bstr("Word"), bstr("WordTemplateName"), bstr(""), 1), S_OK);
-    ASSERT_EQ(client->start(), S_OK);
+    ASSERT_THAT(client->overrideRegistry(bstr("Word"), bstr("Compose"), bstr(std::to_string(mode)), 1),
+                isHresult(S_OK));
+    ASSERT_THAT(client->overrideRegistry(bstr("Word"), bstr("WordTemplateName"), bstr(""), 1),
+                isHresult(S_OK));
+    ASSERT_THAT(client->start(), isHresult(S_OK));
     Resources before;
     for (int i = 0; i < documents && !HasFatalFailure(); ++i) {
         if (i == documents / 4)
@@ -133,7 +136,7 @@ TEST_P(LongSessionTest, NeedsNoMoreAtItsEndThanAtItsBeginning)
         word.word.clearTranscript();
     }
     expectFlat(before, 2 * megabyte);
-    EXPECT_EQ(client->stop(), S_OK);
+    EXPECT_THAT(client->stop(), isHresult(S_OK));
 }
 
 INSTANTIATE_TEST_SUITE_P(Modes, LongSessionTest, testing::ValuesIn(everyMode),

@@ -2,6 +2,7 @@
 // diagnostics and fragments every document is as ever; a registration says so.
 #include "BuiltServer.h"
 #include "FailingFunction.h"
+#include "Hresult.h"
 
 #include <gtest/gtest.h>
 
@@ -94,16 +95,16 @@ TEST_P(RegistrationWritesTest, AreToldWhenTheyFail)
     const ServerModule server;
     FailingFunction failing(server.handle(), function_);
     failing.refuse(0, false);
-    ASSERT_EQ(server.registerServer(), S_OK);
+    ASSERT_THAT(server.registerServer(), isHresult(S_OK));
     const long calls = failing.grantAll();
     ASSERT_GE(calls, 5);
     for (long n = 1; n <= calls; ++n) {
         failing.refuse(n, onwards_);
-        EXPECT_EQ(server.registerServer(), HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED)) << n;
+        EXPECT_THAT(server.registerServer(), isHresult(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED))) << n;
         failing.grantAll();
     }
-    EXPECT_EQ(server.registerServer(), S_OK);
-    EXPECT_EQ(server.unregisterServer(), S_OK);
+    EXPECT_THAT(server.registerServer(), isHresult(S_OK));
+    EXPECT_THAT(server.unregisterServer(), isHresult(S_OK));
 }
 
 INSTANTIATE_TEST_SUITE_P(Functions, RegistrationWritesTest,

@@ -358,9 +358,8 @@ TEST_F(InvokeFuzzTest, WhateverAClientCalls)
         EXPECT_EQ(server.module.canUnloadNow(), S_OK);
         EXPECT_EQ(word.word.liveObjects(), 0);
         word.clear();
-        if (i % 20 == 0) {
+        if (i % 20 == 0)
             EXPECT_TRUE(word.playShortSession(server.make(), Mode::typed) == expected);
-        }
     }
 }
 

@@ -36,9 +36,9 @@ bool write(HANDLE file, const std::string& text)
     return true;
 }
 
-bool holds(HANDLE file, const std::string& text)
+/// `found` has room to read into: nothing here needs memory.
+bool holds(HANDLE file, const std::string& text, std::string& found)
 {
-    std::string found(std::min<std::size_t>(text.size() + 1, largestPiece), '\0');
     std::size_t done = 0;
     for (DWORD read = 0; ReadFile(file, found.data(), static_cast<DWORD>(found.size()), &read, nullptr);
          done += read) {
@@ -54,6 +54,8 @@ bool holds(HANDLE file, const std::string& text)
 
 FragmentFile::FragmentFile(const std::string& text) : path_(newPath())
 {
+    // Before there is a file that a failure would leave behind.
+    std::string found(std::min<std::size_t>(text.size() + 1, largestPiece), '\0');
     const HANDLE made = CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, nullptr);
     if (made == INVALID_HANDLE_VALUE)
@@ -64,7 +66,7 @@ FragmentFile::FragmentFile(const std::string& text) : path_(newPath())
         file_ = CreateFileW(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
         if (file_ == INVALID_HANDLE_VALUE)
             error = GetLastError();
-        else if (!holds(file_, text))
+        else if (!holds(file_, text, found))
             error = ERROR_FILE_INVALID;
     }
     if (error == ERROR_SUCCESS)

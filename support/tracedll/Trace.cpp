@@ -114,16 +114,10 @@ public:
     {
         if (file_ == INVALID_HANDLE_VALUE)
             throw cannotOpen(path, systemMessage(GetLastError()));
-        if (!ownLogs().contains(path) && !holdsLog(file_)) {
-            CloseHandle(file_);
+        if (!ownLogs().contains(path) && !holdsLog(file_))
             throw cannotOpen(path, "The file holds something else.");
-        }
     }
-    ~Log()
-    {
-        flush();
-        CloseHandle(file_);
-    }
+    ~Log() { flush(); }
     Log(const Log&) = delete;
     Log& operator=(const Log&) = delete;
 
@@ -151,7 +145,25 @@ private:
         line_.clear();
     }
 
-    HANDLE file_;
+    /// Closed, too, when the log proves to be none, or memory runs out meanwhile.
+    class File
+    {
+    public:
+        explicit File(HANDLE file) : file_(file) {}
+        ~File()
+        {
+            if (file_ != INVALID_HANDLE_VALUE)
+                CloseHandle(file_);
+        }
+        File(const File&) = delete;
+        File& operator=(const File&) = delete;
+        operator HANDLE() const { return file_; }
+
+    private:
+        HANDLE file_;
+    };
+
+    const File file_;
     std::string line_;
 };
 

@@ -83,7 +83,7 @@ TEST_F(SilentRowsTest, ATemplateThatWordRefusesWhereNobodyCanBeAsked)
                   isStrict ? "QdxException: create: the template is not there, and nobody can be asked \"" +
                                  name + "\": check Word/WordTemplateName"
                            : succeeds);
-        EXPECT_THAT(word.transcript().at(5), testing::ContainsRegex("Documents@[0-9]+\\.Add\\("));
+        EXPECT_THAT(word.transcript().at(5), HasSubstr(".Add("));
         EXPECT_EQ(asked, isStrict ? 0 : 1);
         EXPECT_THAT(written(), HasSubstr("\tcreate\tNothing done: the template is not there, and nobody can "
                                          "be asked \"" +

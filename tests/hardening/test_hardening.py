@@ -199,7 +199,7 @@ class Sources(unittest.TestCase):
         self.assertEqual(("{%s}" % library, version), (described.get("tlbid"), described.get("version")))
         stub = manifest.find("a:comInterfaceExternalProxyStub", NAMESPACE)
         # IDispatch has seven slots.
-        slots = 7 + len(re.findall(r"\[id\(\d+\)\]", idl))
+        slots = 7 + len(re.findall(r"\[id\(\d+\)", idl))
         self.assertEqual(("{%s}" % interface, "{%s}" % library, str(slots)),
                          (stub.get("iid"), stub.get("tlbid"), stub.get("numMethods")))
 

@@ -8,9 +8,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
-#include <iterator>
 #include <map>
 #include <regex>
+#include <string_view>
 #include <utility>
 
 namespace replay {
@@ -54,36 +54,57 @@ std::string withoutFragmentName(const std::string& line)
     return std::regex_replace(line, name, "fragment");
 }
 
-/// The stand-in counts the objects of all its sessions. Here they have numbers in the order of their
-/// appearance.
+/// The stand-in counts the objects of all its sessions. Here they are counted from the first that appears,
+/// and the first document's text has the name that it has in a stand-in's first session.
 class ObjectNumbers
 {
 public:
-    std::string renumbered(const std::string& line)
+    std::string renumbered(std::string_view line)
     {
-        static const std::regex object("@([0-9]+)");
+        if (line.starts_with('#')) // a remark, in words
+            return std::string(line);
         std::string result;
-        auto rest = line.begin();
-        for (std::sregex_iterator at(line.begin(), line.end(), object), end; at != end; ++at) {
-            result.append(rest, (*at)[1].first);
-            const auto [number, isNew] =
-                numbers_.try_emplace(nameBefore(line, at->position()) + at->str(), numbers_.size() + 1);
-            result += std::to_string(number->second);
-            rest = (*at)[1].second;
+        while (!line.empty()) {
+            const std::string_view part = line.substr(0, lengthOfPart(line));
+            const bool isName = part.front() >= 'a' && part.front() <= 'z';
+            result += isName ? named(part) : std::string(part);
+            line.remove_prefix(part.size());
         }
-        return result.append(rest, line.end());
+        return result;
     }
 
 private:
-    static std::string nameBefore(const std::string& line, std::ptrdiff_t at)
+    /// A text in quotes, or all that belongs to one expression, or one other character.
+    static std::size_t lengthOfPart(std::string_view line)
     {
-        const auto end = line.begin() + at;
-        const auto begin = std::find_if_not(std::make_reverse_iterator(end), line.rend(),
-                                            [](unsigned char c) { return std::isalnum(c) != 0; });
-        return {begin.base(), end};
+        std::size_t length = 0;
+        if (line.front() == '"') {
+            for (length = 1; length < line.size() && line[length] != '"'; ++length)
+                length += line[length] == '\\' ? 1 : 0;
+            return std::min(length + 1, line.size());
+        }
+        while (length < line.size() &&
+               (std::isalnum(static_cast<unsigned char>(line[length])) != 0 || line[length] == '.'))
+            ++length;
+        return std::max<std::size_t>(length, 1);
     }
 
-    std::map<std::string, std::size_t> numbers_;
+    /// An expression begins with a kind of object and the number that tells it apart: "document2.body".
+    std::string named(std::string_view expression)
+    {
+        const std::string_view root = expression.substr(0, expression.find('.'));
+        const std::string_view kind = root.substr(0, root.find_first_of("0123456789"));
+        std::map<std::string, std::size_t>& known = numbers_[std::string(kind)];
+        const std::size_t place =
+            known.try_emplace(std::string(root.substr(kind.size())), known.size() + 1).first->second;
+        std::string_view rest = expression.substr(root.size());
+        if (kind == "document" && place == 1 && rest.starts_with(".body"))
+            return std::string(rest.substr(1));
+        return std::string(kind) + (place > 1 ? std::to_string(place) : "") + std::string(rest);
+    }
+
+    /// By kind and the stand-in's own number.
+    std::map<std::string, std::map<std::string, std::size_t>> numbers_;
 };
 
 std::u16string asTold(const std::u16string& text)

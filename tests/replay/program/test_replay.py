@@ -33,12 +33,12 @@ class ReplayTest(EndToEndTest):
 
 
 class Report(ReplayTest):
-    """The sample that uses every method, without the calls that leave no line and with characters of the code page."""
+    """The sample that uses nearly every method, without the calls that leave no line and with characters of the code page."""
 
-    REPLACED = {"    mirovel.setOrientation Portrait\n": "",
-                "    mirovel.showLast\n": "",
-                '    deltaT = Left(greek, 1) & "T"': '    deltaT = "dT"',
-                "    sigma = Mid(greek, 2, 1)": '    sigma = "s"',
+    REPLACED = {"    mirovel.showLast\n": "",
+                '    deltaT = Left(letters, 1) & "T"': '    deltaT = "dT"',
+                "    sigma = Mid(letters, 2, 1)": '    sigma = "s"',
+                "    minus = Mid(letters, 3, 1)": '    minus = "-"',
                 "    mirovel.setTableRowHeight rowHeight\n": "    mirovel.setTableRowHeight 17\n"}
 
     TRACED_FROM_THE_BEGINNING = [("    mirovel.trace 10\n", ""),

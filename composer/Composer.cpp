@@ -375,10 +375,10 @@ void Composer::insertObject(const std::wstring& file, const char16_t* classType,
 
 // Bringing it into Word
 
-void Composer::flushIfMuchWaits()
+void Composer::flushIfMoreWaits(std::size_t most)
 {
     const StoryContent& waits = content();
-    if (waits.waiting() > (waits.isTableOpen() ? mostWaitingInTable : mostWaiting))
+    if (waits.waiting() > (waits.isTableOpen() ? mostWaitingInTable : most))
         current_->flush();
 }
 
@@ -404,8 +404,11 @@ void Composer::flushAll()
         story->flush();
 }
 
-// What waits is safe here, and would be written in more pieces.
-void Composer::prepareSave() {}
+// A little is not worth being written in a piece of its own.
+void Composer::prepareSave()
+{
+    flushIfMoreWaits(mostWaitingAtSave);
+}
 
 _variant_t Composer::saveFormat(std::wstring_view fileName) const
 {

@@ -17,9 +17,9 @@ namespace compose {
 /// The composing writer: keeps what the client says until Word has to have it, and brings it into the
 /// document then in as few calls as possible, so that the document equals what was said.
 ///
-/// Word has to have it when the document is saved or closed; before a picture, a file or an object, whose
-/// failure belongs to its own call; before a header whose section is yet to begin; and when more waits than
-/// `mostWaiting`.
+/// Word has to have it when the document is closed, or saved in between while more waits than
+/// `mostWaitingAtSave`; before a picture, a file or an object, whose failure belongs to its own call; before
+/// a header whose section is yet to begin; and when more waits than `mostWaiting`.
 ///
 /// A failure of Word's reaches the call during which it happened. What had not been done by then is done the
 /// next time.
@@ -37,6 +37,8 @@ public:
     static constexpr std::size_t mostWaiting = 1U << 20U;
     /// The same for an open table, which costs more once it is in Word.
     static constexpr std::size_t mostWaitingInTable = 16U << 20U;
+    /// The same when a save comes: so much at most would be missing in the file.
+    static constexpr std::size_t mostWaitingAtSave = mostWaiting / 4;
 
     /// `trace`: for what it has to report itself; copied. `events`: null, or lives longer.
     Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events = nullptr);
@@ -103,7 +105,8 @@ private:
     void ignored(Silence why, std::wstring_view concerned = {}) noexcept;
     void heed(bool isTaken, Silence why) noexcept;
 
-    void flushIfMuchWaits();
+    void flushIfMoreWaits(std::size_t most);
+    void flushIfMuchWaits() { flushIfMoreWaits(mostWaiting); }
     void tellOfDeadLinks() noexcept;
     void flushAll();
     void complete();

@@ -1,6 +1,7 @@
 // Silent cases that need more than a call: in both settings, by both writers, with the line of the
 // diagnostics.
 #include "FrontEndTest.h"
+#include "UnseenProcess.h"
 
 #include <gmock/gmock.h>
 
@@ -11,29 +12,6 @@ namespace {
 using testing::HasSubstr;
 
 constexpr char succeeds[] = "0x00000000";
-
-/// A process that nobody sees, as a service is.
-class Unseen
-{
-public:
-    Unseen()
-        : former_(GetProcessWindowStation()),
-          station_(CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr))
-    {
-        EXPECT_TRUE(SetProcessWindowStation(station_));
-    }
-    ~Unseen()
-    {
-        SetProcessWindowStation(former_);
-        CloseWindowStation(station_);
-    }
-    Unseen(const Unseen&) = delete;
-    Unseen& operator=(const Unseen&) = delete;
-
-private:
-    HWINSTA former_;
-    HWINSTA station_;
-};
 
 class SilentRowsTest : public FrontEndTest
 {
@@ -66,7 +44,7 @@ private:
 
 TEST_F(SilentRowsTest, ATemplateThatWordRefusesWhereNobodyCanBeAsked)
 {
-    const Unseen unseen;
+    const UnseenProcess unseen;
     const std::string name = folder.write("refused.dot", "no template");
     forEachMode([&](bool isStrict) {
         int asked = 0;

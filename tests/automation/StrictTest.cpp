@@ -1,5 +1,6 @@
 // What is silent by default, what "Word"/"Strict" makes of it, and the line of the diagnostics in both.
 #include "FrontEndTest.h"
+#include "UnseenProcess.h"
 
 #include <gmock/gmock.h>
 
@@ -269,32 +270,9 @@ TEST_F(StrictTest, FailsCreateForASettingThatCannotBeMeant)
     }
 }
 
-/// A process that nobody sees, as a service is.
-class Unseen
-{
-public:
-    Unseen()
-        : former_(GetProcessWindowStation()),
-          station_(CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr))
-    {
-        EXPECT_TRUE(SetProcessWindowStation(station_));
-    }
-    ~Unseen()
-    {
-        SetProcessWindowStation(former_);
-        CloseWindowStation(station_);
-    }
-    Unseen(const Unseen&) = delete;
-    Unseen& operator=(const Unseen&) = delete;
-
-private:
-    HWINSTA former_;
-    HWINSTA station_;
-};
-
 TEST_F(StrictTest, FailsCreateForATemplateThatNobodyCanBeAskedAbout)
 {
-    const Unseen unseen;
+    const UnseenProcess unseen;
     for (const bool isStrict : {false, true}) {
         int asked = 0;
         const QdxMessageBoxOverride answer([&](HWND, const QdxString&, const QdxString&, UINT) {

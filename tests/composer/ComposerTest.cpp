@@ -123,13 +123,32 @@ TEST_F(ComposerTest, GoesOnBehindWhatAUserTypesIntoTheDocument)
     EXPECT_EQ(text(), u"zeroone\r\rtwo");
 }
 
-TEST_F(ComposerTest, WritesNothingForASaveInBetween)
+TEST_F(ComposerTest, WritesForASaveInBetweenWhenMuchWouldBeMissing)
 {
     write(L"one");
     composer->prepareSave();
-    EXPECT_EQ(takeCalls(), Calls());
+    EXPECT_EQ(takeCalls(), Calls()) << "little waits";
+    const std::wstring piece(Composer::mostWaitingAtSave / sizeof(wchar_t), L'x');
+    write(piece.c_str());
+    EXPECT_EQ(takeCalls(), Calls()) << "no save comes";
+    composer->prepareSave();
+    EXPECT_EQ(text().size(), 3 + piece.size());
+    static_cast<void>(takeCalls());
+    composer->prepareSave();
+    EXPECT_EQ(takeCalls(), Calls()) << "nothing waits";
     composer->finish();
-    EXPECT_EQ(text(), u"one");
+    EXPECT_EQ(text().size(), 3 + piece.size());
+}
+
+TEST_F(ComposerTest, LeavesAnOpenTableForASaveInBetween)
+{
+    composer->startTable();
+    composer->addRow();
+    composer->addCell();
+    const std::wstring piece(Composer::mostWaitingAtSave / sizeof(wchar_t) + 1, L'x');
+    write(piece.c_str());
+    composer->prepareSave();
+    EXPECT_EQ(takeCalls(), Calls());
 }
 
 TEST_F(ComposerTest, WritesIntoAnEmptyPlainDocumentWhateverItsTemplateHolds)

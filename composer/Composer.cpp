@@ -6,6 +6,7 @@
 #include "TextConversion.h"
 #include "WordConstants.h"
 #include "general/QdxException.h"
+#include "win32/FullPath.h"
 
 #include <array>
 #include <ostream>
@@ -338,9 +339,9 @@ void Composer::insertFile(const wchar_t* fileName, short insertAsType)
     else if (insertAsType == asLink || insertAsType == asHyperLink)
         insertLink(portable(withoutFolder(path)), {.address = portable(path)});
     else if (isPicture(path))
-        current_->addPicture(portable(fullPathOf(path)), nullptr);
+        current_->addPicture(portable(fullPath(path)), nullptr);
     else
-        current_->addFile(portable(fullPathOf(path)));
+        current_->addFile(portable(fullPath(path)));
 }
 
 void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUrl)
@@ -351,7 +352,7 @@ void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUr
         link = targetOf(target);
     const std::optional<std::wstring> file = findFile(imageFileName ? imageFileName : L"", installDir_);
     if (file)
-        current_->addPicture(portable(fullPathOf(*file)), target.empty() ? nullptr : &link);
+        current_->addPicture(portable(fullPath(*file)), target.empty() ? nullptr : &link);
     else if (imageFileName && *imageFileName)
         reportMissing(imageFileName);
 }
@@ -366,7 +367,7 @@ void Composer::reportMissing(const wchar_t* fileName)
 void Composer::insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
                             bool isLinked)
 {
-    current_->addObject({.file = portable(fullPathOf(file)),
+    current_->addObject({.file = portable(fullPath(file)),
                          .classType = classType,
                          .iconProgram = iconProgram,
                          .label = portable(withoutFolder(file)),

@@ -1,7 +1,5 @@
 #include "FileLookup.h"
 
-#include "win32/FullPath.h"
-
 #include <algorithm>
 #include <array>
 #include <cwchar>
@@ -82,11 +80,6 @@ std::optional<std::wstring> findFile(const std::wstring& name, const std::wstrin
         if (std::wstring installed = joined(installDir, L"pix\\" + name); isFileThere(installed))
             return installed;
     return {};
-}
-
-std::wstring fullPathOf(const std::wstring& name)
-{
-    return fullPath(name);
 }
 
 } // namespace compose

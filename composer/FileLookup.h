@@ -22,7 +22,4 @@ bool isPicture(std::wstring_view fileName);
 /// the installation.
 std::optional<std::wstring> findFile(const std::wstring& name, const std::wstring& installDir);
 
-/// From the process's own directory, which is not Word's.
-std::wstring fullPathOf(const std::wstring& name);
-
 } // namespace compose

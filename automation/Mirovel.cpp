@@ -23,14 +23,14 @@ void returnText(BSTR* out, const wchar_t* text)
         _com_issue_error(E_OUTOFMEMORY);
 }
 
+/// An ended Word does not answer either, so that nothing is claimed of one that does not.
 void tellThatWordStays(DocSession& session, bool visible, bool answers) noexcept
 {
     session.diagnostics.tell([&] {
-        const char* const why = !answers  ? "it does not say whether its window is visible"
-                                : visible ? "its window is visible"
-                                          : "it could not be ended";
-        return diagnostics::Event{.severity = diagnostics::Severity::warning,
-                                  .what = std::string("Word is left running: ") + why};
+        const char* const what = !answers  ? "Word is left as it is: it does not answer"
+                                 : visible ? "Word is left running: its window is visible"
+                                           : "Word is left running: it could not be ended";
+        return diagnostics::Event{.severity = diagnostics::Severity::warning, .what = what};
     });
 }
 

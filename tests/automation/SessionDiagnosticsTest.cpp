@@ -226,6 +226,18 @@ TEST_F(SessionEventsTest, TellOfAWordThatIsLeftRunning)
     EXPECT_THAT(events(), testing::Contains("warning Release Word is left running: its window is visible"));
 }
 
+TEST_F(SessionEventsTest, ClaimNothingOfAWordThatDoesNotAnswer)
+{
+    begin();
+    openDocument();
+    word.failFromCall(1, static_cast<HRESULT>(0x800706BA));
+    client = nullptr;
+    EXPECT_THAT(events(), testing::Contains("warning Release Word is left as it is: it does not answer"));
+    EXPECT_THAT(events(), testing::Not(testing::Contains(testing::HasSubstr("left running"))));
+    word.clearFaults();
+    word.application()->Quit();
+}
+
 TEST_F(SessionEventsTest, TellOfWhatFailsWhileTheObjectIsReleased)
 {
     begin();

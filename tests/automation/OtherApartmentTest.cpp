@@ -1,4 +1,5 @@
 // Calls of the virtual table that come from another apartment, through a proxy: failures are returned.
+#include "Apartment.h"
 #include "FrontEndTest.h"
 
 #include "TextConversion.h"
@@ -16,72 +17,42 @@ namespace {
 
 constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
 
-/// A single-threaded apartment with a message loop. In it live a Word and a client's object.
+/// An apartment in which a Word and a client's object live.
 class OtherApartment
 {
 public:
-    OtherApartment() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)), thread_([this] { live(); })
+    OtherApartment()
     {
-        WaitForSingleObject(event_, INFINITE);
+        apartment_.run([this] {
+            word = std::make_unique<standin::Session>();
+            installed_ = std::make_unique<standin::ClassRegistration>(*word);
+            void* created = nullptr;
+            _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
+            object = IDocumentPtr(static_cast<IDocument*>(created), false);
+        });
     }
     ~OtherApartment()
     {
-        PostThreadMessageW(id_, WM_QUIT, 0, 0);
-        thread_.join();
-        CloseHandle(event_);
+        apartment_.run([this] {
+            object = nullptr;
+            installed_.reset();
+            word.reset();
+        });
     }
     OtherApartment(const OtherApartment&) = delete;
     OtherApartment& operator=(const OtherApartment&) = delete;
 
-    /// The object, for the calling thread. Once.
-    IDocumentPtr proxy()
-    {
-        void* unmarshaled = nullptr;
-        _com_util::CheckError(CoGetInterfaceAndReleaseStream(stream_, IID_IDocument, &unmarshaled));
-        return {static_cast<IDocument*>(unmarshaled), false};
-    }
-
+    /// The object, for the calling thread.
+    IDocumentPtr proxy() { return apartment_.proxyOf(object); }
     /// Does `work` in the apartment.
-    void run(const std::function<void()>& work)
-    {
-        PostThreadMessageW(id_, WM_APP, 0, reinterpret_cast<LPARAM>(&work));
-        WaitForSingleObject(event_, INFINITE);
-    }
+    void run(const std::function<void()>& work) { apartment_.run(work); }
 
     std::unique_ptr<standin::Session> word;
     IDocumentPtr object; ///< For use in the apartment alone.
 
 private:
-    void live()
-    {
-        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        id_ = GetCurrentThreadId();
-        word = std::make_unique<standin::Session>();
-        auto installed = std::make_unique<standin::ClassRegistration>(*word);
-        void* created = nullptr;
-        _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
-        object = IDocumentPtr(static_cast<IDocument*>(created), false);
-        _com_util::CheckError(CoMarshalInterThreadInterfaceInStream(IID_IDocument, object, &stream_));
-        MSG message{};
-        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
-        SetEvent(event_);
-        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-            if (!message.hwnd && message.message == WM_APP) {
-                (*reinterpret_cast<const std::function<void()>*>(message.lParam))();
-                SetEvent(event_);
-            }
-            DispatchMessageW(&message);
-        }
-        object = nullptr;
-        installed.reset();
-        word.reset();
-        CoUninitialize();
-    }
-
-    HANDLE event_;
-    DWORD id_ = 0;
-    IStream* stream_ = nullptr;
-    std::thread thread_;
+    std::unique_ptr<standin::ClassRegistration> installed_;
+    Apartment apartment_;
 };
 
 /// "source: description" of the calling thread's error object, which is then gone.

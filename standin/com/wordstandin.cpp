@@ -1,10 +1,13 @@
 #include "ApplicationFactory.h"
+#include "FileNames.h"
 #include "HeldInterfaces.h"
 #include "InsertedFiles.h"
+#include "Profile.h"
 #include "Registration.h"
 #include "Server.h"
-#include "SwitchNames.h"
+#include "SwitchTable.h"
 #include "TranscriptFile.h"
+#include "WordError.h"
 
 #include <cstdio>
 #include <cwchar>
@@ -38,11 +41,17 @@ public:
     ComApartment& operator=(const ComApartment&) = delete;
 };
 
-std::string environmentText(const wchar_t* name)
+std::wstring environmentValue(const wchar_t* name)
 {
     const DWORD size = GetEnvironmentVariableW(name, nullptr, 0);
     std::wstring value(size, L'\0');
     value.resize(GetEnvironmentVariableW(name, value.data(), size));
+    return value;
+}
+
+std::string environmentText(const wchar_t* name)
+{
+    const std::wstring value = environmentValue(name);
     return {value.begin(), value.end()};
 }
 
@@ -56,9 +65,18 @@ void readEnvironment(Server& server)
     server.insertedFiles = insertedFilesFromEnvironment();
 }
 
+std::string profileText(const std::wstring& file)
+try {
+    return readFile(file);
+} catch (const model::WordError&) {
+    throw std::runtime_error("the profile cannot be read");
+}
+
 model::Switches switchesFromEnvironment()
 {
     model::Switches switches;
+    if (const std::wstring profile = environmentValue(L"WORDSTANDIN_PROFILE"); !profile.empty())
+        model::readProfile(switches, profileText(profile));
     model::readSwitches(switches, environmentText(L"WORDSTANDIN_SWITCHES"));
     return switches;
 }

@@ -195,7 +195,8 @@ void insertDocument(LiveRange& range, const Document& other, const DocumentCopyO
         range.remove();
     const Position start = std::min(range.start(), range.story().length() - 1);
     const Position past = Copier(other, range.storyPtr(), start, options).copy();
-    range.setRange(start, options.coversText ? past : start);
+    range.setRange(options.range == InsertedRange::behind ? past : start,
+                   options.range == InsertedRange::inFront ? start : past);
 }
 
 } // namespace standin::model

@@ -13,7 +13,7 @@ struct DocumentCopyOptions
     LastParagraph lastParagraph = LastParagraph::mark;
     /// Text that looks so gets its name and size as direct formatting.
     std::optional<FontProperties> creepingFont = {};
-    bool coversText = true; ///< otherwise the range lies in front of the text
+    InsertedRange range = InsertedRange::coversText; ///< afterwards
     bool movesBookmarks = true;
 };
 

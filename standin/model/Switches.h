@@ -10,6 +10,46 @@ enum class LastParagraph
     surplus  ///< where the file ends with the word for it, an empty paragraph behind the mark
 };
 
+/// Whether inserting a page break puts a paragraph mark behind it.
+enum class PageBreakMark
+{
+    never,
+    atStartOfText, ///< where a paragraph begins that is not empty
+    always
+};
+
+/// Where a bookmark comes to lie that is placed, collapsed, directly in front of a table.
+enum class BookmarkAtTable
+{
+    stays,
+    firstCell,
+    behind
+};
+
+/// What SaveAs makes of a name that ends in .doc, without a format.
+enum class DocWithoutFormat
+{
+    document97,     ///< what the name says
+    machineDefault, ///< the format of .docx under that name
+    refused         ///< 4198
+};
+
+/// Where the range lies after a file was inserted.
+enum class InsertedRange
+{
+    coversText,
+    inFront,
+    behind
+};
+
+/// Bookmarks at the place where a file is inserted.
+enum class OverlappedBookmarks
+{
+    kept,
+    lostInside,  ///< those that the place lies within
+    lostTouching ///< those that begin or end there, too
+};
+
 /// Points where it is not certain how Word behaves. Each has the reading taken by default and the other one,
 /// so that a client can be run under both.
 struct Switches
@@ -48,12 +88,44 @@ struct Switches
     /// Direct formatting is what the text says beyond its style's entry in the file; otherwise also what it
     /// says as the entry does.
     bool insertFileKeepsDifferencesOnly = true;
-    /// The range afterwards covers the text; otherwise it lies collapsed in front of it.
-    bool insertFileRangeCoversText = true;
+    /// Range.InsertFile: the range afterwards.
+    InsertedRange insertFileRange = InsertedRange::coversText;
+    /// Range.InsertFile: bookmarks that are there.
+    OverlappedBookmarks insertFileOverlappedBookmarks = OverlappedBookmarks::kept;
     /// A bookmark whose name exists already moves to the text; otherwise the file's is dropped.
     bool insertFileMovesBookmarks = true;
     /// RTF is read; otherwise refused, as a policy can have it (4198).
     bool insertFileTakesRtf = true;
+    /// A built-in style that has a character style beside it (a heading's, Header, Footer, Title), put on a
+    /// part of one paragraph without its mark, formats the whole paragraph; otherwise the characters only.
+    bool linkedStyleFormatsParagraph = true;
+    /// Putting a paragraph style keeps direct character formatting that covers more than half of a paragraph.
+    bool paragraphStyleKeepsFontOfMost = true;
+    PageBreakMark pageBreakParagraphMark = PageBreakMark::never;
+    /// Text inserted directly behind a field that is formatted as hidden is not.
+    bool textBehindHiddenFieldShows = true;
+    /// AddPicture and AddOLEObject without a range, called on a range's InlineShapes, insert in front of that
+    /// range and replace nothing; otherwise they replace its text.
+    bool shapeReplacesNothing = true;
+    /// The range of a whole story is [0,0) after `Delete`; otherwise [0,1).
+    bool deletedStoryRangeCollapses = true;
+    /// InsertAfter on a cell's range leaves the cell's mark in it; otherwise the range ends in front of the
+    /// mark.
+    bool cellRangeKeepsMark = true;
+    /// Headers and footers take page breaks; otherwise refused (4605).
+    bool headerTakesPageBreak = true;
+    /// Headers and footers take tables of contents; otherwise refused (4605).
+    bool headerTakesContents = true;
+    /// TablesOfContents.Add takes a LowerHeadingLevel of 0 or above 9; otherwise refused (4608).
+    bool contentsTakeAnyLevel = true;
+    /// Start and End beyond the story are refused (4608); otherwise they come to stand at its end.
+    bool endBeyondStoryIsRefused = true;
+    BookmarkAtTable bookmarkInFrontOfTable = BookmarkAtTable::stays;
+    DocWithoutFormat docWithoutFormat = DocWithoutFormat::document97;
+    /// After ConvertToTable the range covers the table; otherwise it lies collapsed in front of it.
+    bool convertToTableRangeCoversTable = true;
+    /// ConvertToTable draws no lines unless it is asked to.
+    bool convertToTableDrawsNoLines = true;
 };
 
 } // namespace standin::model

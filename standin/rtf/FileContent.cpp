@@ -28,7 +28,7 @@ model::DocumentCopyOptions optionsOf(const model::Switches& switches, const RtfF
         options.lastParagraph = model::LastParagraph::mark;
     if (!switches.insertFileLeavesDefaultFont)
         options.creepingFont = fragment.defaultFont;
-    options.coversText = switches.insertFileRangeCoversText;
+    options.range = switches.insertFileRange;
     options.movesBookmarks = switches.insertFileMovesBookmarks;
     return options;
 }

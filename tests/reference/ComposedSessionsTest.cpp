@@ -57,13 +57,15 @@ standin::model::Switches switchesOf(unsigned combination)
 /// quotient's bits are the other points.
 void setReading(standin::model::Switches& switches, unsigned combination)
 {
+    using standin::model::InsertedRange;
     using standin::model::LastParagraph;
     static constexpr std::array ends = {LastParagraph::mark, LastParagraph::dropped, LastParagraph::surplus};
     switches.insertFileLastParagraph = ends.at(combination % ends.size());
     unsigned bits = combination / ends.size();
+    switches.insertFileRange = (bits & 1U) == 0 ? InsertedRange::coversText : InsertedRange::inFront;
+    bits >>= 1U;
     for (bool* const point : {&switches.insertFileLeavesDefaultFont, &switches.insertFileKeepsDifferencesOnly,
-                              &switches.insertFileRangeCoversText, &switches.insertFileMovesBookmarks,
-                              &switches.insertFileTakesRtf}) {
+                              &switches.insertFileMovesBookmarks, &switches.insertFileTakesRtf}) {
         *point = (bits & 1U) == 0;
         bits >>= 1U;
     }

@@ -2,6 +2,8 @@
 
 #include <Word.h>
 #include <WordConstants.h>
+#include <filesystem>
+#include <fstream>
 
 /// The server in a process of its own: registered by itself in this test's Wine prefix, started by COM.
 namespace {
@@ -90,8 +92,8 @@ protected:
 
     void TearDown() override
     {
-        for (const wchar_t* name :
-             {L"WORDSTANDIN_TRANSCRIPT", L"WORDSTANDIN_FAIL", L"WORDSTANDIN_EXIT", L"WORDSTANDIN_SWITCHES"})
+        for (const wchar_t* name : {L"WORDSTANDIN_TRANSCRIPT", L"WORDSTANDIN_FAIL", L"WORDSTANDIN_EXIT",
+                                    L"WORDSTANDIN_SWITCHES", L"WORDSTANDIN_PROFILE"})
             SetEnvironmentVariableW(name, nullptr);
         EXPECT_EQ(runToEnd(L"/unregserver"), 0u);
         EXPECT_FALSE(isRegistered());
@@ -198,6 +200,26 @@ TEST_F(WordStandin, TakesItsReadingsFromTheEnvironment)
     EXPECT_EQ(document->Range(Word::integer(0), Word::integer(3))->Delete(), 3);
     application->Quit();
     SetEnvironmentVariableW(L"WORDSTANDIN_SWITCHES", L"nonsense=0");
+    EXPECT_EQ(runToEnd(L"/run"), 1u);
+}
+
+TEST_F(WordStandin, TakesItsReadingsFromAProfile)
+{
+    const std::wstring profile = folder.file(L"profile.json");
+    const auto write = [&profile](const char* text) {
+        std::ofstream(std::filesystem::path(profile)) << text;
+    };
+    SetEnvironmentVariableW(L"WORDSTANDIN_PROFILE", profile.c_str());
+    SetEnvironmentVariableW(L"WORDSTANDIN_SWITCHES", L"oleObjectIsField=0");
+    write(R"({"kit": 1, "switches": {"deleteAnswersOne": false}})");
+    const Word::_ApplicationPtr application = createApplication();
+    const Word::_DocumentPtr document = application->GetDocuments()->Add();
+    document->Range()->InsertAfter(L"abc");
+    EXPECT_EQ(document->Range(Word::integer(0), Word::integer(3))->Delete(), 3);
+    application->Quit();
+    write(R"({"switches": {"nonsense": false}})");
+    EXPECT_EQ(runToEnd(L"/run"), 1u);
+    SetEnvironmentVariableW(L"WORDSTANDIN_PROFILE", folder.file(L"none.json").c_str());
     EXPECT_EQ(runToEnd(L"/run"), 1u);
 }
 

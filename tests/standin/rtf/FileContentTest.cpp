@@ -324,7 +324,7 @@ TEST_F(FragmentTest, TheRangeCoversTheTextOrLiesInFront)
     LiveRange place = range(1, 1);
     insertFileContent(place, fragment("one\\par"));
     EXPECT_EQ(place.end(), 5);
-    document = Document::make(u"Document1", {.insertFileRangeCoversText = false});
+    document = Document::make(u"Document1", {.insertFileRange = InsertedRange::inFront});
     write(u"abX");
     LiveRange other = range(1, 2);
     insertFileContent(other, fragment("one\\par"));

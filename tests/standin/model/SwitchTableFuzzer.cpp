@@ -1,6 +1,7 @@
-// Any text where switches and faults are named: taken, or refused in one way.
+// Any text where switches and faults are named, and as a profile: taken, or refused in one way.
 #include "Faults.h"
-#include "SwitchNames.h"
+#include "Profile.h"
+#include "SwitchTable.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -13,6 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     standin::model::Switches switches;
     try {
         readSwitches(switches, text);
+    } catch (const std::invalid_argument&) {
+    }
+    try {
+        standin::model::readProfile(switches, text);
     } catch (const std::invalid_argument&) {
     }
     standin::Faults faults;

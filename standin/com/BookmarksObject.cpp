@@ -63,7 +63,7 @@ Word::BookmarkPtr BookmarksObject::doAdd(std::u16string_view name, const VARIANT
     const bool givesRange = !isOmitted(range);
     const model::LiveRange place = givesRange ? model::LiveRange(RangeObject::of(toObject(range)))
                                               : model::LiveRange(document_->mainStory(), 0, 0);
-    const model::BookmarkPtr bookmark = bookmarks().add(name, place);
+    const model::BookmarkPtr bookmark = bookmarks().add(name, model::bookmarkPlace(place));
     if (model::crossesField(place))
         server().note(crossesFieldNote);
     return makeObject<BookmarkObject>(sharedServer(), bookmark);

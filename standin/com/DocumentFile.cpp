@@ -56,6 +56,17 @@ std::u16string_view extensionOf(long format)
     }
 }
 
+/// What SaveAs takes when nobody says one.
+long formatWithoutWish(const model::Document& document, std::u16string_view fileName)
+{
+    const model::DocWithoutFormat reading = document.switches().docWithoutFormat;
+    if (reading == model::DocWithoutFormat::document97 || !model::foldCase(fileName).ends_with(u".doc"))
+        return Word::wdFormatDocument;
+    if (reading == model::DocWithoutFormat::refused)
+        throw WordError(WordErrorNumber::commandFailed);
+    return formatXmlDocument;
+}
+
 /// A new document with a file's content; none at all when that cannot be read.
 model::DocumentPtr readDocument(Server& server, const std::wstring& file)
 {
@@ -92,8 +103,9 @@ model::DocumentPtr openDocument(Server& server, std::u16string_view fileName)
 }
 
 void saveDocumentAs(Server& server, const model::DocumentPtr& document, std::u16string_view fileName,
-                    long format)
+                    std::optional<long> givenFormat)
 {
+    const long format = givenFormat ? *givenFormat : formatWithoutWish(*document, fileName);
     FileName file = resolveFileName(fileName, extensionOf(format));
     const model::DocumentPtr open = openUnder(server, file);
     if (open && open != document)
@@ -101,6 +113,7 @@ void saveDocumentAs(Server& server, const model::DocumentPtr& document, std::u16
                         "Word cannot save this file because it is already open elsewhere.");
     write(server, *document, file);
     document->setFile(std::move(file.folder), std::move(file.name));
+    document->setSaveFormat(format);
     document->setSaved(true);
     server.enterDocument(document);
 }

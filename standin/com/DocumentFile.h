@@ -17,7 +17,7 @@ model::DocumentPtr openDocument(Server& server, std::u16string_view fileName);
 /// Saves under a name, which becomes the document's own. Raises WordError for a file that cannot be written;
 /// the document keeps its old name then.
 void saveDocumentAs(Server& server, const model::DocumentPtr& document, std::u16string_view fileName,
-                    long format);
+                    std::optional<long> givenFormat);
 
 /// Saves a document under the name that it has. Raises WordError 4198 when it has none, since nobody can be
 /// asked.

@@ -94,7 +94,7 @@ Word::TablesPtr DocumentObject::getTables()
 
 Word::InlineShapesPtr DocumentObject::getInlineShapes()
 {
-    return makeObject<InlineShapesObject>(sharedServer(), content());
+    return makeObject<InlineShapesObject>(sharedServer(), content(), InlineShapesObject::Of::document);
 }
 
 Word::RangePtr DocumentObject::doRange(const VARIANT& start, const VARIANT& end)
@@ -113,7 +113,12 @@ void DocumentObject::doSaveAs(const VARIANT& fileName, const VARIANT& fileFormat
 {
     const std::u16string name = isMissing(fileName) ? open().fullName() : toText(fileName);
     open();
-    saveDocumentAs(server(), document_, name, optionalLong(fileFormat).value_or(Word::wdFormatDocument));
+    saveDocumentAs(server(), document_, name, optionalLong(fileFormat));
+}
+
+long DocumentObject::getSaveFormat()
+{
+    return open().saveFormat();
 }
 
 void DocumentObject::doClose(const VARIANT& saveChanges, const VARIANT&, const VARIANT&)

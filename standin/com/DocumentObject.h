@@ -32,6 +32,7 @@ protected:
     Word::HyperlinksPtr getHyperlinks() override;
     Word::TablesOfContentsPtr getTablesOfContents() override;
     Word::RangePtr doRange(const VARIANT& start, const VARIANT& end) override;
+    long getSaveFormat() override;
     void doSaveAs(const VARIANT& fileName, const VARIANT& fileFormat, const VARIANT& lockComments,
                   const VARIANT& password, const VARIANT& addToRecentFiles, const VARIANT& writePassword,
                   const VARIANT& readOnlyRecommended, const VARIANT& embedTrueTypeFonts,

@@ -66,8 +66,8 @@ model::ObjectSource objectOf(const std::u16string& className, const std::u16stri
 }
 } // namespace
 
-InlineShapesObject::InlineShapesObject(std::shared_ptr<Server> server, const model::LiveRange& scope)
-    : InlineShapesBase(std::move(server)), scope_(scope)
+InlineShapesObject::InlineShapesObject(std::shared_ptr<Server> server, const model::LiveRange& scope, Of of)
+    : InlineShapesBase(std::move(server)), scope_(scope), of_(of)
 {
 }
 
@@ -107,10 +107,11 @@ Word::InlineShapePtr InlineShapesObject::doAddOLEObject(const VARIANT& classType
 
 model::LiveRange& InlineShapesObject::placeFor(const VARIANT& range)
 {
-    if (isMissing(range))
-        return scope_;
-    model::LiveRange& place = RangeObject::of(toObject(range));
-    if (!place.isCollapsed())
+    const bool isGiven = !isMissing(range);
+    model::LiveRange& place = isGiven ? RangeObject::of(toObject(range)) : scope_;
+    const bool replaces =
+        isGiven || (of_ == Of::range && !scope_.story().document().switches().shapeReplacesNothing);
+    if (replaces && !place.isCollapsed())
         place.remove();
     return place;
 }

@@ -6,11 +6,16 @@
 
 namespace standin {
 /// The pictures and objects in a range; of a document, those of its main text. New ones go to the range's
-/// start.
+/// start; a range's own may replace it, where Word does.
 class InlineShapesObject : public InlineShapesBase
 {
 public:
-    InlineShapesObject(std::shared_ptr<Server> server, const model::LiveRange& scope);
+    enum class Of
+    {
+        document,
+        range
+    };
+    InlineShapesObject(std::shared_ptr<Server> server, const model::LiveRange& scope, Of of);
 
 protected:
     long getCount() override { return static_cast<long>(model::shapesIn(scope_).size()); }
@@ -28,5 +33,6 @@ private:
     Word::InlineShapePtr shown(const model::PlacedShape& shape);
 
     model::LiveRange scope_;
+    Of of_;
 };
 } // namespace standin

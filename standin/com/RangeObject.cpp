@@ -125,7 +125,7 @@ Word::TablesPtr RangeObject::getTables()
 Word::InlineShapesPtr RangeObject::getInlineShapes()
 {
     range_.story();
-    return makeObject<InlineShapesObject>(sharedServer(), range_);
+    return makeObject<InlineShapesObject>(sharedServer(), range_, InlineShapesObject::Of::range);
 }
 
 long RangeObject::getBold()
@@ -232,6 +232,10 @@ Word::TablePtr RangeObject::doConvertToTable(const VARIANT& separator, const VAR
     options.columns = optionalLong(columns);
     options.columnWidth = isOmitted(columnWidth) ? 0 : toFloat(columnWidth);
     options.borders = bordersOf(defaultTableBehavior);
+    const bool asksForNothing =
+        isOmitted(format) && isOmitted(applyBorders) && isOmitted(defaultTableBehavior);
+    if (asksForNothing && !range_.story().document().switches().convertToTableDrawsNoLines)
+        options.borders = model::Table::Borders::single;
     if (formatHasBorders(format, applyBorders))
         options.borders = model::Table::Borders::single;
     return makeObject<TableObject>(sharedServer(), model::convertToTable(range_, options));

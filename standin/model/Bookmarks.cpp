@@ -1,6 +1,7 @@
 #include "Bookmarks.h"
 
 #include "Document.h"
+#include "TableSpans.h"
 #include "WordError.h"
 
 #include <algorithm>
@@ -85,6 +86,23 @@ void Bookmarks::remove(std::u16string_view name)
     }
 }
 
+void Bookmarks::removeAt(const LiveRange& place, bool atEdges)
+{
+    std::erase_if(byFoldedName_, [&](const auto& each) {
+        Bookmark& bookmark = *each.second;
+        if (!bookmark.exists() || bookmark.range().storyPtr() != place.storyPtr())
+            return false;
+        const LiveRange& mine = bookmark.range();
+        const bool isInside = mine.start() < place.end() && place.start() < mine.end();
+        const bool isAround = mine.start() < place.start() && place.end() < mine.end();
+        const bool touches = mine.start() <= place.end() && place.start() <= mine.end();
+        const bool isLost = isInside || isAround || (atEdges && touches);
+        if (isLost)
+            bookmark.range_.reset();
+        return isLost;
+    });
+}
+
 std::vector<BookmarkPtr> Bookmarks::all() const
 {
     std::vector<BookmarkPtr> found;
@@ -106,6 +124,21 @@ std::vector<BookmarkPtr> Bookmarks::touching(const LiveRange& range) const
         return a->range().start() < b->range().start();
     });
     return found;
+}
+
+LiveRange bookmarkPlace(const LiveRange& given)
+{
+    const Story& story = given.story();
+    const BookmarkAtTable reading = story.document().switches().bookmarkInFrontOfTable;
+    if (reading == BookmarkAtTable::stays || !given.isCollapsed())
+        return given;
+    const std::optional<ParagraphSpan> table = tableAt(story, given.start());
+    if (!table || startOf(story, *table) != given.start())
+        return given;
+    if (reading == BookmarkAtTable::behind)
+        return {given.storyPtr(), endOf(story, *table), endOf(story, *table)};
+    const ParagraphSpan cell = cellsOf(story, rowAt(story, table->first)).front();
+    return {given.storyPtr(), given.start(), endOf(story, cell) - 1};
 }
 
 } // namespace standin::model

@@ -51,6 +51,8 @@ public:
     BookmarkPtr add(std::u16string_view name, const LiveRange& range);
     BookmarkPtr find(std::u16string_view name) const; ///< null when there is none
     void remove(std::u16string_view name);
+    /// Those that the place lies within, or cuts; at the edges, those that begin or end there as well.
+    void removeAt(const LiveRange& place, bool atEdges);
     /// In the order of their names.
     std::vector<BookmarkPtr> all() const;
     /// Those that touch the range, in the order of their places.
@@ -59,5 +61,9 @@ public:
 private:
     std::map<std::u16string, BookmarkPtr> byFoldedName_;
 };
+
+/// Where a bookmark comes to lie that a client puts to the place: directly in front of a table the document's
+/// switches decide.
+LiveRange bookmarkPlace(const LiveRange& given);
 
 } // namespace standin::model

@@ -37,6 +37,8 @@ public:
     void setFile(std::u16string path, std::u16string name);
     bool isSaved() const { return saved_; }
     void setSaved(bool saved) { saved_ = saved; }
+    std::int32_t saveFormat() const { return saveFormat_; } ///< Word's number
+    void setSaveFormat(std::int32_t format) { saveFormat_ = format; }
     ///@}
 
     /// \name Content
@@ -85,6 +87,7 @@ private:
     std::u16string name_;
     std::u16string path_;
     bool saved_ = true;
+    std::int32_t saveFormat_ = 0;
     bool closed_ = false;
     Styles styles_;
     std::shared_ptr<Story> mainStory_;

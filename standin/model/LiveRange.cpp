@@ -35,6 +35,33 @@ std::pair<std::size_t, std::size_t> paragraphsTouched(const Story& story, Positi
     return {first, last + 1};
 }
 
+bool isFormatted(FontProperties font)
+{
+    font.hidden.reset();
+    return font != FontProperties();
+}
+
+/// Takes away direct formatting that more than half of the paragraph's text has. What is hidden stays so.
+void dropFontOfMost(Story& story, std::size_t index)
+{
+    const Paragraph paragraph = story.paragraph(index);
+    Position formatted = 0;
+    eachStretch(story, paragraph.start, paragraph.end - 1,
+                [&](Position from, Position past, const ParagraphFormat&, const CharacterFormat& run) {
+                    formatted += isFormatted(run.font) ? past - from : 0;
+                });
+    if (2 * formatted <= paragraph.end - 1 - paragraph.start)
+        return;
+    for (Position at = paragraph.start; at < paragraph.end;) {
+        const CharacterRun run = story.runAt(at);
+        const Position past = std::min(run.end, paragraph.end);
+        CharacterFormat format = *run.format;
+        format.font = {.hidden = format.font.hidden};
+        story.setCharacterFormat(at, past, format);
+        at = past;
+    }
+}
+
 } // namespace
 
 LiveRange::LiveRange(std::shared_ptr<Story> story, Position start, Position end) : story_(std::move(story))
@@ -78,11 +105,13 @@ Position LiveRange::end() const
 
 void LiveRange::setStart(Position start)
 {
+    start = withinStory(start, story().length() - 1);
     setRange(start, std::max(start, end()));
 }
 
 void LiveRange::setEnd(Position end)
 {
+    end = withinStory(end, story().length());
     setRange(std::min(start(), end), end);
 }
 
@@ -124,8 +153,10 @@ void LiveRange::setText(std::u16string_view text)
 void LiveRange::insertAfter(std::u16string_view text)
 {
     const Position at = insertionPointAfter();
+    const bool leavesMark =
+        at < end() && isCellMark(story(), at) && !story().document().switches().cellRangeKeepsMark;
     const Position past = at + insertInto(at, text);
-    if (end() < past)
+    if (end() < past || leavesMark)
         place(start(), past);
 }
 
@@ -180,7 +211,10 @@ std::int32_t LiveRange::remove(std::int32_t count)
 {
     if (isCollapsed())
         return removeCharacters(count);
+    const bool isWholeStory = start() == 0 && end() == story().length();
     const Position removed = removeContent();
+    if (isWholeStory && !story().document().switches().deletedStoryRangeCollapses)
+        place(0, story().length());
     return story().document().switches().deleteAnswersOne ? 1 : removed;
 }
 
@@ -213,14 +247,21 @@ void LiveRange::setStyle(const Style& style)
         return;
     }
     Story& owner = story();
-    const bool keepsDirect = owner.document().switches().paragraphStyleKeepsDirectFormatting;
+    const Switches& switches = owner.document().switches();
+    const bool isLinked = style.hasCharacterStyle() && !switches.linkedStyleFormatsParagraph;
+    if (isLinked && !isCollapsed() && end() < owner.paragraphAt(start()).end) {
+        setCharacterStyle(*owner.document().styles().characterStyleOf(style));
+        return;
+    }
     const auto [first, past] = paragraphsTouched(owner, start(), end());
     for (std::size_t i = first; i < past; ++i) {
         ParagraphFormat format = *owner.paragraph(i).format;
         format.style = &style;
-        if (!keepsDirect)
+        if (!switches.paragraphStyleKeepsDirectFormatting)
             format.properties = {};
         owner.setParagraphFormat(i, format);
+        if (!switches.paragraphStyleKeepsFontOfMost)
+            dropFontOfMost(owner, i);
     }
 }
 
@@ -339,11 +380,34 @@ std::int32_t LiveRange::removeCharacters(std::int32_t count)
 
 void LiveRange::insertBreakCharacter(char16_t character)
 {
+    const Switches& switches = story().document().switches();
+    if (character == mark::page && story_->type() != StoryType::mainText && !switches.headerTakesPageBreak)
+        throw WordError(WordErrorNumber::notAvailable);
     removeContent();
     const Position at = insertionPointAfter();
-    story().insert(at, {&character, 1});
-    const bool covers = story().document().switches().pageBreakRangeCoversBreak;
-    place(covers ? at : at + 1, at + 1);
+    const std::u16string text = textOfBreak(character, at);
+    const Position past = at + static_cast<Position>(text.size());
+    story().insert(at, text);
+    place(switches.pageBreakRangeCoversBreak ? at : past, past);
+}
+
+std::u16string LiveRange::textOfBreak(char16_t character, Position at) const
+{
+    const PageBreakMark reading = story().document().switches().pageBreakParagraphMark;
+    if (character != mark::page || reading == PageBreakMark::never)
+        return {character};
+    const Paragraph paragraph = story().paragraphAt(at);
+    const bool startsText = at == paragraph.start && at < paragraph.end - 1;
+    if (reading == PageBreakMark::atStartOfText && !startsText)
+        return {character};
+    return {character, mark::paragraph};
+}
+
+/// A start or an end as it was put; beyond the story refused later on, or brought back to it.
+Position LiveRange::withinStory(Position position, Position last) const
+{
+    const bool isRefused = story().document().switches().endBeyondStoryIsRefused;
+    return isRefused ? position : std::clamp(position, 0, last);
 }
 
 void LiveRange::insertSectionBreak(SectionStart sectionStart)

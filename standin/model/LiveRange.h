@@ -93,6 +93,8 @@ private:
     Position removeContent();
     std::int32_t removeCharacters(std::int32_t count);
     void insertBreakCharacter(char16_t character);
+    std::u16string textOfBreak(char16_t character, Position at) const;
+    Position withinStory(Position position, Position last) const;
     void insertSectionBreak(SectionStart sectionStart);
     void setCharacterStyle(const Style& style);
     void changeCharacters(const std::function<void(CharacterFormat&)>& change);

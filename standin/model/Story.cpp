@@ -241,14 +241,19 @@ CharacterFormat Story::formatForInsertion(Position at) const
 {
     const Position start = paragraphAt(at).start;
     Position before = at;
+    bool isBehindHidden = false;
     while (before > start) {
         const std::optional<FieldPlace> field = fields_.endingAt(before - 1);
         if (!field)
             break;
+        if (before == at)
+            isBehindHidden = directFont(field->begin).hidden.value_or(false);
         before = field->begin;
     }
     CharacterFormat format = *runAt(before > start ? before - 1 : at).format;
     format.shape.reset();
+    if (isBehindHidden && !document().switches().textBehindHiddenFieldShows)
+        format.font.hidden = true;
     return format;
 }
 

@@ -36,6 +36,17 @@ void Style::setBase(const Style* base)
     base_ = base;
 }
 
+bool Style::hasCharacterStyle() const
+{
+    constexpr std::int32_t firstHeading = -2;
+    constexpr std::int32_t lastHeading = -10;
+    constexpr std::int32_t header = -32;
+    constexpr std::int32_t footer = -33;
+    constexpr std::int32_t title = -63;
+    const bool isHeading = builtinNumber_ <= firstHeading && builtinNumber_ >= lastHeading;
+    return isHeading || builtinNumber_ == header || builtinNumber_ == footer || builtinNumber_ == title;
+}
+
 FontProperties Style::resolvedFont() const
 {
     FontProperties resolved = base_ ? base_->resolvedFont() : FontProperties();
@@ -90,6 +101,17 @@ StylePtr Styles::findBuiltin(std::int32_t number) const
         return each->isBuiltin() && each->builtinNumber() == number;
     });
     return found == styles_.end() ? nullptr : *found;
+}
+
+StylePtr Styles::characterStyleOf(const Style& style)
+{
+    const std::u16string name = style.name() + u" Char";
+    StylePtr found = find(name);
+    if (!found || found->type() != StyleType::character) {
+        found = add(name, StyleType::character);
+        found->font = style.resolvedFont();
+    }
+    return found;
 }
 
 StylePtr Styles::add(std::u16string_view name, StyleType type)

@@ -24,6 +24,8 @@ public:
     /// Word's number of a built-in style (-1 Normal, -2 Heading 1 ...), 0 for a style made by the user.
     std::int32_t builtinNumber() const { return builtinNumber_; }
     bool isBuiltin() const { return builtinNumber_ != 0; }
+    /// A built-in paragraph style with a character style beside it: a heading's, Header, Footer, Title.
+    bool hasCharacterStyle() const;
 
     /// The style that this one builds on, or null.
     const Style* base() const { return base_; }
@@ -66,6 +68,8 @@ public:
     ///@}
     StylePtr find(std::u16string_view name) const; ///< null when there is none
     StylePtr findBuiltin(std::int32_t number) const;
+    /// The character style beside a paragraph style, with its font; made when it is asked for first.
+    StylePtr characterStyleOf(const Style& style);
 
     std::int32_t count() const { return static_cast<std::int32_t>(styles_.size()); }
     /// All styles in name order.

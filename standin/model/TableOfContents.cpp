@@ -204,11 +204,14 @@ void TableOfContents::update()
 
 TableOfContents addTableOfContents(const LiveRange& range, const TableOfContentsOptions& options)
 {
+    Story& story = range.story();
+    const Switches& switches = story.document().switches();
+    if (story.type() != StoryType::mainText && !switches.headerTakesContents)
+        throw WordError(WordErrorNumber::notAvailable);
     const auto isLevel = [](std::int32_t level) { return level >= 1 && level <= 9; };
-    if (options.useHeadingStyles &&
+    if ((options.useHeadingStyles || !switches.contentsTakeAnyLevel) &&
         (!isLevel(options.upperHeadingLevel) || !isLevel(options.lowerHeadingLevel)))
         throw WordError(WordErrorNumber::valueOutOfRange);
-    Story& story = range.story();
     const Position at = std::min(range.start(), story.length() - 1);
     const Position past = std::max(at, std::min(range.end(), story.length() - 1));
     const Position place = story.erase(at, past);

@@ -1,5 +1,6 @@
 #include "TextToTable.h"
 
+#include "Document.h"
 #include "TableMarks.h"
 #include "TextArea.h"
 #include "WordError.h"
@@ -176,7 +177,8 @@ Table convertToTable(LiveRange& range, const TextToTableOptions& options)
     std::int32_t more = std::max(options.rows.value_or(0) - count, 0);
     for (auto row = rows.rbegin(); row != rows.rend(); ++row)
         builder.makeRow(*row, std::exchange(more, 0));
-    range.setRange(start, story.length() - behind);
+    const bool coversTable = story.document().switches().convertToTableRangeCoversTable;
+    range.setRange(start, coversTable ? story.length() - behind : start);
     return {range.storyPtr(), start};
 }
 

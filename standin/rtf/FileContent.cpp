@@ -33,21 +33,30 @@ model::DocumentCopyOptions optionsOf(const model::Switches& switches, const RtfF
     return options;
 }
 
+void removeBookmarks(const model::LiveRange& place, model::OverlappedBookmarks overlapped)
+{
+    if (overlapped != model::OverlappedBookmarks::kept)
+        place.story().document().bookmarks().removeAt(place,
+                                                      overlapped == model::OverlappedBookmarks::lostTouching);
+}
+
 } // namespace
 
 void insertFileContent(model::LiveRange& range, std::string_view bytes)
 {
     if (bytes.starts_with("\xD0\xCF\x11\xE0"))
         throw model::NotSupported("files in Word's binary format cannot be read");
+    const model::Switches switches = range.story().document().switches();
     if (!bytes.starts_with("{\\rtf")) {
+        removeBookmarks(range, switches.insertFileOverlappedBookmarks);
         range.setText(endedText(bytes));
         return;
     }
-    const model::Switches switches = range.story().document().switches();
     if (!switches.insertFileTakesRtf)
         throw model::WordError(model::WordErrorNumber::commandFailed);
     const model::DocumentPtr document = model::Document::make(u"", switches);
     const RtfFragment fragment = readRtfFragment(bytes, *document);
+    removeBookmarks(range, switches.insertFileOverlappedBookmarks);
     model::insertDocument(range, *document, optionsOf(switches, fragment));
 }
 

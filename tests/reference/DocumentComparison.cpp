@@ -219,6 +219,8 @@ private:
         if (expected.isInTable != found.isInTable)
             note(DifferenceKind::cells, place, expected.isInTable ? "in a table" : "outside of tables",
                  found.isInTable ? "in a table" : "outside of tables");
+        if (found.isHidden)
+            note(kindOf(expected), place, nameOf(expected), "hidden");
         if (expected.text != found.text || expected.level != found.level)
             note(kindOf(expected), place, nameOf(expected), nameOf(found));
     }

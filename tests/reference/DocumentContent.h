@@ -70,6 +70,7 @@ struct Token
     std::optional<Font> font = {}; ///< of a character
     std::u16string style = {};     ///< of the paragraph that ends here
     Alignment alignment = Alignment::left;
+    bool isHidden = false;     ///< Nobody sees it.
     bool isFormatOpen = false; ///< the paragraph's style and alignment may be any
     bool isInTable = false;
     std::optional<LinkTarget> link = {};

@@ -95,6 +95,7 @@ private:
             token.text = code.keyword();
             token.font = fontAt(story_, place.resultStart());
         }
+        token.isHidden = token.kind != TokenKind::entry && *story_.effectiveFont(begin).hidden;
         push(std::move(token), begin);
         return place.past();
     }
@@ -143,6 +144,7 @@ private:
             token.character = character;
             token.font = fontAt(story_, at);
         }
+        token.isHidden = token.kind != TokenKind::rowEnd && *story_.effectiveFont(at).hidden;
         token.redundantFormat = redundantFormat(story_, at);
         push(std::move(token), at);
         return at + 1;

@@ -246,8 +246,8 @@ StoryReader.prototype.readEnd = function (letter, position) {
     if (letter == rowLetter) {
         return;
     }
-    var range = this.places.at(position, position + 1), style = range.Style;
-    this.paragraphs.push([style ? this.styleNames.english(style.NameLocal) : "", range.ParagraphFormat.Alignment]);
+    var format = this.places.at(position, position + 1).ParagraphFormat;
+    this.paragraphs.push([this.styleNames.english(format.Style.NameLocal), format.Alignment]);
 };
 
 StoryReader.prototype.endStretch = function () {
@@ -372,8 +372,8 @@ function resolved(target, bookmarks) {
     return target.address + (target.sub ? "#" + target.sub : "");
 }
 
-/// Everything that is compared. `restyled` are the fonts when every style has another one.
-function readDocument(document) {
+/// Everything that is compared. `restyled` are the fonts when every style has another one; the document is changed by that.
+function readDocument(document, changesStyles) {
     var names = new StyleNames(document), ends = sectionEndsOf(document), ranges = rangesOf(document);
     var readers = [], stories = [];
     for (var r = 0; r < ranges.length; r++) {
@@ -384,8 +384,10 @@ function readDocument(document) {
         stories.push(readers[s] ? storyOf(readers[s], s, bookmarks) : null);
     }
     var content = {pages: pagesOf(document), stories: stories};
-    changeStyles(document);
-    for (var i = 0; i < readers.length; i++) {
+    if (changesStyles) {
+        changeStyles(document);
+    }
+    for (var i = 0; i < readers.length && changesStyles; i++) {
         if (readers[i]) {
             stories[i].restyled = readers[i].readFonts();
         }

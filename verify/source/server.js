@@ -53,15 +53,12 @@ var modes = [
 ];
 
 /// An object with a Word of its own that writes in the mode; the settings hold for this object alone.
-function startObject(mode, template, diagnostics) {
+function startObject(mode, template) {
     var object = newObject();
     object.overrideRegistry("Word", "OwnInstance", "1", flagKind);
     object.overrideRegistry("Word", "WordTemplateName", template, textKind);
     object.overrideRegistry("Word", "Compose", String(mode.compose), numberKind);
     object.overrideRegistry("Word", "TOCLevel", "9", numberKind);
-    if (diagnostics) {
-        object.overrideRegistry("Log", "Diagnostics", diagnostics, textKind);
-    }
     object.start();
     return object;
 }

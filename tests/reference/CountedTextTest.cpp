@@ -1,7 +1,6 @@
 // What the counting writer leaves of a client's text. Where things land may be far from what the client
 // meant; that the text is there at all is held here, but for the few ways to lose it that
 // docs/known-behaviour.md tells of.
-#include "CountedSession.h"
 #include "RandomSession.h"
 #include "ReferenceDocument.h"
 #include "SessionPlayer.h"
@@ -25,11 +24,81 @@ bool passesAnyway(char16_t character)
     return character < 0x7F;
 }
 
+/// A line feed alone behind a character is not counted, and what is inserted next takes a character away.
+std::u16string withCountedEnds(std::u16string text)
+{
+    for (std::size_t i = 1; i < text.size(); ++i)
+        if (text[i] == u'\n' && text[i - 1] != u'\r')
+            text[i] = u' ';
+    return text;
+}
+
 bool isTableCall(Method method)
 {
     return method == Method::startTable || method == Method::addRow || method == Method::addCell ||
            method == Method::endTable;
 }
+
+bool isHeaderCall(Method method)
+{
+    return method == Method::startHeader || method == Method::endHeader || method == Method::startFooter ||
+           method == Method::endFooter;
+}
+
+/// Leaves out the calls that are known to lose text.
+class Arranger
+{
+public:
+    Session arranged(const Session& session)
+    {
+        Session result;
+        for (ClientCall call : session) {
+            note(call.method);
+            if (losesText(call))
+                continue;
+            call.text = withCountedEnds(std::move(call.text));
+            result.push_back(std::move(call));
+        }
+        return result;
+    }
+
+private:
+    void note(Method method)
+    {
+        headers_ += method == Method::startHeader ? 1 : 0;
+        footers_ += method == Method::startFooter ? 1 : 0;
+        if (isHeaderCall(method))
+            isInBody_ = method == Method::endHeader || method == Method::endFooter;
+        isInTable_ = method == Method::startTable || (isInTable_ && method != Method::endTable);
+    }
+
+    [[nodiscard]] bool losesText(const ClientCall& call) const
+    {
+        switch (call.method) {
+        case Method::startHeader: // again: empties what may be the first one
+            return headers_ > 1;
+        case Method::startFooter:
+            return footers_ > 1;
+        case Method::insertFile: // a file's content goes to the body, wherever that is
+            return !isInBody_ && isContent(call);
+        case Method::endTOCEntry:
+            return isInTable_;
+        default:
+            return false;
+        }
+    }
+
+    static bool isContent(const ClientCall& call)
+    {
+        const SessionFile* const file = findSessionFile(call.text);
+        return file && !file->paragraphs.empty();
+    }
+
+    int headers_ = 0;
+    int footers_ = 0;
+    bool isInBody_ = true;
+    bool isInTable_ = false;
+};
 
 std::u16string expectedText(const Session& session)
 {
@@ -107,14 +176,14 @@ TEST(CountedTextTest, NoTextIsLost)
 {
     SessionPlayer player(Writer::counting);
     for (std::uint32_t seed = 1; seed <= sessions; ++seed)
-        expectNothing(player, withoutKnownLosses(randomSession(seed, Extent::all)), lost, seed);
+        expectNothing(player, Arranger().arranged(randomSession(seed, Extent::all)), lost, seed);
 }
 
 TEST(CountedTextTest, TextIsInOrderWhereThereAreNeitherTablesNorHeaders)
 {
     SessionPlayer player(Writer::counting);
     for (std::uint32_t seed = 1; seed <= sessions; ++seed) {
-        Session session = withoutKnownLosses(randomSession(seed, Extent::all));
+        Session session = Arranger().arranged(randomSession(seed, Extent::all));
         std::erase_if(session, [](const ClientCall& call) {
             return isTableCall(call.method) || isHeaderCall(call.method);
         });

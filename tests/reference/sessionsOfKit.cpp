@@ -2,7 +2,6 @@
 // with the sessions of the verification kit (verify/) and what the reference model says of their documents.
 //
 // The script is JScript, ASCII, a line for each session; verify/source/comparison.js tells of its members.
-#include "CountedSession.h"
 #include "DocumentContent.h"
 #include "PrintableText.h"
 #include "RandomSession.h"
@@ -188,29 +187,11 @@ std::string storyText(const StoryContent& story, std::vector<Font>& fonts)
            ",details:" + details.text() + ",tags:" + tags.text() + "}";
 }
 
-DocumentContent contentOf(const Session& session)
+std::string scriptOf(std::uint32_t seed, const Session& session, std::vector<Font>& fonts)
 {
     ReferenceDocument document(isAddress);
     document.perform(session);
-    return document.content();
-}
-
-/// Of all stories, without what is not text.
-std::u16string textOf(const DocumentContent& content)
-{
-    std::u16string text;
-    for (const auto& story : content.stories)
-        if (story)
-            for (const Token& token : story->tokens)
-                if (token.kind == TokenKind::character)
-                    text += token.character;
-    return text;
-}
-
-std::string scriptOf(std::uint32_t seed, const Session& session, std::vector<Font>& fonts)
-{
-    const DocumentContent content = contentOf(session);
-    const Session counted = withoutKnownLosses(session);
+    const DocumentContent content = document.content();
     List pages;
     for (const Page& page : content.pages) {
         List one;
@@ -222,7 +203,6 @@ std::string scriptOf(std::uint32_t seed, const Session& session, std::vector<Fon
     for (const auto& story : content.stories)
         stories.add(story ? storyText(*story, fonts) : "null");
     return "{name:\"session " + std::to_string(seed) + "\",steps:" + inQuotes(stepsOf(session)) +
-           ",counted:" + inQuotes(stepsOf(counted)) + ",countedText:" + inQuotes(textOf(contentOf(counted))) +
            ",pages:" + pages.text() + ",stories:" + stories.text() + "}";
 }
 
@@ -245,12 +225,8 @@ void writeFiles(const std::filesystem::path& folder)
     }
 }
 
-void writeScript(std::size_t count)
+std::string stylesText()
 {
-    std::vector<Font> fonts;
-    List files;
-    for (const SessionFile& file : sessionFiles())
-        files.add(inQuotes(file.name));
     List styles;
     for (const char16_t* name : {u"Normal", u"Heading 1", u"Heading 2", u"Heading 3", u"Heading 9", u"Title",
                                  u"Plain Text", u"Header", u"Footer"}) {
@@ -261,16 +237,32 @@ void writeScript(std::size_t count)
         one.add(static_cast<std::size_t>(style.alignment));
         styles.add(one.text());
     }
-    std::cout << "// Written by sessions_of_kit.\n"
-              << "var kitFiles = " << files.text() << ";\nvar kitStyles = " << styles.text()
-              << ";\nvar kitSessions = [\n";
+    return styles.text();
+}
+
+template <class MakeSession>
+void writeSessions(const char* name, std::size_t count, std::vector<Font>& fonts, MakeSession makeSession)
+{
+    std::cout << "var " << name << " = [\n";
     std::size_t written = 0;
     for (std::uint32_t seed = firstSeed; written < count; ++seed) {
-        const Session session = randomSession(seed, Extent::all);
-        if (!isForKit(session))
-            continue;
-        std::cout << scriptOf(seed, session, fonts) << (++written < count ? ",\n" : "\n];\n");
+        const Session session = makeSession(seed);
+        if (isForKit(session))
+            std::cout << scriptOf(seed, session, fonts) << (++written < count ? ",\n" : "\n];\n");
     }
+}
+
+void writeScript(std::size_t count)
+{
+    List files;
+    for (const SessionFile& file : sessionFiles())
+        files.add(inQuotes(file.name));
+    std::cout << "// Written by sessions_of_kit.\n"
+              << "var kitFiles = " << files.text() << ";\nvar kitStyles = " << stylesText() << ";\n";
+    std::vector<Font> fonts;
+    writeSessions("kitSessions", count, fonts,
+                  [](std::uint32_t seed) { return randomSession(seed, Extent::all); });
+    writeSessions("kitArranged", count, fonts, [](std::uint32_t seed) { return arrangedSession(seed); });
     List fontList;
     for (const Font& font : fonts)
         fontList.add(fontText(font));

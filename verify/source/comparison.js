@@ -123,7 +123,7 @@ function hasFontOfOtherScript(letter) {
 }
 
 Comparison.prototype.fonts = function (story, expected, found) {
-    var fonts = expectedFonts(expected.fonts), paragraph = 0, last = "", lastKept = "";
+    var fonts = expected.isRead ? expected.fonts : expectedFonts(expected.fonts), paragraph = 0, last = "", lastKept = "";
     for (var i = 0; i < fonts.length; i++) {
         var letter = expected.text.charAt(i);
         if (!isLetterOfText(letter)) {
@@ -139,7 +139,7 @@ Comparison.prototype.fonts = function (story, expected, found) {
             this.note("font", story, i, fontText(fonts[i]), fontText(seen));
         }
         last = wrong;
-        var kept = fonts[i].isFromFile ? "" :
+        var kept = fonts[i].isFromFile || !found.restyled ? "" :
             keptProperties(fonts[i], found.restyled[i], found.paragraphs[paragraph], letter, isLinked(expected.links, i));
         if (kept && kept != lastKept) {
             this.note("direct formatting that the style gives", story, i, "none", kept);

@@ -58,7 +58,7 @@ function windowsFacts() {
             registered(windowsKey + "CurrentVersion"),
         build: (registered(windowsKey + "CurrentBuild") || registered(windowsKey + "CurrentBuildNumber")) + "." +
             (registered(windowsKey + "UBR") || "0"),
-        processor: shell.ExpandEnvironmentStrings("%PROCESSOR_ARCHITECTURE%"),
+        processor: shell.Environment("Process").Item("PROCESSOR_ARCHITECTURE"),
         codePage: registered("HKLM\\SYSTEM\\CurrentControlSet\\Control\\Nls\\CodePage\\ACP"),
         locale: registered("HKCU\\Control Panel\\International\\LocaleName"),
         language: registered("HKLM\\SYSTEM\\CurrentControlSet\\Control\\Nls\\Language\\Default"),

@@ -75,8 +75,12 @@ function askOne(question, word) {
     return result;
 }
 
-function askAll(results, mayGoOn, said) {
+/// `names`: of those to ask; null for all.
+function askAll(names, results, mayGoOn, said) {
     for (var i = 0; i < questions.length && mayGoOn(); i++) {
+        if (names && !contains(names, questions[i].name)) {
+            continue;
+        }
         var result = askOne(questions[i], livingWord());
         results.push(result);
         said(result);

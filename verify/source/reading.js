@@ -289,9 +289,13 @@ StoryReader.prototype.readFontsOf = function (start, end, place, fonts) {
     this.readFontsOf(middle, end, place + middle - start, fonts);
 };
 
-/// Styles by their English names, whatever the language of Word.
+/// Styles by their English names, whatever the language of Word, which is one for all documents.
 function StyleNames(document) {
-    this.names = {};
+    this.names = knownNames || {};
+    if (knownNames) {
+        return;
+    }
+    knownNames = this.names;
     for (var name in styleNumbers) {
         try {
             this.names["=" + document.Styles.Item(styleNumbers[name]).NameLocal] = name;
@@ -303,6 +307,8 @@ function StyleNames(document) {
 StyleNames.prototype.english = function (local) {
     return this.names["=" + local] || local;
 };
+
+var knownNames = null;
 
 var styleNumbers = {
     "Normal": -1, "Heading 1": -2, "Heading 2": -3, "Heading 3": -4, "Heading 9": -10, "Header": -32, "Footer": -33,
@@ -385,7 +391,7 @@ function readDocument(document, changesStyles) {
     }
     var content = {pages: pagesOf(document), stories: stories};
     if (changesStyles) {
-        changeStyles(document);
+        changeStyles(document, stories);
     }
     for (var i = 0; i < readers.length && changesStyles; i++) {
         if (readers[i]) {
@@ -431,9 +437,23 @@ function hasOverlap(bookmarks, story) {
 
 var otherFont = "Palatino Linotype", otherSize = 31;
 
-/// Gives every style that sessions use another font, each property of it. Text that has the property itself stays.
-function changeStyles(document) {
+function isUsed(style, stories) {
+    for (var s = 0; s < stories.length; s++) {
+        for (var p = 0; stories[s] && p < stories[s].paragraphs.length; p++) {
+            if (stories[s].paragraphs[p][0] == style) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Gives the document's styles another font, each property of it. Text that has the property itself stays.
+function changeStyles(document, stories) {
     for (var i = 0; i < kitStyles.length; i++) {
+        if (!isUsed(kitStyles[i][0], stories)) {
+            continue;
+        }
         var flags = kitStyles[i][1][2], font = document.Styles.Item(styleNumbers[kitStyles[i][0]]).Font;
         font.Name = otherFont;
         font.Size = otherSize;

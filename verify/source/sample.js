@@ -47,7 +47,7 @@ function asModel(content) {
         if (story) {
             copy = {
                 text: story.text, paragraphs: story.paragraphs, links: story.links, details: story.details, tags: story.tags,
-                fonts: story.fonts
+                fonts: story.fonts, isRead: true
             };
         }
         model.stories.push(copy);
@@ -60,22 +60,31 @@ function playReport(results, mayGoOn) {
     var composed = null, calls = reportCalls();
     for (var m = modes.length - 1; m >= 0 && mayGoOn(); m--) {
         var result = {name: "report", mode: modes[m].name, failures: [], differences: [], found: null, outcome: "green"};
-        var content = reportInMode(modes[m], calls, result);
-        if (content && modes[m].compose !== 0) {
-            if (tagsOf(content) != tagsOfCalls(calls)) {
-                result.differences.push({kind: "bookmark", story: 0, place: 0, expected: tagsOfCalls(calls), found: tagsOf(content)});
-            }
-            if (composed) {
-                var comparison = new Comparison();
-                comparison.documents(asModel(composed), content);
-                result.differences = result.differences.concat(comparison.differences.slice(0, 20));
-            }
-            composed = composed || content;
+        try {
+            composed = compareReports(modes[m], reportInMode(modes[m], calls, result), composed, calls, result) || composed;
+        } catch (failure) {
+            result.failures.push(failureText(failure));
         }
         result.outcome = result.failures.length || result.differences.length ? "red" : "green";
         results.push(result);
         say("  " + result.mode + ", report: " + result.outcome);
     }
+}
+
+/// Returns what a composing mode wrote.
+function compareReports(mode, content, composed, calls, result) {
+    if (!content || mode.compose === 0) {
+        return null;
+    }
+    if (tagsOf(content) != tagsOfCalls(calls)) {
+        result.differences.push({kind: "bookmark", story: 0, place: 0, expected: tagsOfCalls(calls), found: tagsOf(content)});
+    }
+    if (composed) {
+        var comparison = new Comparison();
+        comparison.documents(asModel(composed), content);
+        result.differences = result.differences.concat(comparison.differences.slice(0, 20));
+    }
+    return content;
 }
 
 function reportInMode(mode, calls, result) {

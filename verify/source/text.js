@@ -105,7 +105,7 @@ function hexadecimal(number) {
 
 /// What an exception says, in one line.
 function failureText(failure) {
-    var text = String(failure.description || failure.message || failure).replace(/[\r\n]+/g, " ");
+    var text = String(failure.description || failure.message || (failure.number === undefined ? failure : "failed")).replace(/[\r\n]+/g, " ");
     return failure.number === undefined ? text : text + " (" + hexadecimal(failure.number) + ")";
 }
 

@@ -18,7 +18,7 @@ var explanation = [
 
 /// /name:value and /name, as they were given.
 function readOptions(words) {
-    var options = {to: "", sessions: 1000, first: 1, chapters: 150, questions: true, report: true, beside: false, ask: false, help: false, kit: ""};
+    var options = {to: "", sessions: 1000, first: 1, chapters: 150, questions: true, report: true, beside: false, ask: false, help: false, kit: "", only: ""};
     for (var i = 0; i < words.length; i++) {
         var parts = /^[\/-]([A-Za-z?]+)(?::(.*))?$/.exec(words[i]);
         var name = parts ? parts[1].toLowerCase() : "";
@@ -37,13 +37,15 @@ function readOptions(words) {
 }
 
 var usage = [
-    "cscript verify.wsf [/to:FOLDER] [/sessions:N] [/first:N] [/chapters:N] [/questions:0] [/report:0] [/beside]",
+    "cscript verify.wsf [/to:FOLDER] [/sessions:N] [/first:N] [/chapters:N] [/questions:0] [/report:0]",
+    "                   [/only:NAMES] [/beside]",
     "",
     "  /to:FOLDER     where the folder with the results is made; the desktop unless given",
     "  /sessions:N    how many of the recorded sessions are played in each mode; all unless given",
     "  /first:N       the first one of them",
     "  /chapters:N    the length of the report whose costs are measured; 0: none are; 150 unless given",
     "  /questions:0   asks Word no questions",
+    "  /only:NAMES    asks the questions with these names alone, with commas between",
     "  /report:0      leaves the sample report out",
     "  /beside        uses the DLL beside the kit even where one is registered"
 ];
@@ -112,9 +114,10 @@ function writeResult(result) {
     writeAscii(joined(folders.result, "result.html"), withoutFolders(page(result)));
 }
 
-function askQuestions(result) {
-    say("Questions (" + questions.length + "):");
-    askAll(result.questions, mayGoOn, function (one) {
+function askQuestions(result, options) {
+    var names = options.only ? options.only.split(",") : null;
+    say("Questions (" + (names || questions).length + "):");
+    askAll(names, result.questions, mayGoOn, function (one) {
         say("  " + one.outcome + "  " + one.question + "  " + one.answerInWords +
             (one.outcome == "green" ? "" : "  (expected: " + one.expectedInWords + ")"));
     });
@@ -136,7 +139,7 @@ function runKit(result, options) {
     result.word = wordFacts(livingWord());
     say("Word " + result.word.version + ", build " + result.word.build);
     if (options.questions) {
-        askQuestions(result);
+        askQuestions(result, options);
     }
     if (!options.sessions && !options.report && !options.chapters) {
         return;

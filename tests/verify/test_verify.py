@@ -39,7 +39,7 @@ class KitTest(EndToEndTest):
     def run_kit(self, *options, **more):
         """Returns the outcome, what result.json holds, and the page. `meanwhile` is given the folder of the results."""
         script = self.folder / "verify.js"
-        script.write_text(kit.script(), "ascii")
+        script.write_text(more.pop("change", lambda text: text)(kit.script()), "ascii")
         results = pathlib.Path(tempfile.mkdtemp(prefix="results", dir=self.folder))
         watch = threading.Thread(target=more.pop("meanwhile", lambda folder: None), args=[results])
         watch.start()
@@ -122,9 +122,15 @@ class Runs(KitTest):
         self.assertNoWordIsLeft()
 
     def test_a_document_that_differs_is_red(self):
-        _, result, page = self.run_kit("/questions:0", "/sessions:1", "/first:6", "/report:0", "/chapters:0",
-                                       env={"WORDSTANDIN_FAIL": "60:0x800a1066"}, status=1)
-        self.assertIn("red", [one["outcome"] for one in result["documents"]])
+        def change(text):
+            changed = re.sub("var kitFonts.*", lambda line: line[0].replace(",12,", ",13,"), text)
+            self.assertNotEqual(text, changed)
+            return changed
+
+        _, result, page = self.run_kit("/questions:0", "/sessions:1", "/first:6", "/report:0", "/chapters:0", change=change,
+                                       status=1)
+        self.assertEqual(["font"] * 3, [one["differences"][0]["kind"] for one in result["documents"] if one["differences"]])
+        self.assertIn("13, found ", page)
         self.assertIn("please send result.json", page)
         self.assertNoWordIsLeft()
 
@@ -161,16 +167,18 @@ class Questions(KitTest):
                 for (var word in questions[i].words) {
                     words.push(word);
                 }
-                say([questions[i].name, questions[i].isSwitch, questions[i].expected, words.join(" ")].join("\\t"));
+                if (!questions[i].isSwitch) {
+                    continue;
+                }
+                say([questions[i].name, questions[i].expected, words.join(" ")].join("\\t"));
             }
             """, "ascii")
         lines = [line.split("\t") for line in self.run_client(listing).output]
-        self.assertEqual(len(lines), len({line[0] for line in lines}))
         expected = {name: (str(values[0]).lower() if isinstance(values[0], bool) else values[0],
                            sorted(str(value).lower() if isinstance(value, bool) else value for value in values))
                     for name, values in switch_values().items() if name not in NOT_ASKED}
         self.assertEqual(expected, {name: (default, sorted(words.split()))
-                                    for name, is_switch, default, words in lines if is_switch == "true"})
+                                    for name, default, words in lines})
 
     def test_each_other_reading_is_answered_by_its_question(self):
         for name, values in switch_values().items():
@@ -180,6 +188,17 @@ class Questions(KitTest):
                 with self.subTest(name=name, value=value):
                     switches = self.ask([name], env={"WORDSTANDIN_SWITCHES": in_environment({name: value})})[1]["switches"]
                     self.assertEqual({name: value}, switches)
+
+
+class Comparison(KitTest):
+    def test_each_kind_of_difference_is_seen(self):
+        client = self.folder / "comparison.js"
+        names = [name for name in kit.sources() if name.endswith(("/text.js", "/machine.js", "/sessions.js", "/reading.js", "/comparison.js"))]
+        client.write_text(kit.script(names) + (pathlib.Path(__file__).parent / "comparisons.js").read_text("ascii"), "ascii")
+        output = self.run_client(client).output
+        self.assertEqual("every model is as itself", output[0])
+        self.assertEqual(["text", "paragraph", "paragraph", "link", "link", "bookmark", "font",
+                          "direct formatting that the style gives", "page", "field, entry or object", "text"], output[1:])
 
 
 class Data(KitTest):

@@ -119,7 +119,7 @@ function isLinked(links, place) {
 
 /// Of other scripts Word may name a font of its own.
 function hasFontOfOtherScript(letter) {
-    return letter > "\u0250";
+    return letter.charCodeAt(0) > 0x250;
 }
 
 Comparison.prototype.fonts = function (story, expected, found) {
@@ -188,7 +188,7 @@ function lostLetters(expected, found) {
     }
     for (var j = 0; j < expected.length; j++) {
         var wanted = "=" + expected.charAt(j);
-        if (expected.charAt(j) > " " && expected.charAt(j) < "\u007F") {
+        if (expected.charCodeAt(j) > 32 && expected.charCodeAt(j) < 127) {
             counts[wanted] = (counts[wanted] || 0) - 1;
             lost += counts[wanted] < 0 ? expected.charAt(j) : "";
         }

@@ -51,14 +51,13 @@ choice("cellRangeKeepsMark", "Text is inserted with a cell's range: does the ran
         return range.End == 4 ? true : range.End == 3 ? false : ends(range);
     });
 
-choice("bookmarkInFrontOfTable", "An empty bookmark stands where a table is made, and then in front of it.", "stays",
-    {stays: "it stays in front", firstCell: "it is in the first cell", behind: "it is behind the table"}, function (d) {
+choice("bookmarkInFrontOfTable", "An empty bookmark is set directly in front of a table: where does it lie?", "stays",
+    {stays: "there", firstCell: "around the first cell's text", behind: "behind the table"}, function (d) {
         write(d, "abcd");
         tableIn(d, 1, 1).Cell(1, 1).Range.InsertAfter("x");
         d.Bookmarks.Add("mark", d.Range(0, 0));
-        d.Tables.Item(1).Cell(1, 1).Range.InsertBefore("y");
-        var start = d.Bookmarks.Item("mark").Start, end = d.Tables.Item(1).Range.End;
-        return start === 0 ? "stays" : start < end ? "firstCell" : "behind";
+        var mark = d.Bookmarks.Item("mark");
+        return mark.Start >= d.Tables.Item(1).Range.End ? "behind" : mark.End > 0 ? "firstCell" : "stays";
     });
 
 fact("missingCell", "What fails for a cell that there is not (5941)?", 5941, function (d) {

@@ -12,7 +12,8 @@ var hyperlinkField = 88, contentsField = 13, entryField = 9, embedField = 58, li
 var mixed = 9999999;
 
 function isLetterOfText(letter) {
-    return letter != "\r" && (letter < "\uE000" || letter > "\uE008");
+    var code = letter.charCodeAt(0);
+    return letter != "\r" && (code < 0xE000 || code > 0xE008);
 }
 
 function Places(whole) {

@@ -197,6 +197,8 @@ Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const
         const auto& last = std::get<Paragraph>(blocks.back());
         fragment.open = Fragment::Look{last.style, directAlignment(last, document_.styles)};
     }
+    if (const auto* const first = std::get_if<Paragraph>(&blocks.front()))
+        fragment.tagsInFront = first->tagsAtEnd;
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
     fragment.rest = behindFragment(blocks.back());
@@ -313,7 +315,7 @@ void Story::addFile(const std::u16string& file)
     content_.prepareFile();
     flush();
     const Ground ground = content_.isTableOpen() ? Ground{.style = u""} : ground_;
-    const bool endsInTable = pen_.addFile(place(), file, ground);
+    const bool endsInTable = pen_.addFile(place(), file, ground, content_.tagsAtEnd());
     content_.fileWritten(endsInTable);
 }
 

@@ -90,6 +90,8 @@ struct Paragraph
     bool holdsWritten = false;   ///< Its beginning is in Word already, be it text or a picture.
     bool isSettled = false;      ///< Its style and alignment are to be put even while it holds nothing.
     bool isAligned = false;      ///< Word has its alignment already.
+    /// Bookmarks that are in Word already, behind all that is there of it.
+    std::vector<std::u16string> tagsAtEnd = {};
 
     /// Whether it holds more than tags.
     [[nodiscard]] bool holdsAnything() const;

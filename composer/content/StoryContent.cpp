@@ -106,6 +106,7 @@ void StoryContent::settleParagraph()
 void StoryContent::objectWritten()
 {
     current().holdsWritten = true;
+    current().tagsAtEnd.clear();
     holdsBehindBreak_ = true;
 }
 
@@ -140,6 +141,7 @@ void StoryContent::prepareFile()
 
 void StoryContent::fileWritten(bool endsInTable)
 {
+    current().tagsAtEnd.clear();
     if (!isTableOpen_)
         isBehindTable_ = endsInTable;
 }
@@ -587,10 +589,20 @@ void StoryContent::lookBehindBreak()
     holdsBehindBreak_ = holdsBehindBreak_ || std::any_of(behind, items.end(), isAnything);
 }
 
+void StoryContent::keepTagsAtEnd(Paragraph& paragraph)
+{
+    if (std::ranges::any_of(paragraph.items, isAnything))
+        paragraph.tagsAtEnd.clear();
+    for (auto item = paragraph.items.rbegin(); item != paragraph.items.rend() && !isAnything(*item); ++item)
+        if (const auto* const tag = std::get_if<Tag>(&item->what))
+            paragraph.tagsAtEnd.push_back(tag->bookmark);
+}
+
 void StoryContent::taken()
 {
     lookBehindBreak();
     const auto keepOpen = [](Paragraph& paragraph) {
+        keepTagsAtEnd(paragraph);
         paragraph.holdsWritten = paragraph.holdsAnything();
         paragraph.isAligned = true;
         paragraph.items.clear();

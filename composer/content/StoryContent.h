@@ -102,6 +102,8 @@ public:
     /// Nothing of what is in front of it has gone to Word.
     void dropPicture();
     /// @}
+    /// The bookmarks in Word at the place where text goes on.
+    [[nodiscard]] const std::vector<std::u16string>& tagsAtEnd() { return current().tagsAtEnd; }
     /// A file is to stand in paragraphs of its own: ends an open paragraph that holds anything.
     void prepareFile();
     /// It stands at the end of what was taken, in front of the open paragraph.
@@ -150,6 +152,7 @@ private:
     void collect(std::u16string_view text);
     void changeFont(FontWish font);
     void dropStaleTags();
+    static void keepTagsAtEnd(Paragraph& paragraph);
     [[nodiscard]] bool isBreakInOpenParagraph() const;
     void lookBehindBreak();
     void placesTaken();

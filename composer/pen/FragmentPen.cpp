@@ -4,6 +4,7 @@
 #include "FragmentFile.h"
 #include "FragmentFont.h"
 #include "StyleBook.h"
+#include "TagsInFront.h"
 #include "WideText.h"
 
 #include <algorithm>
@@ -85,6 +86,7 @@ bool FragmentPen::goOn(const Fragment& fragment)
         lookAtTheEnd(fragment);
     if (stage_ == Stage::refused)
         removeText(fragment);
+    keepTags(collections_, range_, fragment.tagsInFront, start_);
     return std::exchange(stage_, Stage::begun) == Stage::read;
 }
 

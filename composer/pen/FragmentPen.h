@@ -31,6 +31,8 @@ struct Fragment
     std::optional<Look> open = {};
     /// Its tags that have a place already.
     std::vector<std::u16string> movedTags;
+    /// The bookmarks at the place.
+    std::vector<std::u16string> tagsInFront = {};
     bool beginsWithBreak = false; ///< the page break whose place is wanted
     /// What is to be done when it is there, counted from its end.
     std::deque<Operation> rest;

@@ -3,6 +3,7 @@
 #include "FieldCode.h"
 #include "FragmentFile.h"
 #include "StyleBook.h"
+#include "TagsInFront.h"
 #include "WideText.h"
 #include "WordConstants.h"
 
@@ -383,7 +384,14 @@ void TypedPen::perform(const PlaceTag& tag)
     const auto pastField = static_cast<Position>(pastField_ - base_);
     const Position at = tag.isBehindField ? pastField : tag.at;
     select({at, at});
-    bookmarks->Add(bstr(tag.bookmark), Word::object(range_));
+    const _bstr_t name = bstr(tag.bookmark);
+    const bool mayBeginTable = at == 0 && place_ == Passage::Cell{};
+    if (!mayBeginTable) {
+        bookmarks->Add(name, Word::object(range_));
+        return;
+    }
+    selected_.reset();
+    putTagInFront(bookmarks, range_, name, base_ + at);
 }
 
 // The section's end comes first, so that a tag behind the paragraph's end stays behind it.
@@ -500,7 +508,8 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
 
 // A paragraph of the file's own takes up its last one. Where the file ends its last paragraph itself, one too
 // many is there afterwards.
-bool TypedPen::addFile(const Place& place, const std::u16string& file, const Ground& ground)
+bool TypedPen::addFile(const Place& place, const std::u16string& file, const Ground& ground,
+                       const std::vector<std::u16string>& tags)
 {
     base_ = begin(place);
     select({0, 0});
@@ -520,6 +529,7 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
         range_->Delete();
         throw;
     }
+    keepTags(collections_, range_, tags, base_);
     const long end = begin(place) - 1; // in front of the paragraph's own end
     end_.forget();
     if (end == base_)

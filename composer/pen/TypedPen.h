@@ -57,8 +57,9 @@ public:
     void linkPicture(const LinkTarget& target);
     void addObject(const Place& place, const EmbeddedObject& object);
     /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when
-    /// it ends in a table.
-    bool addFile(const Place& place, const std::u16string& file, const Ground& ground);
+    /// it ends in a table. `tags`: the bookmarks at the place.
+    bool addFile(const Place& place, const std::u16string& file, const Ground& ground,
+                 const std::vector<std::u16string>& tags);
     /// @}
 
     /// The page break kept last becomes the end of a section; nothing when it could not be kept.

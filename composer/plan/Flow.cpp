@@ -282,10 +282,16 @@ void Flow::lengthen(std::deque<Operation>& operations)
         lengthenLine(--line, operations);
 }
 
+// A bookmark that is placed directly in front of a table may come to stand behind it; so the tags at its
+// beginning come first.
 void Flow::makeTable(const MadeTable& made, std::deque<Operation>& operations)
 {
     const Table& table = *made.table;
     const Span span{lines_[made.firstLine].start, lines_[made.pastLine - 1].past()};
+    const std::vector<Item>& first = lines_[made.firstLine].paragraph->items;
+    if (!lines_[made.firstLine].paragraph->holdsWritten)
+        for (auto item = first.begin(); item != first.end() && as<Tag>(*item); ++item)
+            operations.push_back(PlaceTag{span.start, as<Tag>(*item)->bookmark});
     operations.push_back(
         MakeTable{span, table.rows.size(), table.columns(), table.heights, &made == &tables_.back()});
     for (PlaceTag& tag : tagsBehindTable_) {
@@ -339,6 +345,13 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
     if (paragraph.endLink != noLink && paragraph.endLink != lastLink)
         addLink(paragraph.endLink, at, operations);
 
+    const bool beginsTable =
+        std::ranges::any_of(tables_, [&](const MadeTable& made) { return made.firstLine == index; });
+    const auto isPlacedInFront = [&](std::size_t item) {
+        return beginsTable && !paragraph.holdsWritten &&
+               std::all_of(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(item),
+                           [](const Item& each) { return as<Tag>(each) != nullptr; });
+    };
     std::vector<const Tag*> waiting;
     const auto placeWaiting = [&](bool isBehindField) {
         for (const Tag* const tag : waiting)
@@ -353,7 +366,8 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
             placeWaiting(false);
         at -= length;
         if (const Tag* const tag = as<Tag>(item)) {
-            waiting.push_back(tag);
+            if (!isPlacedInFront(i - 1))
+                waiting.push_back(tag);
         } else if (const Field* const field = as<Field>(item)) {
             operations.push_back(AddField{at, field->number, length != 0});
             placeWaiting(true);

@@ -17,6 +17,23 @@ protected:
     }
 };
 
+TEST_F(ConvertToTable, HasLinesUnaskedUnderTheOtherReading)
+{
+    const auto hasLines = [this](const _variant_t& behaviour) {
+        const Word::_DocumentPtr other = session.application()->GetDocuments()->Add();
+        other->Range()->InsertAfter(L"a\n");
+        const _variant_t& none = Word::missing;
+        other->Range(Word::integer(0), Word::integer(2))
+            ->ConvertToTable(Word::integer(0), none, none, none, none, none, none, none, none, none, none,
+                             none, none, none, none, behaviour);
+        return session.model(other)->mainStory()->paragraph(1).format->row->cells[0].top.isVisible;
+    };
+    EXPECT_FALSE(hasLines(Word::missing));
+    session.model().setSwitches({.convertToTableDrawsNoLines = false});
+    EXPECT_TRUE(hasLines(Word::missing));
+    EXPECT_FALSE(hasLines(Word::integer(0)));
+}
+
 TEST_F(ConvertToTable, ParagraphsBecomeCells)
 {
     const Word::RangePtr place = write(L"a\nb\nc\nd\n");

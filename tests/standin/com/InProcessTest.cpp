@@ -599,6 +599,29 @@ TEST(InProcessSwitches, DocumentsEnterTheRunningObjectTable)
     EXPECT_FALSE(standin_test::isRunning(file));
 }
 
+TEST(InProcessSwitches, ADocWithoutAFormatIsWhatItsNameSaysOrNot)
+{
+    using standin::model::DocWithoutFormat;
+    const standin_test::Apartment apartment;
+    const ScratchFolder folder;
+    const auto formatOf = [&](DocWithoutFormat reading, const wchar_t* name, const _variant_t& format) {
+        standin::model::Switches switches;
+        switches.docWithoutFormat = reading;
+        const standin::Session session({.switches = switches, .documentsInRunningObjectTable = false});
+        const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+        document->SaveAs(Word::text(folder.file(name).c_str()), format);
+        return document->GetSaveFormat();
+    };
+    constexpr long docx = 12;
+    EXPECT_EQ(formatOf(DocWithoutFormat::document97, L"a.doc", Word::missing), 0);
+    EXPECT_EQ(formatOf(DocWithoutFormat::machineDefault, L"a.DOC", Word::missing), docx);
+    EXPECT_EQ(formatOf(DocWithoutFormat::machineDefault, L"a.doc", Word::integer(0)), 0);
+    EXPECT_EQ(formatOf(DocWithoutFormat::machineDefault, L"a.rtf", Word::missing), 0);
+    EXPECT_THAT(comErrorOf([&] { formatOf(DocWithoutFormat::refused, L"a.doc", Word::missing); }),
+                isHresult(wordError(4198)));
+    EXPECT_EQ(formatOf(DocWithoutFormat::refused, L"a.doc", Word::integer(0)), 0);
+}
+
 TEST(InProcessSwitches, ChangesAreDroppedOrTheCloseIsCancelled)
 {
     const standin_test::Apartment apartment;

@@ -1,6 +1,7 @@
 #include "Bookmarks.h"
 
 #include "ModelFixture.h"
+#include "TextToTable.h"
 
 namespace standin::model {
 namespace {
@@ -111,6 +112,45 @@ TEST_F(BookmarksTest, GoWithTheirDocument)
     const BookmarkPtr bookmark = add(u"x", 0, 0);
     document->close();
     EXPECT_FALSE(bookmark->exists());
+}
+
+TEST_F(BookmarksTest, InFrontOfATableHaveAPlaceByTheReading)
+{
+    const auto placeOf = [this](BookmarkAtTable reading, Position start, Position end) {
+        readAs({.bookmarkInFrontOfTable = reading});
+        write(u"x\rab\r");
+        LiveRange text = range(2, 5);
+        convertToTable(text, {});
+        const LiveRange place = bookmarkPlace(range(start, end));
+        return std::pair(place.start(), place.end());
+    };
+    EXPECT_EQ(placeOf(BookmarkAtTable::stays, 2, 2), std::pair(2, 2));
+    EXPECT_EQ(placeOf(BookmarkAtTable::firstCell, 2, 2), std::pair(2, 4));
+    EXPECT_EQ(placeOf(BookmarkAtTable::behind, 2, 2), std::pair(6, 6));
+    EXPECT_EQ(placeOf(BookmarkAtTable::behind, 2, 3), std::pair(2, 3));
+    EXPECT_EQ(placeOf(BookmarkAtTable::behind, 3, 3), std::pair(3, 3));
+    EXPECT_EQ(placeOf(BookmarkAtTable::behind, 1, 1), std::pair(1, 1));
+}
+
+TEST_F(BookmarksTest, AtAPlaceAreRemovedInsideOrAtItsEdgesToo)
+{
+    const auto leftOf = [this](bool atEdges, Position start, Position end) {
+        readAs({});
+        write(u"abcdef");
+        add(u"around", 1, 5);
+        add(u"at", 3, 3);
+        add(u"behind", 3, 5);
+        bookmarks().removeAt(range(start, end), atEdges);
+        std::u16string names;
+        for (const BookmarkPtr& each : bookmarks().all())
+            names += each->name() + u' ';
+        return names;
+    };
+    EXPECT_EQ(leftOf(false, 3, 3), u"at behind ");
+    EXPECT_EQ(leftOf(true, 3, 3), u"");
+    EXPECT_EQ(leftOf(true, 1, 1), u"at behind ");
+    EXPECT_EQ(leftOf(false, 4, 5), u"at ");
+    EXPECT_EQ(leftOf(false, 2, 4), u"");
 }
 
 } // namespace

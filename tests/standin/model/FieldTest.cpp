@@ -252,6 +252,20 @@ TEST_F(FieldTest, ACopiedHeaderKeepsItsFields)
     EXPECT_EQ(fieldsIn(LiveRange(copy, 0, copy->length())).size(), 2u);
 }
 
+TEST_F(FieldTest, TextBehindAHiddenFieldIsHiddenUnderTheOtherReading)
+{
+    for (const bool shows : {true, false}) {
+        readAs({.textBehindHiddenFieldShows = shows});
+        write(u"ab");
+        const Field field = addField(range(1, 1), {.type = tocEntryFieldType, .text = u"\"x\""});
+        const Position past = field.range().end();
+        range(past, past).insertAfter(u"c");
+        EXPECT_EQ(range(past, past + 1).font().hidden, !shows);
+        range(past + 2, past + 2).insertAfter(u"d");
+        EXPECT_EQ(range(past + 2, past + 3).font().hidden, false) << "not directly behind it";
+    }
+}
+
 TEST(FieldCodeTest, TakesKeywordArgumentsAndSwitchesApart)
 {
     const FieldCode code(u" hyperlink \"c:\\\\my dir\\\\a.doc\" \\l \"sub \\\"x\\\"\" \\h ");

@@ -409,6 +409,88 @@ TEST_F(LiveRangeTest, ParagraphStyleResetsAlignmentUnderTheOtherReading)
     EXPECT_EQ(range(0, 0).paragraphFormat().alignment, Alignment::left);
 }
 
+TEST_F(LiveRangeTest, ALinkedStyleOnAPartFormatsItsCharactersUnderTheOtherReading)
+{
+    readAs({.linkedStyleFormatsParagraph = false});
+    write(u"abcdef\rx");
+    range(1, 3).setStyle(u"Heading 1");
+    EXPECT_EQ(range(0, 1).style()->name(), u"Normal");
+    EXPECT_EQ(range(1, 2).style()->name(), u"Heading 1 Char");
+    EXPECT_EQ(range(1, 3).font().size, 16.0f);
+    EXPECT_EQ(range(3, 4).font().size, 12.0f);
+    range(4, 5).setStyle(u"Heading 1");
+    EXPECT_EQ(range(4, 5).style()->name(), u"Heading 1 Char");
+    range(0, 7).setStyle(u"Heading 1"); // with its mark
+    EXPECT_EQ(range(0, 1).style()->name(), u"Heading 1");
+    range(7, 7).setStyle(u"Heading 2"); // collapsed
+    EXPECT_EQ(range(7, 8).style()->name(), u"Heading 2");
+    range(1, 2).setStyle(u"Normal"); // has no character style beside it
+    EXPECT_EQ(range(0, 1).style()->name(), u"Normal");
+}
+
+TEST_F(LiveRangeTest, AParagraphStyleDropsTheFontOfMostOfTheTextUnderTheOtherReading)
+{
+    for (const bool keeps : {true, false}) {
+        readAs({.paragraphStyleKeepsFontOfMost = keeps});
+        write(u"abcd\refgh\r");
+        range(0, 3).setFont({.bold = true});
+        range(3, 4).setFont({.hidden = true});
+        range(5, 7).setFont({.bold = true});
+        range(0, 10).setStyle(u"Heading 3");
+        EXPECT_EQ(document->mainStory()->directFont(0).bold.has_value(), keeps);
+        EXPECT_EQ(document->mainStory()->directFont(3).hidden, true);
+        EXPECT_EQ(document->mainStory()->directFont(5).bold, true) << "of half of the text";
+    }
+}
+
+TEST_F(LiveRangeTest, APageBreakMayBringAParagraphMark)
+{
+    const auto textWith = [this](PageBreakMark reading, Position at) {
+        readAs({.pageBreakParagraphMark = reading});
+        write(u"ab\r");
+        LiveRange place = range(at, at);
+        place.insertBreak(BreakType::page);
+        EXPECT_EQ(place.start(), at);
+        EXPECT_EQ(place.end(), at + document->mainStory()->length() - 4);
+        return text();
+    };
+    EXPECT_EQ(textWith(PageBreakMark::never, 0), u"\fab\r\r");
+    EXPECT_EQ(textWith(PageBreakMark::atStartOfText, 0), u"\f\rab\r\r");
+    EXPECT_EQ(textWith(PageBreakMark::atStartOfText, 1), u"a\fb\r\r");
+    EXPECT_EQ(textWith(PageBreakMark::atStartOfText, 3), u"ab\r\f\r");
+    EXPECT_EQ(textWith(PageBreakMark::always, 1), u"a\f\rb\r\r");
+    LiveRange(document->mainStory(), 0, 0).insertBreak(BreakType::column);
+    EXPECT_EQ(text(), u"\x0e"
+                      u"a\f\rb\r\r");
+}
+
+TEST_F(LiveRangeTest, ADeletedStorysRangeCoversItsMarkUnderTheOtherReading)
+{
+    readAs({.deletedStoryRangeCollapses = false});
+    write(u"abc");
+    LiveRange part = range(0, 3);
+    part.remove();
+    expectAt(part, 0, 0);
+    write(u"abc");
+    LiveRange all = content();
+    all.remove();
+    expectAt(all, 0, 1);
+}
+
+TEST_F(LiveRangeTest, EndsBeyondTheStoryComeBackToItUnderTheOtherReading)
+{
+    readAs({.endBeyondStoryIsRefused = false});
+    write(u"abc");
+    LiveRange each = range(1, 2);
+    each.setEnd(9);
+    expectAt(each, 1, 4);
+    each.setStart(9);
+    expectAt(each, 3, 4);
+    each.setEnd(-1);
+    expectAt(each, 0, 0);
+    EXPECT_EQ(errorOf([&] { each.setRange(0, 9); }), 4608);
+}
+
 TEST_F(LiveRangeTest, EverythingFailsAfterTheDocumentIsClosed)
 {
     LiveRange each = content();

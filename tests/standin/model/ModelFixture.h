@@ -18,6 +18,8 @@ protected:
         EXPECT_EQ(document->isClosed() ? std::string() : checkInvariants(*document), "");
     }
 
+    /// Begins anew, in a Word that behaves so.
+    void readAs(const Switches& switches) { document = Document::make(u"Document1", switches); }
     LiveRange range(Position start, Position end) { return {document->mainStory(), start, end}; }
     LiveRange content() { return range(0, document->mainStory()->length()); }
     std::u16string text() const { return document->mainStory()->text(0, document->mainStory()->length()); }

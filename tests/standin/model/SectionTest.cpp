@@ -138,5 +138,17 @@ TEST_F(SectionTest, FirstAndEvenExistWhenThePageSetupAsks)
     EXPECT_TRUE(section(2)->exists(HeaderFooterIndex::evenPages));
 }
 
+TEST_F(SectionTest, HeadersTakeNoPageBreaksUnderTheOtherReading)
+{
+    const auto breakHeader = [this] {
+        LiveRange(document->section(1)->story(Section::Part::header, HeaderFooterIndex::primary), 0, 0)
+            .insertBreak(BreakType::page);
+    };
+    EXPECT_EQ(errorOf(breakHeader), 0);
+    readAs({.headerTakesPageBreak = false});
+    EXPECT_EQ(errorOf(breakHeader), 4605);
+    EXPECT_EQ(errorOf([this] { range(0, 0).insertBreak(BreakType::page); }), 0);
+}
+
 } // namespace
 } // namespace standin::model

@@ -179,5 +179,28 @@ TEST_F(TableOfContentsTest, InsideTheCodeOfALinkItIsMadeThereAndNothingIsLost)
     EXPECT_TRUE(table.field().exists());
 }
 
+TEST_F(TableOfContentsTest, LevelsAreCheckedEvenWithoutHeadingsUnderTheOtherReading)
+{
+    const TableOfContentsOptions entriesOnly{
+        .useHeadingStyles = false, .lowerHeadingLevel = 0, .useFields = true};
+    EXPECT_EQ(errorOf([&] { add(entriesOnly); }), 0);
+    readAs({.contentsTakeAnyLevel = false});
+    EXPECT_EQ(errorOf([&] { add(entriesOnly); }), 4608);
+    EXPECT_EQ(errorOf([&] { add({.useHeadingStyles = false, .lowerHeadingLevel = 10}); }), 4608);
+    EXPECT_EQ(errorOf([&] { add({.useHeadingStyles = false, .lowerHeadingLevel = 9}); }), 0);
+}
+
+TEST_F(TableOfContentsTest, HeadersTakeNoneUnderTheOtherReading)
+{
+    const auto addToHeader = [this] {
+        const auto header = document->section(1)->story(Section::Part::header, HeaderFooterIndex::primary);
+        addTableOfContents(LiveRange(header, 0, 0), {});
+    };
+    EXPECT_EQ(errorOf(addToHeader), 0);
+    readAs({.headerTakesContents = false});
+    EXPECT_EQ(errorOf(addToHeader), 4605);
+    EXPECT_EQ(errorOf([this] { add({}); }), 0);
+}
+
 } // namespace
 } // namespace standin::model

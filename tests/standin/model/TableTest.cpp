@@ -374,5 +374,19 @@ TEST_F(TableTest, TablesOfAClosedDocumentAreDeletedObjects)
     EXPECT_EQ(errorOf([&] { cell.range(); }), 5825);
 }
 
+TEST_F(TableTest, ACellsRangeEndsInFrontOfItsMarkBehindTextUnderTheOtherReading)
+{
+    for (const bool keeps : {true, false}) {
+        readAs({.cellRangeKeepsMark = keeps});
+        LiveRange start = range(0, 0);
+        LiveRange cell = Table::add(start, 1, 1).cell(1, 1).range();
+        cell.insertAfter(u"abc");
+        EXPECT_EQ(shape(), u"abcCRP");
+        expectAt(cell, 0, keeps ? 4 : 3);
+        cell.insertAfter(u"d");
+        EXPECT_EQ(shape(), u"abcdCRP");
+    }
+}
+
 } // namespace
 } // namespace standin::model

@@ -31,6 +31,16 @@ TEST_F(TextToTableTest, EachParagraphIsACell)
     EXPECT_FALSE(table.cell(1, 1).format().top.isVisible);
 }
 
+TEST_F(TextToTableTest, TheRangeLiesInFrontOfTheTableUnderTheOtherReading)
+{
+    readAs({.convertToTableRangeCoversTable = false});
+    write(u"x\ra\rb\ry");
+    LiveRange place = range(2, 6);
+    convertToTable(place, {});
+    EXPECT_EQ(shape(), u"xPaCRbCRyP");
+    expectAt(place, 2, 2);
+}
+
 TEST_F(TextToTableTest, OneColumnUnlessAskedForMore)
 {
     write(u"a\rb\rc\r");

@@ -197,6 +197,26 @@ protected:
     const std::u16string& styleAt(Position at) const { return story().paragraphAt(at).format->style->name(); }
 };
 
+TEST_F(FragmentTest, BookmarksThatItMeetsAreKeptOrLost)
+{
+    const auto leftWith = [this](OverlappedBookmarks reading, const std::string& bytes) {
+        document = Document::make(u"Document1", {.insertFileOverlappedBookmarks = reading});
+        write(u"abcdef");
+        document->bookmarks().add(u"around", range(1, 5));
+        document->bookmarks().add(u"at", range(3, 3));
+        document->bookmarks().add(u"other", range(4, 4));
+        insert(3, bytes);
+        return document->bookmarks().all().size();
+    };
+    for (const std::string& bytes :
+         {fragment("{\\*\\bkmkstart own}x{\\*\\bkmkend own}\\par"), std::string("x")}) {
+        const std::size_t own = bytes == "x" ? 0 : 1;
+        EXPECT_EQ(leftWith(OverlappedBookmarks::kept, bytes), 3 + own);
+        EXPECT_EQ(leftWith(OverlappedBookmarks::lostInside, bytes), 2 + own);
+        EXPECT_EQ(leftWith(OverlappedBookmarks::lostTouching, bytes), 1 + own);
+    }
+}
+
 TEST_F(FragmentTest, WhatSaysNothingHasNoDirectFormatting)
 {
     document->styles().find(u"Normal")->font.name = u"Verdana";
@@ -331,6 +351,12 @@ TEST_F(FragmentTest, TheRangeCoversTheTextOrLiesInFront)
     EXPECT_EQ(all(), u"aone\rX\r");
     EXPECT_EQ(other.start(), 1);
     EXPECT_EQ(other.end(), 1);
+    document = Document::make(u"Document1", {.insertFileRange = InsertedRange::behind});
+    write(u"abX");
+    LiveRange third = range(1, 2);
+    insertFileContent(third, fragment("one\\par"));
+    EXPECT_EQ(third.start(), 5);
+    EXPECT_EQ(third.end(), 5);
 }
 
 TEST_F(FragmentTest, ABookmarkMovesOrIsDroppedWhenItsNameIsTaken)

@@ -20,6 +20,7 @@ IDENTITIES = uuid.UUID("0d3c6f0e-6a4b-4df6-8f0d-6f5b0f2f9a11")
 MODULE = "bin/mirovelcom.dll"
 PROGRAM = "bin/mirovel-settings.exe"
 MANUAL = "docs/index.html"
+KIT = "verify/verify.wsf"
 EXECUTABLES = (".dll", ".exe")
 
 
@@ -187,6 +188,10 @@ class InstallerSource:
             xml.SubElement(component, "Shortcut", Id="ManualShortcut", Directory="ProgramMenuFolder",
                            Name="MIROVE~2|Mirovelcom Documentation", WorkingDirectory="docs",
                            Target=f"[#{identifier(path)}]", Description="How to write documents, all methods, and what went wrong")
+        if path == KIT:
+            xml.SubElement(component, "Shortcut", Id="KitShortcut", Directory="ProgramMenuFolder",
+                           Name="MIROVE~3|Mirovelcom and this Word", WorkingDirectory="verify",
+                           Target=f"[#{identifier(path)}]", Description="Finds out how this machine's Word behaves")
 
     def add_classes(self, scripts):
         for script in scripts:

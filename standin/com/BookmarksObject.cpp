@@ -5,9 +5,25 @@
 #include "Field.h"
 #include "RangeObject.h"
 
+#include <algorithm>
+
 namespace standin {
-BookmarksObject::BookmarksObject(std::shared_ptr<Server> server, model::DocumentPtr document)
-    : BookmarksBase(std::move(server)), document_(std::move(document))
+namespace {
+bool touches(const model::LiveRange& range, const model::LiveRange& scope)
+{
+    return range.storyPtr() == scope.storyPtr() && range.start() <= scope.end() &&
+           range.end() >= scope.start();
+}
+
+bool liesBefore(const model::BookmarkPtr& a, const model::BookmarkPtr& b)
+{
+    return a->range().start() < b->range().start();
+}
+} // namespace
+
+BookmarksObject::BookmarksObject(std::shared_ptr<Server> server, model::DocumentPtr document,
+                                 std::optional<model::LiveRange> scope)
+    : BookmarksBase(std::move(server)), document_(std::move(document)), scope_(std::move(scope))
 {
 }
 
@@ -23,6 +39,11 @@ std::vector<model::BookmarkPtr> BookmarksObject::shown() const
     std::vector<model::BookmarkPtr> found = bookmarks().all();
     if (!bookmarks().showsHidden)
         std::erase_if(found, [](const model::BookmarkPtr& each) { return each->isHidden(); });
+    if (scope_) {
+        std::erase_if(found,
+                      [this](const model::BookmarkPtr& each) { return !touches(each->range(), *scope_); });
+        std::ranges::stable_sort(found, liesBefore);
+    }
     return found;
 }
 
@@ -30,7 +51,7 @@ Word::BookmarkPtr BookmarksObject::doItem(const VARIANT& index)
 {
     const model::BookmarkPtr bookmark =
         isNumber(index) ? memberAt(shown(), toLong(index)) : bookmarks().find(toText(index));
-    if (!bookmark)
+    if (!bookmark || (scope_ && !touches(bookmark->range(), *scope_)))
         throw model::WordError(model::WordErrorNumber::noSuchMember);
     return makeObject<BookmarkObject>(sharedServer(), bookmark);
 }

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "Document.h"
+#include "LiveRange.h"
 
 #include <StandinBases.h>
+#include <optional>
 
 namespace standin {
-/// The bookmarks of a document.
+/// The bookmarks of a document, by name; of a range those that touch it, by position.
 class BookmarksObject : public BookmarksBase
 {
 public:
-    BookmarksObject(std::shared_ptr<Server> server, model::DocumentPtr document);
+    BookmarksObject(std::shared_ptr<Server> server, model::DocumentPtr document,
+                    std::optional<model::LiveRange> scope = {});
 
     model::DocumentPtr documentModel() const override { return document_; }
 
@@ -26,5 +29,6 @@ private:
     std::vector<model::BookmarkPtr> shown() const;
 
     model::DocumentPtr document_;
+    std::optional<model::LiveRange> scope_;
 };
 } // namespace standin

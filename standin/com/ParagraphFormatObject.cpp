@@ -1,5 +1,8 @@
 #include "ParagraphFormatObject.h"
 
+#include "Document.h"
+#include "StyleObject.h"
+
 namespace standin {
 namespace {
 model::Style& styleOfOpen(const model::DocumentPtr& document, const model::StylePtr& style)
@@ -20,7 +23,12 @@ ParagraphTarget ParagraphFormatObject::targetOf(const model::LiveRange& range)
     auto own = std::make_shared<model::LiveRange>(range);
     return {[own] { return own->paragraphFormat(); },
             [own](const model::ParagraphProperties& properties) { own->setParagraphFormat(properties); },
-            [own] { own->resetParagraphFormat(); }};
+            [own] { own->resetParagraphFormat(); },
+            [own] {
+                model::Document& document = own->story().document();
+                const model::Style* const style = own->story().paragraphAt(own->start()).format->style;
+                return std::pair(document.shared_from_this(), document.styles().find(style->name()));
+            }};
 }
 
 ParagraphTarget ParagraphFormatObject::targetOf(model::DocumentPtr document, model::StylePtr style)
@@ -37,6 +45,15 @@ void ParagraphFormatObject::doReset()
     if (!target_.reset)
         return ParagraphFormatBase::doReset();
     target_.reset();
+}
+
+_variant_t ParagraphFormatObject::getStyle()
+{
+    if (!target_.style)
+        return ParagraphFormatBase::getStyle();
+    const auto [document, style] = target_.style();
+    const Word::StylePtr object = makeObject<StyleObject>(sharedServer(), document, style);
+    return _variant_t(object.GetInterfacePtr());
 }
 
 long ParagraphFormatObject::getAlignment()

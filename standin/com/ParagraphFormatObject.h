@@ -4,6 +4,7 @@
 
 #include <StandinBases.h>
 #include <functional>
+#include <utility>
 
 namespace standin {
 /// What a paragraph format object reads and writes: the paragraphs that a range touches, or a style.
@@ -12,6 +13,8 @@ struct ParagraphTarget
     std::function<model::ParagraphProperties()> read;
     std::function<void(const model::ParagraphProperties&)> write;
     std::function<void()> reset = {}; ///< a style has no direct formatting to take away
+    /// The first paragraph's; a style is not asked for one.
+    std::function<std::pair<model::DocumentPtr, model::StylePtr>()> style = {};
 };
 
 class ParagraphFormatObject : public ParagraphFormatBase
@@ -24,6 +27,7 @@ public:
 
 protected:
     void doReset() override;
+    _variant_t getStyle() override;
     long getAlignment() override;
     void putAlignment(long value) override;
     float getLeftIndent() override { return points(target_.read().leftIndent); }

@@ -1,6 +1,7 @@
 #include "RangeObject.h"
 
 #include "Arguments.h"
+#include "BookmarksObject.h"
 #include "FieldsObject.h"
 #include "FileContent.h"
 #include "FileNames.h"
@@ -96,6 +97,11 @@ Word::_FontPtr RangeObject::getFont()
 Word::_ParagraphFormatPtr RangeObject::getParagraphFormat()
 {
     return makeObject<ParagraphFormatObject>(sharedServer(), ParagraphFormatObject::targetOf(range_));
+}
+
+Word::BookmarksPtr RangeObject::getBookmarks()
+{
+    return makeObject<BookmarksObject>(sharedServer(), documentModel(), range_);
 }
 
 Word::FieldsPtr RangeObject::getFields()

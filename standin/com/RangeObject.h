@@ -31,6 +31,7 @@ protected:
     Word::_ParagraphFormatPtr getParagraphFormat() override;
     Word::TablesPtr getTables() override;
     Word::InlineShapesPtr getInlineShapes() override;
+    Word::BookmarksPtr getBookmarks() override;
     Word::FieldsPtr getFields() override;
     Word::HyperlinksPtr getHyperlinks() override;
     long getBold() override;

@@ -9,6 +9,7 @@ public:
     SectionObject(std::shared_ptr<Server> server, model::SectionPtr section);
 
 protected:
+    Word::RangePtr getRange() override;
     Word::PageSetupPtr getPageSetup() override;
     Word::HeadersFootersPtr getHeaders() override;
     Word::HeadersFootersPtr getFooters() override;

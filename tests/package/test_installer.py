@@ -125,7 +125,7 @@ class Installer(EndToEndTest):
                              (machine.path(PLACE) / name).read_bytes(), name)
         self.assertEqual((BUILD / "server" / "mirovelcom.dll").read_bytes(),
                          (machine.path(PLACE) / "bin" / "mirovelcom.dll").read_bytes())
-        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk"], machine.start_menu())
+        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk", "Mirovelcom and this Word.lnk"], machine.start_menu())
         added = machines.without(machines.added(before, machine.registry()), *RECORDS)
         keys = machines.without(added, "Wow6432Node")
         self.assertEqual(block_below("Registry"), as_shown({key: values for key, values in keys.items() if values or
@@ -189,7 +189,7 @@ class Installer(EndToEndTest):
         server = "Software\\Classes\\CLSID\\{5C2E7A10-3B41-4D8E-9F62-A1B3C4D5E6F7}\\InprocServer32"
         self.assertEqual(place + "bin\\mirovelcom.dll", after[server][""])
         self.assertEqual(sorted([*listed_files(), "templates/Own.dot"]), machine.files(place))
-        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk"], machine.start_menu())
+        self.assertEqual(["Mirovelcom Documentation.lnk", "Mirovelcom Settings.lnk", "Mirovelcom and this Word.lnk"], machine.start_menu())
         self.assertFalse(machine.path(PLACE).exists())
 
         status, _ = machine.run("msiexec.exe", "/i", machines.wine_name(self.folder / "2.0.9.msi"), "/qn")
@@ -277,7 +277,8 @@ class Package(EndToEndTest):
             self.assertEqual(sorted(names), names)
             for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb", "bin/mirovel-replay.exe",
                              "include/mirovelcom/IDocument.h", "lib/cmake/mirovelcom/mirovelcomConfig.cmake",
-                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html"):
+                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html",
+                             "verify/verify.wsf", "verify/source/sessions.js", "verify/files/one line.txt", "verify/report-files/report.dot"):
                 self.assertIn(f"{name}/{expected}", names)
             self.assertEqual([], [each for each in names if "settings.exe" in each or "wordstandin" in each])
             self.assertEqual((BUILD / "server" / "mirovelcom.dll").read_bytes(), archive.read(f"{name}/bin/mirovelcom.dll"))

@@ -154,6 +154,38 @@ std::pair<std::int32_t, std::int32_t> WriterTest::styleRunAtEnd()
     return {std::stoi(style[-2].substr(from.size())), std::stoi(style[-1].substr(to.size()))};
 }
 
+std::int32_t WriterTest::insertionPosition()
+{
+    constexpr std::string_view start = ".Start = ";
+    session_.clearTranscript();
+    session_.failCall(3, E_ACCESSDENIED);
+    EXPECT_THAT(comErrorOf([&] { writer().insertTag("position"); }), isHresult(E_ACCESSDENIED));
+    session_.clearFaults();
+    const std::string placed = takeCalls().back();
+    return std::stoi(placed.substr(placed.find(start) + start.size()));
+}
+
+void WriterTest::abandon()
+{
+    delete std::exchange(writer_, nullptr);
+}
+
+void WriterTest::startOver()
+{
+    abandon();
+    range_ = document_->Range();
+    range_->Delete();
+    WriterTest::SetUp();
+}
+
+void WriterTest::openCell()
+{
+    writer().startTable();
+    writer().addRow();
+    writer().addCell();
+    takeCalls();
+}
+
 void WriterTest::openCell(const Word::RangePtr& cell)
 {
     data().cellRange = cell;

@@ -62,6 +62,8 @@ protected:
     Word::RangePtr range_;
 };
 
+inline const std::string firstCell = "table.Rows(1).Cells(1).Range";
+
 /// Besides, a writer over the whole document, whose first calls are not left in the transcript.
 class WriterTest : public DocumentTest
 {
@@ -72,15 +74,23 @@ protected:
 
     MirovelSection& writer() { return *writer_; }
     MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
+    /// Where the writer's count has come to: where it would place a tag. Word refuses the tag, so nothing
+    /// changes. Of the calls nothing is left.
+    std::int32_t insertionPosition();
+    /// Lets the writer go without its end, when a failure or the test itself has left what would not bear it.
+    void abandon();
+    /// Abandons the writer and begins another in a document that is empty again.
+    void startOver();
     /// Finishes and destroys the writer and gives the calls that this took.
     Calls finish();
     /// Where the style in force began and how far the writer has come, by the run that its end applies.
     /// Finishes.
     std::pair<std::int32_t, std::int32_t> styleRunAtEnd();
 
-    /// What follows goes into `cell`, as in an open table.
+    /// Opens a table and its first cell, whose range the transcript calls `firstCell`. Of the calls nothing
+    /// is left.
+    void openCell();
     void openCell(const Word::RangePtr& cell);
-    /// Closes it again and forgets the font runs, which only a real table could apply.
     void closeCell();
 
 private:

@@ -173,9 +173,33 @@ void WriterTest::abandon()
 void WriterTest::startOver()
 {
     abandon();
-    range_ = document_->Range();
-    range_->Delete();
+    range_->PutStart(0);
+    range_->PutEnd(model().mainStory()->length() - 1);
+    if (!text().empty())
+        range_->Delete();
     WriterTest::SetUp();
+}
+
+Calls WriterTest::linksAtEnd()
+{
+    constexpr std::string_view from = ".Start = ";
+    constexpr std::string_view to = ".End = ";
+    constexpr std::string_view add = "document.Hyperlinks.Add(";
+    Calls links;
+    std::string start;
+    std::string end;
+    for (const std::string& call : finish()) {
+        if (const auto at = call.find(from); at != call.npos)
+            start = call.substr(at + from.size());
+        if (const auto at = call.find(to); at != call.npos)
+            end = call.substr(at + to.size());
+        if (!call.starts_with(add))
+            continue;
+        const auto range = call.find(", ");
+        links.push_back(call.substr(add.size(), range - add.size()) + ' ' + start + '-' + end + ": " +
+                        call.substr(range + 2, call.find(", missing") - range - 2));
+    }
+    return links;
 }
 
 void WriterTest::openCell()

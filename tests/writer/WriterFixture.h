@@ -64,6 +64,15 @@ protected:
 
 inline const std::string firstCell = "table.Rows(1).Cells(1).Range";
 
+/// As a transcript shows it, between quotes.
+inline std::string quoted(const QdxString& text)
+{
+    std::string result = "\"";
+    for (std::size_t i = 0; i < text.length(); ++i)
+        result += text.data()[i] == '\\' ? "\\\\" : std::string(1, text.data()[i]);
+    return result + '"';
+}
+
 /// Besides, a writer over the whole document, whose first calls are not left in the transcript.
 class WriterTest : public DocumentTest
 {
@@ -86,6 +95,10 @@ protected:
     /// Where the style in force began and how far the writer has come, by the run that its end applies.
     /// Finishes.
     std::pair<std::int32_t, std::int32_t> styleRunAtEnd();
+
+    /// The hyperlinks that the end draws, in order: the range, where it is laid, address and sub-address, as
+    /// in `body 4-8: "", "b1"`. Finishes.
+    Calls linksAtEnd();
 
     /// Opens a table and its first cell, whose range the transcript calls `firstCell`. Of the calls nothing
     /// is left.

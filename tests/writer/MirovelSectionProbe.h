@@ -7,8 +7,6 @@
 class MirovelSectionProbe
 {
 public:
-    static MirovelSectionData& data(MirovelSection& writer) { return *writer.data_; }
-
     /// A writer is never made without a document, so no call leads to what it does without one.
     static void setDocument(MirovelSection& writer, const Word::_DocumentPtr& document)
     {

@@ -210,19 +210,6 @@ void WriterTest::openCell()
     takeCalls();
 }
 
-void WriterTest::openCell(const Word::RangePtr& cell)
-{
-    data().cellRange = cell;
-    data().tableIndex = data().pos;
-}
-
-void WriterTest::closeCell()
-{
-    data().cellRange = nullptr;
-    data().tableIndex = -1;
-    data().fontRuns.clear();
-}
-
 void ClientWriterTest::SetUp()
 {
     WriterTest::SetUp();

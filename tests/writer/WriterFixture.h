@@ -82,7 +82,6 @@ protected:
     void TearDown() override;
 
     MirovelSection& writer() { return *writer_; }
-    MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
     /// Where the writer's count has come to: where it would place a tag. Word refuses the tag, so nothing
     /// changes. Of the calls nothing is left.
     std::int32_t insertionPosition();
@@ -103,8 +102,6 @@ protected:
     /// Opens a table and its first cell, whose range the transcript calls `firstCell`. Of the calls nothing
     /// is left.
     void openCell();
-    void openCell(const Word::RangePtr& cell);
-    void closeCell();
 
 private:
     MirovelSection* writer_ = nullptr; // finished where a failure can pass

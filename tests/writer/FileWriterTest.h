@@ -10,14 +10,14 @@
 #include <span>
 
 /// Besides, files to insert, and a trace whose log can be read.
-class FileWriterTest : public ClientWriterTest
+class FileWriterTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
         const QdxString installDir = folder_.file("installed").c_str();
         RegisterDynamic::write("Settings", "InstallDir", RegEntry(installDir));
-        ClientWriterTest::SetUp();
+        WriterTest::SetUp();
     }
 
     void openTrace(int level)

@@ -7,7 +7,7 @@ namespace {
 
 using standin::model::Alignment;
 
-class MirovelSectionAlignTest : public ClientWriterTest
+class MirovelSectionAlignTest : public WriterTest
 {
 protected:
     Calls applied()

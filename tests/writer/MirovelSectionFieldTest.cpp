@@ -11,7 +11,7 @@ namespace model = standin::model;
 
 constexpr auto refused = static_cast<HRESULT>(0x800A11FD);
 
-class MirovelSectionFieldTest : public ClientWriterTest
+class MirovelSectionFieldTest : public WriterTest
 {
 protected:
     std::vector<model::Field> fields() const

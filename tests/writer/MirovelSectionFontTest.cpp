@@ -5,7 +5,7 @@
 
 namespace {
 
-class MirovelSectionFontTest : public ClientWriterTest
+class MirovelSectionFontTest : public WriterTest
 {
 protected:
     Calls applied()

@@ -10,7 +10,7 @@ namespace {
 
 namespace model = standin::model;
 
-class MirovelSectionLinkDrawingTest : public ClientWriterTest
+class MirovelSectionLinkDrawingTest : public WriterTest
 {
 protected:
     std::vector<model::Hyperlink> links() const

@@ -8,7 +8,7 @@
 
 namespace {
 
-using MirovelSectionLinkTest = ClientWriterTest;
+using MirovelSectionLinkTest = WriterTest;
 
 TEST_F(MirovelSectionLinkTest, WritesTheTextAndRecordsTheLink)
 {

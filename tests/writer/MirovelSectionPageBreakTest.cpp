@@ -4,7 +4,7 @@
 
 namespace {
 
-using MirovelSectionPageBreakTest = ClientWriterTest;
+using MirovelSectionPageBreakTest = WriterTest;
 
 TEST_F(MirovelSectionPageBreakTest, WritesAPageBreakAndTakesItsEndForThePosition)
 {
@@ -129,7 +129,7 @@ TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
     EXPECT_EQ(styleRunAtEnd().second, 2);
 }
 
-using ChangeLastPageBreakTest = ClientWriterTest;
+using ChangeLastPageBreakTest = WriterTest;
 
 TEST_F(ChangeLastPageBreakTest, TurnsTheBreakIntoASection)
 {

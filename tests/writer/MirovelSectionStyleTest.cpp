@@ -4,7 +4,7 @@
 
 namespace {
 
-using MirovelSectionStyleTest = ClientWriterTest;
+using MirovelSectionStyleTest = WriterTest;
 
 /// What changing from an empty run in "Normal" costs when the new style's font is known already.
 Calls emptyNormalRunApplied()

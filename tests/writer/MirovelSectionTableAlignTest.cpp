@@ -8,12 +8,12 @@ namespace {
 
 using standin::model::Alignment;
 
-class MirovelSectionTableAlignTest : public ClientWriterTest
+class MirovelSectionTableAlignTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
-        ClientWriterTest::SetUp();
+        WriterTest::SetUp();
         writer().startTable();
         writer().addRow();
         takeCalls();

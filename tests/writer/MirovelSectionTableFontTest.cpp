@@ -9,7 +9,7 @@ constexpr FontLook courier{"Courier New", 9};
 constexpr FontLook bold{"Courier New", 9, true};
 
 /// A table of two rows, two columns and one letter in each cell: at 0 "a", at 2 "b", at 5 "c", at 7 "d".
-class MirovelSectionTableFontTest : public ClientWriterTest
+class MirovelSectionTableFontTest : public WriterTest
 {
 protected:
     void openTable()

@@ -10,7 +10,7 @@ namespace model = standin::model;
 constexpr auto memberMissing = static_cast<HRESULT>(0x800A1735);
 constexpr auto outOfRange = static_cast<HRESULT>(0x800A1200);
 
-class MirovelSectionTableTest : public ClientWriterTest
+class MirovelSectionTableTest : public WriterTest
 {
 protected:
     /// Opens a table and begins its first row; of the calls nothing is left.

@@ -6,7 +6,7 @@ namespace {
 
 namespace model = standin::model;
 
-class MirovelSectionTagTest : public ClientWriterTest
+class MirovelSectionTagTest : public WriterTest
 {
 protected:
     /// Where the bookmark stands, as "4-9".

@@ -2,7 +2,7 @@
 
 namespace {
 
-class MirovelSectionTextTest : public ClientWriterTest
+class MirovelSectionTextTest : public WriterTest
 {
 protected:
     void endParagraphs(int count)
@@ -240,7 +240,7 @@ TEST_F(MirovelSectionTextTest, CountsParagraphEndsInTablesForTheUndoListToo)
     EXPECT_LINES(takeCalls(), join(endl, Calls{"document.UndoClear()"}));
 }
 
-class CheckForEndlTest : public ClientWriterTest
+class CheckForEndlTest : public WriterTest
 {
 protected:
     Calls checked()
@@ -304,7 +304,7 @@ TEST_F(CheckForEndlTest, LeavesTablesAlone)
     EXPECT_EQ(cellTexts(), u"text");
 }
 
-using DeleteLastCharTest = ClientWriterTest;
+using DeleteLastCharTest = WriterTest;
 
 TEST_F(DeleteLastCharTest, RemovesTheLastCharacterWritten)
 {

@@ -9,7 +9,7 @@ namespace {
 
 namespace model = standin::model;
 
-class MirovelSectionTocDrawingTest : public ClientWriterTest
+class MirovelSectionTocDrawingTest : public WriterTest
 {
 protected:
     std::vector<model::TableOfContents> tablesOfContents() const

@@ -6,12 +6,12 @@
 
 namespace {
 
-class MirovelSectionTocEntryTest : public ClientWriterTest
+class MirovelSectionTocEntryTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
-        ClientWriterTest::SetUp();
+        WriterTest::SetUp();
         writer().insertTOC(3);
         takeCalls();
     }

@@ -5,7 +5,7 @@
 
 namespace {
 
-class MirovelSectionTocTest : public ClientWriterTest
+class MirovelSectionTocTest : public WriterTest
 {
 protected:
     /// Where the end builds the table of contents and down to which level, as in "19, level 3". Finishes.

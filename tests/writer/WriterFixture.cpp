@@ -122,6 +122,7 @@ Word::RangePtr DocumentTest::headerRange()
 void WriterTest::SetUp()
 {
     writer_ = new MirovelSection(application_, document_, range_);
+    writer_->deleteRange();
     session_.clearTranscript();
 }
 
@@ -161,8 +162,13 @@ std::int32_t WriterTest::insertionPosition()
     session_.failCall(3, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { writer().insertTag("position"); }), isHresult(E_ACCESSDENIED));
     session_.clearFaults();
-    const std::string placed = takeCalls().back();
-    return std::stoi(placed.substr(placed.find(start) + start.size()));
+    const Calls calls = takeCalls();
+    const auto at = calls.empty() ? std::string::npos : calls.back().find(start);
+    if (at == std::string::npos) {
+        ADD_FAILURE() << "the writer has not said where a tag begins";
+        return -1;
+    }
+    return std::stoi(calls.back().substr(at + start.size()));
 }
 
 void WriterTest::abandon()
@@ -207,12 +213,5 @@ void WriterTest::openCell()
     writer().startTable();
     writer().addRow();
     writer().addCell();
-    takeCalls();
-}
-
-void ClientWriterTest::SetUp()
-{
-    WriterTest::SetUp();
-    writer().deleteRange();
     takeCalls();
 }

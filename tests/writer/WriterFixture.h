@@ -50,9 +50,8 @@ protected:
     std::vector<standin::model::Table> tables() const;
     /// What the cells of the only table hold: "one|two/three|four".
     std::u16string cellTexts() const;
-    /// The primary header, which plays a table's cell where only text and ranges count: a story of its own,
-    /// ended by a mark. The calls for it are not left in the transcript; there it is
-    /// `document.Sections(1).Headers(1).Range`.
+    /// The primary header, for a writer beside that of the body. The calls for it are not left in the
+    /// transcript; there it is `document.Sections(1).Headers(1).Range`.
     Word::RangePtr headerRange();
 
     Apartment apartment_;
@@ -73,7 +72,8 @@ inline std::string quoted(const QdxString& text)
     return result + '"';
 }
 
-/// Besides, a writer over the whole document, whose first calls are not left in the transcript.
+/// Besides, a writer over the whole document, which has been emptied, as it is for a client: the output range
+/// ends where the writer has written last. Its first calls are not left in the transcript.
 class WriterTest : public DocumentTest
 {
 protected:
@@ -105,14 +105,6 @@ protected:
 
 private:
     MirovelSection* writer_ = nullptr; // finished where a failure can pass
-};
-
-/// Besides, the document has been emptied, as it is for a client: the output range ends where the writer has
-/// written last.
-class ClientWriterTest : public WriterTest
-{
-protected:
-    void SetUp() override;
 };
 
 /// The text of the QdxException that `act` raises; nothing when it does not.

@@ -31,8 +31,6 @@ public:
     iterator end() { return links_.end(); }
     const_iterator begin() const { return links_.begin(); }
     const_iterator end() const { return links_.end(); }
-    const HyperLink& front() const { return links_.front(); }
-    const HyperLink& back() const { return links_.back(); }
     std::size_t size() const { return links_.size(); }
     bool empty() const { return links_.empty(); }
 

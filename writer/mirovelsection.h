@@ -153,7 +153,7 @@ public:
     /// @}
 
 private:
-    friend class MirovelSectionProbe; // lets tests read the counters
+    friend class MirovelSectionProbe; // lets tests reach what only the writer itself calls
 
     void ignored(Silence why, const QdxString& concerned = QdxString()) const noexcept;
     void setRange(const Word::RangePtr& range);

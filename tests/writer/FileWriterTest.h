@@ -2,19 +2,22 @@
 
 #include "WriterFixture.h"
 
+#include "OwnRegistry.h"
 #include "ScratchFolder.h"
+#include "registry/RegisterDynamic.h"
 #include "tracedll/Trace.h"
 
 #include <span>
 
 /// Besides, files to insert, and a trace whose log can be read.
-class FileWriterTest : public ClientWriterTest
+class FileWriterTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
-        ClientWriterTest::SetUp();
-        data().installDir = folder_.file("installed").c_str();
+        const QdxString installDir = folder_.file("installed").c_str();
+        RegisterDynamic::write("Settings", "InstallDir", RegEntry(installDir));
+        WriterTest::SetUp();
     }
 
     void openTrace(int level)
@@ -42,33 +45,23 @@ protected:
         takeCalls();
     }
 
-    /// Inserts the file once for each position, with the first, second, ... Word call refused: there the
-    /// writer must stand afterwards.
+    /// Inserts the file once for each position into a new document, with the first, second, ... Word call
+    /// refused: there the writer must stand afterwards.
     void expectFailuresToLeave(const QdxString& file, std::span<const std::int32_t> positions)
     {
         for (std::size_t call = 1; call <= positions.size(); ++call) {
             SCOPED_TRACE(call);
-            data().pos = 0;
+            startOver();
+            writer().applyStyle();
             session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
             EXPECT_THAT(comErrorOf([&] { writer().insertFile(file, 0); }), isHresult(E_ACCESSDENIED));
             session_.clearFaults();
-            EXPECT_EQ(data().pos, positions[call - 1]);
+            EXPECT_EQ(insertionPosition(), positions[call - 1]);
             EXPECT_EQ(text().ends_with(u"X"), call > 1);
-            range_->PutStart(0);
-            if (!text().empty())
-                range_->Delete();
+            abandon();
         }
-        data().pos = 0;
     }
 
+    OwnRegistry registry_;
     ScratchFolder folder_;
 };
-
-/// As a transcript shows it, between quotes.
-inline std::string quoted(const QdxString& text)
-{
-    std::string result = "\"";
-    for (std::size_t i = 0; i < text.length(); ++i)
-        result += text.data()[i] == '\\' ? "\\\\" : std::string(1, text.data()[i]);
-    return result + '"';
-}

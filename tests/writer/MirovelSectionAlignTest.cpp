@@ -7,7 +7,16 @@ namespace {
 
 using standin::model::Alignment;
 
-using MirovelSectionAlignTest = ClientWriterTest;
+class MirovelSectionAlignTest : public WriterTest
+{
+protected:
+    Calls applied()
+    {
+        takeCalls();
+        MirovelSectionProbe::applyAlign(writer());
+        return takeCalls();
+    }
+};
 
 Calls alignmentWritten(const std::string& range, int alignment)
 {
@@ -19,14 +28,9 @@ TEST_F(MirovelSectionAlignTest, RecordsWhereAnAlignmentBegins)
 {
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{"body.End -> 0"});
-    EXPECT_EQ(data().alignment, 2);
-    ASSERT_EQ(data().alignRuns.size(), 1U);
-    const SaveAlign& run = data().alignRuns.front();
-    EXPECT_EQ(run.start, 0);
-    EXPECT_EQ(run.align, 2);
-    EXPECT_EQ(run.range.GetInterfacePtr(), range_.GetInterfacePtr());
     EXPECT_EQ(text(), u"");
-    EXPECT_EQ(styleRunAtEnd().second, 0);
+    EXPECT_EQ(insertionPosition(), 0);
+    EXPECT_LINES(applied(), join(rangeLaid(0, 0), alignmentWritten("body", 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, TheAlignmentInForceIsNotRecordedAgain)
@@ -35,15 +39,15 @@ TEST_F(MirovelSectionAlignTest, TheAlignmentInForceIsNotRecordedAgain)
     takeCalls();
     writer().setTextAlign(0);
     EXPECT_LINES(takeCalls(), Calls{}) << "a document begins with 0";
-    EXPECT_TRUE(data().alignRuns.empty());
+    EXPECT_LINES(applied(), Calls{});
 
     writer().setTextAlign(3);
     writer().insertText(L"text");
     takeCalls();
     writer().setTextAlign(3);
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_EQ(data().alignRuns.size(), 1U);
     EXPECT_EQ(text(), u"text\rtext");
+    EXPECT_LINES(applied(), join(rangeLaid(5, 9), alignmentWritten("body", 2)));
 }
 
 TEST_F(MirovelSectionAlignTest, EndsAnOpenParagraph)
@@ -52,10 +56,11 @@ TEST_F(MirovelSectionAlignTest, EndsAnOpenParagraph)
     takeCalls();
     writer().setTextAlign(3);
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "body.End -> 3"}));
-    EXPECT_EQ(data().lastEndlPos, 3);
-    EXPECT_EQ(data().endlCount, 1);
-    EXPECT_EQ(data().alignRuns.back().start, 3);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 3"}) << "the paragraph is ended";
     EXPECT_EQ(text(), u"ab\r");
+    EXPECT_LINES(applied(), join(rangeLaid(3, 3), alignmentWritten("body", 2), rangeLaid(3, 3),
+                                 alignmentWritten("body", 1)));
     EXPECT_EQ(styleRunAtEnd().second, 3);
 }
 
@@ -73,40 +78,40 @@ TEST_F(MirovelSectionAlignTest, BeginsWhereWordSaysNotAtTheWritersCount)
 {
     writer().insertText(L"a\n\nb");
     writer().insertEndl();
-    EXPECT_EQ(data().pos, 4);
-    takeCalls();
+    EXPECT_EQ(insertionPosition(), 4);
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{"body.End -> 5"});
-    EXPECT_EQ(data().alignRuns.back().start, 5);
+    EXPECT_EQ(applied().front(), "body.Start = 5");
 }
 
 TEST_F(MirovelSectionAlignTest, EachDistinctNumberStartsARun)
 {
     for (const std::int16_t number : std::array<std::int16_t, 6>{1, 0, 5, -1, 4, 32767})
         writer().setTextAlign(number);
-    EXPECT_EQ(data().alignRuns.size(), 6U);
-    EXPECT_EQ(data().alignment, 32767);
-    writer().setTextAlign(-32768);
-    EXPECT_EQ(data().alignment, -32768) << "widened with its sign";
+    for (const std::int16_t number : std::array<std::int16_t, 2>{32767, -32768}) {
+        writer().setTextAlign(number);
+        takeCalls();
+        writer().setTextAlign(number);
+        EXPECT_LINES(takeCalls(), Calls{}) << number << " is in force";
+    }
+    const Calls left = join(rangeLaid(0, 0), alignmentWritten("body", 0));
+    const Calls justified = join(rangeLaid(0, 0), alignmentWritten("body", 3));
+    EXPECT_LINES(applied(), join(left, left, left, left, justified, left, left));
 }
 
 TEST_F(MirovelSectionAlignTest, InATableRecordsTheCellAndEndsNoParagraph)
 {
     writer().insertText(L"open paragraph");
     takeCalls();
-    const Word::RangePtr cell = headerRange();
-    openCell(cell);
+    openCell();
     writer().insertText(L"cell");
-    takeCalls();
+    const std::int32_t position = insertionPosition();
     writer().setTextAlign(2);
-    EXPECT_LINES(takeCalls(), Calls{"document.Sections(1).Headers(1).Range.End -> 5"});
-    ASSERT_EQ(data().alignRuns.size(), 1U);
-    EXPECT_EQ(data().alignRuns.front().start, 5);
-    EXPECT_EQ(data().alignRuns.front().range.GetInterfacePtr(), cell.GetInterfacePtr());
-    EXPECT_EQ(data().pos, 14);
-    EXPECT_EQ(text(), u"open paragraph");
-    closeCell();
-    data().alignRuns.clear();
+    EXPECT_LINES(takeCalls(), Calls{firstCell + ".End -> 20"});
+    EXPECT_EQ(insertionPosition(), position);
+    EXPECT_EQ(cellTexts(), u"cell");
+    EXPECT_LINES(applied(), join(Calls{firstCell + ".End -> 20"}, rangeLaid(20, 20, firstCell),
+                                 alignmentWritten(firstCell, 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, AppliesEachAlignmentUpToTheNext)
@@ -120,22 +125,18 @@ TEST_F(MirovelSectionAlignTest, AppliesEachAlignmentUpToTheNext)
     writer().insertText(L"justified");
     writer().setTextAlign(0);
     writer().insertText(L"left");
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(),
-                 join(rangeLaid(0, 4), alignmentWritten("body", 1), rangeLaid(4, 10),
-                      alignmentWritten("body", 2), rangeLaid(10, 20), alignmentWritten("body", 3),
-                      rangeLaid(20, 24), alignmentWritten("body", 0)));
+    EXPECT_LINES(applied(), join(rangeLaid(0, 4), alignmentWritten("body", 1), rangeLaid(4, 10),
+                                 alignmentWritten("body", 2), rangeLaid(10, 20), alignmentWritten("body", 3),
+                                 rangeLaid(20, 24), alignmentWritten("body", 0)));
     EXPECT_EQ(text(), u"mid\rright\rjustified\rleft");
     EXPECT_EQ(alignmentAt(0), Alignment::center);
     EXPECT_EQ(alignmentAt(4), Alignment::right);
     EXPECT_EQ(alignmentAt(10), Alignment::justify);
     EXPECT_EQ(alignmentAt(20), Alignment::left);
-    EXPECT_TRUE(data().alignRuns.empty());
-    EXPECT_EQ(data().alignment, 0);
 
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(), Calls{});
+    writer().setTextAlign(0);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force again";
+    EXPECT_LINES(applied(), Calls{});
 }
 
 TEST_F(MirovelSectionAlignTest, UnknownNumbersMeanLeft)
@@ -153,72 +154,52 @@ TEST_F(MirovelSectionAlignTest, TheLastRunEndsAtTheWritersCount)
 {
     writer().setTextAlign(2);
     writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("body", 1)));
+    EXPECT_LINES(applied(), join(rangeLaid(0, 3), alignmentWritten("body", 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, TheLastRunOfACellEndsWithTheCell)
 {
-    openCell(headerRange());
+    openCell();
     writer().insertText(L"cell");
     writer().setTextAlign(2);
     writer().insertText(L"more");
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(), join(Calls{"document.Sections(1).Headers(1).Range.End -> 9",
-                                         "document.Sections(1).Headers(1).Range.Start = 5",
-                                         "document.Sections(1).Headers(1).Range.End = 9"},
-                                   alignmentWritten("document.Sections(1).Headers(1).Range", 1)));
-    closeCell();
+    EXPECT_LINES(applied(), join(Calls{firstCell + ".End -> 9"}, rangeLaid(5, 9, firstCell),
+                                 alignmentWritten(firstCell, 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, ARunOfACellEndsAtTheStartOfTheNextOne)
 {
-    openCell(headerRange());
+    openCell();
     writer().setTextAlign(2);
     writer().insertText(L"cell");
     writer().setTextAlign(3);
     writer().insertText(L"!");
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
     // The first run has moved the end that the last one asks for.
-    EXPECT_LINES(takeCalls(), join(Calls{"document.Sections(1).Headers(1).Range.Start = 1",
-                                         "document.Sections(1).Headers(1).Range.End = 5"},
-                                   alignmentWritten("document.Sections(1).Headers(1).Range", 1),
-                                   Calls{"document.Sections(1).Headers(1).Range.End -> 5",
-                                         "document.Sections(1).Headers(1).Range.Start = 5",
-                                         "document.Sections(1).Headers(1).Range.End = 5"},
-                                   alignmentWritten("document.Sections(1).Headers(1).Range", 2)));
-    closeCell();
+    EXPECT_LINES(applied(), join(rangeLaid(1, 5, firstCell), alignmentWritten(firstCell, 1),
+                                 Calls{firstCell + ".End -> 5"}, rangeLaid(5, 5, firstCell),
+                                 alignmentWritten(firstCell, 2)));
 }
 
 TEST_F(MirovelSectionAlignTest, TheOutputRangeIsTheSameByWhicheverPointer)
 {
     OtherPointer<Word::Range> other(range_);
-    openCell(other.get());
+    MirovelSectionProbe::setRange(writer(), other.get());
     writer().setTextAlign(2);
-    closeCell();
+    MirovelSectionProbe::setRange(writer(), range_);
     writer().insertText(L"a\n\nb"); // three by the writer's count, four in Word
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(), join(rangeLaid(0, 3), alignmentWritten("body", 1)))
+    EXPECT_LINES(applied(), join(rangeLaid(0, 3), alignmentWritten("body", 1)))
         << "up to the writer's count, and Word is not asked";
 }
 
 TEST_F(MirovelSectionAlignTest, AnotherRangeOverTheSameTextIsNotTheOutputRange)
 {
     writer().insertText(L"text");
-    const Word::RangePtr duplicate = range_->GetDuplicate();
-    takeCalls();
-    openCell(duplicate);
+    writer().insertEndl();
+    MirovelSectionProbe::setRange(writer(), range_->GetDuplicate());
     writer().setTextAlign(2);
-    closeCell();
-    takeCalls();
-    MirovelSectionProbe::applyAlign(writer());
-    EXPECT_LINES(takeCalls(),
-                 join(Calls{"body.Duplicate.End -> 4", "body.Duplicate.Start = 4", "body.Duplicate.End = 4"},
-                      alignmentWritten("body.Duplicate", 1)));
+    MirovelSectionProbe::setRange(writer(), range_);
+    EXPECT_LINES(applied(), join(Calls{"body.Duplicate.End -> 5"}, rangeLaid(5, 5, "body.Duplicate"),
+                                 alignmentWritten("body.Duplicate", 1)));
 }
 
 TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)
@@ -229,8 +210,11 @@ TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)
     writer().insertText(L"right");
     session_.failCall(4, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::applyAlign(writer()); }), isHresult(E_FAIL));
-    EXPECT_EQ(data().alignRuns.size(), 2U);
-    EXPECT_EQ(data().alignment, 3);
+    takeCalls();
+    writer().setTextAlign(3);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";
+    EXPECT_LINES(applied(), join(rangeLaid(0, 4), alignmentWritten("body", 1), rangeLaid(4, 9),
+                                 alignmentWritten("body", 2)));
 }
 
 TEST_F(MirovelSectionAlignTest, AFailureToReadTheEndRecordsNothing)
@@ -238,9 +222,11 @@ TEST_F(MirovelSectionAlignTest, AFailureToReadTheEndRecordsNothing)
     writer().insertText(L"ab");
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().setTextAlign(2); }), isHresult(E_FAIL));
-    EXPECT_TRUE(data().alignRuns.empty());
-    EXPECT_EQ(data().alignment, 0);
     EXPECT_EQ(text(), u"ab\r");
+    takeCalls();
+    writer().setTextAlign(0);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";
+    EXPECT_LINES(applied(), Calls{});
 }
 
 } // namespace

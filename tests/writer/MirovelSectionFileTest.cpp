@@ -49,13 +49,11 @@ TEST_F(MirovelSectionFileTest, WithoutANameNothingHappens)
 TEST_F(MirovelSectionFileTest, AnAddressIsALinkToItselfWhateverTheKind)
 {
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{0, 1, 2, 4}) {
+        startOver();
         writer().insertFile("http://example.org/a.xls", kind);
         EXPECT_EQ(takeCalls()[1], R"(body.InsertAfter("http://example.org/a.xls"))");
-        EXPECT_STREQ(data().links.back().destination.address.data(), "http://example.org/a.xls");
-        EXPECT_TRUE(data().links.back().destination.resolved);
+        EXPECT_LINES(linksAtEnd(), Calls{R"(body 0-24: "http://example.org/a.xls", "")"});
     }
-    EXPECT_EQ(data().links.size(), 4U);
-    data().links.clear();
 }
 
 TEST_F(MirovelSectionFileTest, AMissingFileIsTracedAndNothingIsWritten)
@@ -79,12 +77,10 @@ TEST_F(MirovelSectionFileTest, AMissingFileAsAHyperlinkIsOneWithDoubledBackslash
     openTrace(1);
     writer().insertFile("c:\\docs\\a.doc", 4);
     EXPECT_LINES(takeCalls(), (Calls{"body.End -> 0", R"(body.InsertAfter("a.doc"))", "body.End -> 5"}));
-    ASSERT_EQ(data().links.size(), 1U);
-    EXPECT_STREQ(data().links.front().destination.bookmark.data(), "c:\\\\docs\\\\a.doc")
-        << "no file of that name exists, so Word takes it for a place in the document";
-    EXPECT_TRUE(data().links.front().destination.resolved);
     EXPECT_EQ(log(), "ERR File not found: c:\\docs\\a.doc\r\n") << "it is traced all the same";
-    EXPECT_EQ(styleRunAtEnd().second, 5);
+    EXPECT_EQ(insertionPosition(), 5);
+    EXPECT_LINES(linksAtEnd(), Calls{R"(body 0-5: "", )" + quoted("c:\\\\docs\\\\a.doc")})
+        << "no file of that name exists, so Word takes it for a place in the document";
 }
 
 TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)
@@ -92,10 +88,11 @@ TEST_F(MirovelSectionFileTest, AsALinkItIsAHyperlinkToItsPath)
     const QdxString file = write("a b.txt", "text");
     writer().insertFile(file, 2);
     EXPECT_EQ(takeCalls()[1], R"(body.InsertAfter("a b.txt"))");
-    EXPECT_STREQ(data().links.back().destination.address.data(), file.data());
+    EXPECT_LINES(linksAtEnd(), Calls{"body 0-7: " + quoted(file) + ", \"\""});
     const QdxString picture = write("a.bmp", sample::bmp());
+    startOver();
     writer().insertFile(picture, 2);
-    EXPECT_STREQ(data().links.back().destination.address.data(), picture.data())
+    EXPECT_LINES(linksAtEnd(), Calls{"body 0-5: " + quoted(picture) + ", \"\""})
         << "pictures are files like others";
 }
 
@@ -105,7 +102,7 @@ TEST_F(MirovelSectionFileTest, AsAHyperlinkItHasDoubledBackslashes)
     writer().insertFile(file, 4);
     QdxString doubled = file;
     doubled.replaceStr("\\", "\\\\");
-    EXPECT_STREQ(data().links.back().destination.address.data(), doubled.data())
+    EXPECT_LINES(linksAtEnd(), Calls{"body 0-5: " + quoted(doubled) + ", \"\""})
         << "Windows finds it under that name too";
 }
 
@@ -115,7 +112,7 @@ TEST_F(MirovelSectionFileTest, ALinkInACellIsWrittenThere)
     openTable();
     writer().insertFile(file, 2);
     EXPECT_EQ(cellTexts(), u"ina.txt");
-    EXPECT_EQ(data().links.back().start, 2);
+    EXPECT_LINES(linksAtEnd(), Calls{firstCell + " 2-7: " + quoted(file) + ", \"\""});
 }
 
 TEST_F(MirovelSectionFileTest, APictureIsInsertedAsOne)
@@ -131,7 +128,7 @@ TEST_F(MirovelSectionFileTest, APictureIsInsertedAsOne)
                                       ", false, true, missing) -> " + numbered("inlineShape", ++number));
     }
     EXPECT_EQ(text(), u"\x01\x01\x01\x01\x01");
-    EXPECT_TRUE(data().links.empty());
+    EXPECT_LINES(linksAtEnd(), Calls{});
 }
 
 TEST_F(MirovelSectionFileTest, APictureOfABareNameIsTakenFromTheInstallation)
@@ -140,10 +137,14 @@ TEST_F(MirovelSectionFileTest, APictureOfABareNameIsTakenFromTheInstallation)
     writer().insertFile("no such logo.gif", 0);
     EXPECT_EQ(takeCalls()[3],
               "body.InlineShapes.AddPicture(" + quoted(installed) + ", false, true, missing) -> inlineShape");
+    startOver();
     writer().insertFile("no such logo.gif", 2);
-    EXPECT_STREQ(data().links.back().destination.address.data(), installed.data());
+    EXPECT_LINES(linksAtEnd(), Calls{"body 0-16: " + quoted(installed) + ", \"\""});
+    startOver();
     writer().insertFile("no such logo.gif", 4);
-    EXPECT_EQ(data().links.size(), 2U);
+    QdxString doubled = installed;
+    doubled.replaceStr("\\", "\\\\");
+    EXPECT_LINES(linksAtEnd(), Calls{"body 0-16: " + quoted(doubled) + ", \"\""});
 }
 
 TEST_F(MirovelSectionFileTest, AnyOtherFileIsInsertedByWord)
@@ -155,8 +156,9 @@ TEST_F(MirovelSectionFileTest, AnyOtherFileIsInsertedByWord)
     EXPECT_LINES(takeCalls(), join(styleRunApplied(0, 9, "-1", normalFont), Calls{R"(body.InsertAfter("X"))"},
                                    fileInserted(9, file),
                                    Calls{"body.End -> 18", "body.Start = 17", "body.Delete(1, 1) -> 1"}));
-    EXPECT_EQ(data().pos, 17);
-    EXPECT_EQ(data().stylePos, -1);
+    EXPECT_EQ(insertionPosition(), 17);
+    writer().applyStyle();
+    EXPECT_LINES(takeCalls(), Calls{}) << "no run is open";
     EXPECT_EQ(text(), u"in front one\rtwo\r");
     writer().insertText(L"behind");
     EXPECT_EQ(text(), u"in front one\rtwo\rbehind");
@@ -179,10 +181,10 @@ TEST_F(MirovelSectionFileTest, WhatWaitsForTheTextInFrontIsAppliedFirst)
                                          "body.ParagraphFormat.Alignment = 1", R"(body.InsertAfter("X"))"},
                                    fileInserted(6, file),
                                    Calls{"body.End -> 11", "body.Start = 10", "body.Delete(1, 1) -> 1"}));
-    EXPECT_TRUE(data().fontRuns.empty());
-    EXPECT_TRUE(data().alignRuns.empty());
-    EXPECT_EQ(data().alignment, 0);
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
+    writer().setTextAlign(0);
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "both are in force";
+    EXPECT_LINES(finish(), Calls{"document.UndoClear()"}) << "nothing waits any more";
 }
 
 TEST_F(MirovelSectionFileTest, AnExtensionInCapitalsIsNoPicture)
@@ -196,10 +198,10 @@ TEST_F(MirovelSectionFileTest, InACellNothingIsFlushedAndNoPlaceholderUsed)
 {
     const QdxString file = write("a.txt", "one");
     openTable();
-    const std::int32_t pos = data().pos;
+    const std::int32_t position = insertionPosition();
     writer().insertFile(file, 0);
     EXPECT_LINES(takeCalls(), join(Calls{"table.Rows(1).Cells(1).Range.End -> 3"}, fileInserted(2, file)));
-    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(insertionPosition(), position);
     EXPECT_EQ(cellTexts(), u"inone\r");
     writer().insertText(L"!");
     EXPECT_EQ(cellTexts(), u"inone\r!");
@@ -210,7 +212,7 @@ TEST_F(MirovelSectionFileTest, AnEmptyFileIsInsertedToo)
     writer().insertText(L"a");
     writer().insertFile(write("empty.txt", ""), 0);
     writer().insertText(L"b");
-    EXPECT_EQ(data().pos, static_cast<std::int32_t>(text().size()));
+    EXPECT_EQ(insertionPosition(), static_cast<std::int32_t>(text().size()));
     EXPECT_EQ(text().front(), u'a');
     EXPECT_EQ(text().back(), u'b');
 }
@@ -222,7 +224,7 @@ TEST_F(MirovelSectionFileTest, WhatWordCannotReadLeavesItsPlaceholder)
     EXPECT_THAT(comErrorOf([&] { writer().insertFile(file, 0); }),
                 isHresult(static_cast<HRESULT>(0x800A1499)));
     EXPECT_EQ(text(), u"aX");
-    EXPECT_EQ(data().pos, 2);
+    EXPECT_EQ(insertionPosition(), 2);
     writer().insertText(L"b");
     EXPECT_EQ(text(), u"aXb");
 }
@@ -230,7 +232,6 @@ TEST_F(MirovelSectionFileTest, WhatWordCannotReadLeavesItsPlaceholder)
 TEST_F(MirovelSectionFileTest, AFailureAtEachCallLeavesWhatWasDone)
 {
     const QdxString file = write("a.txt", "one");
-    writer().applyStyle();
     const std::array<std::int32_t, 6> positions = {0, 1, 1, 1, 4, 4};
     expectFailuresToLeave(file, positions);
 }

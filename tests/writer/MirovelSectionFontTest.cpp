@@ -1,8 +1,20 @@
 #include "WriterFixture.h"
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
-using MirovelSectionFontTest = WriterTest;
+class MirovelSectionFontTest : public WriterTest
+{
+protected:
+    Calls applied()
+    {
+        takeCalls();
+        writer().applyFont();
+        return takeCalls();
+    }
+};
 
 constexpr FontLook courier{"Courier New", 10};
 constexpr FontLook courierBold{"Courier New", 10, true};
@@ -14,24 +26,18 @@ TEST_F(MirovelSectionFontTest, RecordsWhereAFontBegins)
     writer().setFont(courier.data());
     EXPECT_LINES(takeCalls(), Calls{}) << "fonts are applied later";
     EXPECT_EQ(writer().getFont(), courier.data());
-    ASSERT_EQ(data().fontRuns.size(), 2U);
-    const FontSave& run = data().fontRuns.back();
-    EXPECT_EQ(run.getStart(), 5);
-    EXPECT_EQ(run.getFont(), courier.data());
-    EXPECT_EQ(run.getRange().GetInterfacePtr(), range_.GetInterfacePtr());
-    EXPECT_EQ(run.getRow(), 0);
-    EXPECT_EQ(run.getCol(), 0);
-    EXPECT_FALSE(run.getTable());
+    EXPECT_LINES(applied(), join(rangeLaid(0, 5), fontWritten("body", normalFont), rangeLaid(5, 5),
+                                 fontWritten("body", courier)));
 }
 
 TEST_F(MirovelSectionFontTest, TheFontInForceIsNotRecordedAgain)
 {
     writer().setFont(normalFont.data());
-    EXPECT_EQ(data().fontRuns.size(), 1U);
     writer().setFont(courier.data());
     writer().setFont(courier.data());
-    EXPECT_EQ(data().fontRuns.size(), 2U);
     EXPECT_LINES(takeCalls(), Calls{});
+    EXPECT_LINES(applied(), join(rangeLaid(0, 0), fontWritten("body", normalFont), rangeLaid(0, 0),
+                                 fontWritten("body", courier)));
 }
 
 TEST_F(MirovelSectionFontTest, GivesACopyOfTheFontInForce)
@@ -43,7 +49,8 @@ TEST_F(MirovelSectionFontTest, GivesACopyOfTheFontInForce)
     font.italic = 1;
     EXPECT_EQ(writer().getFont().bold, 1);
     EXPECT_EQ(writer().getFont().italic, 0);
-    EXPECT_EQ(data().fontRuns.back().getFont().italic, 0);
+    EXPECT_LINES(applied(), join(rangeLaid(0, 0), fontWritten("body", normalFont), rangeLaid(0, 0),
+                                 fontWritten("body", FontLook{normalFont.name, normalFont.size, true})));
 }
 
 TEST_F(MirovelSectionFontTest, AppliesEachFontUpToTheNextOnTopOfTheStyle)
@@ -90,7 +97,6 @@ TEST_F(MirovelSectionFontTest, ForgetsTheRunsAndTheFacesNameOnceApplied)
     all.italic = all.underline = all.strikeThrough = 1;
     writer().setFont(all);
     writer().applyFont();
-    EXPECT_TRUE(data().fontRuns.empty());
     FontData nameless = all;
     nameless.name = "";
     EXPECT_EQ(writer().getFont(), nameless);
@@ -100,7 +106,9 @@ TEST_F(MirovelSectionFontTest, ForgetsTheRunsAndTheFacesNameOnceApplied)
     EXPECT_LINES(takeCalls(), Calls{});
 
     writer().setFont(all);
-    EXPECT_EQ(data().fontRuns.size(), 1U) << "the same font is recorded again";
+    EXPECT_LINES(applied(), join(rangeLaid(0, 0),
+                                 fontWritten("body", FontLook{"Courier New", 10, true, true, true, true})))
+        << "the same font is recorded again";
 }
 
 TEST_F(MirovelSectionFontTest, AppliesTheStylesFontLeftByTheConstructor)
@@ -122,13 +130,13 @@ TEST_F(MirovelSectionFontTest, WithoutAStyleAFontIsAppliedAtOnce)
 {
     writer().insertText(L"ab");
     takeCalls();
-    data().styleName = "";
+    MirovelSectionProbe::leaveStyle(writer());
     writer().setFont(courier.data());
     EXPECT_LINES(takeCalls(), join(rangeLaid(0, 2), fontWritten("body", normalFont), rangeLaid(2, 2),
                                    fontWritten("body", courier)));
-    EXPECT_TRUE(data().fontRuns.empty());
     EXPECT_EQ(writer().getFont(), courier.data()) << "it is in force all the same";
-    data().styleName = "Normal";
+    EXPECT_LINES(applied(), Calls{});
+    abandon();
 }
 
 TEST_F(MirovelSectionFontTest, WritesEveryPropertyInOrder)
@@ -224,40 +232,39 @@ TEST_F(MirovelSectionFontTest, ReadsHalfPointsDownAndAnyUnderlineAsOne)
 
 TEST_F(MirovelSectionFontTest, InATableAFontIsAlwaysRecordedInTheCell)
 {
-    writer().insertText(L"body");
-    takeCalls();
-    const Word::RangePtr cell = headerRange();
-    openCell(cell);
+    openCell();
+    writer().addCell();
+    writer().addRow();
+    writer().addCell();
+    writer().addRow();
+    writer().addCell();
+    writer().addCell();
     writer().insertText(L"cell");
     takeCalls();
-    data().tableRows = 3;
-    data().tableColumn = 2;
     writer().setFont(normalFont.data()); // the one in force
     writer().setFont(normalFont.data());
-    EXPECT_LINES(takeCalls(), (Calls{"document.Sections(1).Headers(1).Range.End -> 5",
-                                     "document.Sections(1).Headers(1).Range.End -> 5"}));
-    ASSERT_EQ(data().fontRuns.size(), 3U);
-    const FontSave& run = data().fontRuns.back();
-    EXPECT_EQ(run.getStart(), 4) << "in front of the cell's mark";
-    EXPECT_EQ(run.getFont(), normalFont.data());
-    EXPECT_EQ(run.getRange().GetInterfacePtr(), cell.GetInterfacePtr());
-    EXPECT_EQ(run.getRow(), 3);
-    EXPECT_EQ(run.getCol(), 2);
-    closeCell();
+    EXPECT_LINES(takeCalls(), (Calls{"row2.Cells(2).Range.End -> 12", "row2.Cells(2).Range.End -> 12"}));
+    writer().endTable();
+    const Calls calls = applied();
+    EXPECT_EQ(std::ranges::count(calls, "table.Cell(3, 2) -> table.Cell(3, 2)"), 2);
+    EXPECT_EQ(std::ranges::count(calls, "table.Cell(3, 2).Range.Start = 11"), 1) << "in front of its mark";
+    EXPECT_TRUE(std::ranges::none_of(calls, [](const std::string& call) {
+        return call.starts_with("table.Cell(") && !call.starts_with("table.Cell(3, 2)");
+    }));
 }
 
 TEST_F(MirovelSectionFontTest, InATableRowAndColumnCountFromOneAndPositionsFromZero)
 {
-    const Word::RangePtr cell = document_->Range(0L, 0L);
+    writer().startTable();
     takeCalls();
-    openCell(cell);
+    session_.failCall(1, S_FALSE); // the cell ends at 0, says Word
     writer().setFont(courier.data());
-    EXPECT_LINES(takeCalls(), Calls{"document.Range(0, 0).End -> 0"});
-    const FontSave& run = data().fontRuns.back();
-    EXPECT_EQ(run.getStart(), 0);
-    EXPECT_EQ(run.getRow(), 1);
-    EXPECT_EQ(run.getCol(), 1);
-    closeCell();
+    session_.clearFaults();
+    writer().addRow();
+    writer().addCell();
+    writer().endTable();
+    const Calls calls = applied();
+    EXPECT_TRUE(std::ranges::count(calls, "table.Cell(1, 1).Range.Start = 0"));
 }
 
 TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)
@@ -266,8 +273,9 @@ TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)
     writer().setFont(courier.data());
     session_.failCall(4, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_FAIL));
-    EXPECT_EQ(data().fontRuns.size(), 2U);
     EXPECT_EQ(writer().getFont(), courier.data());
+    EXPECT_LINES(applied(), join(rangeLaid(0, 1), fontWritten("body", normalFont), rangeLaid(1, 1),
+                                 fontWritten("body", courier)));
 }
 
 /// A writer that only listens to what the base class asks of it.
@@ -294,10 +302,10 @@ TEST_F(MirovelSectionFontTest, ADerivedWriterMayTakeFontsAndStylesOver)
     base.setStyle("Heading 1", false);
     EXPECT_EQ(listening.styled, 1);
     EXPECT_EQ(listening.stored, 2);
-    MirovelSectionProbe::data(base).styleName = "";
+    EXPECT_EQ(listening.applied, 0);
+    MirovelSectionProbe::leaveStyle(base);
     base.setFont(normalFont.data());
     EXPECT_EQ(listening.applied, 1);
-    MirovelSectionProbe::data(base).styleName = "Normal";
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "WriterFixture.h"
 
+#include "OwnRegistry.h"
+#include "SamplePictures.h"
+#include "ScratchFolder.h"
 #include "registry/RegisterDynamic.h"
 #include "tracedll/Trace.h"
 
@@ -53,45 +56,26 @@ TEST_F(MirovelSectionLifeTest, TheConstructorAsksForStylesThenForThePage)
 TEST_F(MirovelSectionLifeTest, ANewWriterStandsAtTheStart)
 {
     MirovelSection* const writer = newWriter();
-    const MirovelSectionData& data = MirovelSectionProbe::data(*writer);
-    EXPECT_EQ(data.document.GetInterfacePtr(), document_.GetInterfacePtr());
-    EXPECT_EQ(data.application.GetInterfacePtr(), application_.GetInterfacePtr());
-    EXPECT_EQ(data.range.GetInterfacePtr(), range_.GetInterfacePtr());
-    EXPECT_TRUE(data.styles);
-    EXPECT_STREQ(data.styleName.data(), "Normal");
-    EXPECT_EQ(data.stylePos, 0) << "the constructor's own setStyle opens a run";
-    ASSERT_EQ(data.fontRuns.size(), 1U);
-    EXPECT_EQ(data.fontRuns.front().getStart(), 0);
-    EXPECT_EQ(data.fontRuns.front().getFont(), normalFont.data());
-    EXPECT_EQ(data.pendingFont, normalFont.data());
-    EXPECT_TRUE(data.alignRuns.empty());
-    EXPECT_EQ(data.pos, 0);
-    EXPECT_EQ(data.lastEndlPos, 0);
-    EXPECT_EQ(data.lastPageBreakPos, 0);
-    EXPECT_FALSE(data.trace.isTrace(1));
-    EXPECT_EQ(data.tocPos, 0);
-    EXPECT_EQ(data.tocStartPos, 0);
-    EXPECT_EQ(data.tocLevel, 0);
-    EXPECT_FALSE(data.collectingTocEntry);
-    EXPECT_TRUE(data.tocText.isEmpty());
-    EXPECT_EQ(data.sectionCount, 1);
-    EXPECT_EQ(data.alignment, 0);
-    EXPECT_FALSE(data.cellRange);
-    EXPECT_FALSE(data.table);
-    EXPECT_FALSE(data.tableRow);
-    EXPECT_FALSE(data.rowCells);
-    EXPECT_EQ(data.tableRows, 0);
-    EXPECT_EQ(data.tableColumn, 0);
-    EXPECT_EQ(data.tableColumns, 0);
-    EXPECT_EQ(data.rowHeight, 0);
-    EXPECT_EQ(data.tableIndex, -1);
+    EXPECT_EQ(writer->getFont(), normalFont.data());
     EXPECT_FALSE(writer->isTableOpen());
-    EXPECT_EQ(data.textWidth, 430.0F);
-    EXPECT_TRUE(data.links.empty());
-    EXPECT_FALSE(data.lastTagBookmark);
-    EXPECT_EQ(data.endlCount, 0);
     EXPECT_EQ(writer->getSectionCount(), 1);
+    EXPECT_TRUE(writer->unresolvedLinks().empty());
+    writer->setStyle("Normal", false);
+    writer->setFont(normalFont.data());
+    writer->setTextAlign(0);
+    writer->changeLastPageBreak();
+    writer->startTOCEntry();
+    writer->endTOCEntry();
+    writer->addRow();
+    writer->addCell();
+    writer->setTableRowHeight(20);
+    writer->endTable();
+    EXPECT_LINES(takeCalls(), Calls{})
+        << "all of this is so already, or needs something that is not there yet";
+    writer->insertText(L"x");
+    EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("x"))"});
     endWriter(writer);
+    EXPECT_LINES(takeCalls(), join(styleRunApplied(0, 1, "-1", normalFont), Calls{"document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionLifeTest, TheTextWidthComesFromThePage)
@@ -101,35 +85,27 @@ TEST_F(MirovelSectionLifeTest, TheTextWidthComesFromThePage)
     page.leftMargin = 70.5F;
     page.rightMargin = 40.0F;
     MirovelSection* const writer = newWriter();
-    EXPECT_EQ(MirovelSectionProbe::data(*writer).textWidth, 595.25F - (40.0F + 70.5F + 2.0F));
+    writer->startTable();
+    writer->addRow();
+    writer->addCell();
+    writer->endTable();
+    const float width = 595.25F - (40.0F + 70.5F + 2.0F);
+    EXPECT_EQ(tables().front().row(1).format().cells.front().width, width);
     endWriter(writer);
 }
 
-/// A value of ours in the user's registry; what stood there before is put back.
-class InstallDirSetting
-{
-public:
-    explicit InstallDirSetting(const char* value) : before_(read())
-    {
-        RegisterDynamic::write("Settings", "InstallDir", RegEntry(QdxString(value)));
-    }
-    ~InstallDirSetting() { RegisterDynamic::write("Settings", "InstallDir", RegEntry(before_)); }
-    InstallDirSetting(const InstallDirSetting&) = delete;
-    InstallDirSetting& operator=(const InstallDirSetting&) = delete;
-
-private:
-    static QdxString read() { return RegisterDynamic::read("Settings", "InstallDir", RegEntry(QdxString())); }
-
-    QdxString before_;
-};
-
 TEST_F(MirovelSectionLifeTest, TheInstallationDirectoryComesFromTheRegistryAsItStands)
 {
-    for (const char* const directory : {"C:\\one", "C:\\two"}) {
-        const InstallDirSetting setting(directory);
+    const OwnRegistry registry;
+    const ScratchFolder folder;
+    for (const char* const name : {"one", "two"}) {
+        const std::string logo = folder.write(std::string(name) + "\\pix\\no such logo.gif", sample::gif());
+        RegisterDynamic::write("Settings", "InstallDir", RegEntry(QdxString(folder.file(name).c_str())));
         MirovelSection* const writer = newWriter();
-        EXPECT_STREQ(MirovelSectionProbe::data(*writer).installDir.data(), directory);
+        writer->insertImage("no such logo.gif", {}, 0, 0);
+        EXPECT_TRUE(takeCalls().at(3).starts_with("body.InlineShapes.AddPicture(" + quoted(logo.c_str())));
         endWriter(writer);
+        takeCalls();
     }
 }
 
@@ -270,13 +246,10 @@ TEST_F(MirovelSectionLifeTest, ACopySharesTheStateAndLeavesTheWorkToItsOriginal)
     {
         MirovelSection copy(*writer);
         MirovelSection copyOfCopy(copy);
-        EXPECT_EQ(&MirovelSectionProbe::data(copy), &MirovelSectionProbe::data(*writer));
-        EXPECT_EQ(&MirovelSectionProbe::data(copyOfCopy), &MirovelSectionProbe::data(*writer));
         copyOfCopy.insertText(L"s");
         takeCalls();
     }
     EXPECT_LINES(takeCalls(), Calls{}) << "copies go without work";
-    EXPECT_EQ(MirovelSectionProbe::data(*writer).pos, 6);
     endWriter(writer);
     EXPECT_EQ(takeCalls().at(1), "body.End = 6");
     EXPECT_EQ(text(), u"Titles");
@@ -292,12 +265,10 @@ TEST_F(MirovelSectionLifeTest, AssignmentCompletesOnesOwnWorkFirst)
 
     *writer = *other;
     EXPECT_EQ(takeCalls(), busyWritersEnd_);
-    EXPECT_EQ(&MirovelSectionProbe::data(*writer), &MirovelSectionProbe::data(*other));
     writer->insertText(L"er");
     EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("er"))"});
     endWriter(writer);
     EXPECT_LINES(takeCalls(), Calls{}) << "it has become a copy";
-    EXPECT_EQ(MirovelSectionProbe::data(*other).pos, 6);
     endWriter(other);
     EXPECT_EQ(takeCalls().at(1), "document.Sections(1).Headers(1).Range.End = 6");
 }
@@ -329,13 +300,15 @@ TEST_F(MirovelSectionLifeTest, AFailureOfOnesOwnWorkLeavesTheAssignment)
 
 TEST_F(MirovelSectionLifeTest, TakesACopyOfATrace)
 {
+    const ScratchFolder folder;
     MirovelSection* const writer = newWriter();
     Trace trace;
-    trace.open("writer-tests.log");
+    trace.open(folder.file("trace.log").c_str());
     trace.setLevel(10);
     writer->setTrace(trace);
     trace.setLevel(0);
-    EXPECT_TRUE(MirovelSectionProbe::data(*writer).trace.isTrace(10));
+    writer->insertFile("no such.txt", 0);
+    EXPECT_EQ(contentOf(folder.file("trace.log")), "ERR File not found: no such.txt\r\n");
     EXPECT_LINES(takeCalls(), Calls{});
     endWriter(writer);
 }

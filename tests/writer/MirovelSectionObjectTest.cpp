@@ -32,7 +32,7 @@ TEST_F(MirovelSectionObjectTest, ASpreadsheetIsEmbeddedAsAnIcon)
         (Calls{R"(body.InsertAfter("X"))", "body.Start = 2", "body.InlineShapes -> body.InlineShapes",
                objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls"),
                "body.End -> 26", "body.Start = 25", "body.Delete(1, 1) -> 1"}));
-    EXPECT_EQ(data().pos, 25);
+    EXPECT_EQ(insertionPosition(), 25);
     EXPECT_EQ(text(), u"a \x13 EMBED Excel.Sheet \x14\x01\x15");
     writer().insertText(L" b");
     EXPECT_EQ(text(), u"a \x13 EMBED Excel.Sheet \x14\x01\x15 b");
@@ -52,7 +52,7 @@ TEST_F(MirovelSectionObjectTest, AsALinkItHasNoClass)
     writer().insertFile(slides_, 2);
     EXPECT_EQ(takeCalls()[3], objectAdded(2, "empty", slides_, "true", "PowerPnt.exe", "show.ppt"));
     EXPECT_TRUE(text().find(u" LINK ") != std::u16string::npos);
-    EXPECT_TRUE(data().links.empty());
+    EXPECT_LINES(linksAtEnd(), Calls{});
 }
 
 TEST_F(MirovelSectionObjectTest, AsAHyperlinkOrAnythingElseItIsEmbeddedAllTheSame)
@@ -63,13 +63,13 @@ TEST_F(MirovelSectionObjectTest, AsAHyperlinkOrAnythingElseItIsEmbeddedAllTheSam
         EXPECT_EQ(takeCalls()[3],
                   objectAdded(++number, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls"));
     }
-    EXPECT_TRUE(data().links.empty());
+    EXPECT_LINES(linksAtEnd(), Calls{});
 }
 
 TEST_F(MirovelSectionObjectTest, InACellUsesNoPlaceholder)
 {
     openTable();
-    const std::int32_t pos = data().pos;
+    const std::int32_t position = insertionPosition();
     writer().insertFile(sheet_, 0);
     EXPECT_LINES(
         takeCalls(),
@@ -77,7 +77,7 @@ TEST_F(MirovelSectionObjectTest, InACellUsesNoPlaceholder)
                "table.Rows(1).Cells(1).Range.InlineShapes -> table.Rows(1).Cells(1).Range.InlineShapes",
                objectAdded(1, "\"Excel.Sheet\"", sheet_, "false", "excel.exe", "report.xls",
                            "table.Rows(1).Cells(1).Range")}));
-    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(insertionPosition(), position);
     EXPECT_EQ(cellTexts(), u"in\x13 EMBED Excel.Sheet \x14\x01\x15");
 }
 
@@ -87,7 +87,7 @@ TEST_F(MirovelSectionObjectTest, ExtensionsAreComparedWithTheirCase)
     writer().insertFile("no such.XLS", 0);
     EXPECT_EQ(log(), "ERR File not found: no such.XLS\r\n");
     writer().insertFile("no such.PPT", 4);
-    EXPECT_EQ(data().links.size(), 1U) << "any file, so a link";
+    EXPECT_LINES(linksAtEnd(), Calls{R"(body 0-11: "", "no such.PPT")"}) << "any file, so a link";
 }
 
 TEST_F(MirovelSectionObjectTest, AMissingOneAsAHyperlinkIsAskedOfWord)

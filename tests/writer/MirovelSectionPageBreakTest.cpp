@@ -1,6 +1,6 @@
 #include "WriterFixture.h"
 
-#include <iterator>
+#include <string>
 
 namespace {
 
@@ -12,16 +12,24 @@ TEST_F(MirovelSectionPageBreakTest, WritesAPageBreakAndTakesItsEndForThePosition
     takeCalls();
     writer().insertPageBreak();
     EXPECT_LINES(takeCalls(), (Calls{"body.Start = 2", "body.InsertBreak(missing)", "body.End -> 3"}));
-    EXPECT_EQ(data().pos, 3);
-    EXPECT_EQ(data().lastPageBreakPos, 3);
-    EXPECT_EQ(data().lastEndlPos, 0);
-    EXPECT_EQ(data().stylePos, 0);
-    EXPECT_EQ(data().sectionCount, 1);
+    EXPECT_EQ(insertionPosition(), 3);
+    EXPECT_EQ(writer().getSectionCount(), 1);
     EXPECT_EQ(text(), u"ab\f");
 
     writer().insertText(L"cd");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("cd"))"});
     EXPECT_EQ(text(), u"ab\fcd");
+    EXPECT_EQ(styleRunAtEnd(), std::pair(0, 5));
+}
+
+TEST_F(MirovelSectionPageBreakTest, IsNoParagraphEnd)
+{
+    writer().insertText(L"ab");
+    writer().insertEndl();
+    writer().insertPageBreak();
+    takeCalls();
+    writer().setTextAlign(2);
+    EXPECT_EQ(takeCalls().front(), R"(body.InsertAfter("\n"))");
 }
 
 TEST_F(MirovelSectionPageBreakTest, ThePositionIsWhatWordSays)
@@ -45,13 +53,10 @@ TEST_F(MirovelSectionPageBreakTest, ClosesAndReopensAStyle)
                                    rangeLaid(0, 6), fontWritten("body", heading1Font), rangeLaid(6, 6),
                                    Calls{"body.Style = -1"}, // and back
                                    rangeLaid(6, 6), fontWritten("body", normalFont)));
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().lastPageBreakPos, 6);
-    ASSERT_EQ(data().fontRuns.size(), 1U);
-    EXPECT_EQ(data().fontRuns.front().getStart(), 6);
-    EXPECT_EQ(data().fontRuns.front().getFont(), heading1Font.data());
     EXPECT_EQ(text(), u"Title\f");
-    EXPECT_EQ(styleRunAtEnd(), std::pair(6, 6));
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force";
+    EXPECT_LINES(finish(), join(styleRunApplied(6, 6, "-2", heading1Font), Calls{"document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionPageBreakTest, EndsTheParagraphOfAStyleThatBeganInsideIt)
@@ -67,40 +72,50 @@ TEST_F(MirovelSectionPageBreakTest, EndsTheParagraphOfAStyleThatBeganInsideIt)
                       rangeLaid(1, 8), Calls{"body.Style = -2"}, rangeLaid(1, 8),
                       fontWritten("body", heading1Font), rangeLaid(8, 8), Calls{"body.Style = -1"},
                       rangeLaid(8, 8), fontWritten("body", normalFont)));
-    EXPECT_EQ(data().lastEndlPos, 8);
-    EXPECT_EQ(data().lastPageBreakPos, 7);
     EXPECT_EQ(text(), u"xTitle\f\r");
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 8"}) << "no paragraph is open";
+    writer().changeLastPageBreak();
+    EXPECT_EQ(takeCalls().front(), "body.Start = 6");
     EXPECT_EQ(styleRunAtEnd(), std::pair(8, 8));
 }
 
 TEST_F(MirovelSectionPageBreakTest, InATableWritesNoBreakInNormal)
 {
-    openCell(headerRange());
+    openCell();
+    const std::int32_t position = insertionPosition();
     writer().insertPageBreak();
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_EQ(data().pos, 0);
-    EXPECT_EQ(data().lastPageBreakPos, 0);
-    closeCell();
+    EXPECT_EQ(insertionPosition(), position);
+    writer().changeLastPageBreak();
+    EXPECT_LINES(takeCalls(), Calls{}) << "there is none";
+    EXPECT_EQ(cellTexts(), u"");
 }
 
 TEST_F(MirovelSectionPageBreakTest, InATableOnlyClosesAndReopensAStyle)
 {
+    openCell();
     writer().setStyle("Heading 1", false);
-    takeCalls();
-    openCell(headerRange());
-    const std::size_t runs = data().fontRuns.size();
+    writer().applyFont();
+    const std::int32_t position = insertionPosition();
     writer().insertPageBreak();
-    EXPECT_LINES(takeCalls(), (Calls{"document.Sections(1).Headers(1).Range.End -> 1",
-                                     "document.Sections(1).Headers(1).Range.End -> 1"}))
+    EXPECT_LINES(takeCalls(), (Calls{firstCell + ".End -> 1", firstCell + ".End -> 1"}))
         << "each style records its font in the cell";
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().pos, 0);
-    EXPECT_EQ(data().lastPageBreakPos, 0);
-    ASSERT_EQ(data().fontRuns.size(), runs + 2);
-    EXPECT_EQ(data().fontRuns.back().getFont(), heading1Font.data());
-    EXPECT_EQ(std::prev(data().fontRuns.end(), 2)->getFont(), normalFont.data());
-    EXPECT_EQ(text(), u"");
-    closeCell();
+    EXPECT_EQ(writer().getFont(), heading1Font.data());
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force";
+    EXPECT_EQ(insertionPosition(), position);
+    writer().changeLastPageBreak();
+    EXPECT_LINES(takeCalls(), Calls{}) << "there is none";
+    EXPECT_EQ(cellTexts(), u"");
+    writer().endTable();
+    takeCalls();
+    writer().applyFont();
+    std::string faces;
+    for (const std::string& call : takeCalls())
+        if (const auto name = call.find(".Font.Name = "); name != call.npos)
+            faces += call.substr(name + 13);
+    EXPECT_EQ(faces, R"("Times New Roman""Arial")");
 }
 
 TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
@@ -108,7 +123,9 @@ TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
     writer().insertText(L"ab");
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertPageBreak(); }), isHresult(E_FAIL));
-    EXPECT_EQ(data().lastPageBreakPos, 0);
+    takeCalls();
+    writer().changeLastPageBreak();
+    EXPECT_LINES(takeCalls(), Calls{}) << "there is none";
     EXPECT_EQ(styleRunAtEnd().second, 2);
 }
 
@@ -123,10 +140,8 @@ TEST_F(ChangeLastPageBreakTest, TurnsTheBreakIntoASection)
     EXPECT_LINES(takeCalls(),
                  (Calls{"body.Start = 2", "body.End = 3", "body.Delete(1, 1) -> 1", "body.Start = 2",
                         "body.InsertBreak(2)", "body.End = 3", "body.Start = 3"}));
-    EXPECT_EQ(data().pos, 3);
-    EXPECT_EQ(data().sectionCount, 2);
+    EXPECT_EQ(insertionPosition(), 3);
     EXPECT_EQ(writer().getSectionCount(), 2);
-    EXPECT_EQ(data().lastPageBreakPos, 0);
     EXPECT_EQ(text(), u"ab\f");
     ASSERT_EQ(model().sectionCount(), 2);
     EXPECT_EQ(model().sectionEnd(1), 3);
@@ -143,7 +158,7 @@ TEST_F(ChangeLastPageBreakTest, LeavesWhatWasWrittenSinceAndGoesOnBehindIt)
     EXPECT_LINES(takeCalls(),
                  (Calls{"body.Start = 2", "body.End = 3", "body.Delete(1, 1) -> 1", "body.Start = 2",
                         "body.InsertBreak(2)", "body.End = 6", "body.Start = 6"}));
-    EXPECT_EQ(data().pos, 6);
+    EXPECT_EQ(insertionPosition(), 6);
     writer().insertText(L"f");
     EXPECT_EQ(text(), u"ab\fcdef");
     EXPECT_EQ(model().sectionCount(), 2);
@@ -155,7 +170,7 @@ TEST_F(ChangeLastPageBreakTest, WithoutABreakDoesNothing)
     takeCalls();
     writer().changeLastPageBreak();
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_EQ(data().pos, 2);
+    EXPECT_EQ(insertionPosition(), 2);
     EXPECT_EQ(writer().getSectionCount(), 1);
     EXPECT_EQ(text(), u"ab");
 }
@@ -196,10 +211,11 @@ TEST_F(ChangeLastPageBreakTest, AFailureLeavesTheBreakOnRecord)
     session_.failCall(5, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 1);
-    EXPECT_EQ(data().lastPageBreakPos, 3);
-    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(insertionPosition(), 3);
     EXPECT_EQ(text(), u"ab");
-    data().pos = 2;
+    comErrorOf([&] { writer().changeLastPageBreak(); });
+    EXPECT_EQ(takeCalls().front(), "body.Start = 2") << "it is tried again";
+    abandon();
 }
 
 TEST_F(ChangeLastPageBreakTest, AFailureToReturnComesAfterTheSectionHasBeenCounted)
@@ -209,8 +225,10 @@ TEST_F(ChangeLastPageBreakTest, AFailureToReturnComesAfterTheSectionHasBeenCount
     session_.failCall(6, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 2);
-    EXPECT_EQ(data().lastPageBreakPos, 0);
     EXPECT_EQ(model().sectionCount(), 2);
+    takeCalls();
+    writer().changeLastPageBreak();
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is done with";
 }
 
 } // namespace

@@ -40,7 +40,7 @@ TEST_F(MirovelSectionPictureTest, StandsWhereItsPlaceholderStood)
     EXPECT_LINES(takeCalls(),
                  join(Calls{R"(body.InsertAfter("X"))", "body.Start = 2"}, pictureAdded("body", 1, picture_),
                       Calls{"body.Start = 3", "body.Delete(1, 1) -> 1"}));
-    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(insertionPosition(), 3);
     EXPECT_EQ(text(), u"a \x01");
     ASSERT_EQ(shapes().size(), 1U);
     EXPECT_EQ(shapes().front().shape().width, 72);
@@ -80,37 +80,27 @@ TEST_F(MirovelSectionPictureTest, LeadsToItsLink)
 {
     writer().insertText(L"a");
     writer().insertImage(picture_, toBookmark("b1", false), 0, 0);
-    ASSERT_EQ(data().links.size(), 1U);
-    const HyperLink& link = data().links.front();
-    EXPECT_EQ(link.start, 1);
-    EXPECT_EQ(link.end, 2);
-    EXPECT_STREQ(link.destination.bookmark.data(), "b1");
-    EXPECT_FALSE(link.destination.resolved);
-    EXPECT_EQ(link.range.GetInterfacePtr(), range_.GetInterfacePtr());
+    EXPECT_EQ(writer().unresolvedLinks(), std::vector<QdxString>{"b1"});
     writer().resolve("b1");
-    finish();
+    EXPECT_LINES(linksAtEnd(), Calls{R"(body 1-2: "", "b1")"});
     EXPECT_EQ(text(), u"a\x13 HYPERLINK  \\l \"b1\" \x14\x01\x15");
 }
 
 TEST_F(MirovelSectionPictureTest, InACellUsesNoPlaceholder)
 {
     openTable();
-    const std::int32_t pos = data().pos;
+    const std::int32_t position = insertionPosition();
     writer().insertImage(picture_, toAddress("http://example.org"), 10, 0);
     EXPECT_LINES(
         takeCalls(),
         join(Calls{"table.Rows(1).Cells(1).Range.End -> 3", "table.Rows(1).Cells(1).Range.Start = 2"},
              pictureAdded("table.Rows(1).Cells(1).Range", 1, picture_), Calls{"inlineShape.Width = 10f"}));
-    EXPECT_EQ(data().pos, pos);
+    EXPECT_EQ(insertionPosition(), position);
     EXPECT_EQ(cellTexts(), u"in\x01");
-    ASSERT_EQ(data().links.size(), 1U);
-    EXPECT_EQ(data().links.front().start, 2);
-    EXPECT_EQ(data().links.front().end, 3);
-    EXPECT_STREQ(data().links.front().destination.address.data(), "http://example.org");
     writer().insertText(L"!");
     writer().endTable();
     EXPECT_EQ(cellTexts(), u"in\x01!");
-    finish();
+    EXPECT_LINES(linksAtEnd(), Calls{firstCell + R"( 2-3: "http://example.org", "")"});
     EXPECT_EQ(cellTexts(), u"in\x13 HYPERLINK \"http://example.org\" \x14\x01\x15!");
 }
 
@@ -148,7 +138,7 @@ TEST_F(MirovelSectionPictureTest, ThatIsMissingIsTracedByTheNameGiven)
     writer().insertImage("logo.gif", toBookmark("b1", true), 0, 0);
     EXPECT_LINES(takeCalls(), Calls{});
     EXPECT_EQ(log(), "ERR File not found: logo.gif\r\n");
-    EXPECT_TRUE(data().links.empty());
+    EXPECT_LINES(linksAtEnd(), Calls{});
     EXPECT_EQ(text(), u"text");
 }
 
@@ -179,8 +169,8 @@ TEST_F(MirovelSectionPictureTest, ThatWordCannotReadLeavesItsPlaceholder)
         EXPECT_EQ(takeCalls().size(), 4U);
     }
     EXPECT_EQ(text(), u"XXX");
-    EXPECT_TRUE(data().links.empty());
-    EXPECT_EQ(styleRunAtEnd().second, 3);
+    EXPECT_EQ(insertionPosition(), 3);
+    EXPECT_LINES(linksAtEnd(), Calls{});
 }
 
 TEST_F(MirovelSectionPictureTest, MayHaveSpacesInItsName)
@@ -198,20 +188,16 @@ TEST_F(MirovelSectionPictureTest, AFailureAtEachCallLeavesWhatWasDone)
     const std::array<std::int32_t, 8> positions = {0, 1, 1, 1, 2, 2, 1, 1};
     for (std::size_t call = 1; call <= texts.size(); ++call) {
         SCOPED_TRACE(call);
-        data().pos = 0;
+        startOver();
         session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().insertImage(picture_, toBookmark("b1", false), 10, 20); }),
                     isHresult(E_ACCESSDENIED));
         session_.clearFaults();
         EXPECT_EQ(text(), texts.at(call - 1));
-        EXPECT_EQ(data().pos, positions.at(call - 1));
-        EXPECT_EQ(data().links.size(), call > 6 ? 1U : 0U);
-        range_->PutStart(0);
-        if (!text().empty())
-            range_->Delete();
-        data().links.clear();
+        EXPECT_EQ(insertionPosition(), positions.at(call - 1));
+        EXPECT_EQ(writer().unresolvedLinks().size(), call > 6 ? 1U : 0U);
+        abandon();
     }
-    data().pos = 0;
 }
 
 } // namespace

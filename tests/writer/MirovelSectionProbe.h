@@ -3,11 +3,17 @@
 #include "MirovelSectionData.h"
 #include "mirovelsection.h"
 
-/// A writer's friend: reads its counters, and reaches what only the writer itself calls.
+/// A writer's friend: reaches what only the writer itself calls.
 class MirovelSectionProbe
 {
 public:
-    static MirovelSectionData& data(MirovelSection& writer) { return *writer.data_; }
+    /// A writer is never made without a document, so no call leads to what it does without one.
+    static void setDocument(MirovelSection& writer, const Word::_DocumentPtr& document)
+    {
+        writer.data_->document = document;
+    }
+    /// A style without a name, as no call leads to it: Word has none, and a writer begins with "Normal".
+    static void leaveStyle(MirovelSection& writer) { writer.data_->styleName = ""; }
 
     static void setRange(MirovelSection& writer, const Word::RangePtr& range) { writer.setRange(range); }
     static void checkForEndl(MirovelSection& writer) { writer.checkForEndl(); }

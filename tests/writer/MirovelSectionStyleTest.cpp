@@ -21,17 +21,15 @@ TEST_F(MirovelSectionStyleTest, StartsARunAndAppliesTheOneBefore)
     EXPECT_LINES(takeCalls(),
                  join(styleFontRead("-2", heading1Font), rangeLaid(0, 5), Calls{"body.Style = -1"},
                       rangeLaid(0, 5), fontWritten("body", normalFont)));
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().stylePos, 5);
-    EXPECT_EQ(data().pos, 5);
-    EXPECT_EQ(data().lastEndlPos, 5);
     EXPECT_EQ(writer().getFont(), heading1Font.data());
-    ASSERT_EQ(data().fontRuns.size(), 1U);
-    const FontSave& run = data().fontRuns.front();
-    EXPECT_EQ(run.getStart(), 5);
-    EXPECT_EQ(run.getFont(), heading1Font.data());
-    EXPECT_EQ(run.getRange().GetInterfacePtr(), range_.GetInterfacePtr());
-    EXPECT_FALSE(run.getTable());
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 5"}) << "no paragraph is open";
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force";
+    writer().insertText(L"Title");
+    writer().applyStyle();
+    EXPECT_LINES(takeCalls(),
+                 join(Calls{R"(body.InsertAfter("Title"))"}, styleRunApplied(5, 10, "-2", heading1Font)));
 }
 
 TEST_F(MirovelSectionStyleTest, StylesReachTheirOwnParagraphs)
@@ -62,17 +60,16 @@ TEST_F(MirovelSectionStyleTest, StylesReachTheirOwnParagraphs)
 
 TEST_F(MirovelSectionStyleTest, TheStyleInForceIsNotStartedAgain)
 {
-    writer().insertText(L"open paragraph");
-    data().stylePos = 4; // a paragraph end would be written here
-    data().lastEndlPos = 2;
+    writer().insertText(L"x");
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"open paragraph"); // another style would end it
     takeCalls();
-    writer().setStyle("Normal", false);
+    writer().setStyle("Heading 1", false);
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_EQ(data().stylePos, 4);
-    EXPECT_EQ(data().pos, 14);
-    EXPECT_EQ(data().fontRuns.size(), 1U);
-    EXPECT_EQ(text(), u"open paragraph");
-    data().stylePos = 0;
+    EXPECT_EQ(text(), u"xopen paragraph");
+    EXPECT_LINES(finish(), join(Calls{R"(body.InsertAfter("\n"))"},
+                                styleRunApplied(1, 16, "-2", heading1Font), Calls{"document.UndoClear()"}))
+        << "the font is recorded once";
 }
 
 TEST_F(MirovelSectionStyleTest, ForceStartsTheStyleInForceAgain)
@@ -82,19 +79,17 @@ TEST_F(MirovelSectionStyleTest, ForceStartsTheStyleInForceAgain)
     writer().setStyle("Normal", true);
     EXPECT_LINES(takeCalls(), join(rangeLaid(0, 4), Calls{"body.Style = -1"}, rangeLaid(0, 4),
                                    fontWritten("body", normalFont)));
-    EXPECT_EQ(data().stylePos, 4);
-    EXPECT_EQ(data().pos, 4);
-    ASSERT_EQ(data().fontRuns.size(), 1U)
-        << "the style's font is recorded anew, since its name was forgotten";
-    EXPECT_EQ(data().fontRuns.front().getStart(), 4);
     EXPECT_EQ(writer().getFont(), normalFont.data());
+    EXPECT_LINES(finish(), join(styleRunApplied(4, 4, "-1", normalFont), Calls{"document.UndoClear()"}))
+        << "the style's font is recorded anew, since its name was forgotten";
 }
 
 TEST_F(MirovelSectionStyleTest, NamesOfStylesAreComparedByteForByte)
 {
     writer().setStyle("normal", false);
     EXPECT_LINES(takeCalls(), join(styleFontRead(R"("normal")", normalFont), emptyNormalRunApplied()));
-    EXPECT_STREQ(data().styleName.data(), "normal");
+    writer().setStyle("normal", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "this one is in force";
 }
 
 TEST_F(MirovelSectionStyleTest, EndsAnOpenParagraphFirst)
@@ -107,7 +102,8 @@ TEST_F(MirovelSectionStyleTest, EndsAnOpenParagraphFirst)
     EXPECT_LINES(takeCalls(),
                  join(Calls{R"(body.InsertAfter("\n"))"}, styleFontRead("-3", heading2Font), rangeLaid(1, 3),
                       Calls{"body.Style = -2"}, rangeLaid(1, 3), fontWritten("body", heading1Font)));
-    EXPECT_EQ(data().lastEndlPos, 3);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 3"}) << "no paragraph is open";
     EXPECT_EQ(text(), u"xT\r");
     EXPECT_EQ(styleRunAtEnd(), std::pair(3, 3));
 }
@@ -180,7 +176,8 @@ TEST_F(MirovelSectionStyleTest, DeepHeadingsAreWrittenAsHeading9)
 {
     writer().setStyle("Heading 10", false);
     EXPECT_LINES(takeCalls(), join(styleFontRead("-10", heading9Font), emptyNormalRunApplied()));
-    EXPECT_STREQ(data().styleName.data(), "Heading 10");
+    writer().setStyle("Heading 10", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force by the name given";
     writer().insertText(L"deep");
     takeCalls();
     writer().setStyle("Heading 9", false);
@@ -222,10 +219,8 @@ TEST_F(MirovelSectionStyleTest, AnUnknownStyleIsNamedAndTheOldOneStays)
     takeCalls();
     EXPECT_EQ(reasonOf([&] { writer().setStyle("Nope", false); }), "ERR Unknown style: Nope");
     EXPECT_LINES(takeCalls(), Calls{R"(document.Styles.Item("Nope") !! 0x800a1735)"});
-    EXPECT_STREQ(data().styleName.data(), "Normal");
-    EXPECT_EQ(data().stylePos, 0);
-    EXPECT_EQ(data().fontRuns.size(), 1U);
     EXPECT_EQ(writer().getFont(), normalFont.data());
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 4, "-1", normalFont), Calls{"document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionStyleTest, AnUnknownStyleIsAskedForEachTime)
@@ -245,8 +240,9 @@ TEST_F(MirovelSectionStyleTest, AnUnknownStyleEndsAnOpenParagraphAllTheSame)
     EXPECT_EQ(reasonOf([&] { writer().setStyle("Nope", false); }), "ERR Unknown style: Nope");
     EXPECT_LINES(takeCalls(),
                  (Calls{R"(body.InsertAfter("\n"))", R"(document.Styles.Item("Nope") !! 0x800a1735)"}));
-    EXPECT_EQ(data().lastEndlPos, 3);
-    EXPECT_EQ(data().stylePos, 1);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 3"}) << "no paragraph is open";
+    EXPECT_EQ(styleRunAtEnd(), std::pair(1, 3));
 }
 
 TEST_F(MirovelSectionStyleTest, AnyFailureOfWordIsBlamedOnTheNewStyleAsGiven)
@@ -257,7 +253,9 @@ TEST_F(MirovelSectionStyleTest, AnyFailureOfWordIsBlamedOnTheNewStyleAsGiven)
         EXPECT_EQ(reasonOf([&] { writer().setStyle("Heading 12", false); }), "ERR Unknown style: Heading 12")
             << "call " << call;
         session_.clearFaults();
-        EXPECT_STREQ(data().styleName.data(), "Heading 2");
+        takeCalls();
+        writer().setStyle("Heading 2", false);
+        EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";
     };
     for (int lookUp = 1; lookUp <= 8; ++lookUp)
         expectBlamed(lookUp);
@@ -265,7 +263,9 @@ TEST_F(MirovelSectionStyleTest, AnyFailureOfWordIsBlamedOnTheNewStyleAsGiven)
     for (int application = 1; application <= 12; ++application)
         expectBlamed(application);
     writer().setStyle("Heading 12", false);
-    EXPECT_STREQ(data().styleName.data(), "Heading 12");
+    takeCalls();
+    writer().setStyle("Heading 12", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "now it is this one";
 }
 
 TEST_F(MirovelSectionStyleTest, AFailureToApplyKeepsTheRunOpen)
@@ -278,25 +278,22 @@ TEST_F(MirovelSectionStyleTest, AFailureToApplyKeepsTheRunOpen)
     session_.failCall(3, static_cast<HRESULT>(0x800A11FD));
     EXPECT_EQ(reasonOf([&] { writer().setStyle("Normal", false); }), "ERR Unknown style: Normal");
     EXPECT_LINES(takeCalls(), join(rangeLaid(5, 10), Calls{"body.Style = -2 !! 0x800a11fd"}));
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_EQ(data().stylePos, 5);
-    EXPECT_EQ(data().fontRuns.size(), 1U);
+    EXPECT_LINES(finish(), join(styleRunApplied(5, 10, "-2", heading1Font), Calls{"document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionStyleTest, InATableAppliesNothing)
 {
-    writer().insertText(L"x");
+    openCell();
     writer().setStyle("Heading 1", false);
-    writer().insertText(L"T"); // an open paragraph
     takeCalls();
-    openCell(headerRange());
     writer().setStyle("Normal", false);
-    EXPECT_LINES(takeCalls(), Calls{"document.Sections(1).Headers(1).Range.End -> 1"});
-    EXPECT_STREQ(data().styleName.data(), "Normal");
-    EXPECT_EQ(data().stylePos, 2);
-    EXPECT_EQ(data().fontRuns.size(), 2U);
-    EXPECT_EQ(text(), u"xT");
-    closeCell();
+    EXPECT_LINES(takeCalls(), Calls{firstCell + ".End -> 1"}) << "its font is recorded in the cell";
+    writer().setStyle("Normal", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force";
+    writer().insertText(L"in");
+    writer().endTable();
+    EXPECT_EQ(fontAt(0).name, u"Times New Roman");
+    EXPECT_EQ(styleRunAtEnd().first, 3) << "the run goes on behind the table";
 }
 
 TEST_F(MirovelSectionStyleTest, ApplyStyleClosesTheRun)
@@ -307,13 +304,14 @@ TEST_F(MirovelSectionStyleTest, ApplyStyleClosesTheRun)
     writer().applyStyle();
     EXPECT_LINES(takeCalls(), join(rangeLaid(0, 5), Calls{"body.Style = -2"}, rangeLaid(0, 5),
                                    fontWritten("body", heading1Font)));
-    EXPECT_EQ(data().stylePos, -1);
-    EXPECT_STREQ(data().styleName.data(), "Heading 1");
-    EXPECT_TRUE(data().fontRuns.empty());
     EXPECT_STREQ(writer().getFont().name.data(), "");
 
     writer().applyStyle();
     EXPECT_LINES(takeCalls(), Calls{}) << "no run is open";
+    writer().applyFont();
+    EXPECT_LINES(takeCalls(), Calls{}) << "no font waits";
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force all the same";
 }
 
 TEST_F(MirovelSectionStyleTest, ApplyStyleEndsAnOpenParagraph)
@@ -326,7 +324,8 @@ TEST_F(MirovelSectionStyleTest, ApplyStyleEndsAnOpenParagraph)
     EXPECT_LINES(takeCalls(),
                  join(Calls{R"(body.InsertAfter("\n"))"}, rangeLaid(1, 3), Calls{"body.Style = -2"},
                       rangeLaid(1, 3), fontWritten("body", heading1Font)));
-    EXPECT_EQ(data().pos, 3);
+    EXPECT_EQ(insertionPosition(), 3);
+    EXPECT_EQ(text(), u"xT\r");
 }
 
 TEST_F(MirovelSectionStyleTest, TextGoesOnBehindWhatWasApplied)
@@ -372,9 +371,12 @@ TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)
 
 TEST_F(MirovelSectionStyleTest, WithoutStylesRaisesUnknownStyle)
 {
-    data().styles = nullptr;
-    EXPECT_EQ(reasonOf([&] { writer().setStyle("Heading 1", false); }), "ERR Unknown style: Heading 1");
+    session_.failCall(1, S_FALSE); // the font of "Normal" is known already
+    auto* const other = new MirovelSection(application_, document_, range_);
+    takeCalls();
+    EXPECT_EQ(reasonOf([&] { other->setStyle("Heading 1", false); }), "ERR Unknown style: Heading 1");
     EXPECT_LINES(takeCalls(), Calls{});
+    endWriter(other);
 }
 
 } // namespace

@@ -1,16 +1,19 @@
 // Alignments that were set while a table was open.
 #include "WriterFixture.h"
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
 using standin::model::Alignment;
 
-class MirovelSectionTableAlignTest : public ClientWriterTest
+class MirovelSectionTableAlignTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
-        ClientWriterTest::SetUp();
+        WriterTest::SetUp();
         writer().startTable();
         writer().addRow();
         takeCalls();
@@ -47,8 +50,6 @@ TEST_F(MirovelSectionTableAlignTest, BeginsBehindTheCellAndIsAppliedWhenTheTable
     writer().addCell();
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{"table.Rows(1).Cells(1).Range.End -> 1"});
-    EXPECT_EQ(data().alignRuns.front().start, 1);
-    EXPECT_EQ(data().alignRuns.front().range.GetInterfacePtr(), data().cellRange.GetInterfacePtr());
     writer().insertText(L"abc");
     takeCalls();
     writer().endTable();
@@ -58,8 +59,10 @@ TEST_F(MirovelSectionTableAlignTest, BeginsBehindTheCellAndIsAppliedWhenTheTable
                       alignmentWritten("table.Rows(1).Cells(1).Range", 1),
                       Calls{"table.Rows(1).Cells.Item(1) -> table.Rows(1).Cells(1)",
                             "table.Rows(1).Cells(1).SetWidth(430f, 3)", "body.End -> 6"}));
-    EXPECT_TRUE(data().alignRuns.empty());
-    EXPECT_EQ(data().alignment, 0);
+    writer().setTextAlign(0);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force again";
+    MirovelSectionProbe::applyAlign(writer());
+    EXPECT_LINES(takeCalls(), Calls{}) << "no alignment waits";
     EXPECT_EQ(alignments(), "c");
     EXPECT_EQ(alignmentAt(5), Alignment::left) << "the space behind the table";
 }
@@ -71,10 +74,11 @@ TEST_F(MirovelSectionTableAlignTest, EachCellHasItsOwn)
     writer().addRow();
     addCell(4, L"three");
     addCell(2, L"four");
-    EXPECT_EQ(data().alignRuns.size(), 4U);
     writer().endTable();
     EXPECT_EQ(alignments(), "cr/jc");
-    EXPECT_EQ(data().alignment, 0);
+    takeCalls();
+    writer().setTextAlign(0);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force again";
 }
 
 TEST_F(MirovelSectionTableAlignTest, BehindTheCellsTextReachesWhatFollowsTheCell)
@@ -94,8 +98,12 @@ TEST_F(MirovelSectionTableAlignTest, OneThatHoldsForSeveralCellsReachesOnlyTheFi
     addCell(2, L"two");
     writer().addRow();
     addCell(2, L"three");
-    EXPECT_EQ(data().alignRuns.size(), 1U);
+    takeCalls();
     writer().endTable();
+    const Calls calls = takeCalls();
+    EXPECT_EQ(std::ranges::count_if(
+                  calls, [](const std::string& call) { return call.find(".Alignment = ") != call.npos; }),
+              1);
     EXPECT_EQ(alignments(), "cl/ll");
 }
 
@@ -106,7 +114,8 @@ TEST_F(MirovelSectionTableAlignTest, OneIsAskedForAgainBehindTheTable)
     takeCalls();
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "body.End -> 7"}));
-    EXPECT_EQ(data().alignment, 2);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{}) << "now it is in force";
 }
 
 TEST_F(MirovelSectionTableAlignTest, AFailureWhenTheTableEndsKeepsItOpen)
@@ -116,9 +125,11 @@ TEST_F(MirovelSectionTableAlignTest, AFailureWhenTheTableEndsKeepsItOpen)
         session_.failCall(call, E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
         EXPECT_TRUE(writer().isTableOpen());
-        EXPECT_EQ(data().alignRuns.size(), 1U);
-        EXPECT_EQ(data().alignment, 2);
     }
+    session_.clearFaults();
+    takeCalls();
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";
     writer().endTable();
     EXPECT_EQ(alignments(), "c");
 }

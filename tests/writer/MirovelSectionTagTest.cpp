@@ -6,7 +6,7 @@ namespace {
 
 namespace model = standin::model;
 
-class MirovelSectionTagTest : public ClientWriterTest
+class MirovelSectionTagTest : public WriterTest
 {
 protected:
     /// Where the bookmark stands, as "4-9".
@@ -27,9 +27,9 @@ TEST_F(MirovelSectionTagTest, PlacesABookmarkAtTheInsertionPosition)
     EXPECT_LINES(takeCalls(),
                  (Calls{"document.Bookmarks -> document.Bookmarks",
                         R"(document.Bookmarks.Add("b1", missing) -> bookmark)", "bookmark.Start = 6"}));
-    EXPECT_TRUE(data().lastTagBookmark);
     EXPECT_EQ(place(u"b1"), "6-6");
-    EXPECT_EQ(styleRunAtEnd().second, 6);
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 6, "-1", normalFont),
+                                Calls{"bookmark.End = 5", "document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionTagTest, TheNextOneEndsTheOneBefore)
@@ -72,8 +72,9 @@ TEST_F(MirovelSectionTagTest, AnEmptyOrBadNameIsRefusedByWord)
         EXPECT_THAT(comErrorOf([&] { writer().insertTag(name); }),
                     isHresult(static_cast<HRESULT>(0x800A16C4)))
             << name;
-        EXPECT_FALSE(data().lastTagBookmark);
     }
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 0, "-1", normalFont), Calls{"document.UndoClear()"}))
+        << "no bookmark is ended";
 }
 
 TEST_F(MirovelSectionTagTest, TheSameNameMovesTheBookmark)
@@ -138,11 +139,12 @@ TEST_F(MirovelSectionTagTest, InATableStandsBehindTheTable)
 
 TEST_F(MirovelSectionTagTest, WithoutADocumentNoneIsPlaced)
 {
-    data().document = nullptr;
+    MirovelSectionProbe::setDocument(writer(), nullptr);
     EXPECT_FALSE(writer().insertTag("b1"));
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_FALSE(data().lastTagBookmark);
-    data().document = document_;
+    MirovelSectionProbe::setDocument(writer(), document_);
+    EXPECT_LINES(finish(), join(styleRunApplied(0, 0, "-1", normalFont), Calls{"document.UndoClear()"}))
+        << "no bookmark is ended";
 }
 
 TEST_F(MirovelSectionTagTest, WithoutWordsBookmarksNoneIsPlaced)
@@ -174,18 +176,18 @@ TEST_F(MirovelSectionTagTest, TheLastOneEndsBehindFontsAndAlignments)
 
 TEST_F(MirovelSectionTagTest, AFailureAtEachCallKeepsTheLastOne)
 {
-    writer().insertText(L"abc");
-    writer().insertTag("b1");
-    writer().insertText(L"def");
-    const Word::BookmarkPtr last = data().lastTagBookmark;
     for (long call = 1; call <= 4; ++call) {
+        SCOPED_TRACE(call);
+        startOver();
+        writer().insertText(L"abc");
+        writer().insertTag("b1");
+        writer().insertText(L"def");
         session_.failCall(call, E_FAIL);
-        EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(E_FAIL)) << "call " << call;
-        EXPECT_EQ(data().lastTagBookmark.GetInterfacePtr(), last.GetInterfacePtr());
+        EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(E_FAIL));
         session_.clearFaults();
+        EXPECT_TRUE(writer().insertTag("b3"));
+        EXPECT_EQ(place(u"b1"), "3-5");
     }
-    EXPECT_TRUE(writer().insertTag("b2"));
-    EXPECT_EQ(place(u"b1"), "3-5");
 }
 
 } // namespace

@@ -2,21 +2,27 @@
 
 namespace {
 
-using MirovelSectionTextTest = WriterTest;
+class MirovelSectionTextTest : public WriterTest
+{
+protected:
+    void endParagraphs(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            writer().insertEndl();
+    }
+};
 
 TEST_F(MirovelSectionTextTest, WritesTextWithOneCallAndCountsIt)
 {
     writer().insertText(L"plain text");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("plain text"))"});
-    EXPECT_EQ(data().pos, 10);
-    EXPECT_EQ(data().lastEndlPos, 0);
-    EXPECT_EQ(data().stylePos, 0);
+    EXPECT_EQ(insertionPosition(), 10);
     EXPECT_EQ(text(), u"plain text");
 
     writer().insertText(L", more");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter(", more"))"});
     EXPECT_EQ(text(), u"plain text, more");
-    EXPECT_EQ(styleRunAtEnd().second, 16);
+    EXPECT_EQ(styleRunAtEnd(), std::pair(0, 16));
 }
 
 TEST_F(MirovelSectionTextTest, WritesMarkupAsItStands)
@@ -30,9 +36,16 @@ TEST_F(MirovelSectionTextTest, CountsCarriageReturnAndLineFeedAsOne)
 {
     writer().insertText(L"ab\r\ncd");
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("ab\r\ncd"))"});
-    EXPECT_EQ(data().lastEndlPos, 0) << "only insertEndl notes a paragraph end";
     EXPECT_EQ(text(), u"ab\rcd");
     EXPECT_EQ(styleRunAtEnd().second, 5);
+}
+
+TEST_F(MirovelSectionTextTest, ALineFeedInATextIsNoParagraphEndToTheWriter)
+{
+    writer().insertText(L"ab\r\n");
+    takeCalls();
+    writer().setTextAlign(2);
+    EXPECT_EQ(takeCalls().front(), R"(body.InsertAfter("\n"))") << "the paragraph counts as open";
 }
 
 TEST_F(MirovelSectionTextTest, CountsALineFeedAtTheStartInFull)
@@ -91,47 +104,58 @@ TEST_F(MirovelSectionTextTest, WritesAMegabyteWithOneCall)
     const long before = session_.callCount();
     writer().insertText(all.c_str());
     EXPECT_EQ(session_.callCount(), before + 1);
-    EXPECT_EQ(static_cast<std::int32_t>(text().size()), data().pos);
+    EXPECT_EQ(text().size(), 65'536U * 16);
     EXPECT_EQ(styleRunAtEnd().second, 65'536 * 16);
 }
 
 TEST_F(MirovelSectionTextTest, WritesIntoTheCellOfAnOpenTable)
 {
     writer().insertText(L"body");
-    takeCalls();
-    openCell(headerRange());
+    openCell();
+    const std::int32_t position = insertionPosition();
     writer().insertText(L"ab\r\ncd");
-    EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("ab\r\ncd"))"});
-    EXPECT_EQ(data().pos, 4);
-    EXPECT_EQ(text(), u"body");
-    closeCell();
+    EXPECT_LINES(takeCalls(), Calls{firstCell + R"(.InsertAfter("ab\r\ncd"))"});
+    EXPECT_EQ(insertionPosition(), position) << "text in cells is not counted";
+    EXPECT_EQ(cellTexts(), u"ab\rcd");
+}
+
+/// What the field of the entry that ends now says, in quotation marks.
+std::string entryIn(const Calls& calls)
+{
+    for (const std::string& call : calls)
+        if (const auto begin = call.find(R"(, 9, "\")"); begin != call.npos)
+            return call.substr(begin + 8, call.find(R"(\" \\fC)") - begin - 8);
+    return "(none)";
 }
 
 TEST_F(MirovelSectionTextTest, CollectsTheTextOfATocEntry)
 {
-    data().tocPos = 1;
-    data().tocText = "left over";
+    writer().insertTOC(1);
+    writer().startTOCEntry();
+    writer().insertText(L"left over");
     writer().startTOCEntry();
     writer().insertText(L"one ");
     writer().insertEndl();
     writer().insertText(L"\u4e2d\u00e4");
-    EXPECT_STREQ(data().tocText.data(), "one \n?\xe4");
-    data().collectingTocEntry = false;
+    takeCalls();
+    writer().endTOCEntry();
+    EXPECT_EQ(entryIn(takeCalls()), "one \\n?\\u00e4");
     writer().insertText(L"not this");
-    EXPECT_STREQ(data().tocText.data(), "one \n?\xe4");
-    EXPECT_EQ(text(), u"one \r\u4e2d\u00e4not this");
-    data().tocPos = 0;
+    takeCalls();
+    writer().endTOCEntry();
+    EXPECT_EQ(entryIn(takeCalls()), "one \\n?\\u00e4") << "it is kept until the next start";
 }
 
 TEST_F(MirovelSectionTextTest, CollectsTheTextOfATocEntryInATableToo)
 {
-    data().tocPos = 1;
+    writer().insertTOC(1);
+    openCell();
     writer().startTOCEntry();
-    openCell(headerRange());
     writer().insertText(L"cell");
-    EXPECT_STREQ(data().tocText.data(), "cell");
-    closeCell();
-    data().tocPos = 0;
+    takeCalls();
+    writer().endTOCEntry();
+    EXPECT_EQ(entryIn(takeCalls()), "cell");
+    abandon();
 }
 
 TEST_F(MirovelSectionTextTest, EndsAParagraph)
@@ -140,8 +164,8 @@ TEST_F(MirovelSectionTextTest, EndsAParagraph)
     takeCalls();
     writer().insertEndl();
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().lastEndlPos, 3);
-    EXPECT_EQ(data().endlCount, 1);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 3"}) << "no paragraph is open";
     EXPECT_EQ(text(), u"ab\r");
     EXPECT_EQ(styleRunAtEnd(), std::pair(0, 3));
 }
@@ -150,7 +174,8 @@ TEST_F(MirovelSectionTextTest, AnEmptyParagraphInNormalLeavesTheStyleWhereItBega
 {
     writer().insertEndl();
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().lastEndlPos, 1);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 1"}) << "no paragraph is open";
     EXPECT_EQ(text(), u"\r");
     EXPECT_EQ(styleRunAtEnd(), std::pair(0, 1));
 }
@@ -161,15 +186,9 @@ TEST_F(MirovelSectionTextTest, AParagraphEndRightBehindAStyleStaysOutsideItsRun)
     takeCalls();
     writer().insertEndl();
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().pos, 1);
-    EXPECT_EQ(data().stylePos, 1);
-    EXPECT_EQ(data().lastEndlPos, 1);
-
     writer().insertText(L"Title");
-    EXPECT_EQ(data().stylePos, 1);
-    writer().insertEndl();
-    EXPECT_EQ(data().stylePos, 1) << "text stands between the style and this paragraph end";
-    finish();
+    writer().insertEndl(); // text stands between the style and this paragraph end
+    EXPECT_EQ(styleRunAtEnd(), std::pair(1, 7));
     EXPECT_EQ(text(), u"\rTitle\r");
     EXPECT_EQ(styleAt(0), u"Normal");
     EXPECT_EQ(styleAt(1), u"Heading 1");
@@ -178,24 +197,21 @@ TEST_F(MirovelSectionTextTest, AParagraphEndRightBehindAStyleStaysOutsideItsRun)
 TEST_F(MirovelSectionTextTest, OnlyTheExactNameOfNormalKeepsTheStyleInPlace)
 {
     writer().setStyle("normal", false);
-    EXPECT_EQ(data().stylePos, 0);
     writer().insertEndl();
-    EXPECT_EQ(data().stylePos, 1);
+    EXPECT_EQ(styleRunAtEnd(), std::pair(1, 1));
 }
 
 TEST_F(MirovelSectionTextTest, AParagraphEndInATableGoesIntoTheCell)
 {
+    openCell();
     writer().setStyle("Heading 1", false);
-    takeCalls();
-    openCell(headerRange());
+    const std::int32_t position = insertionPosition();
     writer().insertEndl();
-    EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("\n"))"});
-    EXPECT_EQ(data().pos, 0);
-    EXPECT_EQ(data().stylePos, 0);
-    EXPECT_EQ(data().lastEndlPos, 0);
-    EXPECT_EQ(data().endlCount, 1);
-    EXPECT_EQ(text(), u"");
-    closeCell();
+    EXPECT_LINES(takeCalls(), Calls{firstCell + R"(.InsertAfter("\n"))"});
+    EXPECT_EQ(insertionPosition(), position);
+    EXPECT_EQ(cellTexts(), u"\r");
+    writer().endTable();
+    EXPECT_EQ(styleRunAtEnd().first, position) << "the style still begins where it did";
 }
 
 TEST_F(MirovelSectionTextTest, ClearsTheUndoListEvery101ParagraphEnds)
@@ -205,81 +221,87 @@ TEST_F(MirovelSectionTextTest, ClearsTheUndoListEvery101ParagraphEnds)
     for (int i = 1; i <= 303; ++i) {
         writer().insertEndl();
         ASSERT_EQ(takeCalls(), i % 101 == 0 ? lastEndl : endl) << "paragraph end number " << i;
-        ASSERT_EQ(data().endlCount, i % 101);
     }
-    EXPECT_EQ(data().lastEndlPos, 303);
     EXPECT_EQ(styleRunAtEnd().second, 303);
 }
 
 TEST_F(MirovelSectionTextTest, CountsParagraphEndsInTablesForTheUndoListToo)
 {
-    data().endlCount = 100;
-    openCell(headerRange());
+    endParagraphs(99);
+    openCell();
+    const Calls endl = {firstCell + R"(.InsertAfter("\n"))"};
     writer().insertEndl();
-    EXPECT_LINES(takeCalls(), (Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("\n"))",
-                                     "document.UndoClear()"}));
-    EXPECT_EQ(data().endlCount, 0);
-    closeCell();
+    EXPECT_LINES(takeCalls(), endl);
+    writer().insertEndl();
+    EXPECT_LINES(takeCalls(), join(endl, Calls{"document.UndoClear()"}));
+    endParagraphs(100);
+    EXPECT_EQ(takeCalls(), Calls(100, endl.front()));
+    writer().insertEndl();
+    EXPECT_LINES(takeCalls(), join(endl, Calls{"document.UndoClear()"}));
 }
 
 class CheckForEndlTest : public WriterTest
 {
 protected:
-    Calls checked(std::int32_t pos, std::int32_t lastEndlPos, std::int32_t stylePos)
+    Calls checked()
     {
-        data().pos = pos;
-        data().lastEndlPos = lastEndlPos;
-        data().stylePos = stylePos;
+        takeCalls();
         MirovelSectionProbe::checkForEndl(writer());
         return takeCalls();
-    }
-
-    void SetUp() override
-    {
-        WriterTest::SetUp();
-        writer().insertText(L"0123456789");
-        takeCalls();
     }
 };
 
 TEST_F(CheckForEndlTest, EndsAnOpenParagraph)
 {
-    EXPECT_LINES(checked(10, 2, 4), Calls{R"(body.InsertAfter("\n"))"});
-    EXPECT_EQ(data().lastEndlPos, 11);
-    EXPECT_EQ(data().endlCount, 1);
-    EXPECT_LINES(checked(data().pos, data().lastEndlPos, data().stylePos), Calls{});
+    writer().insertText(L"0123");
+    writer().setStyle("Heading 1", false); // begins inside the paragraph
+    writer().insertText(L"456789");
+    EXPECT_LINES(checked(), Calls{R"(body.InsertAfter("\n"))"});
+    EXPECT_LINES(checked(), Calls{});
     EXPECT_EQ(styleRunAtEnd(), std::pair(4, 11));
 }
 
 TEST_F(CheckForEndlTest, LeavesAParagraphThatIsEnded)
 {
-    EXPECT_LINES(checked(10, 10, 4), Calls{});
+    writer().insertText(L"0123");
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"45678");
+    writer().insertEndl();
+    EXPECT_LINES(checked(), Calls{});
     EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesAStyleWithoutText)
 {
-    EXPECT_LINES(checked(10, 2, 10), Calls{});
+    writer().insertText(L"0123456789");
+    writer().setStyle("Heading 1", false);
+    EXPECT_LINES(checked(), Calls{});
     EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, LeavesTextOfAStyleThatBeganBehindAParagraphEnd)
 {
-    EXPECT_LINES(checked(10, 4, 4), Calls{});
+    writer().insertText(L"012");
+    writer().insertEndl();
+    writer().setStyle("Heading 1", false);
+    writer().insertText(L"456789");
+    EXPECT_LINES(checked(), Calls{});
     EXPECT_EQ(styleRunAtEnd().second, 10);
 }
 
 TEST_F(CheckForEndlTest, EndsAParagraphAlthoughNoStyleRunIsOpen)
 {
-    EXPECT_LINES(checked(10, 0, -1), Calls{R"(body.InsertAfter("\n"))"});
+    writer().insertText(L"0123456789");
+    writer().applyStyle();
+    EXPECT_LINES(checked(), Calls{R"(body.InsertAfter("\n"))"});
 }
 
 TEST_F(CheckForEndlTest, LeavesTablesAlone)
 {
-    openCell(headerRange());
-    EXPECT_LINES(checked(10, 2, 4), Calls{});
-    EXPECT_EQ(data().pos, 10);
-    closeCell();
+    openCell();
+    writer().insertText(L"text");
+    EXPECT_LINES(checked(), Calls{});
+    EXPECT_EQ(cellTexts(), u"text");
 }
 
 using DeleteLastCharTest = WriterTest;
@@ -290,25 +312,21 @@ TEST_F(DeleteLastCharTest, RemovesTheLastCharacterWritten)
     takeCalls();
     MirovelSectionProbe::deleteLastChar(writer());
     EXPECT_LINES(takeCalls(), (Calls{"body.Start = 3", "body.Delete(1, 1) -> 1"}));
-    EXPECT_EQ(data().pos, 3);
     EXPECT_EQ(text(), u"abc");
     writer().insertText(L"x");
     EXPECT_EQ(text(), u"abcx");
+    EXPECT_EQ(styleRunAtEnd().second, 4);
 }
 
 TEST_F(DeleteLastCharTest, InATableRemovesWhatFollowsTheCell)
 {
-    writer().insertText(L"abcd");
-    const Word::RangePtr cell = document_->Range(0L, 2L);
-    takeCalls();
-    openCell(cell);
+    openCell();
+    writer().insertText(L"ab");
+    const std::int32_t position = insertionPosition();
     MirovelSectionProbe::deleteLastChar(writer());
-    EXPECT_LINES(takeCalls(), (Calls{"document.Range(0, 2).End -> 2", "document.Range(0, 2).Start = 2",
-                                     "document.Range(0, 2).Delete(1, 1) -> 1"}));
-    EXPECT_EQ(data().pos, 4);
-    EXPECT_EQ(text(), u"abd");
-    closeCell();
-    data().pos = 3;
+    EXPECT_LINES(takeCalls(), (Calls{firstCell + ".End -> 3", firstCell + ".Start = 3",
+                                     firstCell + ".Delete(1, 1) -> 0"}));
+    EXPECT_EQ(insertionPosition(), position);
 }
 
 TEST_F(DeleteLastCharTest, AFailureLeavesThePositionMoved)
@@ -327,7 +345,7 @@ TEST_F(MirovelSectionTextTest, DeletesTheContentOfTheOutputRange)
     writer().deleteRange();
     EXPECT_LINES(takeCalls(), Calls{"body.Delete(missing, missing) -> 1"});
     EXPECT_EQ(text(), u"");
-    data().pos = 0;
+    abandon(); // which still counts what has gone
 }
 
 TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
@@ -337,12 +355,11 @@ TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
     const Word::RangePtr header = headerRange();
     MirovelSectionProbe::setRange(writer(), header);
     MirovelSectionProbe::setRange(writer(), header);
-    EXPECT_EQ(data().range.GetInterfacePtr(), header.GetInterfacePtr());
     writer().insertText(L"head");
     EXPECT_LINES(takeCalls(), Calls{R"(document.Sections(1).Headers(1).Range.InsertAfter("head"))"});
     EXPECT_EQ(text(), u"body");
-    MirovelSectionProbe::setRange(writer(), range_);
-    data().pos = 4;
+    EXPECT_EQ(std::wstring(header->GetText()), L"head\r");
+    abandon();
 }
 
 TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
@@ -351,7 +368,6 @@ TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"lost"); }),
                 isHresult(static_cast<HRESULT>(0x800706BA)));
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("lost") !! 0x800706ba)"});
-    EXPECT_EQ(data().pos, 0);
     writer().insertText(L"kept");
     EXPECT_EQ(text(), u"kept");
     EXPECT_EQ(styleRunAtEnd().second, 4);
@@ -362,31 +378,38 @@ TEST_F(MirovelSectionTextTest, AFailedParagraphEndIsNoneButTheStyleHasMoved)
     writer().setStyle("Heading 1", false);
     session_.failCall(1, E_OUTOFMEMORY);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_OUTOFMEMORY));
-    EXPECT_EQ(data().pos, 0);
-    EXPECT_EQ(data().lastEndlPos, 0);
-    EXPECT_EQ(data().endlCount, 0);
-    EXPECT_EQ(data().stylePos, 1);
-    data().stylePos = 0;
+    session_.clearFaults();
+    EXPECT_EQ(insertionPosition(), 0);
+    writer().insertText(L"Title");
+    takeCalls();
+    endParagraphs(100);
+    EXPECT_EQ(takeCalls(), Calls(100, R"(body.InsertAfter("\n"))")) << "it is not one of 101 either";
+    EXPECT_EQ(styleRunAtEnd(), std::pair(1, 105));
 }
 
 TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
 {
-    data().endlCount = 100;
+    endParagraphs(100);
+    takeCalls();
     session_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_FAIL));
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "document.UndoClear() !! 0x80004005"}));
-    EXPECT_EQ(data().lastEndlPos, 1);
-    EXPECT_EQ(styleRunAtEnd().second, 1);
+    writer().setTextAlign(2);
+    EXPECT_LINES(takeCalls(), Calls{"body.End -> 101"}) << "no paragraph is open";
+    writer().insertEndl();
+    EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "document.UndoClear()"}))
+        << "it is tried again";
+    EXPECT_EQ(styleRunAtEnd().second, 102);
 }
 
 TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)
 {
-    data().range = nullptr;
+    MirovelSectionProbe::setRange(writer(), nullptr);
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"x"); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().deleteRange(); }), isHresult(E_POINTER));
     EXPECT_LINES(takeCalls(), Calls{});
-    data().range = range_;
+    abandon();
 }
 
 } // namespace

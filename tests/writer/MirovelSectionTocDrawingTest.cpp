@@ -9,7 +9,7 @@ namespace {
 
 namespace model = standin::model;
 
-class MirovelSectionTocDrawingTest : public ClientWriterTest
+class MirovelSectionTocDrawingTest : public WriterTest
 {
 protected:
     std::vector<model::TableOfContents> tablesOfContents() const
@@ -107,7 +107,6 @@ TEST_F(MirovelSectionTocDrawingTest, LinksInFrontMoveItBy42EachAndLinksBehindDoN
     writer().insertHyperLink("one", toBookmark("b1", true));
     writer().insertEndl();
     writer().insertTOC(1);
-    EXPECT_EQ(data().tocPos, 23);
     writer().setStyle("Heading 1", false);
     writer().insertText(L"A heading of some length");
     writer().insertEndl();

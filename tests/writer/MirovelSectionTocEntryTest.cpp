@@ -6,12 +6,12 @@
 
 namespace {
 
-class MirovelSectionTocEntryTest : public ClientWriterTest
+class MirovelSectionTocEntryTest : public WriterTest
 {
 protected:
     void SetUp() override
     {
-        ClientWriterTest::SetUp();
+        WriterTest::SetUp();
         writer().insertTOC(3);
         takeCalls();
     }
@@ -23,7 +23,6 @@ TEST_F(MirovelSectionTocEntryTest, StandsBehindItsText)
 {
     writer().startTOCEntry();
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_TRUE(data().collectingTocEntry);
     writer().insertText(L"Over");
     writer().insertText(L"view");
     takeCalls();
@@ -36,12 +35,14 @@ TEST_F(MirovelSectionTocEntryTest, StandsBehindItsText)
                "body.Fields -> body.Fields",
                R"(body.Fields.Add(body.Duplicate, 9, "\"Overview\" \\fC \\l \"0\"", missing) -> field)",
                "body.End -> 57", "body.Start = 56", "body.Delete(1, 1) -> 1"}));
-    EXPECT_FALSE(data().collectingTocEntry);
-    EXPECT_EQ(data().pos, 56);
+    EXPECT_EQ(insertionPosition(), 56);
     EXPECT_EQ(text().substr(headingLength), u"Overview\x13 TC \"Overview\" \\fC \\l \"0\" \x15");
     EXPECT_EQ(fontAt(30).hidden, true);
     writer().insertText(L" goes on");
     EXPECT_TRUE(text().ends_with(u"\x15 goes on"));
+    writer().endTOCEntry();
+    EXPECT_TRUE(text().ends_with(u"\x15 goes on\x13 TC \"Overview\" \\fC \\l \"0\" \x15"))
+        << "what was written behind it is no part of it";
 }
 
 TEST_F(MirovelSectionTocEntryTest, HasTheNumberOfTheStyleForItsLevel)
@@ -128,8 +129,7 @@ TEST_F(MirovelSectionTocEntryTest, EndedInATableLeavesItsPlaceholderBehindTheTab
     writer().addCell();
     writer().startTOCEntry();
     writer().insertText(L"cell");
-    takeCalls();
-    EXPECT_EQ(data().pos, 23);
+    EXPECT_EQ(insertionPosition(), 23);
     writer().endTOCEntry();
     EXPECT_LINES(
         takeCalls(),
@@ -139,7 +139,7 @@ TEST_F(MirovelSectionTocEntryTest, EndedInATableLeavesItsPlaceholderBehindTheTab
                R"(body.Fields.Add(body.Duplicate#2, 9, "\"cell\" \\fC \\l \"0\"", missing) -> field)",
                "body.End -> 52", "table.Rows(1).Cells(1).Range.End -> 49",
                "table.Rows(1).Cells(1).Range.Start = 49", "table.Rows(1).Cells(1).Range.Delete(1, 1) -> 0"}));
-    EXPECT_EQ(data().pos, 52);
+    EXPECT_EQ(insertionPosition(), 52);
     EXPECT_EQ(cellTexts(), u"cell\x13 TC \"cell\" \\fC \\l \"0\" \x15");
     EXPECT_TRUE(text().ends_with(u"\a\a X"));
 }
@@ -163,11 +163,12 @@ TEST_F(MirovelSectionTocEntryTest, AFailureLeavesThePlaceholder)
     session_.failCall(7, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { writer().endTOCEntry(); }), isHresult(E_ACCESSDENIED));
     EXPECT_TRUE(text().ends_with(u"EX"));
-    EXPECT_EQ(data().pos, static_cast<std::int32_t>(headingLength) + 2);
-    EXPECT_FALSE(data().collectingTocEntry);
     session_.clearFaults();
+    EXPECT_EQ(insertionPosition(), static_cast<std::int32_t>(headingLength) + 2);
     writer().insertText(L"!");
     EXPECT_TRUE(text().ends_with(u"EX!"));
+    writer().endTOCEntry();
+    EXPECT_NE(text().find(u" TC \"E\" "), std::u16string::npos) << "the entry was ended";
 }
 
 } // namespace

@@ -122,6 +122,7 @@ Word::RangePtr DocumentTest::headerRange()
 void WriterTest::SetUp()
 {
     writer_ = new MirovelSection(application_, document_, range_);
+    writer_->deleteRange();
     session_.clearTranscript();
 }
 
@@ -154,22 +155,63 @@ std::pair<std::int32_t, std::int32_t> WriterTest::styleRunAtEnd()
     return {std::stoi(style[-2].substr(from.size())), std::stoi(style[-1].substr(to.size()))};
 }
 
-void WriterTest::openCell(const Word::RangePtr& cell)
+std::int32_t WriterTest::insertionPosition()
 {
-    data().cellRange = cell;
-    data().tableIndex = data().pos;
+    constexpr std::string_view start = ".Start = ";
+    session_.clearTranscript();
+    session_.failCall(3, E_ACCESSDENIED);
+    EXPECT_THAT(comErrorOf([&] { writer().insertTag("position"); }), isHresult(E_ACCESSDENIED));
+    session_.clearFaults();
+    const Calls calls = takeCalls();
+    const auto at = calls.empty() ? std::string::npos : calls.back().find(start);
+    if (at == std::string::npos) {
+        ADD_FAILURE() << "the writer has not said where a tag begins";
+        return -1;
+    }
+    return std::stoi(calls.back().substr(at + start.size()));
 }
 
-void WriterTest::closeCell()
+void WriterTest::abandon()
 {
-    data().cellRange = nullptr;
-    data().tableIndex = -1;
-    data().fontRuns.clear();
+    delete std::exchange(writer_, nullptr);
 }
 
-void ClientWriterTest::SetUp()
+void WriterTest::startOver()
 {
+    abandon();
+    range_->PutStart(0);
+    range_->PutEnd(model().mainStory()->length() - 1);
+    if (!text().empty())
+        range_->Delete();
     WriterTest::SetUp();
-    writer().deleteRange();
+}
+
+Calls WriterTest::linksAtEnd()
+{
+    constexpr std::string_view from = ".Start = ";
+    constexpr std::string_view to = ".End = ";
+    constexpr std::string_view add = "document.Hyperlinks.Add(";
+    Calls links;
+    std::string start;
+    std::string end;
+    for (const std::string& call : finish()) {
+        if (const auto at = call.find(from); at != call.npos)
+            start = call.substr(at + from.size());
+        if (const auto at = call.find(to); at != call.npos)
+            end = call.substr(at + to.size());
+        if (!call.starts_with(add))
+            continue;
+        const auto range = call.find(", ");
+        links.push_back(call.substr(add.size(), range - add.size()) + ' ' + start + '-' + end + ": " +
+                        call.substr(range + 2, call.find(", missing") - range - 2));
+    }
+    return links;
+}
+
+void WriterTest::openCell()
+{
+    writer().startTable();
+    writer().addRow();
+    writer().addCell();
     takeCalls();
 }

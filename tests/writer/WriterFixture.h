@@ -50,9 +50,8 @@ protected:
     std::vector<standin::model::Table> tables() const;
     /// What the cells of the only table hold: "one|two/three|four".
     std::u16string cellTexts() const;
-    /// The primary header, which plays a table's cell where only text and ranges count: a story of its own,
-    /// ended by a mark. The calls for it are not left in the transcript; there it is
-    /// `document.Sections(1).Headers(1).Range`.
+    /// The primary header, for a writer beside that of the body. The calls for it are not left in the
+    /// transcript; there it is `document.Sections(1).Headers(1).Range`.
     Word::RangePtr headerRange();
 
     Apartment apartment_;
@@ -62,7 +61,19 @@ protected:
     Word::RangePtr range_;
 };
 
-/// Besides, a writer over the whole document, whose first calls are not left in the transcript.
+inline const std::string firstCell = "table.Rows(1).Cells(1).Range";
+
+/// As a transcript shows it, between quotes.
+inline std::string quoted(const QdxString& text)
+{
+    std::string result = "\"";
+    for (std::size_t i = 0; i < text.length(); ++i)
+        result += text.data()[i] == '\\' ? "\\\\" : std::string(1, text.data()[i]);
+    return result + '"';
+}
+
+/// Besides, a writer over the whole document, which has been emptied, as it is for a client: the output range
+/// ends where the writer has written last. Its first calls are not left in the transcript.
 class WriterTest : public DocumentTest
 {
 protected:
@@ -71,28 +82,29 @@ protected:
     void TearDown() override;
 
     MirovelSection& writer() { return *writer_; }
-    MirovelSectionData& data() { return MirovelSectionProbe::data(*writer_); }
+    /// Where the writer's count has come to: where it would place a tag. Word refuses the tag, so nothing
+    /// changes. Of the calls nothing is left.
+    std::int32_t insertionPosition();
+    /// Lets the writer go without its end, when a failure or the test itself has left what would not bear it.
+    void abandon();
+    /// Abandons the writer and begins another in a document that is empty again.
+    void startOver();
     /// Finishes and destroys the writer and gives the calls that this took.
     Calls finish();
     /// Where the style in force began and how far the writer has come, by the run that its end applies.
     /// Finishes.
     std::pair<std::int32_t, std::int32_t> styleRunAtEnd();
 
-    /// What follows goes into `cell`, as in an open table.
-    void openCell(const Word::RangePtr& cell);
-    /// Closes it again and forgets the font runs, which only a real table could apply.
-    void closeCell();
+    /// The hyperlinks that the end draws, in order: the range, where it is laid, address and sub-address, as
+    /// in `body 4-8: "", "b1"`. Finishes.
+    Calls linksAtEnd();
+
+    /// Opens a table and its first cell, whose range the transcript calls `firstCell`. Of the calls nothing
+    /// is left.
+    void openCell();
 
 private:
     MirovelSection* writer_ = nullptr; // finished where a failure can pass
-};
-
-/// Besides, the document has been emptied, as it is for a client: the output range ends where the writer has
-/// written last.
-class ClientWriterTest : public WriterTest
-{
-protected:
-    void SetUp() override;
 };
 
 /// The text of the QdxException that `act` raises; nothing when it does not.

@@ -80,7 +80,7 @@ tryChange(function (story) { return story.links.length === 1; }, function (story
 tryChange(function (story) { return story.links.length === 1; }, function (story) { story.links[0][1]++; });
 tryChange(function (story) { return story.tags.length === 1; }, function (story) { story.tags[0]++; });
 tryChange(hasPlainText, function (story) {
-    story.fonts[placeOfFont(story)] = {name: "Arial", size: 99, flags: 0};
+    story.fonts[placeOfFont(story)] = {name: "Times New Roman", size: 13, flags: 0};
 });
 tryChange(hasPlainText, function (story) { story.restyled[0].size = 12; });
 tryChange(always, function (story, found) { found.pages[0][0] = 1 - found.pages[0][0]; });

@@ -48,7 +48,7 @@ Comparison.prototype.documents = function (expected, found) {
         }
     }
     for (var p = 0; p < expected.pages.length; p++) {
-        if (expected.pages[p].join() != found.pages[p].join()) {
+        if (!same(expected.pages[p].join(), found.pages[p].join())) {
             this.note("page", 0, p, expected.pages[p].join(), found.pages[p].join());
         }
     }
@@ -56,7 +56,7 @@ Comparison.prototype.documents = function (expected, found) {
 
 /// Places mean the same only where the texts are the same; otherwise the first difference of the texts is all.
 Comparison.prototype.stories = function (story, expected, found) {
-    if (expected.text != found.text) {
+    if (!same(expected.text, found.text)) {
         this.texts(story, expected.text, found.text);
         return;
     }
@@ -78,7 +78,7 @@ Comparison.prototype.texts = function (story, expected, found) {
 Comparison.prototype.lists = function (kind, story, expected, found, isOpen) {
     for (var i = 0; i < Math.max(expected.length, found.length); i++) {
         var a = String(expected[i]), b = String(found[i]);
-        if (a != b && !isOpen && !(isList(expected[i]) && expected[i][0] === "" && i < found.length)) {
+        if (!same(a, b) && !isOpen && !(isList(expected[i]) && expected[i][0] === "" && i < found.length)) {
             this.note(kind, story, i, a, b);
         }
     }
@@ -91,12 +91,12 @@ function lastName(path) {
 /// Word may write an address in another way: a file's from the document's folder on, a host's with a slash behind.
 function isSameTarget(expected, found) {
     if (typeof expected != "string" || typeof found != "string") {
-        return String(expected) == String(found);
+        return same(expected, found);
     }
     if (contains(kitFiles, expected)) {
-        return unescape(lastName(found)) == expected;
+        return same(unescape(lastName(found)), expected);
     }
-    return expected.replace(/\/$/, "") == found.replace(/\/$/, "");
+    return same(expected.replace(/\/$/, ""), found.replace(/\/$/, ""));
 }
 
 Comparison.prototype.links = function (story, expected, found) {
@@ -134,14 +134,14 @@ Comparison.prototype.fonts = function (story, expected, found) {
             continue;
         }
         var seen = seenFont(fonts[i], found.fonts[i], letter, isLinked(expected.links, i));
-        var wrong = fontText(seen) == fontText(fonts[i]) ? "" : fontText(fonts[i]) + fontText(seen);
-        if (wrong && wrong != last) {
+        var wrong = same(fontText(seen), fontText(fonts[i])) ? "" : fontText(fonts[i]) + fontText(seen);
+        if (wrong && !same(wrong, last)) {
             this.note("font", story, i, fontText(fonts[i]), fontText(seen));
         }
         last = wrong;
         var kept = fonts[i].isFromFile || !found.restyled ? "" :
             keptProperties(fonts[i], found.restyled[i], found.paragraphs[paragraph], letter, isLinked(expected.links, i));
-        if (kept && kept != lastKept) {
+        if (kept && !same(kept, lastKept)) {
             this.note("direct formatting that the style gives", story, i, "none", kept);
         }
         lastKept = kept;
@@ -163,7 +163,7 @@ function keptProperties(expected, restyled, paragraph, letter, isInLink) {
     if (!style || !restyled) {
         return "";
     }
-    if (expected.name == style.name && restyled.name == style.name && !hasFontOfOtherScript(letter)) {
+    if (same(expected.name, style.name) && same(restyled.name, style.name) && !hasFontOfOtherScript(letter)) {
         kept.push("name");
     }
     if (expected.size == style.size && restyled.size == style.size) {

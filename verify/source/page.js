@@ -110,13 +110,12 @@ function costTable(result) {
         "</table>\r\n" : "";
 }
 
-/// What is otherwise or failed comes first.
-function questionTable(result) {
-    var text = "<h2>Questions to Word</h2>\r\n", outcomes = ["red", "amber", "green"];
+function questionTable(title, result, outcomes) {
+    var text = "";
     for (var o = 0; o < outcomes.length; o++) {
         text += questionRows(result.questions, outcomes[o]);
     }
-    return text;
+    return text ? "<h2>" + title + "</h2>\r\n" + text : "";
 }
 
 function questionRows(questions, outcome) {
@@ -140,7 +139,8 @@ function page(result) {
         pageStyle + "</style></head><body>\r\n<h1>mirovelcom and this Word</h1>\r\n<p class=\"note\">" + html(result.kit.began) +
         (result.kit.stopped ? ", stopped before the end" : "") + "</p>\r\n" + sum(result) +
         (result.failure ? "<p class=\"red\" style=\"white-space:normal\">" + html(result.failure) + "</p>\r\n" : "") +
-        "<p><b>What to do.</b> " + html(advice[outcome]) + "</p>\r\n" + machineTable(result) + documentTable(result) +
-        costTable(result) + questionTable(result) + "<p class=\"note\">Nothing was sent anywhere. The folder of this page holds all " +
+        "<p><b>What to do.</b> " + html(advice[outcome]) + "</p>\r\n" +
+        questionTable("Questions to Word, answered otherwise or not at all", result, ["red", "amber"]) + documentTable(result) + costTable(result) +
+        machineTable(result) + questionTable("Questions to Word, answered as expected", result, ["green"]) + "<p class=\"note\">Nothing was sent anywhere. The folder of this page holds all " +
         "that the kit wrote; it may be deleted.</p>\r\n</body></html>\r\n";
 }

@@ -129,7 +129,7 @@ function runsOfFonts(fonts) {
     var runs = [];
     for (var i = 0; i < fonts.length; i++) {
         var text = fontText(fonts[i]);
-        if (runs.length && runs[runs.length - 1][1] == text) {
+        if (runs.length && same(runs[runs.length - 1][1], text)) {
             runs[runs.length - 1][0]++;
         } else {
             runs.push([1, text]);

@@ -61,7 +61,7 @@ function askOne(question, word) {
     try {
         document = word.Documents.Add();
         result.answer = question.run(document, word);
-        result.outcome = result.answer === question.expected ? "green" : "amber";
+        result.outcome = typeof result.answer == typeof question.expected && same(result.answer, question.expected) ? "green" : "amber";
         result.isKnown = !question.isSwitch || question.words[String(result.answer)] !== undefined;
     } catch (failure) {
         result.failure = failureText(failure);

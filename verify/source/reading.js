@@ -364,7 +364,7 @@ function bookmarksOf(ranges, readers) {
 
 function placeOfBookmark(bookmarks, name) {
     for (var i = 0; i < bookmarks.length; i++) {
-        if (bookmarks[i].name.toLowerCase() == name.toLowerCase()) {
+        if (same(bookmarks[i].name.toLowerCase(), name.toLowerCase())) {
             return [bookmarks[i].story, bookmarks[i].start];
         }
     }

@@ -109,6 +109,13 @@ function failureText(failure) {
     return failure.number === undefined ? text : text + " (" + hexadecimal(failure.number) + ")";
 }
 
+/// Whether two texts are equal. Wine's script host goes wrong where both were put together of parts.
+function same(a, b) {
+    a = String(a);
+    b = String(b);
+    return a.length === b.length && a.indexOf(b) === 0;
+}
+
 function contains(list, value) {
     for (var i = 0; i < list.length; i++) {
         if (list[i] === value) {

@@ -286,8 +286,8 @@ void Flow::makeTable(const MadeTable& made, std::deque<Operation>& operations)
 {
     const Table& table = *made.table;
     const Span span{lines_[made.firstLine].start, lines_[made.pastLine - 1].past()};
-    operations.push_back(
-        MakeTable{span, table.rows.size(), table.columns(), table.heights, &made == &tables_.back()});
+    operations.push_back(MakeTable{span, table.rows.size(), table.columns(), table.heights,
+                                   &made == &tables_.back(), source_.tableStyle});
     for (PlaceTag& tag : tagsBehindTable_) {
         tag.at += static_cast<Position>(table.rows.size());
         operations.push_back(std::move(tag));

@@ -29,6 +29,8 @@ constexpr std::uint32_t sessionsOfAReading = 8;
 constexpr std::uint32_t firstReadingSession = 200'001;
 constexpr std::uint32_t mixedSessionsInALot = 60;
 constexpr std::uint32_t firstMixedSession = 300'001;
+constexpr std::uint32_t lookSessionsInALot = 120;
+constexpr std::uint32_t firstLookSession = 400'001;
 
 /// Each bit the reading of one uncertain point that is not taken by default.
 standin::model::Switches switchesOf(unsigned combination)
@@ -129,6 +131,17 @@ TEST_P(ComposedSessionsTest, ComeOutRightHoweverWordReadsRichText)
     law.conclude();
 }
 
+TEST_P(ComposedSessionsTest, ComeOutRightInTheLookThatSettingsSay)
+{
+    const std::uint32_t first = firstLookSession + lot * lookSessionsInALot;
+    for (std::uint32_t seed = first; seed < first + lookSessionsInALot; ++seed) {
+        RandomNumbers numbers(seed);
+        player.setLook(randomLook(numbers));
+        law.check(randomSession(seed, extent), "session " + std::to_string(seed));
+    }
+    law.conclude();
+}
+
 TEST_P(ComposedSessionsTest, ComeOutRightUnderAnyMixture)
 {
     const std::uint32_t first = firstMixedSession + lot * mixedSessionsInALot;
@@ -137,6 +150,7 @@ TEST_P(ComposedSessionsTest, ComeOutRightUnderAnyMixture)
         standin::model::Switches switches =
             switchesOf(static_cast<unsigned>(numbers.below(1U << switchCount)));
         setReading(switches, static_cast<unsigned>(numbers.below(readingCombinations)));
+        player.setLook(randomLook(numbers));
         law.check(playable(randomSession(seed, extent), switches), "session " + std::to_string(seed),
                   switches);
     }

@@ -16,7 +16,8 @@ namespace compose {
 
 namespace {
 
-constexpr std::u16string_view contentsTitle = u"Table of Contents";
+/// Word's own name for it.
+constexpr std::u16string_view contentsTitleStyle = u"TOC Heading";
 constexpr short asLink = 2;
 constexpr short asHyperLink = 4;
 
@@ -39,8 +40,8 @@ std::u16string meantStyle(const std::u16string& name)
 
 } // namespace
 
-Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events)
-    : pen_(pen), installDir_(std::move(installDir)), trace_(trace), events_(events)
+Composer::Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events, Look look)
+    : pen_(pen), installDir_(std::move(installDir)), trace_(trace), events_(events), look_(std::move(look))
 {
 }
 
@@ -162,7 +163,22 @@ void Composer::setTextAlign(short number)
 
 void Composer::startTable()
 {
-    heed(content().startTable(), Silence::tableOutOfOrder);
+    const bool isStarted = content().startTable();
+    heed(isStarted, Silence::tableOutOfOrder);
+    if (isStarted)
+        findTableStyle();
+}
+
+// A failure ends a call whose table is there, without the style; the next table asks again.
+void Composer::findTableStyle()
+{
+    if (isTableStyleKnown_ || look_.tableStyle.empty())
+        return;
+    if (written_->styles.holdsTableStyle(look_.tableStyle))
+        written_->tableStyle = look_.tableStyle;
+    else
+        ignored(Silence::unknownTableStyle, wide(look_.tableStyle));
+    isTableStyleKnown_ = true;
 }
 
 void Composer::addRow()
@@ -194,9 +210,21 @@ void Composer::insertTOC(short level)
         ignored(Silence::insideTable);
         return;
     }
+    const std::u16string_view style = titleStyle();
     tocLevel_ = level;
-    if (content().insertTOC(contentsTitle))
+    if (content().insertTOC(look_.contentsTitle, style))
         current_->pen().dropContents();
+}
+
+/// That of the heading of the table of contents; empty: none.
+std::u16string_view Composer::titleStyle()
+{
+    if (look_.contentsTitle.empty())
+        return {};
+    if (written_->styles.holds(std::u16string(contentsTitleStyle)))
+        return contentsTitleStyle;
+    ignored(Silence::noTitleStyle, wide(contentsTitleStyle));
+    return {};
 }
 
 void Composer::startTOCEntry()

@@ -40,8 +40,15 @@ public:
     /// The same when a save comes: so much at most would be missing in the file.
     static constexpr std::size_t mostWaitingAtSave = mostWaiting / 4;
 
+    /// What settings say of how the document looks.
+    struct Look
+    {
+        std::u16string tableStyle = {};    ///< that tables get; empty: none
+        std::u16string contentsTitle = {}; ///< the heading of the table of contents; empty: none
+    };
+
     /// `trace`: for what it has to report itself; copied. `events`: null, or lives longer.
-    Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events = nullptr);
+    Composer(Pen pen, const Trace& trace, std::wstring installDir, WriterEvents* events, Look look);
     ~Composer() override;
 
     // DocumentWriter
@@ -93,6 +100,8 @@ private:
 
     StoryContent& content();
     void write(const wchar_t* text);
+    void findTableStyle();
+    std::u16string_view titleStyle();
     void startPart(Part part);
     void endPart(Part part);
     std::unique_ptr<Story> makePart(PartPlace place);
@@ -121,6 +130,8 @@ private:
     std::wstring installDir_;
     Trace trace_;
     WriterEvents* events_;
+    Look look_;
+    bool isTableStyleKnown_ = false; ///< whether the document has it
     TagNames tags_;
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
     std::set<std::u16string> deadTags_;        ///< Links to them were not made, or taken away.

@@ -15,11 +15,10 @@ namespace compose {
 
 namespace {
 
-/// Whether a table is in the blocks.
-bool holdTables(std::span<const Block> blocks)
+std::size_t countTables(std::span<const Block> blocks)
 {
-    return std::ranges::any_of(blocks,
-                               [](const Block& block) { return std::holds_alternative<Table>(block); });
+    const auto isTable = [](const Block& block) { return std::holds_alternative<Table>(block); };
+    return static_cast<std::size_t>(std::ranges::count_if(blocks, isTable));
 }
 
 /// What a fragment's last paragraph end is to become.
@@ -133,7 +132,9 @@ void Story::tellOfFlush(const Work& work)
 
 Source Story::sourceOf(std::span<const Block> blocks, const Ground& ground) const
 {
-    return {blocks, content_.links(), ground, document_.leadsSomewhere};
+    Source source{blocks, content_.links(), ground, document_.leadsSomewhere};
+    source.tableStyle = document_.tableStyle;
+    return source;
 }
 
 // What a fragment saves must be more than it costs itself.
@@ -187,7 +188,7 @@ Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const
     const auto isLinked = [this](const std::u16string& bookmark) {
         return document_.leadsSomewhere({.bookmark = bookmark});
     };
-    if (!tableWidth_ && holdTables(blocks))
+    if (!tableWidth_ && countTables(blocks) > 0)
         tableWidth_ = fragmentPen_.tableWidth(document_.sections);
     const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
@@ -202,6 +203,8 @@ Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
     fragment.rest = behindFragment(blocks.back());
+    if (const std::size_t tables = countTables(blocks); tables > 0 && !document_.tableStyle.empty())
+        fragment.rest.push_front(StyleTables{.tables = tables, .style = document_.tableStyle});
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -231,6 +234,9 @@ void Story::carryOut(Step& step)
                 pen_.keepBreak(fragmentPen_.takeBreak());
             ++flushed_.fragments;
             step.plan.passages.clear();
+            for (Operation& operation : step.fragment->rest)
+                if (auto* const tables = std::get_if<StyleTables>(&operation))
+                    tables->start = fragmentPen_.start();
             if (!step.fragment->rest.empty())
                 step.plan.passages.push_back({{}, std::move(step.fragment->rest)});
         } else {

@@ -23,6 +23,7 @@ struct WrittenDocument
     Reading reading = {};               ///< of fragments
     std::set<std::u16string> tags = {}; ///< They have a place in Word, or may have.
     int sections = 1;
+    std::u16string tableStyle = {}; ///< that tables get; empty: none
     /// Whether a link leads anywhere, or is to be plain text.
     std::function<bool(const LinkTarget&)> leadsSomewhere = {};
     WriterEvents* events = nullptr; ///< null: nobody wants to hear

@@ -16,9 +16,11 @@ enum class Silence
     wrongSetting,
     unknownSetting,
     missingTemplate,
+    unknownTableStyle,
     swallowed,
     startedAlready,
     ownStyle,
     noContents,
+    noTitleStyle,
     withoutEffect
 };

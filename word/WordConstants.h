@@ -66,7 +66,8 @@ enum WdBuiltinStyle : long
 enum WdStyleType : long
 {
     wdStyleTypeParagraph = 1,
-    wdStyleTypeCharacter = 2
+    wdStyleTypeCharacter = 2,
+    wdStyleTypeTable = 3
 };
 
 enum WdParagraphAlignment : long

@@ -476,7 +476,7 @@ StoryContent::CellPlace StoryContent::currentCell() const
     return {before + table().rows.size() - 1, column_};
 }
 
-bool StoryContent::insertTOC(std::u16string_view title)
+bool StoryContent::insertTOC(std::u16string_view title, std::u16string_view titleStyle)
 {
     if (isTableOpen_)
         return false;
@@ -488,11 +488,9 @@ bool StoryContent::insertTOC(std::u16string_view title)
         if (auto* const paragraph = std::get_if<Paragraph>(&block))
             std::erase_if(paragraph->items, holds<Contents>);
     endParagraphIfItHoldsAnything();
+    if (!title.empty())
+        writeTitle(title, titleStyle);
     beginStyle(normal, normal);
-    alignment_ = centred;
-    insertText(title);
-    endParagraph();
-    endParagraph();
     alignment_ = alignment;
     write({Contents()});
     endParagraph();
@@ -500,6 +498,18 @@ bool StoryContent::insertTOC(std::u16string_view title)
     font_ = font;
     hasContents_ = true;
     return std::exchange(isContentsWritten_, false);
+}
+
+/// A style says itself how its paragraphs are aligned, and how far they are from others.
+void StoryContent::writeTitle(std::u16string_view title, std::u16string_view style)
+{
+    const std::u16string_view used = style.empty() ? normal : style;
+    beginStyle(used, used);
+    alignment_ = style.empty() ? std::optional(centred) : std::nullopt;
+    insertText(title);
+    endParagraph();
+    if (style.empty())
+        endParagraph();
 }
 
 void StoryContent::collect(std::u16string_view text)

@@ -77,9 +77,10 @@ public:
 
     /// \name Table of contents
     /// @{
-    /// Writes `title` as a heading of it. What was asked for earlier is dropped; true when its place is in
-    /// Word already.
-    bool insertTOC(std::u16string_view title);
+    /// Writes `title` as a heading of it, in that style, or, without one, centred and with an empty paragraph
+    /// behind it; an empty one is no paragraph. What was asked for earlier is dropped; true when its place is
+    /// in Word already.
+    bool insertTOC(std::u16string_view title, std::u16string_view titleStyle = {});
     /// Without a table of contents: nothing, and false.
     bool startTOCEntry();
     bool endTOCEntry();
@@ -150,6 +151,7 @@ private:
     void beginStyle(std::u16string_view name, std::u16string_view style);
     void addWaiting(std::size_t bytes) { waiting_ += bytes; }
     void collect(std::u16string_view text);
+    void writeTitle(std::u16string_view title, std::u16string_view style);
     void changeFont(FontWish font);
     void dropStaleTags();
     static void keepTagsAtEnd(Paragraph& paragraph);

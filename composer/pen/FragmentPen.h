@@ -73,6 +73,8 @@ public:
     /// False, and nothing is left of it, when Word does not read it in, or not as it is meant.
     bool add(const Fragment& fragment);
 
+    /// Where the fragment added last begins in the story.
+    [[nodiscard]] long start() const { return start_; }
     /// Covers the page break that the fragment added last began with; null if there was none.
     Word::RangePtr takeBreak() { return std::exchange(break_, nullptr); }
 

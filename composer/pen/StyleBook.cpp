@@ -87,6 +87,11 @@ bool StyleBook::holds(const std::u16string& style)
     return page.style != nullptr;
 }
 
+bool StyleBook::holdsTableStyle(const std::u16string& style)
+{
+    return holds(style) && !isBuiltIn(style) && pages_[style].style->GetType() == Word::wdStyleTypeTable;
+}
+
 /// To no effect, when Word does not tell the second time.
 template <class Read>
 void StyleBook::tryTo(Page& page, const Read& read)

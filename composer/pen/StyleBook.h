@@ -23,6 +23,8 @@ public:
 
     /// Whether the document has a paragraph style of that name.
     bool holds(const std::u16string& style);
+    /// Whether it has a table style of that name.
+    bool holdsTableStyle(const std::u16string& style);
 
     // StyleSheet
     const Font& fontOf(const std::u16string& style, FontProperty property) override;

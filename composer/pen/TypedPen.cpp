@@ -43,7 +43,7 @@ bool keepsLength(const Operation& operation)
     return std::holds_alternative<ClearFont>(operation) || std::holds_alternative<PutStyle>(operation) ||
            std::holds_alternative<PutAlignment>(operation) || std::holds_alternative<PutFont>(operation) ||
            std::holds_alternative<PlaceTag>(operation) || std::holds_alternative<KeepBreak>(operation) ||
-           std::holds_alternative<KeepContents>(operation);
+           std::holds_alternative<KeepContents>(operation) || std::holds_alternative<StyleTables>(operation);
 }
 
 bool endsParagraph(wchar_t unit)
@@ -284,7 +284,21 @@ void TypedPen::perform(const MakeTable& table)
         made = convert(table);
     if (table.isLast)
         table_ = made;
+    // The range has become the table's. In front of the heights, which are direct formatting.
+    if (!table.style.empty())
+        range_->PutStyle(StyleBook::argumentOf(table.style));
     putHeights(made, table.heights, 0, table.rows);
+}
+
+// Where each of them lies is not known, because Word has read them in.
+void TypedPen::perform(const StyleTables& tables)
+{
+    selected_.reset();
+    range_->SetRange(tables.start, base_);
+    const Word::TablesPtr all = range_->GetTables();
+    const _variant_t style = StyleBook::argumentOf(tables.style);
+    for (std::size_t i = 1; i <= tables.tables; ++i)
+        all->Item(static_cast<long>(i))->GetRange()->PutStyle(style);
 }
 
 /// The range selected.

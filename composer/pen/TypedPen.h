@@ -104,6 +104,7 @@ private:
     void perform(const PutAlignment& alignment);
     void perform(const PutFont& font);
     void perform(const MakeTable& table);
+    void perform(const StyleTables& tables);
     void perform(const ExtendTable& table);
     void perform(const AddField& field);
     void perform(const AddEntry& entry);

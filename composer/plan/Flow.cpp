@@ -292,8 +292,8 @@ void Flow::makeTable(const MadeTable& made, std::deque<Operation>& operations)
     if (!lines_[made.firstLine].paragraph->holdsWritten)
         for (auto item = first.begin(); item != first.end() && as<Tag>(*item); ++item)
             operations.push_back(PlaceTag{span.start, as<Tag>(*item)->bookmark});
-    operations.push_back(
-        MakeTable{span, table.rows.size(), table.columns(), table.heights, &made == &tables_.back()});
+    operations.push_back(MakeTable{span, table.rows.size(), table.columns(), table.heights,
+                                   &made == &tables_.back(), source_.tableStyle});
     for (PlaceTag& tag : tagsBehindTable_) {
         tag.at += static_cast<Position>(table.rows.size());
         operations.push_back(std::move(tag));

@@ -60,6 +60,14 @@ struct MakeTable
     std::vector<int> heights; ///< of the rows, in points; 0: Word decides
     /// The story's last one: what comes to a table later comes to this one.
     bool isLast = false;
+    std::u16string style = {}; ///< the table style; empty: none
+};
+/// Tables that Word has read in in front of the passage get a table style.
+struct StyleTables
+{
+    long start = 0;         ///< of what was read in, counted from the story's beginning
+    std::size_t tables = 0; ///< in it
+    std::u16string style;
 };
 /// The story's last table, or rather its rows and columns behind those that it has.
 struct ExtendTable
@@ -116,7 +124,7 @@ struct KeepContents
 };
 
 using Operation =
-    std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, ExtendTable, AddField,
-                 AddEntry, AddLink, PlaceTag, RemoveText, BreakSection, KeepBreak, KeepContents>;
+    std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, StyleTables, ExtendTable,
+                 AddField, AddEntry, AddLink, PlaceTag, RemoveText, BreakSection, KeepBreak, KeepContents>;
 
 } // namespace compose

@@ -49,6 +49,7 @@ struct Origin
     }
     std::u16string operator()(const ClearFont& /*clear*/) const { return call(u"insertText"); }
     std::u16string operator()(const MakeTable& /*table*/) const { return call(u"startTable"); }
+    std::u16string operator()(const StyleTables& /*tables*/) const { return call(u"startTable"); }
     std::u16string operator()(const ExtendTable& /*table*/) const { return call(u"addRow"); }
     std::u16string operator()(const AddField& field) const
     {

@@ -64,6 +64,7 @@ struct Source
     bool keepsGround = false;
     /// So much of the blocks' text stands in Word already, unformatted.
     std::optional<Position> drafted = {};
+    std::u16string tableStyle = {}; ///< that tables get; empty: none
 };
 
 /// How the story comes to hold the blocks behind what it holds: all text at once, then what formats it

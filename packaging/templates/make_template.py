@@ -13,7 +13,10 @@ ALIGNMENTS = {"left": "ql", "centred": "qc", "right": "qr", "justified": "qj"}
 TAB_ALIGNMENTS = {"left": "", "centre": "\\tqc", "right": "\\tqr"}
 LEADERS = {"none": "", "dots": "\\tldot"}
 RULES = {"above": "brdrt", "below": "brdrb"}
-FIRST_CHARACTER_STYLE = 200  # paragraph styles are numbered from 0, in the order of the source
+# Where the numbers of each kind of style begin; in the order of the source.
+FIRST_NUMBERS = {"paragraph": 0, "character": 200, "table": 300}
+VERTICAL_ALIGNMENTS = {"top": "tsvertalt", "centred": "tsvertalc", "bottom": "tsvertalb"}
+CELL_PADDING = 5.4  # between a cell's edge and its text, left and right: Word's own, so that columns stay as wide as they are
 PER_LEVEL = {"sizes": "size", "befores": "before", "afters": "after", "indents": "indent"}
 
 
@@ -38,6 +41,7 @@ def one_style_per_level(style):
 
 
 class Template:
+    TABLE_KEYS = {"name", "kind", "edge", "line", "padding", "vertical", "heading"}
     KEYS = {"name", "kind", "base", "next", "font", "size", "color", "bold", "italic", "underline", "align", "before",
             "after", "indent", "keep_with_next", "rule", "tabs", "level"}
 
@@ -49,13 +53,13 @@ class Template:
         self.styles = [each for style in source["style"] for each in one_style_per_level(style)]
         self.numbers = {}
         for style in self.styles:
-            if unknown := style.keys() - self.KEYS:
+            kind = style.get("kind", "paragraph")
+            if unknown := style.keys() - (self.TABLE_KEYS if kind == "table" else self.KEYS):
                 raise SourceError(f"{style['name']}: unknown: {', '.join(sorted(unknown))}")
             if not isinstance(style.get("size", 0), int):
                 raise SourceError(f"{style['name']}: a font size in whole points is wanted, not {style['size']}")
-            first = FIRST_CHARACTER_STYLE if style.get("kind") == "character" else 0
-            taken = [number for number in self.numbers.values() if (number >= FIRST_CHARACTER_STYLE) == bool(first)]
-            self.numbers[style["name"]] = first + len(taken)
+            alike = [each for each in self.styles[:self.styles.index(style)] if each.get("kind", "paragraph") == kind]
+            self.numbers[style["name"]] = FIRST_NUMBERS[kind] + len(alike)
 
     def rich_text(self):
         page = self.page
@@ -83,6 +87,8 @@ class Template:
 
     def style(self, style):
         number = self.numbers[style["name"]]
+        if style.get("kind") == "table":
+            return self.table_style(style)
         if style.get("kind") == "character":
             return f"{{\\*\\cs{number}\\additive{self.character_look(style)} {style['name']};}}"
         words = f"\\s{number}" if number else ""
@@ -91,6 +97,24 @@ class Template:
             words += f"\\sbasedon{self.numbers[style['base']]}"
         words += f"\\snext{self.numbers[style.get('next', style['name'])]}"
         return f"{{{words} {style['name']};}}"
+
+    def table_style(self, style):
+        """Two entries: for all rows, and for the first one."""
+        start = f"{{\\*\\ts{self.numbers[style['name']]}\\tsrowd"
+        end = f"\\snext{self.numbers[style['name']]} {style['name']};}}"
+        heading = style["heading"]
+        table = "".join(self.line(f"trbrdr{side}", style["edge"]) for side in "tb") + self.line("trbrdrh", style["line"])
+        side, above = twips(CELL_PADDING), twips(style["padding"])
+        table += (f"\\trftsWidthB3\\trpaddl{side}\\trpaddr{side}\\trpaddt{above}\\trpaddb{above}"
+                  f"\\trpaddfl3\\trpaddft3\\trpaddfb3\\trpaddfr3\\tblind0\\tblindtype3\\{VERTICAL_ALIGNMENTS[style['vertical']]}")
+        first_row = f"\\tscfirstrow{self.line('tsbrdrb', heading['line'])}\\tscellcbpat{self.color(heading['shading'])}"
+        return f"{start}{table}{end}\r\n{start}{first_row}{self.character_look(heading)}{end}"
+
+    def line(self, side, line):
+        return f"\\{side}\\brdrs\\brdrw{twips(line['width'])}\\brdrcf{self.color(line['color'])}"
+
+    def color(self, name):
+        return list(self.colors).index(name) + 1
 
     def resolved(self, style):
         """With what the style has from its base: an entry of the sheet says everything."""
@@ -124,7 +148,7 @@ class Template:
             if style.get(key):
                 words += f"\\{word}"
         if "color" in style:
-            words += f"\\cf{list(self.colors).index(style['color']) + 1}"
+            words += f"\\cf{self.color(style['color'])}"
         return words
 
     def place(self, at):

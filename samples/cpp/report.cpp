@@ -82,6 +82,8 @@ private:
         print("Settings page: ", &IDocument::getPropPages);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"WordTemplateName"), bstr(files_ + L"\\report.dot"),
                                    textSetting);
+        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TableStyle"), bstr(L"Report Table"), textSetting);
+        mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TOCTitle"), bstr(L"Contents"), textSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"TOCLevel"), bstr(L"2"), numberSetting);
         mirovel_->overrideRegistry(bstr(L"Word"), bstr(L"Compose"), bstr(L"1"), numberSetting);
         // To find out why a document fails, have it written down:
@@ -233,7 +235,7 @@ private:
     void writeContentsPage()
     {
         mirovel_->insertTag(bstr(L"contents"));
-        writeLine(L"Caption", L"The year in brief");
+        writeLine(L"TOC Heading", L"The year in brief");
         writePoint(bullet_, L"The " + link(L"highest reading", L"July") + L" was 31.4" + degrees_ +
                                 L", in a hot " + link(L"summer", L"Summer") + L".");
         writePoint(bullet_, L"The " + link(L"lowest reading", L"January") + L" was " + minus_ + L"12.9" +
@@ -243,7 +245,6 @@ private:
         writePoint(bullet_, link(L"How we measure", L"method") + L" has not changed since 1931; " +
                                 link(L"the signs", L"signs") + L" we use are explained.");
         writePoint(bullet_, L"The " + link(L"head of each page", L"head") + L" leads back to this list.");
-        mirovel_->insertEndl();
         mirovel_->insertTOC();
     }
 

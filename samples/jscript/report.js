@@ -21,6 +21,8 @@ function startDocument(fileName) {
     WScript.Echo("Document type: " + mirovel.getDocType());
     WScript.Echo("Settings page: " + mirovel.getPropPages());
     mirovel.overrideRegistry("Word", "WordTemplateName", files + "\\report.dot", textSetting);
+    mirovel.overrideRegistry("Word", "TableStyle", "Report Table", textSetting);
+    mirovel.overrideRegistry("Word", "TOCTitle", "Contents", textSetting);
     mirovel.overrideRegistry("Word", "TOCLevel", "2", numberSetting);
     mirovel.overrideRegistry("Word", "Compose", "1", numberSetting);
     // To find out why a document fails, have it written down:
@@ -157,7 +159,7 @@ function writeHeaderAndFooter() {
 
 function writeContentsPage() {
     mirovel.insertTag("contents");
-    writeLine("Caption", "The year in brief");
+    writeLine("TOC Heading", "The year in brief");
     writePoint(bullet, "The " + link("highest reading", "July") + " was 31.4" + degrees + ", in a hot " +
         link("summer", "Summer") + ".");
     writePoint(bullet, "The " + link("lowest reading", "January") + " was " + minus + "12.9" + degrees + ", in a mild " +
@@ -166,7 +168,6 @@ function writeContentsPage() {
     writePoint(bullet, link("How we measure", "method") + " has not changed since 1931; " +
         link("the signs", "signs") + " we use are explained.");
     writePoint(bullet, "The " + link("head of each page", "head") + " leads back to this list.");
-    mirovel.insertEndl();
     mirovel.insertTOC();
 }
 

@@ -37,6 +37,8 @@ Sub StartDocument(fileName)
     WScript.Echo "Document type: " & mirovel.getDocType()
     WScript.Echo "Settings page: " & mirovel.getPropPages()
     mirovel.overrideRegistry "Word", "WordTemplateName", files & "\report.dot", TextSetting
+    mirovel.overrideRegistry "Word", "TableStyle", "Report Table", TextSetting
+    mirovel.overrideRegistry "Word", "TOCTitle", "Contents", TextSetting
     mirovel.overrideRegistry "Word", "TOCLevel", "2", NumberSetting
     mirovel.overrideRegistry "Word", "Compose", "1", NumberSetting
     ' To find out why a document fails, have it written down:
@@ -174,7 +176,7 @@ End Sub
 
 Sub WriteContentsPage
     mirovel.insertTag "contents"
-    WriteLine "Caption", "The year in brief"
+    WriteLine "TOC Heading", "The year in brief"
     WritePoint bullet, "The " & Link("highest reading", "July") & " was 31.4" & degrees & ", in a hot " & _
         Link("summer", "Summer") & "."
     WritePoint bullet, "The " & Link("lowest reading", "January") & " was " & minus & "12.9" & degrees & ", in a mild " & _
@@ -183,7 +185,6 @@ Sub WriteContentsPage
     WritePoint bullet, Link("How we measure", "method") & " has not changed since 1931; " & _
         Link("the signs", "signs") & " we use are explained."
     WritePoint bullet, "The " & Link("head of each page", "head") & " leads back to this list."
-    mirovel.insertEndl
     mirovel.insertTOC
 End Sub
 

@@ -30,8 +30,7 @@ model::Style& StyleObject::style() const
 
 long StyleObject::getType()
 {
-    return style().type() == model::StyleType::character ? Word::wdStyleTypeCharacter
-                                                         : Word::wdStyleTypeParagraph;
+    return static_cast<long>(style().type());
 }
 
 Word::_FontPtr StyleObject::getFont()

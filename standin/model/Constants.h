@@ -71,7 +71,8 @@ enum class SectionStart : std::int32_t
 enum class StyleType : std::int32_t
 {
     paragraph = 1,
-    character = 2
+    character = 2,
+    table = 3
 };
 
 enum class HeaderFooterIndex : std::int32_t

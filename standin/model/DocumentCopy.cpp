@@ -2,6 +2,7 @@
 
 #include "Bookmarks.h"
 #include "InlineShape.h"
+#include "TableFormats.h"
 #include "TableSpans.h"
 
 #include <algorithm>
@@ -41,6 +42,7 @@ private:
             made->setBase(base);
         made->font = style.font;
         made->paragraph = style.paragraph;
+        made->table = style.table;
         made->setNext(mapped(style.next()));
         return made;
     }
@@ -118,8 +120,17 @@ private:
         format.style = styles_.mapped(source.style);
         format.properties = source.properties;
         format.inTable = inTable_ || source.inTable;
-        format.row = inTable_ ? nullptr : source.row;
+        format.row = inTable_ ? nullptr : mapped(source.row);
         story_.setParagraphFormat(index, format);
+    }
+
+    std::shared_ptr<const RowFormat> mapped(const std::shared_ptr<const RowFormat>& row)
+    {
+        if (!row || !row->style)
+            return row;
+        RowFormat made = *row;
+        made.style = styles_.mapped(row->style);
+        return std::make_shared<const RowFormat>(made);
     }
 
     void addEmptyParagraph()

@@ -75,6 +75,7 @@ struct Border
 {
     bool isVisible = false; ///< a single line when it is
     float width = 0.5f;     ///< points
+    std::int32_t color = FontProperties::automaticColor;
 
     bool operator==(const Border&) const = default;
 };

@@ -53,6 +53,8 @@ std::string checkTables(const Story& story)
         case ParagraphEnd::row:
             if (inCell || cells == 0 || paragraph.end - paragraph.start != 1 || !format.inTable)
                 return where + " ends a row that is not whole";
+            if (format.row->style && format.row->style->type() != StyleType::table)
+                return where + " ends a row whose style is not one of tables";
             if (format.row->cells.size() != cells)
                 return where + " has a format for another number of cells";
             cells = 0;

@@ -2,6 +2,7 @@
 
 #include "Document.h"
 #include "Erasure.h"
+#include "TableMarks.h"
 #include "TableSpans.h"
 #include "VisibleText.h"
 #include "WordError.h"
@@ -246,6 +247,10 @@ void LiveRange::setStyle(const Style& style)
         setCharacterStyle(style);
         return;
     }
+    if (style.type() == StyleType::table) {
+        setTableStyle(style);
+        return;
+    }
     Story& owner = story();
     const Switches& switches = owner.document().switches();
     const bool isLinked = style.hasCharacterStyle() && !switches.linkedStyleFormatsParagraph;
@@ -427,6 +432,20 @@ void LiveRange::setCharacterStyle(const Style& style)
         return;
     const Style* put = style.builtinNumber() == Styles::defaultParagraphFont ? nullptr : &style;
     changeCharacters([put](CharacterFormat& format) { format.style = put; });
+}
+
+void LiveRange::setTableStyle(const Style& style)
+{
+    Story& owner = story();
+    const std::vector<ParagraphSpan> tables = tablesTouching(owner, start(), end());
+    if (tables.empty())
+        throw WordError(WordErrorNumber::valueOutOfRange);
+    for (const ParagraphSpan& table : tables)
+        for (const std::size_t mark : rowMarks(owner, table)) {
+            RowFormat format = *owner.paragraph(mark).format->row;
+            format.style = &style;
+            setRowFormat(owner, mark, format);
+        }
 }
 
 void LiveRange::changeCharacters(const std::function<void(CharacterFormat&)>& change)

@@ -65,6 +65,7 @@ public:
     /// The style over the range: the character style if one covers it, else the paragraph style; null when
     /// mixed and the switch says so.
     StylePtr style() const;
+    /// A table style is put on the tables that the range touches; raises 4608 when there is none.
     void setStyle(const Style& style);
     /// Looks the style up by name or built-in number; raises 5834 when there is none.
     void setStyle(std::u16string_view name);
@@ -97,6 +98,7 @@ private:
     Position withinStory(Position position, Position last) const;
     void insertSectionBreak(SectionStart sectionStart);
     void setCharacterStyle(const Style& style);
+    void setTableStyle(const Style& style);
     void changeCharacters(const std::function<void(CharacterFormat&)>& change);
 
     std::shared_ptr<Story> story_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Formats.h"
+#include "TableLook.h"
 
 #include <map>
 #include <memory>
@@ -36,6 +37,7 @@ public:
     /// Own properties, without those of the base.
     FontProperties font;
     ParagraphProperties paragraph;
+    TableLook table; ///< of a table style, base included
 
     /// With the base's properties; every property of a paragraph style is set.
     FontProperties resolvedFont() const;

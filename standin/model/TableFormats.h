@@ -47,6 +47,7 @@ struct RowFormat
     RowHeightRule heightRule = RowHeightRule::automatic;
     float height = 0; ///< nothing under the automatic rule
     std::vector<CellFormat> cells;
+    const Style* style = nullptr; ///< the table's; null: none
 
     bool operator==(const RowFormat&) const = default;
 };

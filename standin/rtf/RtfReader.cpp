@@ -210,8 +210,8 @@ private:
     void ignorableWord(const RtfToken& token)
     {
         isIgnorable_ = false;
-        static constexpr std::array<std::string_view, 8> known = {
-            "cs", "fldinst", "bkmkstart", "bkmkend", "mvcodefield", "shppict", "objclass", "objdata"};
+        static constexpr std::array<std::string_view, 9> known = {
+            "cs", "ts", "fldinst", "bkmkstart", "bkmkend", "mvcodefield", "shppict", "objclass", "objdata"};
         if (std::find(known.begin(), known.end(), token.word) != known.end())
             word(token);
         else
@@ -237,7 +237,8 @@ private:
             tables_.colors.word(token.word, number);
         } else if (state_.destination == Destination::fonts) {
             tables_.fonts.word(token.word, number);
-        } else if (state_.destination != Destination::styles || !tables_.styles.take(token.word, number)) {
+        } else if (state_.destination != Destination::styles ||
+                   !tables_.styles.take(token.word, number, tables_.colors)) {
             flush();
             textWord(token, number);
         }
@@ -510,7 +511,8 @@ private:
             (name == "tcl" ? entry_.level : entry_.table) = number;
         else if (name == "deff")
             tables_.defaultFont = number;
-        else if (!takeFormatWord(state_.format, tables_, token) && !rowDefinition_.take(name, number))
+        else if (!takeFormatWord(state_.format, tables_, token) &&
+                 !rowDefinition_.take(name, number, tables_.colors))
             pages_.take(name, number);
     }
 
@@ -597,7 +599,9 @@ private:
             ++at;
             ++rowCells_;
         }
-        insertRowMark(*story_, at, rowDefinition_.format(rowCells_));
+        RowFormat format = rowDefinition_.format(rowCells_);
+        format.style = tables_.styles.style(rowDefinition_.style(), StyleType::table);
+        insertRowMark(*story_, at, format);
         rowIsOpen_ = false;
         rowCells_ = 0;
         endedWithMark_ = false;

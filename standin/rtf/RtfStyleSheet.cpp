@@ -18,11 +18,13 @@ bool buildsOn(const Style& style, const Style& wanted)
 
 } // namespace
 
-bool StyleSheetReader::take(std::string_view word, std::int32_t number)
+bool StyleSheetReader::take(std::string_view word, std::int32_t number, const ColorTableReader& colors)
 {
-    if (word == "s" || word == "cs") {
+    static const std::map<std::string_view, StyleType> types = {
+        {"s", StyleType::paragraph}, {"cs", StyleType::character}, {"ts", StyleType::table}};
+    if (const auto type = types.find(word); type != types.end()) {
         entry_.number = number;
-        entry_.type = word == "s" ? StyleType::paragraph : StyleType::character;
+        entry_.type = type->second;
         return true;
     }
     if (word == "sbasedon") {
@@ -33,7 +35,7 @@ bool StyleSheetReader::take(std::string_view word, std::int32_t number)
         entry_.next = number;
         return true;
     }
-    return false;
+    return entry_.type == StyleType::table && entry_.table.take(word, number, colors);
 }
 
 void StyleSheetReader::finish(const FontProperties& font, const ParagraphProperties& paragraph,
@@ -49,6 +51,8 @@ void StyleSheetReader::finish(const FontProperties& font, const ParagraphPropert
             styles_[entry_.number] = style;
             if (entry_.type == StyleType::paragraph)
                 defineParagraphStyle(*style, font, paragraph);
+            else if (entry_.type == StyleType::table)
+                entry_.table.define(style->table, fontBeyond(font, plain));
             else
                 style->font = fontBeyond(font, plain);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Document.h"
+#include "RtfTableLook.h"
 
 #include <cstdint>
 #include <map>
@@ -17,7 +18,7 @@ public:
     explicit StyleSheetReader(model::Document& document) : document_(document) {}
 
     /// False for a word that formats: those are the reader's.
-    bool take(std::string_view word, std::int32_t number);
+    bool take(std::string_view word, std::int32_t number, const ColorTableReader& colors);
     void character(char16_t c) { entry_.name += c; }
     /// Ends the entry, which looks like that. `plain` is what a file's text looks like by itself.
     void finish(const model::FontProperties& font, const model::ParagraphProperties& paragraph,
@@ -37,6 +38,7 @@ private:
         std::int32_t base = -1;
         std::int32_t next = -1;
         std::u16string name = {};
+        TableLookReader table = {};
     };
 
     void defineParagraphStyle(model::Style& style, const model::FontProperties& font,

@@ -4,6 +4,7 @@
 #include "RtfFields.h"
 #include "RtfObjects.h"
 #include "RtfPictures.h"
+#include "RtfTableLook.h"
 #include "RtfTables.h"
 #include "RtfText.h"
 #include "TableSpans.h"
@@ -274,6 +275,8 @@ private:
     {
         const std::int32_t number = styleNumbers_.at(&style);
         std::string rtf = "\n{";
+        if (style.type() == StyleType::table)
+            return tableStyleEntries(style);
         if (style.type() == StyleType::character) {
             rtf += control("\\*\\cs", number) + "\\additive" + fontProperties(style.resolvedFont());
         } else {
@@ -283,6 +286,21 @@ private:
         if (style.base())
             rtf += control("\\sbasedon", styleNumbers_.at(style.base()));
         return rtf + " " + nameText(rtfStyleName(style)) + ";}";
+    }
+
+    std::string tableStyleEntries(const Style& style)
+    {
+        const std::int32_t number = styleNumbers_.at(&style);
+        const RowNumbers numbers = rowNumbers(number);
+        const std::string start = "\n{" + control("\\*\\ts", number) + "\\tsrowd";
+        const std::string end = control("\\snext", number) + " " + nameText(style.name()) + ";}";
+        return start + tableWords(style.table, numbers) + end + start + "\\tscfirstrow" +
+               headingWords(style.table, numbers) + fontProperties(style.table.headingFont) + end;
+    }
+
+    RowNumbers rowNumbers(std::int32_t style)
+    {
+        return {style, [this](std::int32_t color) { return colors_.number(color) + 1; }};
     }
 
     std::string documentProperties() const
@@ -377,13 +395,32 @@ private:
         for (Position at = start; at < end;) {
             const std::size_t index = story.paragraphIndexAt(at);
             const Paragraph paragraph = story.paragraph(index);
-            rtf += startsRow(story, index) ? rowDefinition(formatOf(story, rowAt(story, index))) : "";
+            if (startsRow(story, index))
+                rtf += rowStart(story, rowAt(story, index));
+            else if (!paragraph.format->inTable)
+                heading_ = nullptr;
             if (paragraph.format->end != ParagraphEnd::row)
                 rtf += paragraphStart(*paragraph.format) + runs(state, paragraph);
             rtf += paragraphEnd(paragraph.format->end);
             at = paragraph.end;
         }
         return rtf + (end == story.length() ? state.bookmarks.bordersUpTo(end) : "");
+    }
+
+    std::string rowStart(const Story& story, const ParagraphSpan& row)
+    {
+        const RowFormat& format = formatOf(story, row);
+        const auto isTableAt = [&](std::size_t paragraph) {
+            return paragraph < story.paragraphCount() && story.paragraph(paragraph).format->inTable;
+        };
+        const bool isFirst = row.first == 0 || !isTableAt(row.first - 1);
+        RowPlace place{.isFirst = isFirst, .isLast = !isTableAt(row.past)};
+        if (!isFirst) {
+            const ParagraphSpan before = rowEndingAt(story, row.first - 1);
+            place.isSecond = before.first == 0 || !isTableAt(before.first - 1);
+        }
+        heading_ = isFirst && format.style ? &format.style->table.headingFont : nullptr;
+        return rowDefinition(format, place, rowNumbers(format.style ? styleNumbers_.at(format.style) : 0));
     }
 
     static bool startsRow(const Story& story, std::size_t paragraph)
@@ -525,13 +562,20 @@ private:
     std::string runStart(const ParagraphFormat& paragraph, const CharacterFormat& format)
     {
         const std::string style = format.style ? control("\\cs", styleNumbers_.at(format.style)) : "";
-        return style + fontProperties(Story::effectiveFont(paragraph, format));
+        FontProperties font = Story::effectiveFont(paragraph, format);
+        // Readers go by what is said of the text, and not by its table's style.
+        if (heading_ && !format.font.bold && heading_->bold)
+            font.bold = heading_->bold;
+        if (heading_ && !format.font.color && !(format.style && format.style->font.color) && heading_->color)
+            font.color = heading_->color;
+        return style + fontProperties(font);
     }
 
     const Document& document_;
     Table<std::u16string> fonts_;
     Table<std::int32_t> colors_;
     std::map<const Style*, std::int32_t> styleNumbers_;
+    const FontProperties* heading_ = nullptr; ///< of the row in hand, if it is a table's first one
 };
 
 } // namespace

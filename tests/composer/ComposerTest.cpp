@@ -66,7 +66,9 @@ protected:
 
     ScratchFolder folder;
     Trace trace;
-    std::unique_ptr<Composer> composer = std::make_unique<Composer>(Composer::Pen::typed, trace, L"");
+    Composer::Look look;
+    std::unique_ptr<Composer> composer =
+        std::make_unique<Composer>(Composer::Pen::typed, trace, L"", nullptr, look);
 };
 
 TEST_F(ComposerTest, SavesInTheFormatThatTheNameSays)
@@ -158,7 +160,7 @@ TEST_F(ComposerTest, WritesIntoAnEmptyPlainDocumentWhateverItsTemplateHolds)
         all->InsertAfter(L"left by the template");
         all->GetParagraphFormat()->PutAlignment(2);
         all->PutBold(1);
-        composer = std::make_unique<Composer>(pen, trace, L"");
+        composer = std::make_unique<Composer>(pen, trace, L"", nullptr, look);
         composer->begin(application, document);
         EXPECT_EQ(text(), u"");
         for (int i = 0; i < 3; ++i) {
@@ -181,7 +183,7 @@ TEST_F(ComposerTest, WritesIntoAnEmptyPlainDocumentWhateverItsTemplateHolds)
 TEST_F(ComposerTest, GoesOnBehindWhatAUserTypesBeforeAnythingIsWritten)
 {
     for (const Composer::Pen pen : {Composer::Pen::typed, Composer::Pen::fragments}) {
-        composer = std::make_unique<Composer>(pen, trace, L"");
+        composer = std::make_unique<Composer>(pen, trace, L"", nullptr, look);
         composer->begin(application, document);
         document->Range()->InsertBefore(L"zero");
         for (int i = 0; i < 5; ++i) {

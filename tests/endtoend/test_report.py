@@ -167,7 +167,7 @@ class Report(SampleTest):
         expected = [
             (1, ["The Weather of 2025", "Yearly report of the Lindholm Observatory", "Printed on "]),
             (2, ["The year in brief", "The highest reading was 31.4 \u00b0C, in a hot summer.", "The lowest reading was",
-                 "The brook", "How we measure has", "leads back to this list.", "Table of Contents", "The year at a glance"]),
+                 "The brook", "How we measure has", "leads back to this list.", "Contents", "The year at a glance"]),
             (3, ["The year at a glance", "2025 was a mild year", "0.6 degrees above that of the thirty years before "
                  f"({DELTA_T} +0.6).", "the appendix has the figures.", "The seasons", "Winter stands for",
                  "Table 1. Mean temperature", "Mean temperature", "Winter", "139 mm", "Autumn", "195 mm",

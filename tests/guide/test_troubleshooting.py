@@ -124,6 +124,9 @@ class Entries(EndToEndTest):
                 lambda: self.session(f'm.insertImage "{windows(ROOT / "README.md")}", ""'),
             "No document is open": lambda: self.script(self.NEW, 'm.insertText "x"', settings={"Word/Strict": "1"}),
             "The document does not have the style": lambda: self.strictly('m.setStyle "No Such"'),
+            "The document does not have the table style":
+                lambda: self.script(self.NEW, "m.start", "m.create fileName", "m.startTable",
+                                    settings={"Word/Strict": "1", "Word/TableStyle": "No Such"}),
             "The file is not there": lambda: self.strictly('m.insertImage "C:\\no.bmp", ""'),
             "Links lead to a tag that never came": lambda: self.strictly('m.insertXref "x", "nowhere"', "m.close"),
             "The table is not ready for this call": lambda: self.strictly("m.addRow"),

@@ -7,8 +7,9 @@ from support.endtoend import BUILD, EndToEndTest, windows
 
 FO = "{urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0}"
 STYLE = "{urn:oasis:names:tc:opendocument:xmlns:style:1.0}"
+TABLE = "{urn:oasis:names:tc:opendocument:xmlns:table:1.0}"
 TEXT = "{urn:oasis:names:tc:opendocument:xmlns:text:1.0}"
-STYLES = ["Normal", "Title", "Subtitle", "Body Text", "Caption", "Header", "Footer",
+STYLES = ["Normal", "TOC Heading", "Title", "Subtitle", "Body Text", "Caption", "Header", "Footer",
           *(f"Heading {level}" for level in range(1, 10)), *(f"TOC {level}" for level in range(1, 10))]
 
 
@@ -93,6 +94,39 @@ class DefaultTemplates(EndToEndTest):
         self.assertEqual([], [line for line in transcript if " !! " in line], "every style is known")
         found = self.font_sizes(document)
         self.assertEqual(sizes, {style: found[style] for style in sizes})
+
+    def check_tables(self, name):
+        """Tables in the table style, and a heading of the contents in the style for it."""
+        document = self.new_document(f"tables-{name}".lower().replace(".dot", ".doc"))
+        rows = [call for text in ("Heading", "Item", "Total")
+                for call in (("addRow",), ("addCell",), ("insertText", text), ("addCell",), ("insertText", "1"))]
+        outcome = self.drive(
+            [("new",), ("start",), ("create", windows(document)), ("insertTOC",), ("startTable",), *rows, ("endTable",),
+             ("close",), ("stop",)],
+            settings={"Word/WordTemplateName": windows(self.template(name)), "Word/Compose": "1", "Word/Strict": "1",
+                      "Word/TableStyle": "Ruled Table", "Word/TOCTitle": "Inhalt"})
+        self.assertAllOk(outcome)
+        self.assertEqual([], [line for line in outcome.transcript if " !! " in line])
+        tree = documents.open_document(document)
+        styles = {each.get(f"{STYLE}name"): each for each in tree.iter(f"{STYLE}style")}
+        cells = [styles[cell.get(f"{TABLE}style-name")].find(f"{STYLE}table-cell-properties")
+                 for cell in tree.iter(f"{TABLE}table-cell")]
+        self.assertEqual(["middle"] * 6, [cell.get(f"{STYLE}vertical-align") for cell in cells])
+        for first, second in ((0, 1), (2, 3), (4, 5)):  # a rule below each row, and no frame
+            self.assertRegex(cells[first].get(f"{FO}border-bottom"), "solid")
+            self.assertEqual("none", cells[first].get(f"{FO}border-left"))
+            self.assertEqual("none", cells[second].get(f"{FO}border-right"))
+        self.assertRegex(cells[0].get(f"{FO}background-color"), "^#")
+        self.assertIn(cells[2].get(f"{FO}background-color"), (None, "transparent"))
+        heading = next(p for p in tree.iter(f"{TEXT}p") if "".join(p.itertext()) == "Inhalt")
+        used = styles[heading.get(f"{TEXT}style-name")]
+        names = {used.get(f"{STYLE}{key}") for key in ("name", "display-name", "parent-style-name")}
+        self.assertTrue(names & {"TOC Heading", "TOC_20_Heading", "Contents Heading", "Contents_20_Heading"}, names)
+
+    def test_tables_and_contents_with_either_template(self):
+        for name in ("Vantpl01.dot", "KXR1.dot"):
+            with self.subTest(name):
+                self.check_tables(name)
 
     def test_documents_with_the_default_template(self):
         self.check_document("Vantpl01.dot", {"Normal": 10, "Heading 1": 18, "Heading 3": 12, "Title": 26, "TOC 1": 11})

@@ -39,6 +39,7 @@ protected:
     ComposedFaultsTest()
     {
         SessionPlayer player(GetParam());
+        player.setLook(look);
         undisturbed = player.play(session);
         calls = player.wordCalls();
     }
@@ -47,6 +48,7 @@ protected:
     void disturb(long call, HRESULT result)
     {
         SessionPlayer player(GetParam());
+        player.setLook(look);
         player.setFault({call, result});
         player.setBusyTimeout(0);
         const PlayedSession played = player.play(session);
@@ -67,6 +69,8 @@ protected:
         EXPECT_EQ(player.release(), 0);
     }
 
+    const SessionLook look{
+        .hasStyles = true, .tableStyle = std::u16string(SessionLook::ruledTable), .title = u"Inhalt"};
     const Session session = fullSession();
     PlayedSession undisturbed;
     long calls = 0; ///< that Word gets in it
@@ -99,6 +103,7 @@ TEST_P(ComposedFaultsTest, LetsTheClientEndWhenWordHasDied)
 {
     for (long call = 1; call <= calls; call += 3) {
         SessionPlayer player(GetParam());
+        player.setLook(look);
         player.setFault({call, serverUnavailable, true});
         const PlayedSession played = player.play(session);
         EXPECT_FALSE(played.failures.empty()) << "call " << call;

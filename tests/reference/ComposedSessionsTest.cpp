@@ -1,4 +1,5 @@
 // Documents of the composing writer against the reference model: what a client says is what comes of it.
+#include "RandomNumbers.h"
 #include "RandomSession.h"
 #include "RandomSwitches.h"
 #include "SessionLaw.h"
@@ -26,6 +27,8 @@ constexpr std::uint32_t firstReadingSession = 100'001;
 constexpr std::uint32_t mixedSessionsInALot = 280;
 constexpr std::uint32_t firstMixedSession = 300'001;
 constexpr std::uint32_t firstLongSession = 1'000'001;
+constexpr std::uint32_t lookSessionsInALot = 120;
+constexpr std::uint32_t firstLookSession = 400'001;
 
 /// In each lot; by default a few.
 std::optional<std::uint32_t> sessionsOfALongRun()
@@ -81,7 +84,20 @@ TEST_P(ComposedSessionsTest, ComeOutRightUnderAnyMixtureOfReadings)
     const std::uint32_t first = sessionsOfALongRun() ? firstLongSession : firstMixedSession;
     for (std::uint32_t i = 0; i < sessions; ++i) {
         const std::uint32_t seed = first + lot * sessions + i;
+        RandomNumbers numbers(seed);
+        player.setLook(randomLook(numbers));
         check(seed, randomSwitches(seed));
+    }
+    law.conclude();
+}
+
+TEST_P(ComposedSessionsTest, ComeOutRightInTheLookThatSettingsSay)
+{
+    const std::uint32_t first = firstLookSession + lot * lookSessionsInALot;
+    for (std::uint32_t seed = first; seed < first + lookSessionsInALot; ++seed) {
+        RandomNumbers numbers(seed);
+        player.setLook(randomLook(numbers));
+        law.check(randomSession(seed, extent), "session " + std::to_string(seed));
     }
     law.conclude();
 }

@@ -68,7 +68,7 @@ struct Token
     std::u16string text = {}; ///< a field's keyword; an entry's text; "embedded" or "linked" of an object
     int level = 0;            ///< of an entry
     std::optional<Font> font = {}; ///< of a character
-    std::u16string style = {};     ///< of the paragraph that ends here
+    std::u16string style = {};     ///< of the paragraph that ends here; of a row's end, the table's
     Alignment alignment = Alignment::left;
     bool isHidden = false;     ///< Nobody sees it.
     bool isFormatOpen = false; ///< the paragraph's style and alignment may be any

@@ -164,6 +164,8 @@ private:
             break;
         case model::ParagraphEnd::row:
             token.kind = TokenKind::rowEnd;
+            if (format.row->style)
+                token.style = format.row->style->name();
             return;
         }
         token.style = format.style->name();

@@ -18,9 +18,9 @@ std::u16string_view anchorTarget(std::u16string_view written)
 
 } // namespace
 
-ReferenceDocument::ReferenceDocument(AddressTest isAddress, bool areFileEndsLost)
-    : isAddress_(std::move(isAddress)), areFileEndsLost_(areFileEndsLost), body_(u"Normal"), sections_(1),
-      pages_(1)
+ReferenceDocument::ReferenceDocument(AddressTest isAddress, bool areFileEndsLost, SessionLook look)
+    : isAddress_(std::move(isAddress)), areFileEndsLost_(areFileEndsLost), look_(std::move(look)),
+      body_(u"Normal"), sections_(1), pages_(1)
 {
 }
 
@@ -63,7 +63,7 @@ void ReferenceDocument::perform(const ClientCall& call)
     case Method::setTextAlign:
         return story.setTextAlign(call.number);
     case Method::insertTOC:
-        return story.insertTOC();
+        return story.insertTOC(look_.title, look_.styleOfTitle());
     case Method::startTOCEntry:
         return story.startTOCEntry();
     case Method::endTOCEntry:
@@ -209,6 +209,9 @@ DocumentContent ReferenceDocument::content() const
         if (!story)
             continue;
         StoryContent& resolved = content.stories.back().emplace(story->content);
+        for (Token& token : resolved.tokens)
+            if (token.kind == TokenKind::rowEnd)
+                token.style = look_.styleOfTables();
         for (std::size_t i = 0; i < story->links.size(); ++i) {
             const std::optional<RequestedLink>& link = story->links[i];
             if (!link)

@@ -3,6 +3,7 @@
 #include "ClientCall.h"
 #include "DocumentContent.h"
 #include "ReferenceStory.h"
+#include "SessionLook.h"
 
 #include <functional>
 #include <map>
@@ -23,7 +24,7 @@ public:
     using AddressTest = std::function<bool(std::u16string_view)>;
 
     /// `areFileEndsLost`: the last paragraph of a file of rich text may be formatted in any way.
-    explicit ReferenceDocument(AddressTest isAddress, bool areFileEndsLost = false);
+    explicit ReferenceDocument(AddressTest isAddress, bool areFileEndsLost = false, SessionLook look = {});
 
     void perform(const ClientCall& call);
     void perform(const Session& session);
@@ -52,6 +53,7 @@ private:
 
     AddressTest isAddress_;
     bool areFileEndsLost_;
+    SessionLook look_;
     ReferenceStory body_;
     std::vector<Section> sections_;
     std::vector<Page> pages_;          ///< of each section

@@ -413,7 +413,7 @@ void ReferenceStory::removeContents()
                           [](const Item& item) { return item.token.kind == TokenKind::contents; });
 }
 
-void ReferenceStory::insertTOC()
+void ReferenceStory::insertTOC(const std::u16string& title, const std::u16string& titleStyle)
 {
     if (isTableOpen())
         return;
@@ -422,11 +422,15 @@ void ReferenceStory::insertTOC()
     const std::optional<int> alignment = alignment_;
     removeContents();
     endParagraphIfItHoldsAnything();
+    beginStyle(titleStyle.empty() ? std::u16string(normal) : titleStyle);
+    if (!title.empty()) {
+        alignment_ = titleStyle.empty() ? std::optional(centred) : std::nullopt;
+        insertText(title);
+        endParagraph();
+        if (titleStyle.empty())
+            endParagraph();
+    }
     beginStyle(std::u16string(normal));
-    alignment_ = centred;
-    insertText(u"Table of Contents");
-    endParagraph();
-    endParagraph();
     alignment_ = alignment;
     writeToken(TokenKind::contents, {});
     endParagraph();

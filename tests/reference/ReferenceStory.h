@@ -82,7 +82,8 @@ public:
     void addCell();
     void endTable();
 
-    void insertTOC();
+    /// With that heading, in that style; without a style centred, and an empty paragraph behind it.
+    void insertTOC(const std::u16string& title, const std::u16string& titleStyle);
     void startTOCEntry();
     void endTOCEntry();
 

@@ -26,6 +26,7 @@ const ReferenceStyle* findStyle(std::u16string_view name)
         ReferenceStyle{u"Heading 9", {u"Arial", 11}},
         ReferenceStyle{u"Title", {u"Arial", 16, true}, Alignment::centre},
         ReferenceStyle{u"Plain Text", {u"Courier New", 10}},
+        ReferenceStyle{u"TOC Heading", {u"Times New Roman", 20, true}},
         ReferenceStyle{u"Header", {u"Times New Roman", 12}},
         ReferenceStyle{u"Footer", {u"Times New Roman", 12}},
     };

@@ -34,7 +34,8 @@ std::vector<Difference> differencesOf(SessionPlayer& player, const Session& sess
                                       const standin::model::Switches& switches)
 {
     using standin::model::LastParagraph;
-    ReferenceDocument document(isAddress, switches.insertFileLastParagraph == LastParagraph::dropped);
+    ReferenceDocument document(isAddress, switches.insertFileLastParagraph == LastParagraph::dropped,
+                               player.look());
     document.perform(session);
     const DocumentContent expected = document.content();
     const PlayedSession played = player.play(session, switches);

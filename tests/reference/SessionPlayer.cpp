@@ -116,6 +116,7 @@ SessionPlayer::~SessionPlayer()
 
 void SessionPlayer::writeFiles()
 {
+    template_ = folder_.write("look.dot", lookTemplate);
     for (const SessionFile& file : sessionFiles()) {
         const std::string name(file.name.begin(), file.name.end());
         paths_[file.name] = wide(file.exists() ? folder_.write(name, file.bytes) : folder_.file(name));
@@ -153,6 +154,17 @@ void SessionPlayer::override(const char* group, const char* name, const std::str
 {
     constexpr short text = 1;
     client_->overrideRegistry(bstr(std::string(group)), bstr(std::string(name)), bstr(value), text);
+}
+
+void SessionPlayer::overrideLook()
+{
+    constexpr short asText = 1;
+    const auto say = [&](const wchar_t* name, const _bstr_t& value) {
+        client_->overrideRegistry(_bstr_t(L"Word"), _bstr_t(name), value, asText);
+    };
+    say(L"WordTemplateName", look_.hasStyles ? bstr(template_) : bstr(std::u16string_view()));
+    say(L"TableStyle", bstr(look_.tableStyle));
+    say(L"TOCTitle", bstr(look_.title));
 }
 
 void SessionPlayer::setBusyTimeout(int seconds)
@@ -196,6 +208,7 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     // Of the Word that runs now: a client that was released may have ended another.
     word_.model().setSwitches(switches);
     word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
+    overrideLook();
     attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
     const long firstCall = word_.callCount();
     if (fault_.rejections > 0)

@@ -2,6 +2,7 @@
 
 #include "ClientCall.h"
 #include "DocumentContent.h"
+#include "SessionLook.h"
 
 #include "ScratchFolder.h"
 
@@ -48,6 +49,9 @@ public:
     SessionPlayer(const SessionPlayer&) = delete;
     SessionPlayer& operator=(const SessionPlayer&) = delete;
 
+    /// Of the sessions from the next one on.
+    void setLook(const SessionLook& look) { look_ = look; }
+    [[nodiscard]] const SessionLook& look() const { return look_; }
     [[nodiscard]] bool composes() const { return writer_ != Writer::counting; }
     PlayedSession play(const Session& session, const standin::model::Switches& switches = {});
 
@@ -83,6 +87,7 @@ public:
 private:
     void writeFiles();
     void makeClient();
+    void overrideLook();
     void override(const char* group, const char* name, const std::string& value);
     void read(const standin::model::Document& document);
     [[nodiscard]] std::u16string withPaths(const ClientCall& call) const;
@@ -99,6 +104,8 @@ private:
     IDocumentPtr client_;
     PlayedSession played_;
     bool isRead_ = false;
+    SessionLook look_;
+    std::string template_; ///< the file that has the look's styles
     Fault fault_;
     long wordCalls_ = 0;
 };

@@ -301,7 +301,7 @@ private:
         case 22:
             calls_ += "insertTOC\n";
             content_.insertTOC(u"Table of Contents");
-            meaning_.insertTOC();
+            meaning_.insertTOC(u"Table of Contents", u"");
             return;
         case 23:
             return both(number < 3 ? "startTOCEntry" : "endTOCEntry",

@@ -392,6 +392,30 @@ TEST_F(StoryContentTest, DropsAnEarlierPlaceOfTheTableOfContents)
     EXPECT_FALSE(content.insertTOC(u"T"));
 }
 
+TEST_F(StoryContentTest, PutsTheTitleOfTheTableOfContentsInAStyle)
+{
+    content.insertText(u"a");
+    content.setTextAlign(3);
+    content.insertTOC(u"T", u"TOC Heading");
+    content.insertText(u"b");
+    ASSERT_EQ(content.blocks().size(), 4U);
+    EXPECT_THAT(items(1), ElementsAre("T"));
+    EXPECT_EQ(paragraph(1).style, u"TOC Heading");
+    EXPECT_EQ(paragraph(1).alignment, std::nullopt);
+    EXPECT_THAT(items(2), ElementsAre("contents"));
+    EXPECT_EQ(paragraph(2).style, u"Normal");
+    EXPECT_EQ(paragraph(2).alignment, 3);
+    EXPECT_THAT(items(3), ElementsAre("b"));
+}
+
+TEST_F(StoryContentTest, HasNoParagraphForAnEmptyTitle)
+{
+    content.insertTOC(u"");
+    EXPECT_THAT(items(0), ElementsAre("contents"));
+    content.insertTOC(u"", u"TOC Heading");
+    EXPECT_THAT(items(1), ElementsAre("contents"));
+}
+
 TEST_F(StoryContentTest, MakesNoTableOfContentsInATable)
 {
     startRow();

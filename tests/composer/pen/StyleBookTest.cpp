@@ -96,5 +96,16 @@ TEST_F(StyleBookTest, CountsAnAlignmentThatFailsTwiceAsNone)
     EXPECT_EQ(styles->alignmentOf(u"Heading 1"), -1);
 }
 
+TEST_F(StyleBookTest, TellsTableStylesFromOthers)
+{
+    model().styles().add(u"Ruled", standin::model::StyleType::table);
+    EXPECT_TRUE(styles->holdsTableStyle(u"Ruled"));
+    EXPECT_LINES(takeCalls(), (Calls{"document.Styles -> document.Styles",
+                                     R"(document.Styles.Item("Ruled") -> document.Styles("Ruled"))",
+                                     R"(document.Styles("Ruled").Type -> 3)"}));
+    for (const char16_t* const name : {u"Normal", u"Title", u"Hyperlink", u"no such style"})
+        EXPECT_FALSE(styles->holdsTableStyle(name));
+}
+
 } // namespace
 } // namespace compose

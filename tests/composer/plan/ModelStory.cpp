@@ -277,6 +277,11 @@ void ModelStory::perform(const MakeTable& table)
         openTable_ = tables_;
 }
 
+void ModelStory::perform(const StyleTables& /*tables*/)
+{
+    throw BadOperation("a plan knows where its tables are");
+}
+
 void ModelStory::perform(const ExtendTable& table)
 {
     require(openTable_ != 0, "no table to extend");

@@ -110,6 +110,7 @@ private:
     void perform(const compose::PutAlignment& alignment);
     void perform(const compose::PutFont& font);
     void perform(const compose::MakeTable& table);
+    static void perform(const compose::StyleTables& tables);
     void perform(const compose::ExtendTable& table);
     void perform(const compose::AddField& field);
     void perform(const compose::AddEntry& entry);

@@ -20,6 +20,7 @@ TEST(OperationOriginTest, IsTheCallThatSaidIt)
     EXPECT_EQ(origin(PutFont{{0, 1}, {.size = 12.0F}}), u"setFontSize(12)");
     EXPECT_EQ(origin(PutFont{{0, 1}, {.isBold = true}}), u"setFontAttribute()");
     EXPECT_EQ(origin(MakeTable{}), u"startTable()");
+    EXPECT_EQ(origin(StyleTables{}), u"startTable()");
     EXPECT_EQ(origin(ExtendTable{}), u"addRow()");
     EXPECT_EQ(origin(AddField{0, 4}), u"insertField(4)");
     EXPECT_EQ(origin(AddEntry{0, u"entry"}), u"endTOCEntry(\"entry\")");

@@ -62,7 +62,12 @@ struct Printer
     {
         return spanned("table", table.span) + " " + number(static_cast<long long>(table.rows)) + "x" +
                number(static_cast<long long>(table.columns)) + " heights " + listed(table.heights) +
-               (table.isLast ? " last" : "");
+               (table.isLast ? " last" : "") + (table.style.empty() ? "" : " in " + printable(table.style));
+    }
+    std::string operator()(const StyleTables& tables) const
+    {
+        return "style " + number(static_cast<long long>(tables.tables)) + " tables " +
+               printable(tables.style);
     }
     std::string operator()(const ExtendTable& table) const
     {

@@ -217,6 +217,20 @@ TEST_F(PlanTest, AddsFieldsEntriesLinksAndTagsFromTheBackToTheFront)
                                     "field 1 4", "tag behind field b2", "tag 0 b1"));
 }
 
+TEST_F(PlanTest, GivesEachTableTheTableStyle)
+{
+    for (const char16_t* const text : {u"a", u"b"}) {
+        startRow(1);
+        content.insertText(text);
+        content.endTable();
+    }
+    Source source{content.blocks(), content.links(), ground, [](const LinkTarget&) { return true; }};
+    source.tableStyle = u"Ruled";
+    EXPECT_THAT(linesOf(planOf(source, styles)),
+                ElementsAre("text 0 'a||b|'", "table 3-5 1x1 heights 0 last in Ruled",
+                            "table 0-2 1x1 heights 0 in Ruled"));
+}
+
 TEST_F(PlanTest, MakesTheTableOfContentsPlaceInAParagraphOfItsOwn)
 {
     content.insertText(u"a");

@@ -1,6 +1,8 @@
 #include "DocumentFixture.h"
 
 #include "Hresult.h"
+#include "RtfWriter.h"
+#include "TableFormats.h"
 
 #include <WordConstants.h>
 #include <gmock/gmock.h>
@@ -140,6 +142,27 @@ TEST_F(InsertFile, ATemplateMayBringTablesPicturesAndFields)
                      "\\pichgoal20 00}{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}"));
     EXPECT_EQ(made->GetTables()->GetCount(), 1);
     EXPECT_EQ(made->GetInlineShapes()->GetCount(), 1);
+}
+
+TEST_F(InsertFile, TablesKeepTheStyleThatATemplateHasForThem)
+{
+    const std::wstring file = write(L"ruled.dot", "{\\rtf1{\\stylesheet{\\s0 Normal;}{\\*\\ts300\\tsrowd"
+                                                  "\\trbrdrh\\brdrs\\brdrw30 Ruled;}}\\pard\\par}");
+    const Word::_DocumentPtr made = addFrom(file);
+    EXPECT_EQ(made->GetStyles()->Item(Word::text(L"Ruled"))->GetType(), Word::wdStyleTypeTable);
+    EXPECT_EQ(made->GetStyles()->Item(Word::text(L"Hyperlink"))->GetType(), Word::wdStyleTypeCharacter);
+    EXPECT_EQ(made->GetStyles()->Item(Word::text(L"Title"))->GetType(), Word::wdStyleTypeParagraph);
+    const Word::TablePtr table = made->GetTables()->Add(made->Range(), 1, 1);
+    table->GetRange()->PutStyle(Word::text(L"Ruled"));
+    const std::string bytes = standin::rtf::writeRtf(*session.model(made));
+    document->Range()->InsertFile(write(L"with-table.rtf", bytes).c_str());
+    for (const Word::_DocumentPtr& each : {made, document}) {
+        const auto model = session.model(each);
+        const auto row = model->mainStory()->paragraph(1).format->row;
+        ASSERT_TRUE(row && row->style);
+        EXPECT_EQ(row->style, model->styles().byName(u"Ruled").get());
+        EXPECT_FLOAT_EQ(row->style->table.insideHorizontal.width, 1.5F);
+    }
 }
 
 TEST_F(InsertFile, ATemplateThatCannotBeReadMakesNoDocument)

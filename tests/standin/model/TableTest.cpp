@@ -388,5 +388,26 @@ TEST_F(TableTest, ACellsRangeEndsInFrontOfItsMarkBehindTextUnderTheOtherReading)
     }
 }
 
+TEST_F(TableTest, ATableStyleIsPutOnTheTablesThatARangeTouches)
+{
+    write(u"a\rb");
+    const StylePtr ruled = document->styles().add(u"Ruled", StyleType::table);
+    LiveRange front = range(0, 0);
+    Table first = Table::add(front, 2, 2);
+    const Position end = document->mainStory()->length() - 1;
+    LiveRange back = range(end, end);
+    const Table second = Table::add(back, 1, 1);
+    first.cell(1, 1).range().setStyle(u"Ruled");
+    EXPECT_EQ(first.row(1).format().style, ruled.get());
+    EXPECT_EQ(first.row(2).format().style, ruled.get()) << "it is the whole table's";
+    EXPECT_EQ(second.row(1).format().style, nullptr);
+    EXPECT_EQ(first.addRow().format().style, ruled.get());
+    EXPECT_EQ(first.cell(1, 1).range().style()->name(), u"Normal") << "its paragraphs keep theirs";
+    LiveRange outside = range(first.range().end(), first.range().end() + 1);
+    EXPECT_EQ(errorOf([&] { outside.setStyle(u"Ruled"); }), 4608);
+    content().setStyle(*ruled);
+    EXPECT_EQ(second.row(1).format().style, ruled.get());
+}
+
 } // namespace
 } // namespace standin::model

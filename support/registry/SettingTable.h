@@ -40,6 +40,8 @@ enum class SettingName
     busyTimeout,
     ownInstance,
     strict,
+    tableStyle,
+    tocTitle,
     saveEmf
 };
 
@@ -74,6 +76,10 @@ inline constexpr std::array settingTable = {
                        SettingOverrides::count, SettingReading::fromTheBeginning},
     SettingDescription{SettingName::strict, "Word", "Strict", SettingKind::flag, nullptr, 0,
                        SettingOverrides::count, SettingReading::fromTheBeginning},
+    SettingDescription{SettingName::tableStyle, "Word", "TableStyle", SettingKind::text, "", 0,
+                       SettingOverrides::count, SettingReading::byCreate},
+    SettingDescription{SettingName::tocTitle, "Word", "TOCTitle", SettingKind::text, "Table of Contents", 0,
+                       SettingOverrides::count, SettingReading::byCreate},
     SettingDescription{SettingName::saveEmf, "Diagram", "SaveEmf", SettingKind::flag, nullptr, 0,
                        SettingOverrides::count, SettingReading::byCreate},
 };

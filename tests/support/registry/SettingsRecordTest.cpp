@@ -53,6 +53,8 @@ TEST_F(SettingsRecordTest, HoldsTheDefaultsWhereNothingIsStored)
     EXPECT_EQ(record.integer(SettingName::tocLevel), 50);
     EXPECT_EQ(record.integer(SettingName::busyTimeout), 30);
     EXPECT_FALSE(record.isOn(SettingName::strict));
+    EXPECT_STREQ(record.text(SettingName::tableStyle).data(), "");
+    EXPECT_EQ(record[SettingName::tocTitle].text, L"Table of Contents");
 }
 
 TEST_F(SettingsRecordTest, KnowsWhereAValueComesFrom)

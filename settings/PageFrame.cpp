@@ -17,6 +17,7 @@ constexpr LONG margin = 7;
 constexpr LONG gap = 4;
 constexpr LONG buttonWidth = 50;
 constexpr LONG buttonHeight = 14;
+constexpr RECT tabPadding = {5, 2, 0, 0};
 constexpr std::array buttonsFromTheRight = {applyButton, IDCANCEL, IDOK};
 
 LONG widthOf(const RECT& place) noexcept
@@ -101,6 +102,8 @@ PageFrame::~PageFrame()
 
 void PageFrame::open()
 {
+    const RECT padding = inPixels(tabPadding);
+    SendMessageW(tabs(), TCM_SETPADDING, 0, MAKELPARAM(padding.left, padding.top));
     SIZE size{};
     for (IPropertyPage* const page : pages_) {
         _com_util::CheckError(page->SetPageSite(this));

@@ -270,6 +270,13 @@ class Package(EndToEndTest):
             self.assertNotIn(short.upper(), found.setdefault(folder, []), name)
             found[folder].append(short.upper())
 
+    def test_the_libraries_notices_are_in_both_packages(self):
+        notices = (BUILD / "packaging" / "THIRD-PARTY.txt").read_bytes()
+        self.assertEqual(notices, (self.contents / "Mirovelcom" / "THIRD-PARTY.txt").read_bytes())
+        name = f"mirovelcom-{VERSION}-x64"
+        with zipfile.ZipFile(self.package.with_suffix(".zip")) as archive:
+            self.assertEqual(notices, archive.read(f"{name}/THIRD-PARTY.txt"))
+
     def test_the_archive_is_for_hosts_and_developers(self):
         name = f"mirovelcom-{VERSION}-x64"
         with zipfile.ZipFile(self.folder / f"{name}.zip") as archive:
@@ -277,7 +284,7 @@ class Package(EndToEndTest):
             self.assertEqual(sorted(names), names)
             for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb", "bin/mirovel-replay.exe",
                              "include/mirovelcom/IDocument.h", "lib/cmake/mirovelcom/mirovelcomConfig.cmake",
-                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html"):
+                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html", "THIRD-PARTY.txt"):
                 self.assertIn(f"{name}/{expected}", names)
             self.assertEqual([], [each for each in names if "settings.exe" in each or "wordstandin" in each])
             self.assertEqual((BUILD / "server" / "mirovelcom.dll").read_bytes(), archive.read(f"{name}/bin/mirovelcom.dll"))

@@ -37,6 +37,8 @@ protected:
         user.clicks(tabs(), (tab.left + tab.right) / 2.0 / all.right,
                     (tab.top + tab.bottom) / 2.0 / all.bottom);
         page = shownPage();
+        if (user.focus() == tabs())
+            user.press(VK_TAB);
     }
 
     HWND shownPage() const

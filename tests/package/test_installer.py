@@ -88,6 +88,13 @@ class Installer(EndToEndTest):
         (files / "templates" / "Former.dot").write_text("{\\rtf1}")
         return make(self.folder, files, version, self.folder / f"{version}.msi")
 
+    def test_the_libraries_notices_are_in_both_packages(self):
+        notices = (BUILD / "packaging" / "THIRD-PARTY.txt").read_bytes()
+        self.assertEqual(notices, (self.contents / "Mirovelcom" / "THIRD-PARTY.txt").read_bytes())
+        name = f"mirovelcom-{VERSION}-x64"
+        with zipfile.ZipFile(self.package.with_suffix(".zip")) as archive:
+            self.assertEqual(notices, archive.read(f"{name}/THIRD-PARTY.txt"))
+
     def test_what_registration_writes_is_what_the_dll_writes(self):
         installed, registered = self.machine("installed"), self.machine("registered")
         before = installed.registry()
@@ -269,13 +276,6 @@ class Package(EndToEndTest):
             folder = row["Component_"].removesuffix(name.replace("-", "_"))
             self.assertNotIn(short.upper(), found.setdefault(folder, []), name)
             found[folder].append(short.upper())
-
-    def test_the_libraries_notices_are_in_both_packages(self):
-        notices = (BUILD / "packaging" / "THIRD-PARTY.txt").read_bytes()
-        self.assertEqual(notices, (self.contents / "Mirovelcom" / "THIRD-PARTY.txt").read_bytes())
-        name = f"mirovelcom-{VERSION}-x64"
-        with zipfile.ZipFile(self.package.with_suffix(".zip")) as archive:
-            self.assertEqual(notices, archive.read(f"{name}/THIRD-PARTY.txt"))
 
     def test_the_archive_is_for_hosts_and_developers(self):
         name = f"mirovelcom-{VERSION}-x64"

@@ -215,13 +215,14 @@ TEST_F(WritingInputTest, AppliesBothPages)
         SetDlgItemTextW(wordPage, templateName, L"");
         SetDlgItemTextW(wordPage, tocLevel, L"3");
         turnsToWriting();
+        user.press('B', VK_MENU);
         user.press(VK_SPACE);
         user.press('A', VK_MENU);
         EXPECT_FALSE(canApply());
         EXPECT_EQ(shownPage(), page) << "it stays in front";
-        EXPECT_EQ(user.focus(), box(composition)) << "and keeps the keyboard";
+        EXPECT_EQ(user.focus(), box(busyTime)) << "and keeps the keyboard";
         EXPECT_EQ(storedLevel(), L"number 3");
-        EXPECT_EQ(stored(L"Word", L"Compose"), L"number 0");
+        EXPECT_EQ(stored(L"Word", L"BusyTimeout"), L"number 30");
         user.press(VK_ESCAPE);
     });
 }

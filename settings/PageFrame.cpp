@@ -231,10 +231,10 @@ bool PageFrame::applied() noexcept
         if (!isApplied(*pages_[page]))
             return false;
     }
-    if (front_ != before) {
-        turnTo(before);
-        SetFocus(focus);
-    }
+    turnTo(before);
+    // Pages take the keyboard when they are shown; it goes back to where the user was.
+    if (GetFocus() != focus)
+        SetFocus(IsWindowEnabled(focus) ? focus : GetDlgItem(window_, IDOK));
     return true;
 }
 

@@ -1,10 +1,26 @@
 #include "LogFileName.h"
 
+#include <algorithm>
+#include <cwctype>
+
 namespace diagnostics {
 
 namespace {
 
 constexpr std::wstring_view separators = L"\\/:";
+
+/// Where the extension of a bare name begins; its end without one.
+std::size_t extensionOf(std::wstring_view bare)
+{
+    const std::size_t dot = bare.find_last_of(L'.');
+    return dot == bare.npos ? bare.size() : dot;
+}
+
+bool isSameName(std::wstring_view one, std::wstring_view other)
+{
+    const auto lower = [](wchar_t c) { return std::towlower(static_cast<std::wint_t>(c)); };
+    return std::ranges::equal(one, other, {}, lower, lower);
+}
 
 } // namespace
 
@@ -23,10 +39,22 @@ std::wstring logFileName(std::wstring_view name, std::wstring_view temporaryFold
         if (separators.find(file.back()) == separators.npos)
             file += L'\\';
     }
-    const std::size_t dot = bare.find_last_of(L'.');
-    const std::size_t end = dot == bare.npos ? bare.size() : dot;
+    const std::size_t end = extensionOf(bare);
     file.append(bare.substr(0, end)).append(L".").append(std::to_wstring(process)).append(bare.substr(end));
     return file;
+}
+
+bool isLogFileName(std::wstring_view file, std::wstring_view name)
+{
+    const std::wstring_view bare = bareName(name);
+    const std::wstring_view stem = bare.substr(0, extensionOf(bare));
+    const std::wstring_view extension = bare.substr(stem.size());
+    if (file.size() <= bare.size() + 1)
+        return false;
+    const std::wstring_view process = file.substr(stem.size() + 1, file.size() - bare.size() - 1);
+    return isSameName(file.substr(0, stem.size()), stem) && file[stem.size()] == L'.' &&
+           process.find_first_not_of(L"0123456789") == process.npos &&
+           isSameName(file.substr(file.size() - extension.size()), extension);
 }
 
 } // namespace diagnostics

@@ -10,6 +10,9 @@ namespace diagnostics {
 [[nodiscard]] std::wstring logFileName(std::wstring_view name, std::wstring_view temporaryFolder,
                                        unsigned long process);
 
+/// Whether a file's bare name is one that logFileName() makes of `name`, for whatever process.
+[[nodiscard]] bool isLogFileName(std::wstring_view file, std::wstring_view name);
+
 /// The name without its folder.
 [[nodiscard]] std::wstring_view bareName(std::wstring_view name);
 

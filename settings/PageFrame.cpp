@@ -3,8 +3,12 @@
 #include "resource.h"
 
 #include <comdef.h>
+#include <commctrl.h>
 
+#include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -13,6 +17,7 @@ constexpr LONG margin = 7;
 constexpr LONG gap = 4;
 constexpr LONG buttonWidth = 50;
 constexpr LONG buttonHeight = 14;
+constexpr RECT tabPadding = {5, 2, 0, 0};
 constexpr std::array buttonsFromTheRight = {applyButton, IDCANCEL, IDOK};
 
 LONG widthOf(const RECT& place) noexcept
@@ -47,20 +52,37 @@ void centre(HWND window, SIZE size) noexcept
                  (screen.top + screen.bottom - size.cy) / 2, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-SIZE sizeOf(IPropertyPage& page)
+struct PageFacts
+{
+    std::wstring title;
+    SIZE size;
+};
+
+PageFacts factsOf(IPropertyPage& page)
 {
     PROPPAGEINFO info{};
     info.cb = sizeof info;
     _com_util::CheckError(page.GetPageInfo(&info));
+    PageFacts facts{info.pszTitle != nullptr ? info.pszTitle : L"", info.size};
     for (void* text : std::array{info.pszTitle, info.pszDocString, info.pszHelpFile})
         CoTaskMemFree(text);
-    return info.size;
+    // Tabs have no letters of their own: the page in front may have the same one.
+    std::erase(facts.title, L'&');
+    return facts;
+}
+
+bool isDown(int key) noexcept
+{
+    return GetKeyState(key) < 0;
 }
 
 } // namespace
 
-PageFrame::PageFrame(IPropertyPage& page) : page_(page)
+PageFrame::PageFrame(std::vector<IPropertyPage*> pages)
+    : commonControls_(L"comctl32.dll"), pages_(std::move(pages))
 {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES};
+    commonControls_.function<decltype(InitCommonControlsEx)>("InitCommonControlsEx")(&classes);
     window_ = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(frameDialog), nullptr, procedure,
                                  reinterpret_cast<LPARAM>(this));
     if (window_ == nullptr)
@@ -80,39 +102,60 @@ PageFrame::~PageFrame()
 
 void PageFrame::open()
 {
-    _com_util::CheckError(page_.SetPageSite(this));
-    const SIZE size = sizeOf(page_);
-    layOut(size);
-    RECT place = inPixels({margin, margin, 0, 0});
-    place.right = place.left + size.cx;
-    place.bottom = place.top + size.cy;
-    _com_util::CheckError(page_.Activate(window_, &place, FALSE));
+    const RECT padding = inPixels(tabPadding);
+    SendMessageW(tabs(), TCM_SETPADDING, 0, MAKELPARAM(padding.left, padding.top));
+    SIZE size{};
+    for (IPropertyPage* const page : pages_) {
+        _com_util::CheckError(page->SetPageSite(this));
+        const PageFacts facts = factsOf(*page);
+        addTab(facts.title.c_str());
+        size = {std::max(size.cx, facts.size.cx), std::max(size.cy, facts.size.cy)};
+    }
+    const RECT place = layOut(size);
+    for (IPropertyPage* const page : pages_)
+        _com_util::CheckError(page->Activate(window_, &place, FALSE));
 }
 
-/// The page above, the buttons in a row at the right below it.
-void PageFrame::layOut(SIZE page) noexcept
+void PageFrame::addTab(const wchar_t* title) noexcept
+{
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = const_cast<wchar_t*>(title);
+    SendMessageW(tabs(), TCM_INSERTITEMW, pages_.size(), reinterpret_cast<LPARAM>(&item));
+}
+
+/// The tabs above, the page below them, the buttons in a row at the right below it.
+RECT PageFrame::layOut(SIZE page) noexcept
 {
     const RECT edge = inPixels({margin, margin, gap, gap});
     const RECT button = inPixels({0, 0, buttonWidth, buttonHeight});
-    LONG right = edge.left + page.cx;
-    const LONG top = edge.top + page.cy + edge.bottom;
+    // What the tabs alone need: the pages lie on the window.
+    RECT strip{0, 0, page.cx, 0};
+    SendMessageW(tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&strip));
+    MoveWindow(tabs(), edge.left, edge.top, page.cx, strip.top, FALSE);
+    const RECT place{edge.left, edge.top + strip.top, edge.left + page.cx, edge.top + strip.top + page.cy};
+    LONG right = place.right;
+    const LONG top = place.bottom + edge.bottom;
     for (const int each : buttonsFromTheRight) {
         MoveWindow(GetDlgItem(window_, each), right - button.right, top, button.right, button.bottom, FALSE);
         right -= button.right + edge.right;
     }
     const SIZE content{page.cx + 2 * edge.left, top + button.bottom + edge.top};
     centre(window_, outerSize(window_, content));
+    return place;
 }
 
 void PageFrame::run()
 {
-    _com_util::CheckError(page_.Show(SW_SHOW));
+    _com_util::CheckError(pages_[front_]->Show(SW_SHOW));
     updateApplyButton();
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
     MSG message;
     while (window_ != nullptr && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (isKey(message) && page_.TranslateAccelerator(&message) == S_OK)
+        if (turnsPage(message))
+            continue;
+        if (isKey(message) && pages_[front_]->TranslateAccelerator(&message) == S_OK)
             continue;
         if (window_ != nullptr && IsDialogMessageW(window_, &message))
             continue;
@@ -125,8 +168,10 @@ void PageFrame::close() noexcept
 {
     if (window_ == nullptr)
         return;
-    page_.Deactivate();
-    page_.SetPageSite(nullptr);
+    for (IPropertyPage* const page : pages_) {
+        page->Deactivate();
+        page->SetPageSite(nullptr);
+    }
     DestroyWindow(window_);
     window_ = nullptr;
 }
@@ -149,9 +194,53 @@ void PageFrame::command(int control) noexcept
     }
 }
 
+void PageFrame::turnTo(std::size_t page) noexcept
+{
+    if (page == front_)
+        return;
+    const bool isInTabs = GetFocus() == tabs();
+    pages_[front_]->Show(SW_HIDE);
+    front_ = page;
+    SendMessageW(tabs(), TCM_SETCURSEL, page, 0);
+    pages_[front_]->Show(SW_SHOW);
+    // A page takes the keyboard when it is shown; who walks along the tabs goes on there.
+    if (isInTabs)
+        SetFocus(tabs());
+}
+
+bool PageFrame::turnsPage(const MSG& message) noexcept
+{
+    if (message.message != WM_KEYDOWN || !isDown(VK_CONTROL) ||
+        (message.hwnd != window_ && !IsChild(window_, message.hwnd)))
+        return false;
+    const bool isBack = message.wParam == VK_PRIOR || (message.wParam == VK_TAB && isDown(VK_SHIFT));
+    if (!isBack && message.wParam != VK_NEXT && message.wParam != VK_TAB)
+        return false;
+    turnTo((front_ + (isBack ? pages_.size() - 1 : 1)) % pages_.size());
+    return true;
+}
+
 bool PageFrame::applied() noexcept
 {
-    const HRESULT result = isPageDirty() ? page_.Apply() : S_OK;
+    const std::size_t before = front_;
+    const HWND focus = GetFocus();
+    for (std::size_t page = 0; page < pages_.size(); ++page) {
+        if (pages_[page]->IsPageDirty() != S_OK)
+            continue;
+        turnTo(page);
+        if (!isApplied(*pages_[page]))
+            return false;
+    }
+    turnTo(before);
+    // Pages take the keyboard when they are shown; it goes back to where the user was.
+    if (GetFocus() != focus)
+        SetFocus(IsWindowEnabled(focus) ? focus : GetDlgItem(window_, IDOK));
+    return true;
+}
+
+bool PageFrame::isApplied(IPropertyPage& page) noexcept
+{
+    const HRESULT result = page.Apply();
     // By E_UNEXPECTED the page means that it has told the user what is wrong.
     if (FAILED(result) && result != E_UNEXPECTED) {
         const _com_error error(result);
@@ -164,9 +253,19 @@ void PageFrame::updateApplyButton() noexcept
 {
     const HWND button = GetDlgItem(window_, applyButton);
     // The keyboard would be lost in a button that cannot be pressed any more.
-    if (!isPageDirty() && GetFocus() == button)
+    if (!isDirty() && GetFocus() == button)
         SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(window_, IDOK)), TRUE);
-    EnableWindow(button, isPageDirty());
+    EnableWindow(button, isDirty());
+}
+
+bool PageFrame::isDirty() const noexcept
+{
+    return std::ranges::any_of(pages_, [](IPropertyPage* page) { return page->IsPageDirty() == S_OK; });
+}
+
+HWND PageFrame::tabs() const noexcept
+{
+    return GetDlgItem(window_, pageTabs);
 }
 
 RECT PageFrame::inPixels(RECT dialogUnits) const noexcept
@@ -219,8 +318,14 @@ INT_PTR CALLBACK PageFrame::procedure(HWND window, UINT message, WPARAM wParam, 
         return FALSE; // The focus is the page's.
     }
     auto* const self = reinterpret_cast<PageFrame*>(GetWindowLongPtrW(window, DWLP_USER));
-    if (self == nullptr || message != WM_COMMAND)
+    if (self == nullptr)
         return FALSE;
-    self->command(LOWORD(wParam));
-    return TRUE;
+    if (message == WM_COMMAND) {
+        self->command(LOWORD(wParam));
+        return TRUE;
+    }
+    const bool isNotice = message == WM_NOTIFY && wParam == pageTabs;
+    if (isNotice && reinterpret_cast<const NMHDR*>(lParam)->code == static_cast<UINT>(TCN_SELCHANGE))
+        self->turnTo(static_cast<std::size_t>(SendMessageW(self->tabs(), TCM_GETCURSEL, 0, 0)));
+    return FALSE;
 }

@@ -1,21 +1,26 @@
 #pragma once
 
+#include "WinUtils/SystemLibrary.h"
+
 #include <windows.h>
 
 #include <ocidl.h>
 
-/// A window with one property page, OK, Cancel and Apply.
+#include <cstddef>
+#include <vector>
+
+/// A window with property pages behind tabs, OK, Cancel and Apply.
 ///
-/// OK and Apply have the page applied when something in it has changed. A page that refuses an input says so
-/// itself, and the window stays open.
+/// OK and Apply have each page applied in which something has changed, one after the other and in front while
+/// it is. A page that refuses an input says so itself, stays in front, and the window stays open.
 ///
 /// Used on the page's thread. The dialog is a resource of the program.
 class PageFrame final : private IPropertyPageSite
 {
 public:
-    /// `page` is borrowed, and not active yet. Raises `_com_error` with what it answers.
-    explicit PageFrame(IPropertyPage& page);
-    /// Leaves the page as it was before.
+    /// The pages, one or more, are borrowed and not active yet. Raises `_com_error` with what they answer.
+    explicit PageFrame(std::vector<IPropertyPage*> pages);
+    /// Leaves the pages as they were before.
     ~PageFrame();
     PageFrame(const PageFrame&) = delete;
     PageFrame& operator=(const PageFrame&) = delete;
@@ -40,15 +45,25 @@ private:
 
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void open();
-    void layOut(SIZE page) noexcept;
+    void addTab(const wchar_t* title) noexcept;
+    /// Where the pages lie.
+    RECT layOut(SIZE page) noexcept;
     void close() noexcept;
     void command(int control) noexcept;
-    /// False when the page could not be applied, which the user knows by then.
+    /// Shows a page instead of the one in front.
+    void turnTo(std::size_t page) noexcept;
+    /// True for the keys that turn the page.
+    [[nodiscard]] bool turnsPage(const MSG& message) noexcept;
+    /// False when a page could not be applied, which the user knows by then.
     bool applied() noexcept;
+    bool isApplied(IPropertyPage& page) noexcept;
     void updateApplyButton() noexcept;
-    [[nodiscard]] bool isPageDirty() const noexcept { return page_.IsPageDirty() == S_OK; }
+    [[nodiscard]] bool isDirty() const noexcept;
+    [[nodiscard]] HWND tabs() const noexcept;
     [[nodiscard]] RECT inPixels(RECT dialogUnits) const noexcept;
 
-    IPropertyPage& page_;
+    SystemLibrary commonControls_; ///< With the window class of the tabs; must outlive the window.
+    std::vector<IPropertyPage*> pages_;
+    std::size_t front_ = 0;
     HWND window_ = nullptr;
 };

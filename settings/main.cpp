@@ -1,5 +1,7 @@
-// Shows the registered settings page: what a Start menu entry opens.
+// Shows the registered settings page and the program's own: what a Start menu entry opens.
 #include "PageFrame.h"
+#include "RegistryStore.h"
+#include "WritingPage.h"
 
 #include <IDocument.h>
 
@@ -23,7 +25,9 @@ void showSettings()
     const Apartment apartment;
     IPropertyPagePtr page;
     _com_util::CheckError(page.CreateInstance(CLSID_MirovelComPage, nullptr, CLSCTX_INPROC_SERVER));
-    PageFrame(page).run();
+    RegistryStore registry;
+    WritingPage writing(registry);
+    PageFrame({page.GetInterfacePtr(), &writing}).run();
 }
 
 void tell(const wchar_t* text)

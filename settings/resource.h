@@ -3,3 +3,4 @@
 
 #define frameDialog 100
 #define applyButton 101
+#define pageTabs 102

@@ -7,6 +7,7 @@
 #include "Script.h"
 
 #include "TextConversion.h"
+#include "tracedll/LogBeginning.h"
 
 #include <algorithm>
 #include <array>
@@ -61,6 +62,27 @@ std::string bytesOf(const std::string& name)
     if (!file)
         throw CannotReplay(ExitStatus::unreadable, name + ": The file cannot be read.");
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// An object that cannot open its log goes on without one, so the mistake has to be found here.
+void requireTraceable(const std::string& name)
+{
+    const std::filesystem::path path = pathOf(name);
+    std::error_code error;
+    const bool isThere = std::filesystem::exists(path, error);
+    if (std::filesystem::is_regular_file(path, error)) {
+        std::string beginning(logBeginningSize, '\0');
+        std::ifstream file(path, std::ios::binary);
+        file.read(beginning.data(), logBeginningSize);
+        beginning.resize(static_cast<std::size_t>(file.gcount()));
+        if (!isLogBeginning(beginning))
+            throw CannotReplay(ExitStatus::usage,
+                               name + ": --log names a file that holds something else than a log.");
+    }
+    if (!std::ofstream(path, std::ios::binary | std::ios::app))
+        throw CannotReplay(ExitStatus::usage, name + ": --log names a file that cannot be written.");
+    if (!isThere)
+        std::filesystem::remove(path, error);
 }
 
 /// The number and the noun: "1 call", "2 calls".
@@ -139,6 +161,8 @@ private:
                 if (std::filesystem::equivalent(pathOf(log), pathOf(options_.log), error))
                     throw CannotReplay(ExitStatus::usage,
                                        options_.log + ": --log would write over what is to be read.");
+            if (!options_.onlyChecks)
+                requireTraceable(options_.log);
             add("Log", "LogName", fullName(options_.log));
         }
         return settings;

@@ -101,3 +101,10 @@ void RegistryKey::setText(const wchar_t* name, const wchar_t* text) const
     const DWORD size = static_cast<DWORD>((std::wcslen(text) + 1) * sizeof(wchar_t));
     checkStatus(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text), size));
 }
+
+void RegistryKey::remove(const wchar_t* name) const
+{
+    const LSTATUS status = RegDeleteValueW(key_, name);
+    if (status != ERROR_FILE_NOT_FOUND)
+        checkStatus(status);
+}

@@ -40,6 +40,8 @@ public:
     /// Raise `_com_error`.
     void setNumber(const wchar_t* name, DWORD number) const;
     void setText(const wchar_t* name, const wchar_t* text) const;
+    /// Of a value; also when there is none.
+    void remove(const wchar_t* name) const;
 
 private:
     explicit RegistryKey(HKEY key) noexcept : key_(key) {}

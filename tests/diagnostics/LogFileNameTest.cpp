@@ -5,6 +5,7 @@
 namespace {
 
 using diagnostics::bareName;
+using diagnostics::isLogFileName;
 using diagnostics::logFileName;
 
 TEST(LogFileNameTest, HasTheProcessInFrontOfTheExtension)
@@ -27,6 +28,17 @@ TEST(LogFileNameTest, KnowsABareName)
     EXPECT_EQ(bareName(L"c:out.log"), L"out.log");
     EXPECT_EQ(bareName(L"out.log"), L"out.log");
     EXPECT_EQ(bareName(L"c:\\logs\\"), L"");
+}
+
+TEST(LogFileNameTest, KnowsTheFilesOfAllProcesses)
+{
+    EXPECT_TRUE(isLogFileName(L"out.4711.log", L"c:\\logs\\out.log"));
+    EXPECT_TRUE(isLogFileName(L"Out.1.LOG", L"out.log"));
+    EXPECT_TRUE(isLogFileName(L"a.b.1.txt", L"logs/a.b.txt"));
+    EXPECT_TRUE(isLogFileName(L"out.1", L"out"));
+    for (const wchar_t* other : {L"out.log", L"out..log", L"out.x.log", L"out.4711.1.log", L"out-1.log",
+                                 L"but.1.log", L"out.1.lob", L"out.1.logs", L"", L".log"})
+        EXPECT_FALSE(isLogFileName(other, L"out.log")) << other;
 }
 
 } // namespace

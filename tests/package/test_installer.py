@@ -88,6 +88,13 @@ class Installer(EndToEndTest):
         (files / "templates" / "Former.dot").write_text("{\\rtf1}")
         return make(self.folder, files, version, self.folder / f"{version}.msi")
 
+    def test_the_libraries_notices_are_in_both_packages(self):
+        notices = (BUILD / "packaging" / "THIRD-PARTY.txt").read_bytes()
+        self.assertEqual(notices, (self.contents / "Mirovelcom" / "THIRD-PARTY.txt").read_bytes())
+        name = f"mirovelcom-{VERSION}-x64"
+        with zipfile.ZipFile(self.package.with_suffix(".zip")) as archive:
+            self.assertEqual(notices, archive.read(f"{name}/THIRD-PARTY.txt"))
+
     def test_what_registration_writes_is_what_the_dll_writes(self):
         installed, registered = self.machine("installed"), self.machine("registered")
         before = installed.registry()
@@ -277,7 +284,7 @@ class Package(EndToEndTest):
             self.assertEqual(sorted(names), names)
             for expected in ("bin/mirovelcom.dll", "bin/mirovelcom.manifest", "bin/mirovelcom.tlb", "bin/mirovel-replay.exe",
                              "include/mirovelcom/IDocument.h", "lib/cmake/mirovelcom/mirovelcomConfig.cmake",
-                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html",
+                             "templates/Vantpl01.dot", "samples/sdk/letter.cpp", "docs/sdk.html", "THIRD-PARTY.txt",
                              "verify/verify.wsf", "verify/source/sessions.js", "verify/files/one line.txt", "verify/report-files/report.dot"):
                 self.assertIn(f"{name}/{expected}", names)
             self.assertEqual([], [each for each in names if "settings.exe" in each or "wordstandin" in each])

@@ -43,7 +43,7 @@ private:
 
     DWORD screenThread_;
     HHOOK hook_;
-    mutable unsigned turn_ = 0;
+    static inline unsigned turn_ = 0; ///< goes on from user to user: a key left over is the last one's
     std::atomic<bool> screenClosed_ = true;
 };
 

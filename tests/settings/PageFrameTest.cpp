@@ -18,7 +18,7 @@ protected:
     void userDoes(const std::function<void()>& script)
     {
         const IPropertyPagePtr page = newPage();
-        frame = std::make_unique<PageFrame>(*page);
+        frame = std::make_unique<PageFrame>(std::vector{page.GetInterfacePtr()});
         user.uses([this] { frame->run(); },
                   [&] {
                       window = user.dialog(L"Mirovelcom Settings");
@@ -68,7 +68,8 @@ TEST_F(PageFrameTest, ShowsThePageAndItsButtons)
         MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&inside), 2);
         RECT ofPage{};
         GetWindowRect(pageWindow(), &ofPage);
-        for (const HWND each : {pageWindow(), button(IDOK), button(IDCANCEL), button(applyButton)}) {
+        for (const HWND each :
+             {pageWindow(), button(IDOK), button(IDCANCEL), button(applyButton), button(pageTabs)}) {
             RECT place{};
             RECT common{};
             GetWindowRect(each, &place);
@@ -158,7 +159,8 @@ TEST_F(PageFrameTest, IsWalkedThroughWithTabAndLetters)
         clearsAndTypes(tocLevel, L"3");
         user.press('W', VK_MENU);
         const std::vector<HWND> order = {control(templateName), control(browse),  control(tocLevel),
-                                         button(IDOK),          button(IDCANCEL), button(applyButton)};
+                                         button(IDOK),          button(IDCANCEL), button(applyButton),
+                                         button(pageTabs)};
         for (const HWND each : order) {
             EXPECT_EQ(user.focus(), each);
             user.press(VK_TAB);
@@ -213,7 +215,7 @@ TEST_F(PageFrameTest, TellsThatThePageCannotStore)
 {
     FakePage page;
     page.applied = HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED);
-    frame = std::make_unique<PageFrame>(page);
+    frame = std::make_unique<PageFrame>(std::vector<IPropertyPage*>{&page});
     page.setDirty(true);
     user.uses([this] { frame->run(); },
               [&] {
@@ -235,7 +237,7 @@ TEST_F(PageFrameTest, PassesOnThatThereIsNoPage)
     FakePage page;
     page.pageInfo = E_OUTOFMEMORY;
     try {
-        const PageFrame unfinished(page);
+        const PageFrame unfinished({&page});
         ADD_FAILURE() << "nothing was thrown";
     } catch (const _com_error& error) {
         EXPECT_THAT(error.Error(), isHresult(E_OUTOFMEMORY));
@@ -248,7 +250,7 @@ TEST_F(PageFrameTest, DeactivatesThePage)
 {
     FakePage page;
     {
-        const PageFrame unused(page);
+        const PageFrame unused({&page});
         EXPECT_TRUE(page.isActive);
         EXPECT_TRUE(page.hasSite());
     }
@@ -260,7 +262,7 @@ TEST_F(PageFrameTest, LetsGoOfAPageThatIsInactiveAlready)
 {
     const IPropertyPagePtr page = newPage();
     {
-        const PageFrame unused(*page);
+        const PageFrame unused({page.GetInterfacePtr()});
         EXPECT_THAT(page->Deactivate(), isHresult(S_OK)) << "it was active";
     }
     EXPECT_THAT(page->SetPageSite(nullptr), isHresult(S_OK));

@@ -1,6 +1,7 @@
 // mirovel-settings.exe as users start it.
 #include "Hresult.h"
 #include "PageFixture.h"
+#include "WritingPageResources.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -83,6 +84,27 @@ TEST_F(ProgramTest, ShowsTheRegisteredPage)
         const HWND window = program.window();
         const HWND page = FindWindowExW(window, nullptr, L"#32770", nullptr);
         EXPECT_EQ(textOf(GetDlgItem(page, tocLevel)), L"7");
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(program.status(), 0u);
+    }
+    EXPECT_THAT(server.unregisterServer(), isHresult(S_OK));
+}
+
+TEST_F(ProgramTest, ShowsItsOwnPageToo)
+{
+    ASSERT_THAT(server.registerServer(), isHresult(S_OK));
+    store(L"Word", L"TOCTitle", L"Inhalt");
+    {
+        const Program program;
+        const HWND window = program.window();
+        std::vector<std::wstring> titles;
+        for (HWND page = nullptr; (page = FindWindowExW(window, page, L"#32770", nullptr)) != nullptr;)
+            if (const HWND title = GetDlgItem(page, tocTitleRow + fieldPart)) {
+                const LONG_PTR style = GetWindowLongPtrW(page, GWL_STYLE);
+                EXPECT_EQ(style & WS_VISIBLE, 0) << "behind the other one";
+                titles.push_back(textOf(title));
+            }
+        EXPECT_THAT(titles, testing::ElementsAre(L"")) << "not filled before it is shown";
         PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
         EXPECT_EQ(program.status(), 0u);
     }

@@ -158,6 +158,23 @@ class Options(ReplayTest):
         self.assertIn("--log", self.replay("--log", log, log, status=2).errors)
         self.assertEqual(content, log.read_bytes())
 
+    def test_only_a_log_is_traced_into(self):
+        log = self.write_log(*self.document_lines())
+        for name, content in (("notes.txt", "Not a log.\r\n"), ("some.doc", "{\\rtf1}")):
+            taken = self._write(name, content, "ascii")
+            outcome = self.replay("--log", taken, log, status=2)
+            self.assertIn(f"{windows(taken)}: --log names a file that holds something else than a log.", outcome.errors)
+            self.assertEqual([], outcome.transcript)
+            self.assertEqual(content, taken.read_bytes().decode("ascii"))
+        self.assertIn("cannot be written", self.replay("--log", self.folder / "none" / "a.log", log, status=2).errors)
+        self.assertIn("cannot be written", self.replay("--log", self.folder, log, status=2).errors)
+        for earlier in ("", "mirovel->start();\r\n"):
+            traced = self._write("traced.log", earlier, "ascii")
+            self.replay("--log", traced, log)
+            self.assertEqual("mirovel->stop();", traced.read_text("ascii").splitlines()[-1])
+        self.replay("--check", "--log", self.folder / "unused.log", log)
+        self.assertFalse((self.folder / "unused.log").exists())
+
     def test_names_beyond_the_code_page(self):
         log = self.write_log(*self.document_lines())
         self.assertIn("code page", self.replay("--output", self.folder / "\u03b1.doc", log, status=2).errors)

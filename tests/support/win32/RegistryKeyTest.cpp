@@ -48,10 +48,22 @@ TEST_F(RegistryKeyTest, ListsTheKeysBelow)
     EXPECT_EQ(names, (std::vector<std::wstring>{L"2.0", longest}));
 }
 
+TEST_F(RegistryKeyTest, RemovesAValue)
+{
+    const RegistryKey key = RegistryKey::create(HKEY_CURRENT_USER, scratch, all);
+    key.setNumber(L"n", 1);
+    key.setText(L"t", L"x");
+    key.remove(L"n");
+    EXPECT_FALSE(key.has(L"n"));
+    EXPECT_TRUE(key.has(L"t"));
+    key.remove(L"n");
+}
+
 TEST_F(RegistryKeyTest, WhatTheSystemRefusesIsRaised)
 {
     const RegistryKey key = RegistryKey::create(HKEY_CURRENT_USER, scratch, KEY_READ);
     EXPECT_THAT(comErrorOf([&] { key.setNumber(L"n", 1); }), isHresult(E_ACCESSDENIED));
+    EXPECT_THAT(comErrorOf([&] { key.remove(L"n"); }), isHresult(E_ACCESSDENIED));
     EXPECT_THAT(comErrorOf([&] { (void)RegistryKey::create(nullptr, scratch, all); }), isFailure());
 }
 

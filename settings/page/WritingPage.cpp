@@ -1,0 +1,225 @@
+#include "WritingPage.h"
+
+#include "DiagnosticsLog.h"
+
+#include <comdef.h>
+
+#include <cwchar>
+#include <memory>
+#include <new>
+
+namespace {
+
+constexpr wchar_t title[] = L"Writing";
+constexpr wchar_t description[] = L"How documents are written";
+constexpr wchar_t logTitle[] = L"Diagnostics";
+
+struct TaskMemoryDeleter
+{
+    void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
+};
+using TaskString = std::unique_ptr<wchar_t, TaskMemoryDeleter>;
+
+TaskString copied(const wchar_t* text)
+{
+    const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);
+    TaskString copy(static_cast<wchar_t*>(CoTaskMemAlloc(size)));
+    if (!copy)
+        throw std::bad_alloc();
+    std::wmemcpy(copy.get(), text, std::wcslen(text) + 1);
+    return copy;
+}
+
+/// For the catch (...) of a method that COM calls.
+HRESULT caught() noexcept
+try {
+    throw;
+} catch (const _com_error& error) {
+    return error.Error();
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+} catch (...) {
+    return E_FAIL;
+}
+
+} // namespace
+
+WritingPage::WritingPage(SettingsStore& store)
+    : settings_(store), window_({[this] { edited(); }, [this] { openLog(); }})
+{
+}
+
+HRESULT WritingPage::QueryInterface(REFIID iid, void** out) noexcept
+{
+    if (out == nullptr)
+        return E_POINTER;
+    const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IPropertyPage);
+    *out = known ? static_cast<IPropertyPage*>(this) : nullptr;
+    return known ? S_OK : E_NOINTERFACE;
+}
+
+HRESULT WritingPage::Activate(HWND parent, LPCRECT place, BOOL /*modal*/) noexcept
+try {
+    if (place == nullptr)
+        return E_POINTER;
+    if (!IsWindow(parent))
+        return E_INVALIDARG;
+    if (window_)
+        return E_UNEXPECTED;
+    needsFilling_ = true;
+    window_.create(parent, *place);
+    return S_OK;
+} catch (...) {
+    return caught();
+}
+
+HRESULT WritingPage::Deactivate() noexcept
+{
+    if (!window_)
+        return E_UNEXPECTED;
+    window_.destroy();
+    return S_OK;
+}
+
+HRESULT WritingPage::GetPageInfo(PROPPAGEINFO* info) noexcept
+try {
+    if (info == nullptr)
+        return E_POINTER;
+    TaskString ownTitle = copied(title);
+    TaskString ownDescription = copied(description);
+    const SIZE size = WritingPageWindow::naturalSize();
+    *info = {sizeof *info, ownTitle.release(), size, ownDescription.release(), nullptr, 0};
+    return S_OK;
+} catch (...) {
+    return caught();
+}
+
+HRESULT WritingPage::Show(UINT showCommand) noexcept
+try {
+    if (!window_)
+        return E_UNEXPECTED;
+    if (showCommand != SW_HIDE && needsFilling_)
+        fill();
+    window_.show(showCommand);
+    if (showCommand != SW_HIDE)
+        window_.focusFirst();
+    return S_OK;
+} catch (...) {
+    return caught();
+}
+
+HRESULT WritingPage::Move(LPCRECT place) noexcept
+{
+    if (place == nullptr)
+        return E_POINTER;
+    if (!window_)
+        return E_UNEXPECTED;
+    window_.move(*place);
+    return S_OK;
+}
+
+HRESULT WritingPage::Apply() noexcept
+try {
+    if (!window_)
+        return E_UNEXPECTED;
+    if (needsFilling_)
+        return S_OK; // Never shown: the empty fields are nobody's input.
+    const std::vector<Change> wanted = changes();
+    std::optional<SettingName> first = refused(wanted);
+    if (!first)
+        first = refusedByStore(wanted);
+    if (first) {
+        window_.focus(*first);
+        return E_UNEXPECTED;
+    }
+    fill();
+    return S_OK;
+} catch (...) {
+    return caught();
+}
+
+HRESULT WritingPage::TranslateAccelerator(MSG* message) noexcept
+{
+    if (message == nullptr)
+        return E_POINTER;
+    if (!window_)
+        return E_UNEXPECTED;
+    // All other keys mean what they mean in a dialog, and the container's dialog goes through this one.
+    return window_.pressesButton(*message) ? S_OK : S_FALSE;
+}
+
+void WritingPage::fill()
+{
+    for (const SettingName setting : WritingSettings::all)
+        window_.fill(setting, settings_.read(setting));
+    needsFilling_ = false;
+    setDirty(false);
+}
+
+void WritingPage::edited() noexcept
+{
+    if (!needsFilling_)
+        setDirty(true);
+}
+
+std::vector<WritingPage::Change> WritingPage::changes() const
+{
+    std::vector<Change> found;
+    for (const SettingName setting : WritingSettings::all) {
+        const std::optional<std::wstring> input = window_.input(setting);
+        if (input != settings_.read(setting).user)
+            found.push_back({setting, input});
+    }
+    return found;
+}
+
+std::optional<SettingName> WritingPage::refused(const std::vector<Change>& changes)
+{
+    std::optional<SettingName> first;
+    for (const auto& [setting, input] : changes) {
+        const std::optional<std::wstring> refusal =
+            input ? WritingSettings::refusalOf(setting, *input) : std::nullopt;
+        if (!refusal)
+            continue;
+        window_.refuse(setting, *refusal);
+        if (!first)
+            first = setting;
+    }
+    return first;
+}
+
+std::optional<SettingName> WritingPage::refusedByStore(const std::vector<Change>& changes)
+{
+    std::optional<SettingName> first;
+    for (const auto& [setting, input] : changes) {
+        try {
+            settings_.store(setting, input);
+        } catch (const StoreRefusal& refusal) {
+            window_.refuse(setting, L"Not stored: Windows refuses it. " + refusal.reason);
+            if (!first)
+                first = setting;
+        }
+    }
+    return first;
+}
+
+void WritingPage::openLog()
+{
+    const auto tell = [this](const std::wstring& text) {
+        MessageBoxW(window_.handle(), text.c_str(), logTitle, MB_OK | MB_ICONINFORMATION);
+    };
+    const std::wstring name = window_.shown(SettingName::diagnostics);
+    if (name.empty())
+        return tell(L"No diagnostics are written, because no file is named for them.");
+    if (WritingSettings::refusalOf(SettingName::diagnostics, name))
+        return tell(L"No file can have the name " + name + L".");
+    const std::optional<std::filesystem::path> file = newestLog(name);
+    if (!file)
+        return tell(L"There is no file " + placeOfLogs(name) +
+                    L" yet.\n\nA program that writes documents begins one.");
+    try {
+        openInEditor(*file);
+    } catch (const _com_error& error) {
+        tell(file->wstring() + L"\n\n" + error.ErrorMessage());
+    }
+}

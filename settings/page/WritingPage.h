@@ -1,0 +1,63 @@
+#pragma once
+
+#include "IPropertyPageImpl.h"
+#include "SettingsStore.h"
+#include "WritingPageWindow.h"
+#include "WritingSettings.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+/// The settings program's own page: how documents are written, and the log about it. It is made by the
+/// program that shows it, and no class of the DLL's, whose clients know one page.
+///
+/// The fields are filled when the page is shown for the first time after `Activate`; from then on the user's
+/// edits make it dirty, until they are applied or the fields are filled anew. Only settings that were changed
+/// are judged and stored.
+///
+/// Used on one thread; its life is its owner's affair.
+class WritingPage final : public IPropertyPageImpl
+{
+public:
+    /// `store` is borrowed.
+    explicit WritingPage(SettingsStore& store);
+
+    // IUnknown
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) noexcept override;
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return 2; }
+    STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
+
+    // IPropertyPage
+    /// E_POINTER without a place, E_INVALIDARG without a parent, E_UNEXPECTED while the page is active.
+    STDMETHODIMP Activate(HWND parent, LPCRECT place, BOOL modal) noexcept override;
+    /// E_UNEXPECTED, as from all that follow, while the page is not active.
+    STDMETHODIMP Deactivate() noexcept override;
+    /// Active or not. The caller frees the texts with CoTaskMemFree.
+    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
+    STDMETHODIMP Show(UINT showCommand) noexcept override;
+    STDMETHODIMP Move(LPCRECT place) noexcept override;
+    /// E_UNEXPECTED too when something was refused, once that stands below its field. Inputs that are no good
+    /// keep all others from being stored; what the system refuses does not take back what came before.
+    STDMETHODIMP Apply() noexcept override;
+    STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
+
+private:
+    struct Change
+    {
+        SettingName setting;
+        std::optional<std::wstring> input;
+    };
+
+    void fill();
+    void edited() noexcept;
+    void openLog();
+    [[nodiscard]] std::vector<Change> changes() const;
+    /// The first setting with an input that is no good; what is wrong stands at each.
+    [[nodiscard]] std::optional<SettingName> refused(const std::vector<Change>& changes);
+    [[nodiscard]] std::optional<SettingName> refusedByStore(const std::vector<Change>& changes);
+
+    WritingSettings settings_;
+    WritingPageWindow window_;
+    bool needsFilling_ = true;
+};

@@ -1,5 +1,7 @@
 #include "WriterFixture.h"
 
+#include "WriterEvents.h"
+
 #include <algorithm>
 #include <string>
 
@@ -157,6 +159,47 @@ TEST_F(MirovelSectionTableTest, WithoutATableNothingIsHeard)
     writer().addRow();
     EXPECT_EQ(lastOf(takeCalls()), "row.Cells(1).Range -> row.Cells(1).Range") << "no height is set";
     EXPECT_EQ(cellTexts(), u"one/");
+}
+
+/// Counts the calls that come out of order.
+class OutOfOrder : public WriterEvents
+{
+public:
+    void ignored(Silence why, std::wstring_view) noexcept override
+    {
+        count += why == Silence::tableOutOfOrder ? 1 : 0;
+    }
+    void flushed(const Flush&) noexcept override {}
+    void flushFailed(std::u16string_view) noexcept override {}
+    void fragmentRefused(std::size_t) noexcept override {}
+
+    int count = 0;
+};
+
+TEST_F(MirovelSectionTableTest, EachCallOutOfOrderIsTold)
+{
+    OutOfOrder told;
+    writer().setEvents(&told);
+    writer().addRow();
+    EXPECT_EQ(told.count, 1);
+    writer().addCell();
+    EXPECT_EQ(told.count, 2);
+    writer().endTable();
+    EXPECT_EQ(told.count, 3);
+    writer().setTableRowHeight(20);
+    EXPECT_EQ(told.count, 4);
+    writer().startTable();
+    writer().addCell();
+    EXPECT_EQ(told.count, 5);
+    writer().addRow();
+    writer().startTable();
+    EXPECT_EQ(told.count, 6);
+    writer().addCell();
+    writer().endTable();
+    EXPECT_EQ(told.count, 6);
+    writer().addRow();
+    EXPECT_EQ(told.count, 7);
+    abandon();
 }
 
 TEST_F(MirovelSectionTableTest, ACellWithoutARowIsNotHeard)

@@ -264,7 +264,8 @@ TEST_F(MirovelSectionFontTest, InATableRowAndColumnCountFromOneAndPositionsFromZ
     writer().addCell();
     writer().endTable();
     const Calls calls = applied();
-    EXPECT_TRUE(std::ranges::count(calls, "table.Cell(1, 1).Range.Start = 0"));
+    EXPECT_EQ(std::ranges::count(calls, "table.Cell(1, 1) -> table.Cell(1, 1)"), 1);
+    EXPECT_EQ(std::ranges::count(calls, "table.Cell(1, 1).Range.Start = 0"), 1);
 }
 
 TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)

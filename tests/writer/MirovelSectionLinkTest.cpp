@@ -105,7 +105,7 @@ TEST_F(MirovelSectionLinkTest, TheTableOfContentsMovesForALinkInFrontOfItAlone)
         takeCalls();
         session_.failCall(4, E_FAIL);
         EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }), isHresult(E_FAIL));
-        EXPECT_EQ(takeCalls().back(), "document.Hyperlinks !! 0x80004005");
+        EXPECT_EQ(lastOf(takeCalls()), "document.Hyperlinks !! 0x80004005");
         const Calls end = finish();
         const auto drawn = std::ranges::find_if(
             end, [](const std::string& call) { return call.find("document.Hyperlinks.Add(") != call.npos; });

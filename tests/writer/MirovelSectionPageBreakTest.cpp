@@ -29,7 +29,7 @@ TEST_F(MirovelSectionPageBreakTest, IsNoParagraphEnd)
     writer().insertPageBreak();
     takeCalls();
     writer().setTextAlign(2);
-    EXPECT_EQ(takeCalls().front(), R"(body.InsertAfter("\n"))");
+    EXPECT_EQ(firstOf(takeCalls()), R"(body.InsertAfter("\n"))");
 }
 
 TEST_F(MirovelSectionPageBreakTest, ThePositionIsWhatWordSays)
@@ -76,7 +76,7 @@ TEST_F(MirovelSectionPageBreakTest, EndsTheParagraphOfAStyleThatBeganInsideIt)
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{"body.End -> 8"}) << "no paragraph is open";
     writer().changeLastPageBreak();
-    EXPECT_EQ(takeCalls().front(), "body.Start = 6");
+    EXPECT_EQ(firstOf(takeCalls()), "body.Start = 6");
     EXPECT_EQ(styleRunAtEnd(), std::pair(8, 8));
 }
 
@@ -214,7 +214,7 @@ TEST_F(ChangeLastPageBreakTest, AFailureLeavesTheBreakOnRecord)
     EXPECT_EQ(insertionPosition(), 3);
     EXPECT_EQ(text(), u"ab");
     comErrorOf([&] { writer().changeLastPageBreak(); });
-    EXPECT_EQ(takeCalls().front(), "body.Start = 2") << "it is tried again";
+    EXPECT_EQ(firstOf(takeCalls()), "body.Start = 2") << "it is tried again";
     abandon();
 }
 

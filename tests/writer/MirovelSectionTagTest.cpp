@@ -97,7 +97,7 @@ TEST_F(MirovelSectionTagTest, ASecondOneAtTheVeryStartFails)
     writer().insertTag("b1");
     takeCalls();
     EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(static_cast<HRESULT>(0x800A1200)));
-    EXPECT_EQ(takeCalls().back(), "bookmark.End = -1 !! 0x800a1200");
+    EXPECT_EQ(lastOf(takeCalls()), "bookmark.End = -1 !! 0x800a1200");
     EXPECT_EQ(place(u"b2"), "0-0") << "it is there, but not the last one";
     writer().insertText(L"text");
     finish();
@@ -131,7 +131,7 @@ TEST_F(MirovelSectionTagTest, InATableStandsBehindTheTable)
     writer().insertText(L"cell");
     takeCalls();
     EXPECT_TRUE(writer().insertTag("b1"));
-    EXPECT_EQ(takeCalls().back(), "bookmark.Start = 3") << "the count where the table began, with the table";
+    EXPECT_EQ(lastOf(takeCalls()), "bookmark.Start = 3") << "the count where the table began, with the table";
     writer().endTable();
     EXPECT_EQ(place(u"b1"), "3-3");
     EXPECT_EQ(text(), u"cell\a\a ");

@@ -85,7 +85,7 @@ TEST_F(MirovelSectionTocDrawingTest, ANegativeLevelIsRefusedByWordAtTheEnd)
 {
     writer().insertTOC(-1);
     EXPECT_THAT(comErrorOf([&] { finish(); }), isHresult(static_cast<HRESULT>(0x800A1200)));
-    EXPECT_NE(takeCalls().back().find(", true, 1s, -1s, true, "), std::string::npos);
+    EXPECT_NE(lastOf(takeCalls()).find(", true, 1s, -1s, true, "), std::string::npos);
 }
 
 TEST_F(MirovelSectionTocDrawingTest, WithoutARequestNothingIsDrawn)

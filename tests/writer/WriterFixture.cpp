@@ -20,6 +20,16 @@ void endWriter(MirovelSection* writer)
         ended->finish();
 }
 
+std::string firstOf(const Calls& calls)
+{
+    return calls.empty() ? "(none)" : calls.front();
+}
+
+std::string lastOf(const Calls& calls)
+{
+    return calls.empty() ? "(none)" : calls.back();
+}
+
 Apartment::Apartment()
 {
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
@@ -162,13 +172,13 @@ std::int32_t WriterTest::insertionPosition()
     session_.failCall(3, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { writer().insertTag("position"); }), isHresult(E_ACCESSDENIED));
     session_.clearFaults();
-    const Calls calls = takeCalls();
-    const auto at = calls.empty() ? std::string::npos : calls.back().find(start);
+    const std::string placed = lastOf(takeCalls());
+    const auto at = placed.find(start);
     if (at == std::string::npos) {
         ADD_FAILURE() << "the writer has not said where a tag begins";
         return -1;
     }
-    return std::stoi(calls.back().substr(at + start.size()));
+    return std::stoi(placed.substr(at + start.size()));
 }
 
 void WriterTest::abandon()

@@ -107,6 +107,10 @@ private:
     MirovelSection* writer_ = nullptr; // finished where a failure can pass
 };
 
+/// "(none)" when there is none.
+std::string firstOf(const Calls& calls);
+std::string lastOf(const Calls& calls);
+
 /// The text of the QdxException that `act` raises; nothing when it does not.
 template <class Act>
 std::optional<std::string> reasonOf(Act&& act)

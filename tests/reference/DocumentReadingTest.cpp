@@ -56,6 +56,18 @@ TEST_F(DocumentReadingTest, TextFontsStylesAndAlignments)
     EXPECT_EQ(read().tokens[4].alignment, Alignment::right);
 }
 
+TEST_F(DocumentReadingTest, WhatIsHiddenIsADifference)
+{
+    write(u"ab");
+    const DocumentContent shown = readContent(*document);
+    range(1, 2).setFont({.hidden = true});
+    const DocumentContent found = readContent(*document);
+    EXPECT_FALSE(read().tokens[0].isHidden);
+    EXPECT_TRUE(read().tokens[1].isHidden);
+    EXPECT_EQ(printable(compare(shown, shown)), "");
+    EXPECT_NE(printable(compare(shown, found)).find("hidden"), std::string::npos);
+}
+
 TEST_F(DocumentReadingTest, TablesBreaksAndHeaders)
 {
     write(u"a");

@@ -70,8 +70,7 @@ std::string nameOf(const testing::TestParamInfo<Writer>& info)
 }
 
 INSTANTIATE_TEST_SUITE_P(Writers, ProfilesTest,
-                         testing::Values(Writer::counting, Writer::typed, Writer::fragments),
-                         nameOf);
+                         testing::Values(Writer::counting, Writer::typed, Writer::fragments), nameOf);
 
 } // namespace
 } // namespace reference

@@ -426,4 +426,28 @@ TEST_F(StoryContentTest, GoesOnWithAnEntryThatIsTaken)
     EXPECT_THAT(items(), ElementsAre("b", "entry 1 ab"));
 }
 
+TEST(StoryContentTagsTest, KnowsThoseThatStandWhereTextGoesOn)
+{
+    StoryContent content(u"Normal");
+    content.insertText(u"a");
+    content.insertTag(u"b1");
+    EXPECT_THAT(content.tagsAtEnd(), IsEmpty()) << "not in Word yet";
+    content.taken();
+    EXPECT_THAT(content.tagsAtEnd(), ElementsAre(u"b1"));
+    content.insertTag(u"b2");
+    content.taken();
+    EXPECT_THAT(content.tagsAtEnd(), ElementsAre(u"b1", u"b2"));
+    content.insertText(u"c");
+    content.taken();
+    EXPECT_THAT(content.tagsAtEnd(), IsEmpty());
+    content.insertTag(u"b3");
+    content.taken();
+    content.objectWritten();
+    EXPECT_THAT(content.tagsAtEnd(), IsEmpty());
+    content.insertTag(u"b4");
+    content.taken();
+    content.insertEndl();
+    EXPECT_THAT(content.tagsAtEnd(), IsEmpty());
+}
+
 } // namespace

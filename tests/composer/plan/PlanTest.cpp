@@ -315,8 +315,8 @@ TEST_F(PlanTest, CountsRowEndsInFrontOfWhatATableHolds)
     content.endTable();
     content.insertText(u"c");
     content.insertField(4);
-    EXPECT_THAT(plan(), ElementsAre("text 0 '|a|c'", "field 4 4", "table 0-3 2x1 heights 0,0 last",
-                                    "link 2-3 p#", "tag 0 b1"));
+    EXPECT_THAT(plan(), ElementsAre("text 0 '|a|c'", "field 4 4", "tag 0 b1",
+                                    "table 0-3 2x1 heights 0,0 last", "link 2-3 p#"));
 }
 
 TEST_F(PlanTest, FillsACellOfSeveralParagraphsWhenItsTableIsMade)

@@ -12,6 +12,12 @@
 #include <string_view>
 #include <vector>
 
+#ifdef _MSC_VER
+#define STANDIN_OBJECT_ID __declspec(uuid("b2a1c0f4-51d3-4be1-9c0e-7d361f0a942b"))
+#else
+#define STANDIN_OBJECT_ID
+#endif
+
 namespace standin {
 enum class CallKind
 {
@@ -92,14 +98,17 @@ private:
 };
 
 /// How one of the stand-in's objects is told from others; never leaves the process.
-struct IStandinObject : public IUnknown
+struct STANDIN_OBJECT_ID IStandinObject : public IUnknown
 {
     virtual StandinObject* STDMETHODCALLTYPE standinObject() noexcept = 0;
 };
 } // namespace standin
+#undef STANDIN_OBJECT_ID
 
+#ifndef _MSC_VER
 __CRT_UUID_DECL(standin::IStandinObject, 0xb2a1c0f4, 0x51d3, 0x4be1, 0x9c, 0x0e, 0x7d, 0x36, 0x1f, 0x0a, 0x94,
                 0x2b)
+#endif
 
 namespace standin {
 /// The COM part of an object that shows one of Word's dual interfaces. Born with one reference.

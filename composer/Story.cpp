@@ -142,11 +142,11 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
 {
     constexpr std::size_t fewestOperations = 6;
     std::vector<Stretch> stretches = {{0, blocks.size(), false}};
+    page_.reset();
     if (document_.readsFragments)
-        stretches = divide(blocks, content_.links(), closed);
+        stretches = divide(blocks, content_.links(), closed, roomFor(largestPicture(blocks), blocks));
 
     std::deque<Step> steps;
-    tableWidth_.reset();
     Ground ground = ground_;
     std::set<std::u16string> tags = document_.tags;
     for (const Stretch& stretch : stretches) {
@@ -157,7 +157,8 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
-        if (stretch.isFragment && step.plan.operationCount() >= fewestOperations &&
+        if (stretch.isFragment &&
+            (step.plan.operationCount() >= fewestOperations || largestPicture(part).width > 0) &&
             fitsFragment(paragraphOf(ground), {}))
             step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
@@ -181,17 +182,36 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     return paragraph;
 }
 
+PageArea& Story::page()
+{
+    if (!page_)
+        page_.emplace(document_.document, document_.collections, document_.sections);
+    return *page_;
+}
+
+// What every page holds needs no question.
+Extent Story::roomFor(const Extent& picture, std::span<const Block> blocks)
+{
+    Extent room{144, 216};
+    if (picture.width == 0)
+        return room;
+    if (picture.width > room.width || holdTables(blocks))
+        room.width = page().width();
+    if (picture.height > room.height)
+        room.height = page().height();
+    return room;
+}
+
 Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                              const std::set<std::u16string>& tags)
 {
     const auto isLinked = [this](const std::u16string& bookmark) {
         return document_.leadsSomewhere({.bookmark = bookmark});
     };
-    if (!tableWidth_ && holdTables(blocks))
-        tableWidth_ = fragmentPen_.tableWidth(document_.sections);
+    const float tableWidth = holdTables(blocks) ? tableWidthOn(page().width()) : 0;
     const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
-    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0),
+    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth,
                                         endsOpen ? nullptr : &behind, endsOpen});
     if (endsOpen) {
         const auto& last = std::get<Paragraph>(blocks.back());
@@ -259,6 +279,8 @@ try {
 
 void Story::addPicture(const std::u16string& file, const LinkTarget* link)
 {
+    if (const KeptPicturePtr kept = keep(file))
+        return content_.addKeptPicture(kept, link);
     if (content_.takesPictureIntoTable())
         return addPictureToDraft(file, link);
     content_.settleParagraph();
@@ -270,6 +292,15 @@ void Story::addPicture(const std::u16string& file, const LinkTarget* link)
     ground_.isPlain = false;
     if (document_.leadsSomewhere(*link))
         pen_.linkPicture(*link);
+}
+
+// Not behind what is in Word already: there no fragment carries it.
+KeptPicturePtr Story::keep(const std::u16string& file) const
+{
+    constexpr std::size_t largest = 1U << 18U; // of what may wait
+    if (!document_.readsFragments || draft_ || !content_.takesKeptPicture())
+        return nullptr;
+    return keepPicture(file, largest);
 }
 
 // The table need not be made for it, to be continued cell by cell.

@@ -109,6 +109,17 @@ void StoryContent::objectWritten()
     holdsBehindBreak_ = true;
 }
 
+bool StoryContent::takesKeptPicture() const
+{
+    return isTableOpen_ ? table().writtenRows == 0 : !outside().holdsWritten;
+}
+
+void StoryContent::addKeptPicture(const KeptPicturePtr& picture, const LinkTarget* target)
+{
+    write({Picture{true, picture}, {}, target ? addLink(*target) : noLink});
+    addWaiting(picture->file.size());
+}
+
 bool StoryContent::takesPictureIntoTable() const
 {
     return isTableOpen_ && table().writtenRows == 0 && table().rows.back()[column_].size() == 1;

@@ -43,13 +43,13 @@ bool beginsWithLastBreak(const Block& block)
 }
 
 std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
-                            std::size_t closed)
+                            std::size_t closed, const Extent& page)
 {
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
         const bool isOpen = index >= closed;
         return !(isOpen && (closed + 1 < blocks.size() || !fitsOpen(*paragraph))) &&
-               fitsFragment(blocks[index], links) &&
+               fitsFragment(blocks[index], links, page) &&
                !(paragraph && holdsLastBreak(*paragraph) && !beginsWithLastBreak(blocks[index]));
     };
     std::vector<Stretch> stretches;

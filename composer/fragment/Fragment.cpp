@@ -3,6 +3,7 @@
 #include "FieldCode.h"
 #include "FontChange.h"
 #include "FragmentStyles.h"
+#include "PictureText.h"
 #include "RowDefinition.h"
 #include "RtfBuilder.h"
 
@@ -199,11 +200,15 @@ private:
         }
     }
 
-    /// They do not fit.
-    /// @{
+    void write(const Picture& picture, const Item&)
+    {
+        static const FontChange plain;
+        beginRun(plain);
+        writePicture(rtf_, *picture.kept);
+    }
+
+    /// It does not fit.
     static void write(const Contents&, const Item&) {}
-    static void write(const Picture&, const Item&) {}
-    /// @}
 
     /// Leaves the field's group open for a result.
     void openField(std::u16string_view code, bool isToBeUpdated)

@@ -25,6 +25,10 @@ public:
     {
         return inlineShapes_ ? inlineShapes_ : inlineShapes_ = document_->GetInlineShapes();
     }
+    const Word::SectionsPtr& sections()
+    {
+        return sections_ ? sections_ : sections_ = document_->GetSections();
+    }
 
 private:
     Word::_DocumentPtr document_;
@@ -32,6 +36,7 @@ private:
     Word::FieldsPtr fields_;
     Word::HyperlinksPtr hyperlinks_;
     Word::InlineShapesPtr inlineShapes_;
+    Word::SectionsPtr sections_;
 };
 
 } // namespace compose

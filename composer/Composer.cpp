@@ -267,7 +267,7 @@ void Composer::endPart(Part part)
 std::unique_ptr<Story> Composer::makePart(PartPlace place)
 {
     const bool isHeader = place.part == Part::header;
-    const Word::SectionPtr section = written_->collections.sections()->Item(place.section);
+    const Word::SectionPtr& section = written_->collections.section(place.section);
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);

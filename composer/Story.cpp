@@ -38,6 +38,13 @@ std::deque<Operation> behindFragment(const Block& last)
     return operations;
 }
 
+/// It must save more than it costs itself.
+bool isWorthAFragment(std::span<const Block> blocks, const Plan& plan)
+{
+    constexpr std::size_t fewestOperations = 6;
+    return plan.operationCount() >= fewestOperations || largestPicture(blocks).width > 0;
+}
+
 template <class Visit>
 void forEachTag(std::span<const Block> blocks, const Visit& visit)
 {
@@ -136,11 +143,9 @@ Source Story::sourceOf(std::span<const Block> blocks, const Ground& ground) cons
     return {blocks, content_.links(), ground, document_.leadsSomewhere};
 }
 
-// What a fragment saves must be more than it costs itself.
 template <class Taken>
 void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken)
 {
-    constexpr std::size_t fewestOperations = 6;
     std::vector<Stretch> stretches = {{0, blocks.size(), false}};
     page_.reset();
     if (document_.readsFragments)
@@ -157,9 +162,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
-        if (stretch.isFragment &&
-            (step.plan.operationCount() >= fewestOperations || largestPicture(part).width > 0) &&
-            fitsFragment(paragraphOf(ground), {}))
+        if (stretch.isFragment && isWorthAFragment(part, step.plan) && fitsFragment(paragraphOf(ground), {}))
             step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
@@ -213,13 +216,16 @@ Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const
     Fragment fragment;
     fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth,
                                         endsOpen ? nullptr : &behind, endsOpen});
+    std::deque<Operation> tagsBehind;
     if (endsOpen) {
         const auto& last = std::get<Paragraph>(blocks.back());
         fragment.open = Fragment::Look{last.style, directAlignment(last, document_.styles)};
+        for (const Item& item : tagsAtEnd(last))
+            tagsBehind.push_back(PlaceTag{0, std::get<Tag>(item.what).bookmark});
     }
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
-    fragment.rest = behindFragment(blocks.back());
+    fragment.rest = endsOpen ? std::move(tagsBehind) : behindFragment(blocks.back());
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -343,7 +349,8 @@ void Story::addFile(const std::u16string& file)
 {
     content_.prepareFile();
     flush();
-    const Ground ground = content_.isTableOpen() ? Ground{.style = u""} : ground_;
+    const Ground unknown{.style = u"", .isAlignmentKnown = false, .isPlain = false};
+    const Ground ground = content_.isTableOpen() ? unknown : ground_;
     const bool endsInTable = pen_.addFile(place(), file, ground);
     content_.fileWritten(endsInTable);
 }

@@ -40,8 +40,8 @@ public:
     void endSectionAtBreak() { isSectionDue_ = true; }
     /// Brings everything that waits into Word.
     void flush();
-    /// Waits with the text, where fragments can carry it; otherwise it goes to Word at once. `link`: null if it
-    /// leads nowhere.
+    /// Waits with the text, where fragments can carry it; otherwise it goes to Word at once. `link`: null if
+    /// it leads nowhere.
     void addPicture(const std::u16string& file, const LinkTarget* link);
     /// \name What goes to Word at once, behind what waits
     /// @{

@@ -548,6 +548,7 @@ StoryContent::LastBreak StoryContent::breakSection()
     Paragraph behind = paragraph;
     behind.items.assign(std::next(last), paragraph.items.end());
     behind.holdsWritten = false;
+    behind.isSettled = behind.holdsAnything(); // What comes to stand in it settles it anew.
     paragraph.items.erase(last, paragraph.items.end());
     paragraph.end = ParagraphEnd::section;
     paragraph.endLink = noLink;

@@ -27,11 +27,9 @@ bool endsInALink(const Block& block)
     return paragraph && paragraph->endLink != noLink;
 }
 
-/// Bookmarks at the edge of what goes may go with it, so none is put in front of the end mark.
 bool fitsOpen(const Paragraph& paragraph)
 {
-    return paragraph.holdsAnything() && !std::holds_alternative<Tag>(paragraph.items.back().what) &&
-           !endsFragment(paragraph);
+    return paragraph.holdsAnything() && !endsFragment(paragraph);
 }
 
 } // namespace

@@ -134,7 +134,8 @@ private:
             openLink_ != made(first == paragraph.items.end() ? paragraph.endLink : first->link))
             closeLink();
         startParagraph();
-        for (const Item& item : paragraph.items) {
+        const std::span<const Item> items = paragraph.items;
+        for (const Item& item : items.first(items.size() - (isMarked ? tagsAtEnd(paragraph).size() : 0))) {
             if (!shows(item))
                 continue;
             enterLink(made(item.link));
@@ -286,6 +287,14 @@ private:
 };
 
 } // namespace
+
+std::span<const Item> tagsAtEnd(const Paragraph& paragraph)
+{
+    const auto last =
+        std::ranges::find_if_not(paragraph.items.rbegin(), paragraph.items.rend(),
+                                 [](const Item& item) { return std::holds_alternative<Tag>(item.what); });
+    return {last.base(), paragraph.items.end()};
+}
 
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context)
 {

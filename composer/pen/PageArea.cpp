@@ -33,7 +33,7 @@ void PageArea::find()
         }
         setup_ = nullptr;
     }
-    setup_ = collections_.sections()->Item(section_)->GetPageSetup();
+    setup_ = collections_.section(section_)->GetPageSetup();
 }
 
 float PageArea::width()

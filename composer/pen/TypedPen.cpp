@@ -538,12 +538,8 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     select({0, 0});
     end_.forget();
     range_->InsertAfter(L"\r");
-    if (ground != Ground()) {
-        select({0, 1});
-        range_->PutStyle(StyleBook::argumentOf(u"Normal"));
-        range_->GetParagraphFormat()->Reset();
-        range_->GetFont()->Reset();
-    }
+    if (ground != Ground())
+        makePlain({0, 1}, ground);
     select({0, 0});
     try {
         insertFile(wide(file));
@@ -565,6 +561,18 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     range_->SetRange(hasSurplus ? end - 1 : end, end + 1);
     range_->Delete();
     return endsInTable;
+}
+
+/// A paragraph that looks as `ground` says comes to look as one of which nothing was said.
+void TypedPen::makePlain(Span paragraph, const Ground& ground)
+{
+    select(paragraph);
+    if (ground.style != Ground().style)
+        range_->PutStyle(StyleBook::argumentOf(Ground().style));
+    if (ground.alignment || !ground.isAlignmentKnown)
+        range_->GetParagraphFormat()->Reset();
+    if (!ground.isPlain)
+        range_->GetFont()->Reset();
 }
 
 /// Whether the last paragraph in front of the place, which ends there, holds nothing.
@@ -599,6 +607,7 @@ void TypedPen::insertFile(const std::wstring& path)
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
+    collections_.forgetSection();
     range_->InsertFile(path.c_str(), L"", confirmConversions, isLinked, asAttachment);
 }
 

@@ -117,6 +117,7 @@ private:
     void perform(const RemoveText& removal);
 
     void insertFile(const std::wstring& path);
+    void makePlain(Span paragraph, const Ground& ground);
     bool endsWithTwo(long end);
     bool leavesSurplus(long at);
     static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,

@@ -6,8 +6,8 @@
 
 namespace compose {
 
-/// Takes numbers and pieces out of a file, one behind the other. Beyond its end everything is 0 and empty, and
-/// the reading has failed.
+/// Takes numbers and pieces out of a file, one behind the other. Beyond its end everything is 0 and empty,
+/// and the reading has failed.
 class FileBytes
 {
 public:

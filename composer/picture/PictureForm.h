@@ -34,8 +34,8 @@ struct PictureForm
 };
 
 /// Of a file that is whole and of a form that every reader of rich text knows: PNG; JPEG of one or three
-/// components; EMF; BMP, uncompressed, of 1, 4, 8 or 24 bits a pixel. Nothing for any other file, for one that
-/// is damaged, and for one that is unusual: what it comes to is then not for us to say.
+/// components; EMF; BMP, uncompressed, of 1, 4, 8 or 24 bits a pixel. Nothing for any other file, for one
+/// that is damaged, and for one that is unusual: what it comes to is then not for us to say.
 std::optional<PictureForm> pictureForm(std::string_view file);
 
 /// \name The same of a file that is of that kind, or of none

@@ -267,9 +267,7 @@ void Composer::endPart(Part part)
 std::unique_ptr<Story> Composer::makePart(PartPlace place)
 {
     const bool isHeader = place.part == Part::header;
-    if (!allSections_)
-        allSections_ = document_->GetSections();
-    const Word::SectionPtr section = allSections_->Item(place.section);
+    const Word::SectionPtr& section = written_->collections.section(place.section);
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);
@@ -339,7 +337,7 @@ void Composer::insertFile(const wchar_t* fileName, short insertAsType)
     else if (insertAsType == asLink || insertAsType == asHyperLink)
         insertLink(portable(withoutFolder(path)), {.address = portable(path)});
     else if (isPicture(path))
-        current_->addPicture(portable(fullPath(path)), nullptr);
+        addPicture(path, nullptr);
     else
         current_->addFile(portable(fullPath(path)));
 }
@@ -352,9 +350,15 @@ void Composer::insertImage(const wchar_t* imageFileName, const wchar_t* fileOrUr
         link = targetOf(target);
     const std::optional<std::wstring> file = findFile(imageFileName ? imageFileName : L"", installDir_);
     if (file)
-        current_->addPicture(portable(fullPath(*file)), target.empty() ? nullptr : &link);
+        addPicture(*file, target.empty() ? nullptr : &link);
     else if (imageFileName && *imageFileName)
         reportMissing(imageFileName);
+}
+
+void Composer::addPicture(const std::wstring& file, const LinkTarget* link)
+{
+    current_->addPicture(portable(fullPath(file)), link);
+    flushIfMuchWaits();
 }
 
 void Composer::reportMissing(const wchar_t* fileName)

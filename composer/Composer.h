@@ -18,8 +18,9 @@ namespace compose {
 /// document then in as few calls as possible, so that the document equals what was said.
 ///
 /// Word has to have it when the document is closed, or saved in between while more waits than
-/// `mostWaitingAtSave`; before a picture, a file or an object, whose failure belongs to its own call; before
-/// a header whose section is yet to begin; and when more waits than `mostWaiting`.
+/// `mostWaitingAtSave`; before a file, an object, or a picture that is not kept with the text, whose failure
+/// belongs to its own call; before a header whose section is yet to begin; and when more waits than
+/// `mostWaiting`.
 ///
 /// A failure of Word's reaches the call during which it happened. What had not been done by then is done the
 /// next time.
@@ -99,6 +100,7 @@ private:
 
     void insertLink(std::u16string_view text, const LinkTarget& target);
     [[nodiscard]] LinkTarget targetOf(const std::u16string& name);
+    void addPicture(const std::wstring& file, const LinkTarget* link);
     void insertObject(const std::wstring& file, const char16_t* classType, const char16_t* iconProgram,
                       bool isLinked);
     void reportMissing(const wchar_t* fileName);
@@ -116,7 +118,6 @@ private:
     [[nodiscard]] bool leadsSomewhere(const LinkTarget& target);
 
     Word::_DocumentPtr document_;
-    Word::SectionsPtr allSections_;
     Pen pen_;
     std::wstring installDir_;
     Trace trace_;

@@ -38,6 +38,13 @@ std::deque<Operation> behindFragment(const Block& last)
     return operations;
 }
 
+/// It must save more than it costs itself.
+bool isWorthAFragment(std::span<const Block> blocks, const Plan& plan)
+{
+    constexpr std::size_t fewestOperations = 6;
+    return plan.operationCount() >= fewestOperations || largestPicture(blocks).width > 0;
+}
+
 template <class Visit>
 void forEachTag(std::span<const Block> blocks, const Visit& visit)
 {
@@ -136,17 +143,15 @@ Source Story::sourceOf(std::span<const Block> blocks, const Ground& ground) cons
     return {blocks, content_.links(), ground, document_.leadsSomewhere};
 }
 
-// What a fragment saves must be more than it costs itself.
 template <class Taken>
 void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken)
 {
-    constexpr std::size_t fewestOperations = 6;
     std::vector<Stretch> stretches = {{0, blocks.size(), false}};
+    page_.reset();
     if (document_.readsFragments)
-        stretches = divide(blocks, content_.links(), closed);
+        stretches = divide(blocks, content_.links(), closed, roomFor(largestPicture(blocks), blocks));
 
     std::deque<Step> steps;
-    tableWidth_.reset();
     Ground ground = ground_;
     std::set<std::u16string> tags = document_.tags;
     for (const Stretch& stretch : stretches) {
@@ -157,8 +162,7 @@ void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const T
         if (stretch.first == 0 && draft_)
             source.drafted = draft_->length;
         Step step{planOf(source, document_.styles)};
-        if (stretch.isFragment && step.plan.operationCount() >= fewestOperations &&
-            fitsFragment(paragraphOf(ground), {}))
+        if (stretch.isFragment && isWorthAFragment(part, step.plan) && fitsFragment(paragraphOf(ground), {}))
             step.fragment = makeFragment(part, source.endsOpen, ground, tags);
         forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         ground = step.plan.after;
@@ -181,25 +185,47 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     return paragraph;
 }
 
+PageArea& Story::page()
+{
+    if (!page_)
+        page_.emplace(document_.document, document_.collections, document_.sections);
+    return *page_;
+}
+
+// What every page holds needs no question.
+Extent Story::roomFor(const Extent& picture, std::span<const Block> blocks)
+{
+    Extent room{144, 216};
+    if (picture.width == 0)
+        return room;
+    if (picture.width > room.width || holdTables(blocks))
+        room.width = page().width();
+    if (picture.height > room.height)
+        room.height = page().height();
+    return room;
+}
+
 Fragment Story::makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                              const std::set<std::u16string>& tags)
 {
     const auto isLinked = [this](const std::u16string& bookmark) {
         return document_.leadsSomewhere({.bookmark = bookmark});
     };
-    if (!tableWidth_ && holdTables(blocks))
-        tableWidth_ = fragmentPen_.tableWidth(document_.sections);
+    const float tableWidth = holdTables(blocks) ? tableWidthOn(page().width()) : 0;
     const Paragraph behind = paragraphOf(ground);
     Fragment fragment;
-    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth_.value_or(0),
+    fragment.text = fragmentOf(blocks, {document_.styles, content_.links(), isLinked, tableWidth,
                                         endsOpen ? nullptr : &behind, endsOpen});
+    std::deque<Operation> tagsBehind;
     if (endsOpen) {
         const auto& last = std::get<Paragraph>(blocks.back());
         fragment.open = Fragment::Look{last.style, directAlignment(last, document_.styles)};
+        for (const Item& item : tagsAtEnd(last))
+            tagsBehind.push_back(PlaceTag{0, std::get<Tag>(item.what).bookmark});
     }
     fragment.beginsWithBreak = beginsWithLastBreak(blocks.front());
     fragment.ground = ground;
-    fragment.rest = behindFragment(blocks.back());
+    fragment.rest = endsOpen ? std::move(tagsBehind) : behindFragment(blocks.back());
     forEachTag(blocks, [&](const std::u16string& bookmark) {
         if (tags.contains(bookmark))
             fragment.movedTags.push_back(bookmark);
@@ -259,6 +285,8 @@ try {
 
 void Story::addPicture(const std::u16string& file, const LinkTarget* link)
 {
+    if (const KeptPicturePtr kept = keep(file))
+        return content_.addKeptPicture(kept, link);
     if (content_.takesPictureIntoTable())
         return addPictureToDraft(file, link);
     content_.settleParagraph();
@@ -270,6 +298,15 @@ void Story::addPicture(const std::u16string& file, const LinkTarget* link)
     ground_.isPlain = false;
     if (document_.leadsSomewhere(*link))
         pen_.linkPicture(*link);
+}
+
+// Not behind what is in Word already: there no fragment carries it.
+KeptPicturePtr Story::keep(const std::u16string& file) const
+{
+    constexpr std::size_t largest = 1U << 18U; // of what may wait
+    if (!document_.readsFragments || draft_ || !content_.takesKeptPicture())
+        return nullptr;
+    return keepPicture(file, largest);
 }
 
 // The table need not be made for it, to be continued cell by cell.
@@ -312,7 +349,8 @@ void Story::addFile(const std::u16string& file)
 {
     content_.prepareFile();
     flush();
-    const Ground ground = content_.isTableOpen() ? Ground{.style = u""} : ground_;
+    const Ground unknown{.style = u"", .isAlignmentKnown = false, .isPlain = false};
+    const Ground ground = content_.isTableOpen() ? unknown : ground_;
     const bool endsInTable = pen_.addFile(place(), file, ground);
     content_.fileWritten(endsInTable);
 }

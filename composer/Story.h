@@ -6,6 +6,8 @@
 #include "Draft.h"
 #include "Fragment.h"
 #include "FragmentPen.h"
+#include "PageArea.h"
+#include "PictureRoom.h"
 #include "Plan.h"
 #include "StoryEnd.h"
 #include "TypedPen.h"
@@ -38,10 +40,11 @@ public:
     void endSectionAtBreak() { isSectionDue_ = true; }
     /// Brings everything that waits into Word.
     void flush();
+    /// Waits with the text, where fragments can carry it; otherwise it goes to Word at once. `link`: null if
+    /// it leads nowhere.
+    void addPicture(const std::u16string& file, const LinkTarget* link);
     /// \name What goes to Word at once, behind what waits
     /// @{
-    /// `link`: null if it leads nowhere.
-    void addPicture(const std::u16string& file, const LinkTarget* link);
     void addObject(const EmbeddedObject& object);
     void addFile(const std::u16string& file);
     /// @}
@@ -60,12 +63,15 @@ private:
     [[nodiscard]] TypedPen::Place place() const;
     void finishSteps();
     void flushInFrontOfTable();
+    [[nodiscard]] KeptPicturePtr keep(const std::u16string& file) const;
     void addPictureToDraft(const std::u16string& file, const LinkTarget* link);
     void goOnWithDraft();
     [[nodiscard]] Source sourceOf(std::span<const Block> blocks, const Ground& ground) const;
     template <class Taken>
     void takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken);
     [[nodiscard]] Paragraph paragraphOf(const Ground& ground) const;
+    PageArea& page();
+    Extent roomFor(const Extent& picture, std::span<const Block> blocks);
     Fragment makeFragment(std::span<const Block> blocks, bool endsOpen, const Ground& ground,
                           const std::set<std::u16string>& tags);
     void carryOut();
@@ -79,7 +85,7 @@ private:
     Ground ground_;              ///< behind what was taken
     std::optional<Draft> draft_; ///< of the table that what waits begins with
     std::deque<Step> steps_;
-    std::optional<float> tableWidth_; ///< while steps are made
+    std::optional<PageArea> page_; ///< while steps are made
     bool isSectionDue_ = false;
     WriterEvents::Flush flushed_; ///< in the flush that is being done
     StoryEnd end_;

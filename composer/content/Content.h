@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Font.h"
+#include "KeptPicture.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -59,11 +60,12 @@ struct Tag
 struct Contents
 {
 };
-/// A picture in a table that Word is yet to make: Word has the picture already, behind the text in front of
+/// Nothing kept: one in a table that Word is yet to make, which Word has already, behind the text in front of
 /// it.
 struct Picture
 {
-    bool isThere = false; ///< Word has not refused it.
+    bool isThere = false;      ///< Word has not refused it.
+    KeptPicturePtr kept = {}; ///< It goes to Word with the text.
 };
 /// @}
 

@@ -109,6 +109,17 @@ void StoryContent::objectWritten()
     holdsBehindBreak_ = true;
 }
 
+bool StoryContent::takesKeptPicture() const
+{
+    return isTableOpen_ ? table().writtenRows == 0 : !outside().holdsWritten;
+}
+
+void StoryContent::addKeptPicture(const KeptPicturePtr& picture, const LinkTarget* target)
+{
+    write({Picture{true, picture}, {}, target ? addLink(*target) : noLink});
+    addWaiting(picture->file.size());
+}
+
 bool StoryContent::takesPictureIntoTable() const
 {
     return isTableOpen_ && table().writtenRows == 0 && table().rows.back()[column_].size() == 1;
@@ -537,6 +548,7 @@ StoryContent::LastBreak StoryContent::breakSection()
     Paragraph behind = paragraph;
     behind.items.assign(std::next(last), paragraph.items.end());
     behind.holdsWritten = false;
+    behind.isSettled = behind.holdsAnything(); // What comes to stand in it settles it anew.
     paragraph.items.erase(last, paragraph.items.end());
     paragraph.end = ParagraphEnd::section;
     paragraph.endLink = noLink;

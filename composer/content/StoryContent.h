@@ -85,6 +85,14 @@ public:
     bool endTOCEntry();
     /// @}
 
+    /// \name A picture that waits with the text
+    /// @{
+    /// Whether what it comes to stand in is not in Word yet.
+    [[nodiscard]] bool takesKeptPicture() const;
+    /// `target`: null if it leads nowhere.
+    void addKeptPicture(const KeptPicturePtr& picture, const LinkTarget* target);
+    /// @}
+
     /// \name What is put into Word at once
     /// @{
     /// The paragraph in hand will hold something that is no text: its style and alignment are settled.
@@ -138,6 +146,7 @@ private:
     [[nodiscard]] const Table& table() const { return std::get<Table>(blocks_[blocks_.size() - 2]); }
     Cell& cell() { return table().rows.back()[column_]; }
     Paragraph& outside() { return std::get<Paragraph>(blocks_.back()); }
+    [[nodiscard]] const Paragraph& outside() const { return std::get<Paragraph>(blocks_.back()); }
     Paragraph& current() { return isTableOpen_ ? cell().back() : outside(); }
 
     void write(Item item);

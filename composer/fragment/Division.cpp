@@ -27,11 +27,9 @@ bool endsInALink(const Block& block)
     return paragraph && paragraph->endLink != noLink;
 }
 
-/// Bookmarks at the edge of what goes may go with it, so none is put in front of the end mark.
 bool fitsOpen(const Paragraph& paragraph)
 {
-    return paragraph.holdsAnything() && !std::holds_alternative<Tag>(paragraph.items.back().what) &&
-           !endsFragment(paragraph);
+    return paragraph.holdsAnything() && !endsFragment(paragraph);
 }
 
 } // namespace
@@ -43,13 +41,13 @@ bool beginsWithLastBreak(const Block& block)
 }
 
 std::vector<Stretch> divide(std::span<const Block> blocks, const std::vector<LinkTarget>& links,
-                            std::size_t closed)
+                            std::size_t closed, const Extent& page)
 {
     const auto fits = [&](std::size_t index) {
         const auto* const paragraph = std::get_if<Paragraph>(&blocks[index]);
         const bool isOpen = index >= closed;
         return !(isOpen && (closed + 1 < blocks.size() || !fitsOpen(*paragraph))) &&
-               fitsFragment(blocks[index], links) &&
+               fitsFragment(blocks[index], links, page) &&
                !(paragraph && holdsLastBreak(*paragraph) && !beginsWithLastBreak(blocks[index]));
     };
     std::vector<Stretch> stretches;

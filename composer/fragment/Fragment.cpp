@@ -3,6 +3,7 @@
 #include "FieldCode.h"
 #include "FontChange.h"
 #include "FragmentStyles.h"
+#include "PictureText.h"
 #include "RowDefinition.h"
 #include "RtfBuilder.h"
 
@@ -133,7 +134,8 @@ private:
             openLink_ != made(first == paragraph.items.end() ? paragraph.endLink : first->link))
             closeLink();
         startParagraph();
-        for (const Item& item : paragraph.items) {
+        const std::span<const Item> items = paragraph.items;
+        for (const Item& item : items.first(items.size() - (isMarked ? tagsAtEnd(paragraph).size() : 0))) {
             if (!shows(item))
                 continue;
             enterLink(made(item.link));
@@ -199,11 +201,15 @@ private:
         }
     }
 
-    /// They do not fit.
-    /// @{
+    void write(const Picture& picture, const Item&)
+    {
+        static const FontChange plain;
+        beginRun(plain);
+        writePicture(rtf_, *picture.kept);
+    }
+
+    /// It does not fit.
     static void write(const Contents&, const Item&) {}
-    static void write(const Picture&, const Item&) {}
-    /// @}
 
     /// Leaves the field's group open for a result.
     void openField(std::u16string_view code, bool isToBeUpdated)
@@ -281,6 +287,14 @@ private:
 };
 
 } // namespace
+
+std::span<const Item> tagsAtEnd(const Paragraph& paragraph)
+{
+    const auto last =
+        std::ranges::find_if_not(paragraph.items.rbegin(), paragraph.items.rend(),
+                                 [](const Item& item) { return std::holds_alternative<Tag>(item.what); });
+    return {last.base(), paragraph.items.end()};
+}
 
 std::string fragmentOf(std::span<const Block> blocks, const FragmentContext& context)
 {

@@ -20,12 +20,16 @@ struct FragmentContext
     float tableWidth; ///< points; every table is that wide, with equal columns
     /// Behind the blocks stands a character (`endMark`) in a paragraph like this one; null: none does.
     const Paragraph* behind = nullptr;
-    /// It stands at the end of the last block instead, which is a paragraph.
+    /// It stands at the end of the last block instead, which is a paragraph, without the tags there:
+    /// Bookmarks at the edge of what goes may go with it.
     bool endsOpen = false;
 };
 
 /// The text of a paragraph by which the end of a fragment is found.
 inline constexpr char16_t endMark = u'\u00a7';
+
+/// The tags behind which the paragraph holds nothing.
+std::span<const Item> tagsAtEnd(const Paragraph& paragraph);
 
 /// The blocks as RTF. All must fit one (`fitsFragment`); the first begins a paragraph, each paragraph ends in
 /// its mark, the last one too, and between two tables there is a paragraph.

@@ -55,11 +55,12 @@ bool holdsContents(const Paragraph& paragraph)
 class Fitness
 {
 public:
-    explicit Fitness(const std::vector<LinkTarget>& links) : links_(links) {}
+    Fitness(const std::vector<LinkTarget>& links, const Extent& page) : links_(links), room_(page) {}
 
     bool operator()(const Paragraph& paragraph) const { return fits(paragraph, false); }
-    bool operator()(const Table& table) const
+    bool operator()(const Table& table)
     {
+        room_.width = cellWidthOn(room_.width, std::max<std::size_t>(table.columns(), 1));
         return table.writtenRows == 0 && !table.rows.empty() && table.rows.size() <= mostRows &&
                table.columns() > 0 && table.columns() <= mostColumns &&
                std::ranges::all_of(table.heights,
@@ -95,9 +96,15 @@ private:
             return compose::fits(*entry);
         if (const auto* tag = std::get_if<Tag>(&item.what))
             return !tag->bookmark.empty() && isOneLine(tag->bookmark);
+        if (const auto* picture = std::get_if<Picture>(&item.what))
+            return picture->kept && fits(extentOf(*picture->kept));
         return (std::holds_alternative<PageBreak>(item.what) ||
                 std::holds_alternative<Contents>(item.what)) &&
                !isInCell;
+    }
+    [[nodiscard]] bool fits(const Extent& picture) const
+    {
+        return picture.width <= room_.width && picture.height <= room_.height;
     }
     [[nodiscard]] bool fitsLink(LinkNumber number) const
     {
@@ -108,6 +115,7 @@ private:
     }
 
     const std::vector<LinkTarget>& links_;
+    Extent room_; ///< for pictures
 };
 
 } // namespace
@@ -118,9 +126,9 @@ bool endsFragment(const Block& block)
     return paragraph && (paragraph->end == ParagraphEnd::section || holdsContents(*paragraph));
 }
 
-bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links)
+bool fitsFragment(const Block& block, const std::vector<LinkTarget>& links, const Extent& page)
 {
-    return std::visit(Fitness(links), block);
+    return std::visit(Fitness(links, page), block);
 }
 
 } // namespace compose

@@ -25,6 +25,18 @@ public:
     {
         return inlineShapes_ ? inlineShapes_ : inlineShapes_ = document_->GetInlineShapes();
     }
+    /// By its number.
+    const Word::SectionPtr& section(int number)
+    {
+        if (!sections_)
+            sections_ = document_->GetSections();
+        if (!section_ || sectionNumber_ != number)
+            section_ = sections_->Item(number);
+        sectionNumber_ = number;
+        return section_;
+    }
+    /// Sections may have come to stand in front of it.
+    void forgetSection() { section_ = nullptr; }
 
 private:
     Word::_DocumentPtr document_;
@@ -32,6 +44,9 @@ private:
     Word::FieldsPtr fields_;
     Word::HyperlinksPtr hyperlinks_;
     Word::InlineShapesPtr inlineShapes_;
+    Word::SectionsPtr sections_;
+    Word::SectionPtr section_; ///< asked for last
+    int sectionNumber_ = 0;
 };
 
 } // namespace compose

@@ -11,7 +11,7 @@ namespace {
 
 constexpr DWORD largestPiece = 1U << 20U;
 
-std::wstring newPath()
+std::wstring newPath(std::wstring_view extension)
 {
     std::array<wchar_t, MAX_PATH + 1> folder{};
     if (GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()) == 0)
@@ -21,7 +21,7 @@ std::wstring newPath()
         _com_issue_error(result);
     std::array<wchar_t, 64> text{};
     StringFromGUID2(name, text.data(), static_cast<int>(text.size()));
-    return std::wstring(folder.data()) + L"mirovel-" + text.data() + L".rtf";
+    return (std::wstring(folder.data()) + L"mirovel-" + text.data()).append(extension);
 }
 
 bool write(HANDLE file, const std::string& text)
@@ -52,7 +52,7 @@ bool holds(HANDLE file, const std::string& text, std::string& found)
 
 } // namespace
 
-FragmentFile::FragmentFile(const std::string& text) : path_(newPath())
+FragmentFile::FragmentFile(const std::string& text, std::wstring_view extension) : path_(newPath(extension))
 {
     // Before there is a file that a failure would leave behind.
     std::string found(std::min<std::size_t>(text.size() + 1, largestPiece), '\0');

@@ -32,12 +32,6 @@ void putAlignment(const Word::RangePtr& range, const std::optional<int>& alignme
         format->Reset();
 }
 
-float tableWidth(const Word::PageSetupPtr& page)
-{
-    constexpr float padding = 5.4F; // between a cell's edge and its text
-    return page->GetPageWidth() - page->GetLeftMargin() - page->GetRightMargin() + 2 * padding;
-}
-
 bool isEndMark(std::u16string_view text, long length)
 {
     return static_cast<long>(text.size()) == length && text.front() == endMark &&
@@ -205,17 +199,6 @@ void FragmentPen::removeText(const Fragment& fragment)
         range_->PutStyle(StyleBook::argumentOf(fragment.ground.style));
     putAlignment(range_, fragment.ground.alignment);
     range_->GetFont()->Reset();
-}
-
-// An inserted file may have brought sections of its own; where they differ, Word answers nonsense for all of
-// them.
-float FragmentPen::tableWidth(int section)
-{
-    constexpr float widest = 1584; // of Word's pages
-    if (section == 1)
-        if (const float width = compose::tableWidth(document_->GetPageSetup()); width > 0 && width <= widest)
-            return width;
-    return compose::tableWidth(document_->GetSections()->Item(section)->GetPageSetup());
 }
 
 } // namespace compose

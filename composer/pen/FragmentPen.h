@@ -74,9 +74,6 @@ public:
     /// Covers the page break that the fragment added last began with; null if there was none.
     Word::RangePtr takeBreak() { return std::exchange(break_, nullptr); }
 
-    /// Points; of a new table on a section's page, whose text begins and ends where that of the page does.
-    float tableWidth(int section);
-
 private:
     enum class Stage
     {

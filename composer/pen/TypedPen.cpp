@@ -156,6 +156,8 @@ void TypedPen::failed()
     }
     if (std::holds_alternative<AddField>(operation) || std::holds_alternative<AddEntry>(operation))
         releaseTags();
+    if (const auto* const picture = std::get_if<AddPicture>(&operation))
+        closeGap(picture->at - 1);
     operations_->pop_front();
 }
 
@@ -167,6 +169,20 @@ void TypedPen::releaseTags()
             tag->isBehindField = false;
         else if (!std::holds_alternative<RemoveText>(*next))
             return;
+}
+
+/// The picture that was to stand there does not: what is yet to be put behind it comes to stand there.
+void TypedPen::closeGap(Position at)
+{
+    for (auto next = operations_->begin() + 1; next != operations_->end();) {
+        auto* const link = std::get_if<AddLink>(&*next);
+        if (auto* const tag = std::get_if<PlaceTag>(&*next); tag && tag->at > at)
+            --tag->at;
+        if (link && link->span.end > at)
+            --link->span.end;
+        const bool isEmpty = link && link->span.start == link->span.end;
+        next = isEmpty ? operations_->erase(next) : next + 1;
+    }
 }
 
 /// Where text at the end of the story, or of the cell, begins.
@@ -415,6 +431,16 @@ bool TypedPen::isTagNext() const
     return false;
 }
 
+void TypedPen::perform(const AddPicture& picture)
+{
+    const FragmentFile file(picture.picture->file, wide(picture.picture->extension()));
+    const Word::InlineShapesPtr& shapes = collections_.inlineShapes();
+    const _bstr_t path(file.path().c_str());
+    select({picture.at, picture.at});
+    mutate();
+    addTo(shapes, path);
+}
+
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
     keepBreak(nullptr);
@@ -479,10 +505,16 @@ void TypedPen::linkPicture(const LinkTarget& target)
 
 void TypedPen::insertPicture(const std::u16string& file)
 {
+    end_.forget();
+    addTo(collections_.inlineShapes(), bstr(file));
+}
+
+/// The picture in a file, at the range.
+void TypedPen::addTo(const Word::InlineShapesPtr& shapes, const _bstr_t& file)
+{
     const bool isLinked = false;
     const bool isSaved = true;
-    end_.forget();
-    collections_.inlineShapes()->AddPicture(bstr(file), isLinked, isSaved, Word::object(range_));
+    shapes->AddPicture(file, isLinked, isSaved, Word::object(range_));
 }
 
 void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
@@ -506,12 +538,8 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     select({0, 0});
     end_.forget();
     range_->InsertAfter(L"\r");
-    if (ground != Ground()) {
-        select({0, 1});
-        range_->PutStyle(StyleBook::argumentOf(u"Normal"));
-        range_->GetParagraphFormat()->Reset();
-        range_->GetFont()->Reset();
-    }
+    if (ground != Ground())
+        makePlain({0, 1}, ground);
     select({0, 0});
     try {
         insertFile(wide(file));
@@ -533,6 +561,18 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     range_->SetRange(hasSurplus ? end - 1 : end, end + 1);
     range_->Delete();
     return endsInTable;
+}
+
+/// A paragraph that looks as `ground` says comes to look as one of which nothing was said.
+void TypedPen::makePlain(Span paragraph, const Ground& ground)
+{
+    select(paragraph);
+    if (ground.style != Ground().style)
+        range_->PutStyle(StyleBook::argumentOf(Ground().style));
+    if (ground.alignment || !ground.isAlignmentKnown)
+        range_->GetParagraphFormat()->Reset();
+    if (!ground.isPlain)
+        range_->GetFont()->Reset();
 }
 
 /// Whether the last paragraph in front of the place, which ends there, holds nothing.
@@ -567,6 +607,7 @@ void TypedPen::insertFile(const std::wstring& path)
     const bool confirmConversions = false;
     const bool isLinked = false;
     const bool asAttachment = false;
+    collections_.forgetSection();
     range_->InsertFile(path.c_str(), L"", confirmConversions, isLinked, asAttachment);
 }
 

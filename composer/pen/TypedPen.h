@@ -86,10 +86,12 @@ private:
     long begin(const Place& place);
     long beginDraft(Position length);
     void insertPicture(const std::u16string& file);
+    void addTo(const Word::InlineShapesPtr& shapes, const _bstr_t& file);
     void beginPassage(Passage& passage);
     static void giveUpCell(Passage& passage);
     void failed();
     void releaseTags();
+    void closeGap(Position at);
     bool isWritten(const WriteText& text);
     Word::TablePtr convert(const MakeTable& table);
     void select(Span span);
@@ -111,9 +113,11 @@ private:
     void perform(const BreakSection& section);
     void perform(const KeepBreak& pageBreak);
     void perform(const KeepContents& contents);
+    void perform(const AddPicture& picture);
     void perform(const RemoveText& removal);
 
     void insertFile(const std::wstring& path);
+    void makePlain(Span paragraph, const Ground& ground);
     bool endsWithTwo(long end);
     bool leavesSurplus(long at);
     static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,

@@ -70,7 +70,7 @@ Flow::Line& Flow::layOut(const Paragraph& paragraph, Position shift)
             before = nullptr;
         } else if (const Picture* const picture = as<Picture>(item)) {
             if (picture->isThere)
-                text_ += pictureMark;
+                text_ += picture->kept ? placeholderMark : pictureMark;
             before = nullptr;
         } else if (as<Field>(item) && !areFieldsPlain) {
             if (!before || changeOfItem(*before, paragraph) != changeOfItem(item, paragraph)) {
@@ -325,8 +325,8 @@ void Flow::fillCell(const Cell& cell, const Line& firstLine, std::deque<Operatio
     rest.lengthen(operations);
 }
 
-// Word leaves a bookmark in front of what is inserted at its place, so a tag behind a field or an entry waits
-// until that is there; and one right behind a table, whose last row is yet to get its end.
+// Word leaves a bookmark in front of what is inserted at its place, so a tag behind a field, an entry or a
+// picture waits until that is there; and one right behind a table, whose last row is yet to get its end.
 void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bool isBehindTable)
 {
     const Line& line = lines_[index];
@@ -340,26 +340,31 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
         addLink(paragraph.endLink, at, operations);
 
     std::vector<const Tag*> waiting;
-    const auto placeWaiting = [&](bool isBehindField) {
+    const auto placeWaiting = [&](Position place, bool isBehindField) {
         for (const Tag* const tag : waiting)
-            operations.push_back(PlaceTag{at, tag->bookmark, isBehindField});
+            operations.push_back(PlaceTag{place, tag->bookmark, isBehindField});
         waiting.clear();
     };
     for (std::size_t i = items.size(); i > 0; --i) {
         const Item& item = items[i - 1];
         const Position length = lengthOf(line, i - 1);
-        const bool isInserted = as<Field>(item) || as<Entry>(item);
+        const Picture* const picture = as<Picture>(item);
+        const bool isInserted = as<Field>(item) || as<Entry>(item) || (picture && picture->kept);
         if (!waiting.empty() && !isInserted && isAnything(item))
-            placeWaiting(false);
+            placeWaiting(at, false);
         at -= length;
         if (const Tag* const tag = as<Tag>(item)) {
             waiting.push_back(tag);
         } else if (const Field* const field = as<Field>(item)) {
             operations.push_back(AddField{at, field->number, length != 0});
-            placeWaiting(true);
+            placeWaiting(at, true);
         } else if (const Entry* const entry = as<Entry>(item)) {
             operations.push_back(AddEntry{at, entry->text, entry->level});
-            placeWaiting(true);
+            placeWaiting(at, true);
+        } else if (picture && picture->kept) {
+            operations.push_back(AddPicture{at + length, picture->kept});
+            operations.push_back(RemoveText{{at, at + length}});
+            placeWaiting(at + length, false);
         } else if (as<Contents>(item)) {
             operations.push_back(KeepContents{at});
         } else if (const PageBreak* const pageBreak = as<PageBreak>(item); pageBreak && pageBreak->isLast) {
@@ -370,7 +375,7 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
             addLink(item.link, at, operations);
     }
     if (!isBehindTable)
-        return placeWaiting(false);
+        return placeWaiting(at, false);
     for (const Tag* const tag : waiting)
         tagsBehindTable_.push_back({at, tag->bookmark});
 }

@@ -34,7 +34,7 @@ public:
 
     /// `drafted`: so much of its text is there already.
     void plan(std::deque<Operation>& operations, Position drafted = 0);
-    /// A character of it stands for each picture.
+    /// A character of it stands for each picture, be it there or yet to be added.
     [[nodiscard]] const std::u16string& text() const { return text_; }
     [[nodiscard]] Ground groundBehind();
 

@@ -94,6 +94,12 @@ struct PlaceTag
     std::u16string bookmark;
     bool isBehindField = false; ///< Right behind the field or entry added last, wherever that ends.
 };
+/// The next operation takes the character in front away, which was there to give the picture its place.
+struct AddPicture
+{
+    Position at = 0;
+    KeptPicturePtr picture;
+};
 /// Takes text away again that was there for another operation's sake.
 struct RemoveText
 {
@@ -117,6 +123,6 @@ struct KeepContents
 
 using Operation =
     std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, ExtendTable, AddField,
-                 AddEntry, AddLink, PlaceTag, RemoveText, BreakSection, KeepBreak, KeepContents>;
+                 AddEntry, AddLink, PlaceTag, AddPicture, RemoveText, BreakSection, KeepBreak, KeepContents>;
 
 } // namespace compose

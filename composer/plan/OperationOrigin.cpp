@@ -67,6 +67,10 @@ struct Origin
     {
         return call(u"insertTag", quoted(tagOf(tag.bookmark)));
     }
+    std::u16string operator()(const AddPicture& picture) const
+    {
+        return call(u"insertImage", quoted(picture.picture->name));
+    }
     std::u16string operator()(const RemoveText& /*removal*/) const { return call(u"insertField"); }
     std::u16string operator()(const BreakSection& /*section*/) const { return call(u"insertPageBreak"); }
     std::u16string operator()(const KeepBreak& /*pageBreak*/) const { return call(u"insertPageBreak"); }

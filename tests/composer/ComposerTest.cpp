@@ -3,6 +3,7 @@
 #include "PenTest.h"
 
 #include "Bookmarks.h"
+#include "InlineShape.h"
 #include "ScratchFolder.h"
 #include "Section.h"
 #include "general/QdxException.h"
@@ -16,6 +17,8 @@ namespace {
 class ComposerTest : public PenTest
 {
 protected:
+    explicit ComposerTest(const standin::model::Switches& switches = {}) : PenTest(switches) {}
+
     void SetUp() override
     {
         composer->begin(application, document);
@@ -48,6 +51,39 @@ protected:
                                  "\0\0\0\0\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xFF\xFF\xFF\0";
         const std::string file = folder.write("picture.bmp", {pixel, sizeof(pixel) - 1});
         return {file.begin(), file.end()};
+    }
+    /// Linked, a tag behind it; its file is gone then.
+    void writePictureThatGoes()
+    {
+        composer = std::make_unique<Composer>(Composer::Pen::fragments, trace, L"");
+        composer->begin(application, document);
+        const std::wstring file = pictureFile();
+        word.clearTranscript();
+        write(L"a");
+        composer->insertImage(file.c_str(), L"http://a.example/");
+        composer->insertTag(L"behind");
+        write(L"b\r");
+        DeleteFileW(file.c_str());
+    }
+    void expectPicture()
+    {
+        const standin::model::Story& story = *model().mainStory();
+        const std::u16string written = text();
+        const std::size_t picture = written.find(u'\x01');
+        ASSERT_NE(picture, written.npos);
+        EXPECT_EQ(written.find(u'X'), written.npos);
+        EXPECT_EQ(story.runAt(static_cast<long>(picture)).format->shape->width, 0.75);
+        EXPECT_EQ(document->GetHyperlinks()->GetCount(), 1);
+        ASSERT_EQ(document->GetBookmarks()->GetCount(), 1);
+        const long tag = document->GetBookmarks()->Item(Word::integer(1))->GetStart();
+        // Or in front of the end of the link's field.
+        EXPECT_EQ(written.find(u'b'), written.find_first_not_of(u'\x15', static_cast<std::size_t>(tag)));
+    }
+    /// Since the transcript was cleared.
+    [[nodiscard]] std::ptrdiff_t callsOf(std::string_view member) const
+    {
+        return std::ranges::count_if(word.transcript(),
+                                     [&](const std::string& call) { return call.find(member) != call.npos; });
     }
     /// What waits in the current story, which gets a paragraph's end behind it.
     void bringToWord()
@@ -290,6 +326,30 @@ TEST_F(ComposerTest, WritesNothingTwiceWhenThePlaceOfAPictureCouldNotBeMade)
     composer->endTable();
     composer->finish();
     EXPECT_EQ(text(), u"ab\x01\a\a");
+}
+
+TEST_F(ComposerTest, LetsAPictureWaitWithFragmentsWhateverBecomesOfItsFile)
+{
+    writePictureThatGoes();
+    EXPECT_EQ(callsOf("AddPicture"), 0);
+    composer->finish();
+    EXPECT_EQ(callsOf("AddPicture"), 0);
+    expectPicture();
+}
+
+/// Word does not read fragments in.
+class RefusedFragmentsTest : public ComposerTest
+{
+protected:
+    RefusedFragmentsTest() : ComposerTest({.insertFileTakesRtf = false}) {}
+};
+
+TEST_F(RefusedFragmentsTest, APictureThatWaitedStandsInItsPlaceAllTheSame)
+{
+    writePictureThatGoes();
+    composer->finish();
+    EXPECT_EQ(callsOf("AddPicture"), 1);
+    expectPicture();
 }
 
 TEST_F(ComposerTest, ForgetsTheTagsOfAHeaderThatIsReplaced)

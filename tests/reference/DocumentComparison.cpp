@@ -54,7 +54,7 @@ std::string nameOf(const Token& token)
     case TokenKind::pageBreak:
         return "<page break>";
     case TokenKind::picture:
-        return "<picture>";
+        return token.text.empty() ? "<picture>" : "<picture " + printable(token.text) + ">";
     case TokenKind::object:
         return "<" + printable(token.text) + " object>";
     case TokenKind::field:

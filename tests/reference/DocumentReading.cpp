@@ -8,8 +8,10 @@
 #include "VisibleText.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
+#include <string>
 
 namespace reference {
 
@@ -24,6 +26,16 @@ Font fontAt(const model::Story& story, Position position)
     return {*font.name,           static_cast<int>(std::lround(*font.size)),
             *font.bold,           *font.italic,
             *font.underline != 0, *font.strikeThrough};
+}
+
+/// What it is, and its size in twips.
+std::u16string lookOf(const model::InlineShape& shape)
+{
+    static constexpr std::array<const char*, 5> formats = {"png", "jpeg", "emf", "wmf", "bitmap"};
+    const auto twips = [](float points) { return std::to_string(std::lround(points * 20)); };
+    const std::string look = formats.at(static_cast<std::size_t>(shape.picture->format)) + std::string(" ") +
+                             twips(shape.width) + "x" + twips(shape.height);
+    return {look.begin(), look.end()};
 }
 
 /// Reads one story from front to end.
@@ -139,6 +151,7 @@ private:
             token = *object;
         } else if (character == model::mark::picture) {
             token.kind = TokenKind::picture;
+            token.text = lookOf(*story_.runAt(at).format->shape);
         } else {
             token.character = character;
             token.font = fontAt(story_, at);

@@ -463,7 +463,8 @@ private:
         if (uses(usesFields) && numbers_.onceIn(2))
             return add(Method::insertField, 1 + static_cast<int>(numbers_.below(4)));
         if (uses(usesPictures))
-            add(Method::insertImage, pictureName, numbers_.onceIn(2) ? target() : std::u16string_view());
+            add(Method::insertImage, numbers_.oneOf(pictureNames),
+                numbers_.onceIn(2) ? target() : std::u16string_view());
     }
 
     /// Most clients end what they began.

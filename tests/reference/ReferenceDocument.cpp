@@ -16,6 +16,13 @@ std::u16string_view anchorTarget(std::u16string_view written)
     return written.starts_with(u"#GUID ") ? written.substr(1) : written;
 }
 
+/// Of a picture.
+std::u16string_view lookOf(const std::u16string& name)
+{
+    const SessionFile* const file = findSessionFile(name);
+    return file ? file->look : std::u16string_view();
+}
+
 } // namespace
 
 ReferenceDocument::ReferenceDocument(AddressTest isAddress, bool areFileEndsLost)
@@ -83,7 +90,7 @@ void ReferenceDocument::perform(const ClientCall& call)
     case Method::insertXref:
         return insertXref(call.text, call.target);
     case Method::insertImage:
-        return story.insertImage(call.target);
+        return story.insertImage(lookOf(call.text), call.target);
     case Method::insertFile:
         return insertFile(call.text, call.number);
     case Method::setOrientation:
@@ -162,7 +169,7 @@ void ReferenceDocument::insertFile(const std::u16string& name, int kind)
     if (kind == asLink || kind == asHyperlink)
         return insertHyperlink(name, name);
     if (file->kind == SessionFile::Kind::picture)
-        return current().insertImage({});
+        return current().insertImage(file->look, {});
     current().insertContent(*file, areFileEndsLost_);
 }
 

@@ -237,9 +237,9 @@ void ReferenceStory::insertField(int kind)
     current().items.back().token.font = font_;
 }
 
-void ReferenceStory::insertImage(const std::u16string& target)
+void ReferenceStory::insertImage(std::u16string_view look, const std::u16string& target)
 {
-    writeToken(TokenKind::picture, {}, target);
+    writeToken(TokenKind::picture, std::u16string(look), target);
 }
 
 void ReferenceStory::insertObject(bool isLinked)

@@ -59,7 +59,8 @@ public:
     void insertEndl();
     void insertPageBreak();
     void insertField(int kind);
-    void insertImage(const std::u16string& target);
+    /// `look`: as a token says it.
+    void insertImage(std::u16string_view look, const std::u16string& target);
     /// What a file holds, in paragraphs of its own, which keep the file's formatting. Paragraphs around it
     /// keep theirs: one that holds anything is ended first, and what follows begins a new one in the style,
     /// font and alignment in force. Between the file and what follows there is nothing. Where nothing

@@ -28,6 +28,13 @@ constexpr const char* memo = R"({\rtf1\ansi\deff0{\fonttbl{\f0 Times New Roman;}
                              R"(\pard\plain\qj\f1\fs20 Memo\par\pard\plain\f0\fs24\par)"
                              R"(\pard\plain\ql\f1\fs42\strike done})";
 
+/// A tenth of an inch wide, which every cell holds.
+std::string smallEmf()
+{
+    constexpr std::size_t frameEnd = 32;
+    return sample::emf().replace(frameEnd, 8, sample::little(254, 4) + sample::little(127, 4));
+}
+
 std::vector<SessionFile> makeFiles()
 {
     const Font head = {u"Verdana", 18};
@@ -53,7 +60,11 @@ std::vector<SessionFile> makeFiles()
          {{{{u"Memo", {u"Tahoma", 10}}}, u"Normal", justified},
           {{}, u"Normal", left},
           {{{u"done", struck}}, u"Normal", left}}},
-        {pictureName, Kind::picture, sample::bmp()},
+        {pictureName, Kind::picture, sample::bmp(), {}, u"bitmap 45x30"},
+        {u"sign.bmp", Kind::picture, sample::png(), {}, u"png 40x20"},
+        {u"photo.jpg", Kind::picture, sample::jpeg(), {}, u"jpeg 160x160"},
+        {u"drawing.emf", Kind::picture, smallEmf(), {}, u"emf 144x72"},
+        {u"old.gif", Kind::picture, sample::gif(), {}, u"png 60x135"},
         {u"sheet.xls", Kind::sheet, "a sheet's bytes"},
         {u"missing.txt", Kind::missing},
         {u"missing.rtf", Kind::missing},

@@ -2,6 +2,7 @@
 
 #include "DocumentContent.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ struct SessionFile
     Kind kind;
     std::string bytes = {};
     std::vector<FileParagraph> paragraphs = {}; ///< of text and formatted
+    std::u16string_view look = {};              ///< of a picture: as a token says it
 
     [[nodiscard]] bool exists() const { return kind != Kind::missing; }
 };
@@ -50,5 +52,9 @@ const SessionFile* findSessionFile(std::u16string_view name);
 
 /// The name that sessions give a picture, to insert and to link to.
 inline constexpr std::u16string_view pictureName = u"picture.bmp";
+
+/// All that are pictures. What one is shows in it and not in its name.
+inline constexpr std::array<std::u16string_view, 5> pictureNames = {pictureName, u"sign.bmp", u"photo.jpg",
+                                                                    u"drawing.emf", u"old.gif"};
 
 } // namespace reference

@@ -238,7 +238,7 @@ void SessionPlayer::close()
 /// What the call inserts or says, with files' paths.
 std::u16string SessionPlayer::withPaths(const ClientCall& call) const
 {
-    if (call.method == Method::insertFile) {
+    if (call.method == Method::insertFile || call.method == Method::insertImage) {
         const auto path = paths_.find(call.text);
         return path == paths_.end() ? call.text : path->second;
     }

@@ -130,6 +130,30 @@ TEST(FragmentFitness, TablesFitIfTheirCellsDo)
     EXPECT_FALSE(fitsInCell({Picture()})) << "its text is in Word already";
 }
 
+KeptPicturePtr pictureOf(std::int32_t twipsWide, std::int32_t twipsHigh)
+{
+    return std::make_shared<const KeptPicture>(
+        KeptPicture{{PictureKind::png, 1, 1, twipsWide, twipsHigh}, "bytes", u"a.png"});
+}
+
+TEST(FragmentFitness, KeptPicturesFitUnlessThePageOrTheirCellIsSmaller)
+{
+    const Extent page{100, 50};
+    const auto onPage = [&](std::int32_t width, std::int32_t height) {
+        return fitsFragment(Paragraph{.items = {{Picture{true, pictureOf(width, height)}}}}, {}, page);
+    };
+    EXPECT_TRUE(onPage(2000, 1000));
+    EXPECT_FALSE(onPage(2001, 1000));
+    EXPECT_FALSE(onPage(2000, 1001));
+    const auto inCell = [&](std::int32_t width) {
+        Table table = tableOf(1, 2);
+        table.rows.front().front() = {Paragraph{.items = {{Picture{true, pictureOf(width, 20)}}}}};
+        return fitsFragment(table, {}, page);
+    };
+    EXPECT_TRUE(inCell(892)) << "half of 110.8 points, less 10.8";
+    EXPECT_FALSE(inCell(893));
+}
+
 TEST(FragmentFitness, PageBreaksInCellsDoNotFit)
 {
     EXPECT_FALSE(fitsInCell({PageBreak()}));

@@ -270,6 +270,47 @@ TEST(Fragment, HasACellForEachColumnOfTheFirstRow)
               "\\pard\\plain\\s0\\f0\\par\n");
 }
 
+Item picture(PictureKind kind, std::string file, LinkNumber link = noLink)
+{
+    return {.what = Picture{true, std::make_shared<const KeptPicture>(
+                                      KeptPicture{{kind, 4, 2, 60, 30}, std::move(file), u"a picture"})},
+            .link = link};
+}
+
+TEST(Fragment, HoldsPicturesInTheirNaturalSize)
+{
+    EXPECT_EQ(textOf({Paragraph{.items = {picture(PictureKind::png, "\x89P"), text(u"a")}}}),
+              "\\pard\\plain\\s0\\f0{\\*\\shppict{\\pict\\pngblip\\picw4\\pich2\\picwgoal60\\pichgoal30\n"
+              "8950}}a\\par\n");
+    EXPECT_EQ(textOf({Paragraph{.items = {picture(PictureKind::bitmap, std::string(14, 'h') + "\x01\xAB")}}}),
+              "\\pard\\plain\\s0\\f0{\\pict\\dibitmap0\\picw4\\pich2\\picwgoal60\\pichgoal30\n01ab}\\par\n");
+}
+
+TEST(Fragment, ALinkedPictureStandsInTheField)
+{
+    const std::string rtf =
+        textOf({Paragraph{.items = {picture(PictureKind::jpeg, "j", 0)}}}, {{u"http://a/", u""}});
+    const std::size_t result = rtf.find("{\\fldrslt");
+    ASSERT_NE(result, rtf.npos);
+    EXPECT_NE(rtf.find("\\jpegblip", result), rtf.npos);
+}
+
+TEST(Fragment, LeavesTheTagsAtItsOpenEndOut)
+{
+    TestStyles styles;
+    const std::vector<LinkTarget> links;
+    const Blocks blocks = {Paragraph{.items = {{Tag{u"first"}}, text(u"a"), {Tag{u"b1"}}, {Tag{u"b2"}}}}};
+    const std::string rtf = fragmentOf(blocks, {.styles = styles,
+                                                .links = links,
+                                                .isLinked = {},
+                                                .tableWidth = 400,
+                                                .behind = nullptr,
+                                                .endsOpen = true});
+    EXPECT_NE(rtf.find("first"), rtf.npos);
+    EXPECT_EQ(rtf.find("bkmkstart b"), rtf.npos);
+    EXPECT_EQ(tagsAtEnd(std::get<Paragraph>(blocks.front())).size(), 2);
+}
+
 class CountingStyles : public TestStyles
 {
 public:

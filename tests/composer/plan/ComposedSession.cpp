@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <sstream>
 
 using namespace compose;
@@ -224,6 +225,8 @@ std::optional<Passage::Cell> ComposedSession::cell() const
 
 void ComposedSession::putPicture()
 {
+    if (taken_.takesKeptPicture() && choices_.onceIn(2))
+        return keepPicture();
     if (taken_.takesPictureIntoTable())
         return putPictureIntoDraft();
     both("settleParagraph", [](StoryContent& content) { content.settleParagraph(); });
@@ -232,6 +235,15 @@ void ComposedSession::putPicture()
     model_.addPicture(cell());
     taken_.objectWritten();
     said_.insertField(pictureNumber);
+}
+
+void ComposedSession::keepPicture()
+{
+    static const auto picture = std::make_shared<const KeptPicture>();
+    const LinkTarget target = targetBy(choices_);
+    const bool isLinked = choices_.onceIn(2);
+    both(isLinked ? "linked picture that is kept" : "picture that is kept",
+         [&](StoryContent& content) { content.addKeptPicture(picture, isLinked ? &target : nullptr); });
 }
 
 // Word refuses some.

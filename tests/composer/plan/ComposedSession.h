@@ -32,6 +32,7 @@ private:
     void setStyle();
     void breakSection();
     void putPicture();
+    void keepPicture();
     void breakDueSection();
     void putPictureIntoDraft();
     [[nodiscard]] std::optional<compose::Passage::Cell> cell() const;

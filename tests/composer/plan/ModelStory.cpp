@@ -368,6 +368,13 @@ void ModelStory::perform(const PlaceTag& tag)
     bookmarks_[tag.bookmark] = at;
 }
 
+void ModelStory::perform(const AddPicture& picture)
+{
+    const At at = place(picture.at);
+    require(!endsParagraph(at - 1), "a picture without a character in front");
+    insert(at, std::array{Character{.kind = Kind::picture, .font = fontForInsertion(at)}});
+}
+
 void ModelStory::perform(const RemoveText& removal)
 {
     erase(place(removal.span.start), place(removal.span.end));

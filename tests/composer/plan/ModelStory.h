@@ -115,6 +115,7 @@ private:
     void perform(const compose::AddEntry& entry);
     void perform(const compose::AddLink& link);
     void perform(const compose::PlaceTag& tag);
+    void perform(const compose::AddPicture& picture);
     void perform(const compose::RemoveText& removal);
     void perform(const compose::BreakSection& section);
     void perform(const compose::KeepBreak& pageBreak);

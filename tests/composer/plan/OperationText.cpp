@@ -89,6 +89,10 @@ struct Printer
         return (tag.isBehindField ? "tag behind field " : "tag " + number(tag.at) + " ") +
                printable(tag.bookmark);
     }
+    std::string operator()(const AddPicture& picture) const
+    {
+        return "picture " + number(picture.at) + " " + printable(picture.picture->name);
+    }
     std::string operator()(const RemoveText& removal) const { return spanned("remove", removal.span); }
     std::string operator()(const BreakSection& section) const { return "section " + number(section.at); }
     std::string operator()(const KeepBreak& pageBreak) const { return "keep break " + number(pageBreak.at); }

@@ -55,7 +55,7 @@ protected:
     /// Linked, a tag behind it; its file is gone then.
     void writePictureThatGoes()
     {
-        composer = std::make_unique<Composer>(Composer::Pen::fragments, trace, L"");
+        composer = std::make_unique<Composer>(Composer::Pen::fragments, trace, L"", nullptr, look);
         composer->begin(application, document);
         const std::wstring file = pictureFile();
         word.clearTranscript();

@@ -9,6 +9,7 @@ import os
 import pathlib
 import re
 import subprocess
+import sys
 import unittest
 
 from support.endtoend import ROOT, EndToEndTest, windows
@@ -54,9 +55,22 @@ class Faults(EndToEndTest):
         """Plays the session once for each of the faults, as many in one client as time allows."""
         transcript, sessions = [], []
         for first in range(0, len(faults), SESSIONS_OF_A_CLIENT):
-            outcome, played = self.play_in_one_client(writer, faults[first:first + SESSIONS_OF_A_CLIENT])
+            some = faults[first:first + SESSIONS_OF_A_CLIENT]
+            try:
+                outcome, played = self.play_in_one_client(writer, some)
+            except subprocess.TimeoutExpired:
+                # About once in a thousand deaths of a server, Wine's COM does not come back from looking for the next one.
+                if not self.last_event().endswith("\tObject made\t-\t-\t-\t-"):
+                    raise
+                print(f"{self.id()}: hung in start; the client's {len(some)} sessions are played again", file=sys.stderr)
+                self.let_prefixes_rest()
+                outcome, played = self.play_in_one_client(writer, some)
             transcript, sessions = outcome.transcript, sessions + played
         return transcript, sessions
+
+    def last_event(self):
+        [log] = self.folder.glob("faults.*.log")
+        return log.read_text("utf-8").splitlines()[-1]
 
     def play_in_one_client(self, writer, faults):
         """Plays the session once for each of the faults: a dictionary of environment variables."""
@@ -87,10 +101,13 @@ class Faults(EndToEndTest):
 
     def undisturbed(self, writer):
         """A session without faults, and how many calls Word gets in it."""
-        transcript, [played] = self.play(writer, [{}])
-        # The second close has nothing to close.
-        self.assertEqual([], played.failures)
-        return played, len(transcript)
+        # The counting writer remembers the fonts of styles: the first session of a client makes more calls than the others.
+        transcript, sessions = self.play(writer, [{}, {}])
+        for played in sessions:
+            # The second close has nothing to close.
+            self.assertEqual([], played.failures)
+        second = transcript.index("application.Quit(missing, missing, missing)") + 1
+        return sessions[1], sum(not line.startswith("#") for line in transcript[second:])
 
     def check(self, writer, first):
         undisturbed, calls = self.undisturbed(writer)
@@ -116,7 +133,7 @@ class Faults(EndToEndTest):
         self.assertNotEqual([], named, "the diagnostics name the failure")
         self.assertRegex("\n".join(played.failures), GONE, "the client is told")
         # Whoever was told nothing until he had closed has his document.
-        told = next(i for i, answer in enumerate(played.answers) if GONE.search(answer))
+        told = next(i for i, answer in enumerate(played.answers) if not answer.endswith(" -> ok"))
         if "close -> ok" in played.answers[:told]:
             self.assertTrue(undisturbed.document == played.document, "the document is another")
 

@@ -64,7 +64,7 @@ struct Contents
 /// it.
 struct Picture
 {
-    bool isThere = false;      ///< Word has not refused it.
+    bool isThere = false;     ///< Word has not refused it.
     KeptPicturePtr kept = {}; ///< It goes to Word with the text.
 };
 /// @}

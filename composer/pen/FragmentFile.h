@@ -7,8 +7,8 @@
 
 namespace compose {
 
-/// A text, or a picture's bytes, in a file of its own in the user's temporary folder, under a name that nobody
-/// can foresee. While it lives nobody else can change or delete the file; then it is gone.
+/// A text, or a picture's bytes, in a file of its own in the user's temporary folder, under a name that
+/// nobody can foresee. While it lives nobody else can change or delete the file; then it is gone.
 ///
 /// Errors: `_com_error` with what Windows answers, when it cannot be made or does not hold the text.
 class FragmentFile

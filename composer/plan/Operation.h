@@ -129,9 +129,8 @@ struct KeepContents
     Position at = 0;
 };
 
-using Operation =
-    std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, StyleTables, ExtendTable,
-                 AddField, AddEntry, AddLink, PlaceTag, AddPicture, RemoveText, BreakSection, KeepBreak,
-                 KeepContents>;
+using Operation = std::variant<WriteText, ClearFont, PutStyle, PutAlignment, PutFont, MakeTable, StyleTables,
+                               ExtendTable, AddField, AddEntry, AddLink, PlaceTag, AddPicture, RemoveText,
+                               BreakSection, KeepBreak, KeepContents>;
 
 } // namespace compose

@@ -299,7 +299,7 @@ void Story::addPicture(const std::u16string& file, const LinkTarget* link)
         return addPictureToDraft(file, link);
     content_.settleParagraph();
     flush();
-    pen_.addPicture(place(), file);
+    pen_.addPicture(place(), file, isPlainHere());
     content_.objectWritten();
     if (!link)
         return;
@@ -344,11 +344,16 @@ void Story::goOnWithDraft()
     *draft_ = next.draft;
 }
 
+bool Story::isPlainHere() const
+{
+    return ground_.isPlain && !content_.isTableOpen();
+}
+
 void Story::addObject(const EmbeddedObject& object)
 {
     content_.settleParagraph();
     flush();
-    pen_.addObject(place(), object);
+    pen_.addObject(place(), object, isPlainHere());
     content_.objectWritten();
     ground_.isPlain = false;
 }

@@ -510,11 +510,15 @@ void TypedPen::addPictureToDraft(Position length, const std::u16string& file)
     end_.know(base_ + length + 1);
 }
 
-void TypedPen::addPicture(const Place& place, const std::u16string& file)
+void TypedPen::addPicture(const Place& place, const std::u16string& file, bool isPlain)
 {
     base_ = begin(place);
     select({0, 0});
     insertPicture(file);
+    if (!isPlain) {
+        select({0, 1});
+        range_->GetFont()->Reset();
+    }
     if (!place)
         end_.know(base_ + 1);
 }
@@ -539,7 +543,7 @@ void TypedPen::addTo(const Word::InlineShapesPtr& shapes, const _bstr_t& file)
     shapes->AddPicture(file, isLinked, isSaved, Word::object(range_));
 }
 
-void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
+void TypedPen::addObject(const Place& place, const EmbeddedObject& object, bool isPlain)
 {
     constexpr long defaultIcon = 1;
     base_ = begin(place);
@@ -550,6 +554,10 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object)
     collections_.inlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
                                               bstr(object.iconProgram), Word::integer(defaultIcon),
                                               bstr(object.label), Word::object(range_));
+    if (isPlain)
+        return;
+    range_->SetRange(base_, begin(place));
+    range_->GetFont()->Reset();
 }
 
 // A paragraph of the file's own takes up its last one. Where the file ends its last paragraph itself, one too

@@ -1,5 +1,6 @@
 #include "KeptPicture.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -10,19 +11,16 @@ namespace compose {
 
 namespace {
 
-/// Nothing when it is not read, or is larger. No length is believed: the file may grow meanwhile.
+/// Nothing when it is not read, or is larger. No length is believed: the file may grow meanwhile. What has no
+/// end to go to is no file: a console would wait for somebody to type.
 std::optional<std::string> read(const std::filesystem::path& path, std::size_t most)
 {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const std::streamoff size = file ? static_cast<std::streamoff>(file.tellg()) : -1;
+    if (size < 0 || static_cast<std::uintmax_t>(size) > most)
         return {};
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error || size > most)
-        return {};
+    file.seekg(0);
     std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        return {};
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     const auto count = static_cast<std::size_t>(file.gcount());
     if (file.bad() || count != bytes.size() - 1)

@@ -569,7 +569,7 @@ TEST_F(ReferenceDocumentTest, FilesThatBecomePicturesObjectsAndLinks)
     insertFile(u"picture.bmp", 2);
     insertFile(u"lines.txt", 4);
     insertFile(u"http://a.example/", 0);
-    EXPECT_EQ(text(), "<picture><embedded object><linked object><embedded object>picture.bmplines.txt"
+    EXPECT_EQ(text(), "<picture bitmap 45x30><embedded object><linked object><embedded object>picture.bmplines.txt"
                       "http://a.example/<paragraph end>");
     EXPECT_FALSE(token(0).link);
     EXPECT_EQ(token(4).link, (LinkTarget{u"picture.bmp"}));
@@ -608,7 +608,7 @@ TEST_F(ReferenceDocumentTest, APictureMayBeALink)
 {
     say(M::insertImage, std::u16string(pictureName), u"www.b.example");
     say(M::insertImage, std::u16string(pictureName));
-    EXPECT_EQ(text(), "<picture><picture><paragraph end>");
+    EXPECT_EQ(text(), "<picture bitmap 45x30><picture bitmap 45x30><paragraph end>");
     EXPECT_EQ(token(0).link, (LinkTarget{u"www.b.example"}));
     EXPECT_FALSE(token(1).link);
 }

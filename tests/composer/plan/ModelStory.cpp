@@ -181,7 +181,7 @@ void ModelStory::carryOut(const Plan& plan)
         if (passage.drafted)
             base_ = endDraft(*passage.drafted);
         for (const Operation& operation : passage.operations)
-            std::visit([this](const auto& each) { perform(each); }, operation);
+            std::visit([&](const auto& each) { perform(each); }, operation);
     }
 }
 

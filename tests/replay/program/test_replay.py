@@ -74,6 +74,7 @@ class Report(ReplayTest):
     def test_settings_from_outside(self):
         """The sample sets them before it traces, so that its log has no line for them."""
         self.check_law(self.run_report(), "--set", "Word/Compose=1", "--toc-level", "2",
+                       "--set", "Word/TableStyle=Report Table", "--set", "Word/TOCTitle=Contents",
                        "--template", FILES / "report.dot")
 
     def test_another_template_and_other_contents(self):

@@ -152,7 +152,8 @@ private:
             token = *object;
         } else if (character == model::mark::picture) {
             token.kind = TokenKind::picture;
-            token.text = lookOf(*story_.runAt(at).format->shape);
+            if (const auto& shape = story_.runAt(at).format->shape; shape && shape->picture)
+                token.text = lookOf(*shape);
         } else {
             token.character = character;
             token.font = fontAt(story_, at);

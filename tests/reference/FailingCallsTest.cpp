@@ -80,7 +80,8 @@ protected:
         EXPECT_THAT(lines, testing::Contains(testing::HasSubstr(hexadecimal(code))));
     }
 
-    /// The lines of the diagnostics about failed calls; some fail in every session, such as looking for a style.
+    /// The lines of the diagnostics about failed calls; some fail in every session, such as looking for a
+    /// style.
     static std::vector<std::string> failedCallsIn(const ScratchFolder& folder)
     {
         std::vector<std::string> found;

@@ -569,8 +569,9 @@ TEST_F(ReferenceDocumentTest, FilesThatBecomePicturesObjectsAndLinks)
     insertFile(u"picture.bmp", 2);
     insertFile(u"lines.txt", 4);
     insertFile(u"http://a.example/", 0);
-    EXPECT_EQ(text(), "<picture bitmap 45x30><embedded object><linked object><embedded object>picture.bmplines.txt"
-                      "http://a.example/<paragraph end>");
+    EXPECT_EQ(text(),
+              "<picture bitmap 45x30><embedded object><linked object><embedded object>picture.bmplines.txt"
+              "http://a.example/<paragraph end>");
     EXPECT_FALSE(token(0).link);
     EXPECT_EQ(token(4).link, (LinkTarget{u"picture.bmp"}));
     EXPECT_EQ(token(15).link, (LinkTarget{u"lines.txt"}));

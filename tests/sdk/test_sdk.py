@@ -124,7 +124,8 @@ class Sdk(EndToEndTest):
         commands = re.search(r"^```\n(cmake -S .*?)^```", page, re.MULTILINE | re.DOTALL)[1].splitlines()
         for command in commands:
             words = [word.replace("FOLDER", str(self.installation)) for word in command.split()]
-            result = run(os.environ["MIROVEL_CMAKE"], *words[1:], cwd=source)
+            result = run(os.environ["MIROVEL_CMAKE"], *words[1:], cwd=source,
+                         env={**os.environ, "CXXFLAGS": f"{' '.join(STRICT)} -Wno-unknown-pragmas"})
             self.assertEqual(0, result.returncode, result.stdout + result.stderr)
         return source / "build" / "hello.exe"
 

@@ -1,7 +1,6 @@
 #include "MirovelComPage.h"
 
 #include "CComModule.h"
-#include "ExceptionTranslation.h"
 #include "PageResources.h"
 #include "StandardComPointers.h"
 #include "TemplateFileDialog.h"
@@ -40,29 +39,9 @@ TaskString loadText(UINT number)
 
 } // namespace
 
-MirovelComPage::MirovelComPage() : window_({[this] { edited(); }, [this] { browse(); }}) {}
-
-HRESULT MirovelComPage::Activate(HWND parent, LPCRECT place, BOOL /*modal*/) noexcept
-try {
-    if (place == nullptr)
-        return E_POINTER;
-    if (!IsWindow(parent))
-        return E_INVALIDARG;
-    if (window_)
-        return E_UNEXPECTED;
-    needsFilling_ = true;
-    window_.create(parent, *place);
-    return S_OK;
-} catch (...) {
-    return currentExceptionToHresult();
-}
-
-HRESULT MirovelComPage::Deactivate() noexcept
+MirovelComPage::MirovelComPage()
+    : WindowPage(PageWindow::Handlers{[this] { edited(); }, [this] { browse(); }})
 {
-    if (!window_)
-        return E_UNEXPECTED;
-    window_.destroy();
-    return S_OK;
 }
 
 HRESULT MirovelComPage::GetPageInfo(PROPPAGEINFO* info) noexcept
@@ -78,48 +57,24 @@ try {
     return currentExceptionToHresult();
 }
 
-HRESULT MirovelComPage::Show(UINT showCommand) noexcept
-try {
-    if (!window_)
-        return E_UNEXPECTED;
-    if (showCommand != SW_HIDE && needsFilling_)
-        fill();
-    window_.show(showCommand);
-    if (showCommand != SW_HIDE)
-        window_.focusFirstField();
-    return S_OK;
-} catch (...) {
-    return currentExceptionToHresult();
-}
-
-HRESULT MirovelComPage::Move(LPCRECT place) noexcept
-{
-    if (place == nullptr)
-        return E_POINTER;
-    if (!window_)
-        return E_UNEXPECTED;
-    window_.move(*place);
-    return S_OK;
-}
-
 HRESULT MirovelComPage::Apply() noexcept
 try {
-    if (!window_)
+    if (!window())
         return E_UNEXPECTED;
-    if (needsFilling_)
+    if (needsFilling())
         return S_OK; // Never shown: the empty fields are nobody's input.
     const std::optional<WordSettings::Refusal> refusal = settings_.apply(
-        window_.templateName(WordSettings::fieldLength), window_.tocLevel(WordSettings::fieldLength));
+        window().templateName(WordSettings::fieldLength), window().tocLevel(WordSettings::fieldLength));
     if (!refusal) {
         setDirty(false);
         return S_OK;
     }
-    QdxMessageBox(window_.handle(), refusal->text, "Invalid Value", MB_OK | MB_ICONEXCLAMATION);
+    QdxMessageBox(window().handle(), refusal->text, "Invalid Value", MB_OK | MB_ICONEXCLAMATION);
     if (refusal->field == WordSettings::Field::tocLevel) {
         // There is no such control without the dialog, so the focus stays where it is. It always has: users
         // are used to going on where they were.
         const HWND nowhere = GetDlgItem(nullptr, tocLevelField);
-        SendMessageW(window_.handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(nowhere), TRUE);
+        SendMessageW(window().handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(nowhere), TRUE);
     }
     return E_UNEXPECTED;
 } catch (...) {
@@ -130,11 +85,11 @@ HRESULT MirovelComPage::TranslateAccelerator(MSG* message) noexcept
 {
     if (message == nullptr)
         return E_POINTER;
-    if (!window_)
+    if (!window())
         return E_UNEXPECTED;
-    if (!window_.contains(message->hwnd))
+    if (!window().contains(message->hwnd))
         return S_FALSE;
-    if (window_.translateKey(*message))
+    if (window().translateKey(*message))
         return S_OK;
     IPropertyPageSite* const container = site();
     return container != nullptr && container->TranslateAccelerator(message) == S_OK ? S_OK : S_FALSE;
@@ -142,17 +97,9 @@ HRESULT MirovelComPage::TranslateAccelerator(MSG* message) noexcept
 
 void MirovelComPage::fill()
 {
-    window_.setTemplateName(toWide(settings_.templateName()));
-    window_.setTocLevel(settings_.tocLevel());
-    window_.setTocLevelRange(WordSettings::lowestTocLevel, WordSettings::highestTocLevel);
-    needsFilling_ = false;
-    setDirty(false);
-}
-
-void MirovelComPage::edited() noexcept
-{
-    if (!needsFilling_)
-        setDirty(true);
+    window().setTemplateName(toWide(settings_.templateName()));
+    window().setTocLevel(settings_.tocLevel());
+    window().setTocLevelRange(WordSettings::lowestTocLevel, WordSettings::highestTocLevel);
 }
 
 void MirovelComPage::browse()
@@ -161,7 +108,7 @@ void MirovelComPage::browse()
     const IUnknownPtr keepAlive(static_cast<IPropertyPage*>(this));
     // From what is stored, not from what stands in the field.
     const std::optional<std::wstring> chosen =
-        chooseTemplateFile(window_.handle(), toWide(settings_.templateName()));
+        chooseTemplateFile(window().handle(), toWide(settings_.templateName()));
     if (chosen)
-        window_.setTemplateName(chosen->c_str());
+        window().setTemplateName(chosen->c_str());
 }

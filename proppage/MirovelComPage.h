@@ -3,10 +3,10 @@
 #include "CComCoClass.h"
 #include "CComObjectRootEx.h"
 #include "CComSingleThreadModel.h"
-#include "IPropertyPageImpl.h"
 #include "InterfaceList.h"
 #include "MachineEnvironment.h"
 #include "PageWindow.h"
+#include "WindowPage.h"
 #include "WordSettings.h"
 
 #include <IDocument.h>
@@ -20,7 +20,7 @@
 /// Threading: single-threaded apartment.
 class MirovelComPage : public CComObjectRootEx<CComSingleThreadModel>,
                        public CComCoClass<MirovelComPage, &CLSID_MirovelComPage>,
-                       public IPropertyPageImpl
+                       public WindowPage<PageWindow>
 {
 public:
     using Interfaces = InterfaceList<IPropertyPage>;
@@ -28,25 +28,16 @@ public:
     MirovelComPage();
 
     // IPropertyPage
-    /// E_POINTER without a place, E_INVALIDARG without a parent, E_UNEXPECTED while the page is active.
-    STDMETHODIMP Activate(HWND parent, LPCRECT place, BOOL modal) noexcept override;
-    /// E_UNEXPECTED, as from all that follow, while the page is not active.
-    STDMETHODIMP Deactivate() noexcept override;
     /// Active or not. The caller frees the texts with CoTaskMemFree.
     STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
-    STDMETHODIMP Show(UINT showCommand) noexcept override;
-    STDMETHODIMP Move(LPCRECT place) noexcept override;
     /// E_UNEXPECTED too when a field was refused, once the user has confirmed the message about it.
     STDMETHODIMP Apply() noexcept override;
     STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
 
 private:
-    void fill();
-    void edited() noexcept;
+    void fill() override;
     void browse();
 
     MachineEnvironment machine_;
     WordSettings settings_{machine_};
-    PageWindow window_;
-    bool needsFilling_ = true;
 };

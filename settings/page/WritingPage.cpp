@@ -30,22 +30,10 @@ TaskString copied(const wchar_t* text)
     return copy;
 }
 
-/// For the catch (...) of a method that COM calls.
-HRESULT caught() noexcept
-try {
-    throw;
-} catch (const _com_error& error) {
-    return error.Error();
-} catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
-} catch (...) {
-    return E_FAIL;
-}
-
 } // namespace
 
 WritingPage::WritingPage(SettingsStore& store)
-    : settings_(store), window_({[this] { edited(); }, [this] { openLog(); }})
+    : WindowPage(WritingPageWindow::Handlers{[this] { edited(); }, [this] { openLog(); }}), settings_(store)
 {
 }
 
@@ -58,29 +46,6 @@ HRESULT WritingPage::QueryInterface(REFIID iid, void** out) noexcept
     return known ? S_OK : E_NOINTERFACE;
 }
 
-HRESULT WritingPage::Activate(HWND parent, LPCRECT place, BOOL /*modal*/) noexcept
-try {
-    if (place == nullptr)
-        return E_POINTER;
-    if (!IsWindow(parent))
-        return E_INVALIDARG;
-    if (window_)
-        return E_UNEXPECTED;
-    needsFilling_ = true;
-    window_.create(parent, *place);
-    return S_OK;
-} catch (...) {
-    return caught();
-}
-
-HRESULT WritingPage::Deactivate() noexcept
-{
-    if (!window_)
-        return E_UNEXPECTED;
-    window_.destroy();
-    return S_OK;
-}
-
 HRESULT WritingPage::GetPageInfo(PROPPAGEINFO* info) noexcept
 try {
     if (info == nullptr)
@@ -91,82 +56,50 @@ try {
     *info = {sizeof *info, ownTitle.release(), size, ownDescription.release(), nullptr, 0};
     return S_OK;
 } catch (...) {
-    return caught();
-}
-
-HRESULT WritingPage::Show(UINT showCommand) noexcept
-try {
-    if (!window_)
-        return E_UNEXPECTED;
-    if (showCommand != SW_HIDE && needsFilling_)
-        fill();
-    window_.show(showCommand);
-    if (showCommand != SW_HIDE)
-        window_.focusFirst();
-    return S_OK;
-} catch (...) {
-    return caught();
-}
-
-HRESULT WritingPage::Move(LPCRECT place) noexcept
-{
-    if (place == nullptr)
-        return E_POINTER;
-    if (!window_)
-        return E_UNEXPECTED;
-    window_.move(*place);
-    return S_OK;
+    return currentExceptionToHresult();
 }
 
 HRESULT WritingPage::Apply() noexcept
 try {
-    if (!window_)
+    if (!window())
         return E_UNEXPECTED;
-    if (needsFilling_)
+    if (needsFilling())
         return S_OK; // Never shown: the empty fields are nobody's input.
     const std::vector<Change> wanted = changes();
     std::optional<SettingName> first = refused(wanted);
     if (!first)
         first = refusedByStore(wanted);
     if (first) {
-        window_.focus(*first);
+        window().focus(*first);
         return E_UNEXPECTED;
     }
-    fill();
+    refill();
     return S_OK;
 } catch (...) {
-    return caught();
+    return currentExceptionToHresult();
 }
 
 HRESULT WritingPage::TranslateAccelerator(MSG* message) noexcept
 {
     if (message == nullptr)
         return E_POINTER;
-    if (!window_)
+    if (!window())
         return E_UNEXPECTED;
     // All other keys mean what they mean in a dialog, and the container's dialog goes through this one.
-    return window_.pressesButton(*message) ? S_OK : S_FALSE;
+    return window().pressesButton(*message) ? S_OK : S_FALSE;
 }
 
 void WritingPage::fill()
 {
     for (const SettingName setting : WritingSettings::all)
-        window_.fill(setting, settings_.read(setting));
-    needsFilling_ = false;
-    setDirty(false);
-}
-
-void WritingPage::edited() noexcept
-{
-    if (!needsFilling_)
-        setDirty(true);
+        window().fill(setting, settings_.read(setting));
 }
 
 std::vector<WritingPage::Change> WritingPage::changes() const
 {
     std::vector<Change> found;
     for (const SettingName setting : WritingSettings::all) {
-        const std::optional<std::wstring> input = window_.input(setting);
+        const std::optional<std::wstring> input = window().input(setting);
         if (input != settings_.read(setting).user)
             found.push_back({setting, input});
     }
@@ -181,7 +114,7 @@ std::optional<SettingName> WritingPage::refused(const std::vector<Change>& chang
             input ? WritingSettings::refusalOf(setting, *input) : std::nullopt;
         if (!refusal)
             continue;
-        window_.refuse(setting, *refusal);
+        window().refuse(setting, *refusal);
         if (!first)
             first = setting;
     }
@@ -195,7 +128,7 @@ std::optional<SettingName> WritingPage::refusedByStore(const std::vector<Change>
         try {
             settings_.store(setting, input);
         } catch (const StoreRefusal& refusal) {
-            window_.refuse(setting, L"Not stored: Windows refuses it. " + refusal.reason);
+            window().refuse(setting, L"Not stored: Windows refuses it. " + refusal.reason);
             if (!first)
                 first = setting;
         }
@@ -206,9 +139,9 @@ std::optional<SettingName> WritingPage::refusedByStore(const std::vector<Change>
 void WritingPage::openLog()
 {
     const auto tell = [this](const std::wstring& text) {
-        MessageBoxW(window_.handle(), text.c_str(), logTitle, MB_OK | MB_ICONINFORMATION);
+        MessageBoxW(window().handle(), text.c_str(), logTitle, MB_OK | MB_ICONINFORMATION);
     };
-    const std::wstring name = window_.shown(SettingName::diagnostics);
+    const std::wstring name = window().shown(SettingName::diagnostics);
     if (name.empty())
         return tell(L"No diagnostics are written, because no file is named for them.");
     if (WritingSettings::refusalOf(SettingName::diagnostics, name))

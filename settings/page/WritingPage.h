@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IPropertyPageImpl.h"
 #include "SettingsStore.h"
+#include "WindowPage.h"
 #include "WritingPageWindow.h"
 #include "WritingSettings.h"
 
@@ -17,7 +17,7 @@
 /// are judged and stored.
 ///
 /// Used on one thread; its life is its owner's affair.
-class WritingPage final : public IPropertyPageImpl
+class WritingPage final : public WindowPage<WritingPageWindow>
 {
 public:
     /// `store` is borrowed.
@@ -29,14 +29,8 @@ public:
     STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
 
     // IPropertyPage
-    /// E_POINTER without a place, E_INVALIDARG without a parent, E_UNEXPECTED while the page is active.
-    STDMETHODIMP Activate(HWND parent, LPCRECT place, BOOL modal) noexcept override;
-    /// E_UNEXPECTED, as from all that follow, while the page is not active.
-    STDMETHODIMP Deactivate() noexcept override;
     /// Active or not. The caller frees the texts with CoTaskMemFree.
     STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
-    STDMETHODIMP Show(UINT showCommand) noexcept override;
-    STDMETHODIMP Move(LPCRECT place) noexcept override;
     /// E_UNEXPECTED too when something was refused, once that stands below its field. Inputs that are no good
     /// keep all others from being stored; what the system refuses does not take back what came before.
     STDMETHODIMP Apply() noexcept override;
@@ -49,8 +43,7 @@ private:
         std::optional<std::wstring> input;
     };
 
-    void fill();
-    void edited() noexcept;
+    void fill() override;
     void openLog();
     [[nodiscard]] std::vector<Change> changes() const;
     /// The first setting with an input that is no good; what is wrong stands at each.
@@ -58,6 +51,4 @@ private:
     [[nodiscard]] std::optional<SettingName> refusedByStore(const std::vector<Change>& changes);
 
     WritingSettings settings_;
-    WritingPageWindow window_;
-    bool needsFilling_ = true;
 };

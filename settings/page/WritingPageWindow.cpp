@@ -137,7 +137,7 @@ void WritingPageWindow::refuse(SettingName setting, const std::wstring& words)
     SetWindowTextW(control(row, notePart), words.c_str());
 }
 
-void WritingPageWindow::focusFirst() const noexcept
+void WritingPageWindow::focusFirstField() const noexcept
 {
     SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(0, isOwnPart)), TRUE);
 }

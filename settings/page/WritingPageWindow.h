@@ -52,7 +52,7 @@ public:
     /// Says below a field why it was not taken, until that is edited.
     void refuse(SettingName setting, const std::wstring& words);
 
-    void focusFirst() const noexcept;
+    void focusFirstField() const noexcept;
     /// The field of a setting.
     void focus(SettingName setting) const noexcept;
     /// For a message of a control: true when it was Enter on the button, which is then pressed.

@@ -43,13 +43,14 @@ void tellUnknownSettings(DocSession& session)
     for (const SettingDescription& setting : settingTable)
         groups.insert(setting.group);
     for (const std::string_view group : groups)
-        for (const auto& [name, origin] : RegisterCache::namesIn(QdxString(group.data(), group.size()))) {
-            if (name.empty() || isSetting(group, name))
+        for (const RegisterCache::StoredName& stored :
+             RegisterCache::namesIn(QdxString(group.data(), group.size()))) {
+            if (stored.name.empty() || isSetting(group, stored.name))
                 continue;
             session.diagnostics.tell([&] {
                 return Event{.severity = diagnostics::Severity::warning,
                              .what = "Nobody reads this setting: " + std::string(group) + "/" +
-                                     diagnostics::utf8(name) + " (" + nameOf(origin) + ")",
+                                     diagnostics::utf8(stored.name) + " (" + nameOf(stored.origin) + ")",
                              .remedy = "Check the spelling of its name."};
             });
         }

@@ -29,7 +29,7 @@ class HowTos(EndToEndTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        subprocess.run([ROOT / "scripts" / "pictures", cls.folder], check=True, timeout=500)
+        subprocess.run([ROOT / "scripts" / "pictures", "--how-tos", cls.folder], check=True, timeout=500)
 
     def text(self, name):
         return " ".join(documents.page_texts(self.folder / f"{name}.doc"))

@@ -73,7 +73,7 @@ def is_word(process, prefix):
 class Runs(KitTest):
     def test_with_the_usual_word_everything_is_as_expected(self):
         options = [] if ALL else ["/sessions:1", "/first:6", "/report:0", "/chapters:3"]
-        outcome, result, page = self.run_kit(*options)
+        outcome, result, page = self.run_kit(*options, patience=3600 if ALL else PATIENCE)
         self.assertNoWordIsLeft()
         self.assertEqual([], [one["name"] + ": " + one["answerInWords"] for one in result["questions"] if one["outcome"] != "green"])
         self.assertEqual([], [one for one in result["documents"] if one["outcome"] != "green"])

@@ -73,7 +73,7 @@ class EndToEndTest(unittest.TestCase):
 
         options: settings and env (dictionaries), display, registration (False: the DLL is not registered),
         diagnostics (True: run-client switches them on), composing (True: run-client's own choice of writer; otherwise the
-        DLL's, the counting one), prefix (default: the module's), status (the one expected, 0 unless given; None for any).
+        DLL's, the counting one), prefix (default: the module's), status (the one expected, 0 unless given; None for any), patience (seconds).
         """
         transcript = self.folder / "transcript.txt"
         log = options.get("log", self.folder / "trace.log")
@@ -92,7 +92,7 @@ class EndToEndTest(unittest.TestCase):
         if not options.get("registration", True):
             command.append("--no-registration")
         result = subprocess.run([*command, "--", *arguments], stdin=subprocess.DEVNULL, capture_output=True,
-                                timeout=PATIENCE, check=False)
+                                timeout=options.get("patience", PATIENCE), check=False)
         outcome = Outcome(
             status=result.returncode,
             output=result.stdout.decode("utf-8", "replace").splitlines(),

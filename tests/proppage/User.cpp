@@ -169,17 +169,25 @@ HWND User::focus() const
 HWND User::dialog(const std::wstring& title) const
 {
     HWND found = nullptr;
-    waitFor("a dialog \"" + std::string(title.begin(), title.end()) + "\"", [&] {
-        for (const HWND window : topWindows(screenThread_))
-            if (isDialog(window) && textOf(window) == title)
-                found = window;
-        if (found == nullptr)
-            return false;
-        // There is no window manager that would give the keyboard to a window that the system has forgotten.
-        if (GetForegroundWindow() != found)
-            SetForegroundWindow(found);
-        return GetForegroundWindow() == found && IsChild(found, focus());
-    });
+    try {
+        waitFor("a dialog \"" + std::string(title.begin(), title.end()) + "\"", [&] {
+            for (const HWND window : topWindows(screenThread_))
+                if (isDialog(window) && textOf(window) == title)
+                    found = window;
+            if (found == nullptr)
+                return false;
+            // There is no window manager that would give the keyboard to a window that the system has
+            // forgotten.
+            if (GetForegroundWindow() != found)
+                SetForegroundWindow(found);
+            return GetForegroundWindow() == found && IsChild(found, focus());
+        });
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(std::string(error.what()) + (found == nullptr ? ": it is not there"
+                                                              : GetForegroundWindow() != found
+                                                                  ? ": it is behind another"
+                                                                  : ": it has no keyboard"));
+    }
     return found;
 }
 

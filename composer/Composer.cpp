@@ -172,13 +172,14 @@ void Composer::startTable()
 // A failure ends a call whose table is there, without the style; the next table asks again.
 void Composer::findTableStyle()
 {
-    if (isTableStyleKnown_ || look_.tableStyle.empty())
+    if (look_.tableStyle.empty())
         return;
-    if (written_->styles.holdsTableStyle(look_.tableStyle))
-        written_->tableStyle = look_.tableStyle;
+    const bool isThere = written_->styles.holdsTableStyle(look_.tableStyle);
+    const std::u16string style = std::exchange(look_.tableStyle, {});
+    if (isThere)
+        written_->tableStyle = style;
     else
-        ignored(Silence::unknownTableStyle, wide(look_.tableStyle));
-    isTableStyleKnown_ = true;
+        ignored(Silence::unknownTableStyle, wide(style));
 }
 
 void Composer::addRow()

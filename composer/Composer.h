@@ -131,8 +131,7 @@ private:
     std::wstring installDir_;
     Trace trace_;
     WriterEvents* events_;
-    Look look_;
-    bool isTableStyleKnown_ = false; ///< whether the document has it
+    Look look_; ///< without the table style, once it was looked for
     TagNames tags_;
     std::set<std::u16string> linkedBookmarks_; ///< Links to them are in Word, come the tags or not.
     std::set<std::u16string> deadTags_;        ///< Links to them were not made, or taken away.

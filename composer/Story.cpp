@@ -299,7 +299,7 @@ void Story::addPicture(const std::u16string& file, const LinkTarget* link)
         return addPictureToDraft(file, link);
     content_.settleParagraph();
     flush();
-    pen_.addPicture(place(), file, isPlainHere());
+    pen_.addPicture(place(), file, content_.isBehindEntry());
     content_.objectWritten();
     if (!link)
         return;
@@ -344,16 +344,11 @@ void Story::goOnWithDraft()
     *draft_ = next.draft;
 }
 
-bool Story::isPlainHere() const
-{
-    return ground_.isPlain && !content_.isTableOpen();
-}
-
 void Story::addObject(const EmbeddedObject& object)
 {
     content_.settleParagraph();
     flush();
-    pen_.addObject(place(), object, isPlainHere());
+    pen_.addObject(place(), object, content_.isBehindEntry());
     content_.objectWritten();
     ground_.isPlain = false;
 }

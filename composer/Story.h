@@ -64,7 +64,6 @@ private:
     void finishSteps();
     void flushInFrontOfTable();
     [[nodiscard]] KeptPicturePtr keep(const std::u16string& file) const;
-    [[nodiscard]] bool isPlainHere() const;
     void addPictureToDraft(const std::u16string& file, const LinkTarget* link);
     void goOnWithDraft();
     [[nodiscard]] Source sourceOf(std::span<const Block> blocks, const Ground& ground) const;

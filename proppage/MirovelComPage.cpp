@@ -3,22 +3,13 @@
 #include "CComModule.h"
 #include "PageResources.h"
 #include "StandardComPointers.h"
+#include "TaskString.h"
 #include "TemplateFileDialog.h"
 #include "TextConversion.h"
 #include "WinUtils/QdxMessageBox.h"
 #include "win32/WindowsError.h"
 
-#include <cstring>
-#include <memory>
-#include <new>
-
 namespace {
-
-struct TaskMemoryDeleter
-{
-    void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
-};
-using TaskString = std::unique_ptr<wchar_t, TaskMemoryDeleter>;
 
 /// A string of the module's table.
 TaskString loadText(UINT number)
@@ -28,13 +19,7 @@ TaskString loadText(UINT number)
     const int length = LoadStringW(comModule().instance(), number, reinterpret_cast<wchar_t*>(&text), 0);
     if (length == 0)
         throwLastError();
-    const std::size_t size = static_cast<std::size_t>(length) * sizeof(wchar_t);
-    TaskString copy(static_cast<wchar_t*>(CoTaskMemAlloc(size + sizeof(wchar_t))));
-    if (!copy)
-        throw std::bad_alloc();
-    std::memcpy(copy.get(), text, size);
-    copy.get()[length] = L'\0';
-    return copy;
+    return taskString({text, static_cast<std::size_t>(length)});
 }
 
 } // namespace

@@ -3,22 +3,12 @@
 #include "CComModule.h"
 #include "PageResources.h"
 #include "TextConversion.h"
-#include "win32/WindowsError.h"
 
 #include <cwchar>
 #include <cwctype>
 #include <string>
 
 namespace {
-
-HWND createDialog(HWND parent, DLGPROC procedure, PageWindow* owner)
-{
-    const HWND window = CreateDialogParamW(comModule().instance(), MAKEINTRESOURCEW(pageDialog), parent,
-                                           procedure, reinterpret_cast<LPARAM>(owner));
-    if (window == nullptr)
-        throwLastError();
-    return window;
-}
 
 bool isDown(int key) noexcept
 {
@@ -50,59 +40,38 @@ PageWindow::CommonControls::CommonControls() : library_(L"comctl32.dll")
 SIZE PageWindow::naturalSize()
 {
     const CommonControls controls;
-    // A dialog of the child style needs a parent, even to be measured.
-    const HWND window = createDialog(GetDesktopWindow(), procedure, nullptr);
-    RECT place{};
-    GetWindowRect(window, &place);
-    DestroyWindow(window);
-    return {place.right - place.left, place.bottom - place.top};
+    return ChildDialog::naturalSize(comModule().instance(), pageDialog);
 }
 
 void PageWindow::create(HWND parent, const RECT& place)
 {
     if (!controls_)
         controls_.emplace();
-    createDialog(parent, procedure, this);
+    ChildDialog::create(comModule().instance(), pageDialog, parent);
     // The container's own Tab order goes through the page.
-    SetWindowLongPtrW(window_, GWL_EXSTYLE, GetWindowLongPtrW(window_, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
+    SetWindowLongPtrW(handle(), GWL_EXSTYLE, GetWindowLongPtrW(handle(), GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
     move(place);
-}
-
-void PageWindow::destroy() noexcept
-{
-    if (window_ != nullptr)
-        DestroyWindow(window_);
-}
-
-void PageWindow::move(const RECT& place) const noexcept
-{
-    MoveWindow(window_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
-}
-
-void PageWindow::show(UINT showCommand) const noexcept
-{
-    ShowWindow(window_, static_cast<int>(showCommand));
 }
 
 void PageWindow::focusFirstField() const noexcept
 {
-    const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
+    const HWND first = GetNextDlgTabItem(handle(), nullptr, FALSE);
+    SendMessageW(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
 }
 
 void PageWindow::setTemplateName(const wchar_t* name) const noexcept
 {
-    SetDlgItemTextW(window_, templateNameField, name);
+    SetDlgItemTextW(handle(), templateNameField, name);
 }
 
 void PageWindow::setTocLevel(int level) const noexcept
 {
-    SetDlgItemInt(window_, tocLevelField, static_cast<UINT>(level), TRUE);
+    SetDlgItemInt(handle(), tocLevelField, static_cast<UINT>(level), TRUE);
 }
 
 void PageWindow::setTocLevelRange(int lowest, int highest) const noexcept
 {
-    SendDlgItemMessageW(window_, tocLevelSpin, UDM_SETRANGE32, static_cast<WPARAM>(lowest), highest);
+    SendDlgItemMessageW(handle(), tocLevelSpin, UDM_SETRANGE32, static_cast<WPARAM>(lowest), highest);
 }
 
 QdxString PageWindow::templateName(std::size_t limit) const
@@ -118,7 +87,7 @@ QdxString PageWindow::tocLevel(std::size_t limit) const
 QdxString PageWindow::text(int field, std::size_t limit) const
 {
     std::wstring text(limit + 1, L'\0');
-    GetDlgItemTextW(window_, field, text.data(), static_cast<int>(text.size()));
+    GetDlgItemTextW(handle(), field, text.data(), static_cast<int>(text.size()));
     return toNarrow(text.c_str());
 }
 
@@ -133,7 +102,7 @@ bool PageWindow::translateKey(MSG& message) const noexcept
         case VK_ESCAPE:
             return false;
         case VK_RETURN:
-            if (message.hwnd != GetDlgItem(window_, browseButton))
+            if (message.hwnd != GetDlgItem(handle(), browseButton))
                 return false;
             SendMessageW(message.hwnd, BM_CLICK, 0, 0);
             return true;
@@ -145,13 +114,13 @@ bool PageWindow::translateKey(MSG& message) const noexcept
             break;
         }
     }
-    return IsDialogMessageW(window_, &message) != FALSE;
+    return IsDialogMessageW(handle(), &message) != FALSE;
 }
 
 bool PageWindow::hasMnemonic(WPARAM character) const noexcept
 {
     const wint_t letter = std::towupper(static_cast<wint_t>(character));
-    for (HWND control = GetWindow(window_, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
+    for (HWND control = GetWindow(handle(), GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
         if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & (DLGC_STATIC | DLGC_BUTTON)) != 0 &&
             mnemonicOf(control) == letter)
             return true;
@@ -162,24 +131,11 @@ bool PageWindow::tabLeaves(HWND focus) const noexcept
 {
     if (isDown(VK_CONTROL))
         return true;
-    const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
-    return isDown(VK_SHIFT) ? focus == first : GetNextDlgTabItem(window_, focus, FALSE) == first;
+    const HWND first = GetNextDlgTabItem(handle(), nullptr, FALSE);
+    return isDown(VK_SHIFT) ? focus == first : GetNextDlgTabItem(handle(), focus, FALSE) == first;
 }
 
-INT_PTR CALLBACK PageWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-{
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(window, DWLP_USER, lParam);
-        if (PageWindow* const self = reinterpret_cast<PageWindow*>(lParam))
-            self->window_ = window;
-        return FALSE; // The focus stays where it is.
-    }
-    if (PageWindow* const self = reinterpret_cast<PageWindow*>(GetWindowLongPtrW(window, DWLP_USER)))
-        self->handle(message, wParam, lParam);
-    return FALSE;
-}
-
-void PageWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept
+INT_PTR PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept
 try {
     const int control = LOWORD(wParam);
     const int notification = HIWORD(wParam);
@@ -196,12 +152,10 @@ try {
             handlers_.edited();
         break;
     }
-    case WM_NCDESTROY:
-        window_ = nullptr;
-        break;
     default:
         break;
     }
-} catch (...) { // NOLINT(bugprone-empty-catch): the user sees that nothing has changed; there is no one else
-                // to tell.
+    return FALSE;
+} catch (...) { // The user sees that nothing has changed; there is no one else to tell.
+    return FALSE;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QdxString.h"
+#include "WinUtils/ChildDialog.h"
 #include "WinUtils/SystemLibrary.h"
 
 #include <windows.h>
@@ -16,7 +17,7 @@
 /// thread.
 ///
 /// The dialog is a resource of the module. Failures of Windows raise `_com_error`.
-class PageWindow
+class PageWindow final : public ChildDialog
 {
 public:
     /// What the user does, told while messages are dispatched. What a handler throws ends there.
@@ -27,22 +28,14 @@ public:
     };
 
     explicit PageWindow(Handlers handlers) : handlers_(std::move(handlers)) {}
-    ~PageWindow() { destroy(); }
-    PageWindow(const PageWindow&) = delete;
-    PageWindow& operator=(const PageWindow&) = delete;
+    ~PageWindow() { destroy(); } // while its controls' classes are there
 
     /// In pixels, as the template and its font make it.
     [[nodiscard]] static SIZE naturalSize();
 
     /// A hidden child of `parent`, which may destroy it.
     void create(HWND parent, const RECT& place);
-    void destroy() noexcept;
-    /// Null while there is none.
-    [[nodiscard]] HWND handle() const noexcept { return window_; }
-    explicit operator bool() const noexcept { return window_ != nullptr; }
 
-    void move(const RECT& place) const noexcept;
-    void show(UINT showCommand) const noexcept;
     void focusFirstField() const noexcept;
 
     void setTemplateName(const wchar_t* name) const noexcept;
@@ -53,7 +46,7 @@ public:
     [[nodiscard]] QdxString tocLevel(std::size_t limit) const;
 
     /// True for the messages of a control.
-    [[nodiscard]] bool contains(HWND window) const noexcept { return IsChild(window_, window) != FALSE; }
+    [[nodiscard]] bool contains(HWND window) const noexcept { return IsChild(handle(), window) != FALSE; }
     /// For a message of a control: moves between the controls, presses the button under Enter, and passes
     /// characters on. False for what belongs to the container: keys that leave the page, Enter and Escape.
     [[nodiscard]] bool translateKey(MSG& message) const noexcept;
@@ -69,13 +62,11 @@ private:
         SystemLibrary library_;
     };
 
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    void handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
     [[nodiscard]] QdxString text(int field, std::size_t limit) const;
     [[nodiscard]] bool hasMnemonic(WPARAM character) const noexcept;
     [[nodiscard]] bool tabLeaves(HWND focus) const noexcept;
 
     Handlers handlers_;
     std::optional<CommonControls> controls_;
-    HWND window_ = nullptr;
 };

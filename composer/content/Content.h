@@ -94,6 +94,8 @@ struct Paragraph
     bool isAligned = false;      ///< Word has its alignment already.
     /// Bookmarks that are in Word already, behind all that is there of it.
     std::vector<std::u16string> tagsAtEnd = {};
+    /// What is in Word of it ends in an entry, whose field is hidden.
+    bool endsInEntry = false;
 
     /// Whether it holds more than tags.
     [[nodiscard]] bool holdsAnything() const;

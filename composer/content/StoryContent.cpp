@@ -107,6 +107,7 @@ void StoryContent::objectWritten()
 {
     current().holdsWritten = true;
     current().tagsAtEnd.clear();
+    current().endsInEntry = false;
     holdsBehindBreak_ = true;
 }
 
@@ -560,6 +561,7 @@ StoryContent::LastBreak StoryContent::breakSection()
     Paragraph behind = paragraph;
     behind.items.assign(std::next(last), paragraph.items.end());
     behind.holdsWritten = false;
+    behind.endsInEntry = false;
     behind.isSettled = behind.holdsAnything(); // What comes to stand in it settles it anew.
     paragraph.items.erase(last, paragraph.items.end());
     paragraph.end = ParagraphEnd::section;
@@ -611,11 +613,14 @@ void StoryContent::lookBehindBreak()
     holdsBehindBreak_ = holdsBehindBreak_ || std::any_of(behind, items.end(), isAnything);
 }
 
-void StoryContent::keepTagsAtEnd(Paragraph& paragraph)
+void StoryContent::keepEnd(Paragraph& paragraph)
 {
-    if (std::ranges::any_of(paragraph.items, isAnything))
+    const auto last = std::ranges::find_if(paragraph.items.rbegin(), paragraph.items.rend(), isAnything);
+    if (last != paragraph.items.rend()) {
         paragraph.tagsAtEnd.clear();
-    for (auto item = paragraph.items.rbegin(); item != paragraph.items.rend() && !isAnything(*item); ++item)
+        paragraph.endsInEntry = std::holds_alternative<Entry>(last->what);
+    }
+    for (auto item = paragraph.items.rbegin(); item != last; ++item)
         if (const auto* const tag = std::get_if<Tag>(&item->what))
             paragraph.tagsAtEnd.push_back(tag->bookmark);
 }
@@ -624,7 +629,7 @@ void StoryContent::taken()
 {
     lookBehindBreak();
     const auto keepOpen = [](Paragraph& paragraph) {
-        keepTagsAtEnd(paragraph);
+        keepEnd(paragraph);
         paragraph.holdsWritten = paragraph.holdsAnything();
         paragraph.isAligned = true;
         paragraph.items.clear();

@@ -113,6 +113,8 @@ public:
     /// @}
     /// The bookmarks in Word at the place where text goes on.
     [[nodiscard]] const std::vector<std::u16string>& tagsAtEnd() { return current().tagsAtEnd; }
+    /// Whether it is directly behind an entry in Word.
+    [[nodiscard]] bool isBehindEntry() { return current().endsInEntry; }
     /// A file is to stand in paragraphs of its own: ends an open paragraph that holds anything.
     void prepareFile();
     /// It stands at the end of what was taken, in front of the open paragraph.
@@ -163,7 +165,7 @@ private:
     void writeTitle(std::u16string_view title, std::u16string_view style);
     void changeFont(FontWish font);
     void dropStaleTags();
-    static void keepTagsAtEnd(Paragraph& paragraph);
+    static void keepEnd(Paragraph& paragraph);
     [[nodiscard]] bool isBreakInOpenParagraph() const;
     void lookBehindBreak();
     void placesTaken();

@@ -510,12 +510,12 @@ void TypedPen::addPictureToDraft(Position length, const std::u16string& file)
     end_.know(base_ + length + 1);
 }
 
-void TypedPen::addPicture(const Place& place, const std::u16string& file, bool isPlain)
+void TypedPen::addPicture(const Place& place, const std::u16string& file, bool isBehindHidden)
 {
     base_ = begin(place);
     select({0, 0});
     insertPicture(file);
-    if (!isPlain) {
+    if (isBehindHidden) {
         select({0, 1});
         range_->GetFont()->Reset();
     }
@@ -543,7 +543,7 @@ void TypedPen::addTo(const Word::InlineShapesPtr& shapes, const _bstr_t& file)
     shapes->AddPicture(file, isLinked, isSaved, Word::object(range_));
 }
 
-void TypedPen::addObject(const Place& place, const EmbeddedObject& object, bool isPlain)
+void TypedPen::addObject(const Place& place, const EmbeddedObject& object, bool isBehindHidden)
 {
     constexpr long defaultIcon = 1;
     base_ = begin(place);
@@ -554,7 +554,7 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object, bool 
     collections_.inlineShapes()->AddOLEObject(classType, bstr(object.file), object.isLinked, isIcon,
                                               bstr(object.iconProgram), Word::integer(defaultIcon),
                                               bstr(object.label), Word::object(range_));
-    if (isPlain)
+    if (!isBehindHidden)
         return;
     range_->SetRange(base_, begin(place));
     range_->GetFont()->Reset();

@@ -50,13 +50,13 @@ public:
     /// @}
 
     /// \name What is put at the end of the story, or of a cell of its last table
-    /// Where that is not known to be plain, what is put there is made plain: it may stand behind hidden text.
+    /// `isBehindHidden`: Word may hide it like the text in front, and is told not to.
     /// @{
     using Place = std::optional<Passage::Cell>;
-    void addPicture(const Place& place, const std::u16string& file, bool isPlain);
+    void addPicture(const Place& place, const std::u16string& file, bool isBehindHidden);
     /// The picture added last leads there.
     void linkPicture(const LinkTarget& target);
-    void addObject(const Place& place, const EmbeddedObject& object, bool isPlain);
+    void addObject(const Place& place, const EmbeddedObject& object, bool isBehindHidden);
     /// The text of a file, in paragraphs of its own in front of the last one, which holds nothing. True when
     /// it ends in a table. `tags`: the bookmarks at the place.
     bool addFile(const Place& place, const std::u16string& file, const Ground& ground,

@@ -1,34 +1,15 @@
 #include "WritingPage.h"
 
 #include "DiagnosticsLog.h"
+#include "TaskString.h"
 
 #include <comdef.h>
-
-#include <cwchar>
-#include <memory>
-#include <new>
 
 namespace {
 
 constexpr wchar_t title[] = L"Writing";
 constexpr wchar_t description[] = L"How documents are written";
 constexpr wchar_t logTitle[] = L"Diagnostics";
-
-struct TaskMemoryDeleter
-{
-    void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
-};
-using TaskString = std::unique_ptr<wchar_t, TaskMemoryDeleter>;
-
-TaskString copied(const wchar_t* text)
-{
-    const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);
-    TaskString copy(static_cast<wchar_t*>(CoTaskMemAlloc(size)));
-    if (!copy)
-        throw std::bad_alloc();
-    std::wmemcpy(copy.get(), text, std::wcslen(text) + 1);
-    return copy;
-}
 
 } // namespace
 
@@ -50,8 +31,8 @@ HRESULT WritingPage::GetPageInfo(PROPPAGEINFO* info) noexcept
 try {
     if (info == nullptr)
         return E_POINTER;
-    TaskString ownTitle = copied(title);
-    TaskString ownDescription = copied(description);
+    TaskString ownTitle = taskString(title);
+    TaskString ownDescription = taskString(description);
     const SIZE size = WritingPageWindow::naturalSize();
     *info = {sizeof *info, ownTitle.release(), size, ownDescription.release(), nullptr, 0};
     return S_OK;

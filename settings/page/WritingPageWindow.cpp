@@ -1,7 +1,6 @@
 #include "WritingPageWindow.h"
 
 #include "WritingPageResources.h"
-#include "win32/WindowsError.h"
 
 #include <algorithm>
 #include <span>
@@ -48,30 +47,16 @@ std::wstring textOf(HWND window)
     return text;
 }
 
-HWND createDialog(HWND parent, DLGPROC procedure, WritingPageWindow* owner)
-{
-    const HWND window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(writingPageDialog),
-                                           parent, procedure, reinterpret_cast<LPARAM>(owner));
-    if (window == nullptr)
-        throwLastError();
-    return window;
-}
-
 } // namespace
 
 SIZE WritingPageWindow::naturalSize()
 {
-    // A dialog of the child style needs a parent, even to be measured.
-    const HWND window = createDialog(GetDesktopWindow(), procedure, nullptr);
-    RECT place{};
-    GetWindowRect(window, &place);
-    DestroyWindow(window);
-    return {place.right - place.left, place.bottom - place.top};
+    return ChildDialog::naturalSize(GetModuleHandleW(nullptr), writingPageDialog);
 }
 
 void WritingPageWindow::create(HWND parent, const RECT& place)
 {
-    createDialog(parent, procedure, this);
+    ChildDialog::create(GetModuleHandleW(nullptr), writingPageDialog, parent);
     prepare();
     move(place);
 }
@@ -87,22 +72,6 @@ void WritingPageWindow::prepare()
         if (choices.empty())
             SendMessageW(control(row, fieldPart), EM_SETLIMITTEXT, WritingSettings::longestText, 0);
     }
-}
-
-void WritingPageWindow::destroy() noexcept
-{
-    if (window_ != nullptr)
-        DestroyWindow(window_);
-}
-
-void WritingPageWindow::move(const RECT& place) const noexcept
-{
-    MoveWindow(window_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
-}
-
-void WritingPageWindow::show(UINT showCommand) const noexcept
-{
-    ShowWindow(window_, static_cast<int>(showCommand));
 }
 
 void WritingPageWindow::fill(SettingName setting, const SettingState& state)
@@ -139,20 +108,20 @@ void WritingPageWindow::refuse(SettingName setting, const std::wstring& words)
 
 void WritingPageWindow::focusFirstField() const noexcept
 {
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(0, isOwnPart)), TRUE);
+    SendMessageW(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(0, isOwnPart)), TRUE);
 }
 
 void WritingPageWindow::focus(SettingName setting) const noexcept
 {
     const std::size_t row = rowOf(setting);
     const HWND target = control(row, isOwn(row) ? fieldPart : isOwnPart);
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
+    SendMessageW(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
 }
 
 bool WritingPageWindow::pressesButton(const MSG& message) const noexcept
 {
     if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN ||
-        message.hwnd != GetDlgItem(window_, openLogButton))
+        message.hwnd != GetDlgItem(handle(), openLogButton))
         return false;
     SendMessageW(message.hwnd, BM_CLICK, 0, 0);
     return true;
@@ -160,7 +129,7 @@ bool WritingPageWindow::pressesButton(const MSG& message) const noexcept
 
 HWND WritingPageWindow::control(std::size_t row, int part) const noexcept
 {
-    return GetDlgItem(window_, rows_[row].number + part);
+    return GetDlgItem(handle(), rows_[row].number + part);
 }
 
 std::wstring WritingPageWindow::value(std::size_t row) const
@@ -227,20 +196,7 @@ void WritingPageWindow::command(int id, int notification)
     }
 }
 
-INT_PTR CALLBACK WritingPageWindow::procedure(HWND window, UINT message, WPARAM wParam,
-                                              LPARAM lParam) noexcept
-{
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(window, DWLP_USER, lParam);
-        if (auto* const self = reinterpret_cast<WritingPageWindow*>(lParam))
-            self->window_ = window;
-        return FALSE; // The focus stays where it is.
-    }
-    auto* const self = reinterpret_cast<WritingPageWindow*>(GetWindowLongPtrW(window, DWLP_USER));
-    return self != nullptr ? self->handle(message, wParam, lParam) : FALSE;
-}
-
-INT_PTR WritingPageWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept
+INT_PTR WritingPageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept
 try {
     switch (message) {
     case WM_COMMAND:
@@ -257,9 +213,6 @@ try {
             }
         break;
     }
-    case WM_NCDESTROY:
-        window_ = nullptr;
-        break;
     default:
         break;
     }

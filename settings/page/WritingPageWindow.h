@@ -1,5 +1,6 @@
 #pragma once
 
+#include "WinUtils/ChildDialog.h"
 #include "WritingSettings.h"
 
 #include <windows.h>
@@ -15,7 +16,7 @@
 /// value, and a line that explains the setting or says what is wrong. Used on one thread.
 ///
 /// The dialog is a resource of the program. Failures of Windows raise `_com_error`.
-class WritingPageWindow
+class WritingPageWindow final : public ChildDialog
 {
 public:
     /// What the user does, told while messages are dispatched.
@@ -26,22 +27,12 @@ public:
     };
 
     explicit WritingPageWindow(Handlers handlers) : handlers_(std::move(handlers)) {}
-    ~WritingPageWindow() { destroy(); }
-    WritingPageWindow(const WritingPageWindow&) = delete;
-    WritingPageWindow& operator=(const WritingPageWindow&) = delete;
 
     /// In pixels, as the template and its font make it.
     [[nodiscard]] static SIZE naturalSize();
 
     /// A hidden child of `parent`, which may destroy it.
     void create(HWND parent, const RECT& place);
-    void destroy() noexcept;
-    /// Null while there is none.
-    [[nodiscard]] HWND handle() const noexcept { return window_; }
-    explicit operator bool() const noexcept { return window_ != nullptr; }
-
-    void move(const RECT& place) const noexcept;
-    void show(UINT showCommand) const noexcept;
 
     /// Shows a setting as it stands, and its explanation.
     void fill(SettingName setting, const SettingState& state);
@@ -67,8 +58,7 @@ private:
         bool isRefused = false;
     };
 
-    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
     void prepare();
     void command(int control, int notification);
     void edited(std::size_t row);
@@ -80,6 +70,5 @@ private:
 
     Handlers handlers_;
     std::array<Row, WritingSettings::all.size()> rows_{};
-    HWND window_ = nullptr;
     bool isFilling_ = false;
 };

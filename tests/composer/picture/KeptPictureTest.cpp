@@ -57,6 +57,7 @@ TEST_F(KeptPictureTest, IsNoneWhereTheFileCannotBeReadOrKnown)
     EXPECT_FALSE(keepPicture(write(sample::gif()), 1000));
     EXPECT_FALSE(keepPicture(write(""), 1000));
     EXPECT_FALSE(keepPicture(u"", 1000));
+    EXPECT_FALSE(keepPicture(u"CON", 1000)) << "a console, where there is one by that name";
     EXPECT_FALSE(keepPicture({u"\xD83D", 1}, 1000)) << "half a name";
 }
 

@@ -339,6 +339,34 @@ TEST_F(ComposerTest, LetsAPictureWaitWithFragmentsWhateverBecomesOfItsFile)
     expectPicture();
 }
 
+// Word makes it smaller; a fragment would let it stand out of the page.
+TEST_F(ComposerTest, PutsAPictureThatIsWiderThanThePageInByItself)
+{
+    const auto little = [](std::size_t value) {
+        std::string bytes;
+        for (int i = 0; i < 4; ++i, value >>= 8U)
+            bytes += static_cast<char>(value & 0xFFU);
+        return bytes;
+    };
+    for (const std::size_t pixels : {500U, 1000U}) {
+        const std::size_t size = 3 * pixels;
+        const std::string bitmap = "BM" + little(54 + size) + little(0) + little(54) + little(40) +
+                                   little(pixels) + little(1) + little(0x18'0001) + little(0) + little(size) +
+                                   std::string(16 + size, '\0');
+        const std::string file = folder.write("wide.bmp", bitmap);
+        composer = std::make_unique<Composer>(Composer::Pen::fragments, trace, L"", nullptr, look);
+        composer->begin(application, document);
+        word.clearTranscript();
+        write(L"a");
+        composer->insertImage(std::wstring(file.begin(), file.end()).c_str(), L"");
+        composer->finish();
+        EXPECT_EQ(callsOf("PageWidth"), 1);
+        EXPECT_EQ(callsOf("AddPicture"), pixels == 500 ? 0 : 1);
+        EXPECT_EQ(text(), u"a\x01");
+        composer.reset();
+    }
+}
+
 /// Word does not read fragments in.
 class RefusedFragmentsTest : public ComposerTest
 {

@@ -11,6 +11,6 @@ TEST(TemporaryFolderTest, IsThatOfTheEnvironment)
     GetEnvironmentVariableW(L"TMP", former, MAX_PATH + 1);
     const std::filesystem::path folder = std::filesystem::path(temporaryFolder()) / L"own";
     SetEnvironmentVariableW(L"TMP", folder.c_str());
-    EXPECT_EQ(temporaryFolder(), folder.wstring() + L'\\');
+    EXPECT_EQ(temporaryFolder(), folder.wstring() + L"\\");
     SetEnvironmentVariableW(L"TMP", former);
 }

@@ -8,6 +8,7 @@
 #include "WriterChoice.h"
 
 #include "BusyWord.h"
+#include "TextConversion.h"
 #include "WordConstants.h"
 #include "sysSupport/SysCOMSupport.h"
 #include "sysSupport/SysFile.h"
@@ -83,7 +84,7 @@ void tellWhichWord(DocSession& session, bool wasRunning) noexcept
         std::string word = wasRunning ? "Word found running" : "Word started";
         try {
             const auto text = [](const _bstr_t& said) {
-                return diagnostics::utf8(std::wstring_view(said, said.length()));
+                return toUtf8(std::wstring_view(said, said.length()));
             };
             word.append(", version ").append(text(session.application->GetVersion()));
             word.append(", build ").append(text(session.application->GetBuild()));
@@ -232,7 +233,7 @@ void Mirovel::addDocument()
     const QdxString templateName = chooseTemplate(session.settings);
     session.diagnostics.tell([&] {
         return Event{.what = templateName.isEmpty() ? "Template chosen: Word's own default"
-                                                    : "Template chosen: " + diagnostics::utf8(templateName)};
+                                                    : "Template chosen: " + toUtf8(templateName)};
     });
     if (!templateName.isEmpty()) {
         if (SysFile::exists(templateName)) {
@@ -258,8 +259,8 @@ void Mirovel::saveDocument(const DocumentWriter& writer)
     session_->diagnostics.tell([&] {
         const auto time =
             std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - start).count();
-        return Event{.what = "Document saved in " + std::to_string(time) +
-                             " ms: " + diagnostics::utf8(session_->fileName)};
+        return Event{.what =
+                         "Document saved in " + std::to_string(time) + " ms: " + toUtf8(session_->fileName)};
     });
 }
 

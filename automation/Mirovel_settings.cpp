@@ -4,6 +4,7 @@
 
 #include "DocumentWriter.h"
 #include "RegEntry.h"
+#include "TextConversion.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,7 +20,7 @@ try {
     logCaught(exception);
     session.diagnostics.tell([&] {
         return diagnostics::Event{.severity = diagnostics::Severity::warning,
-                                  .what = diagnostics::utf8(QdxString(exception.reasonText())),
+                                  .what = toUtf8(QdxString(exception.reasonText())),
                                   .remedy = "Name a file that this user may write in Log/LogName."};
     });
 }

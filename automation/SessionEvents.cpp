@@ -15,7 +15,6 @@ namespace {
 
 using diagnostics::Event;
 using diagnostics::Severity;
-using diagnostics::utf8;
 
 std::wstring widened(std::string_view ascii)
 {
@@ -88,7 +87,7 @@ void SessionEvents::toldTheClient() noexcept
     const HRESULT reported = std::exchange(reportedCode_, S_OK);
     diagnostics_.tell([&] {
         Event event{.severity = Severity::error,
-                    .what = "The client is told: " + utf8(textOfCurrentException()),
+                    .what = "The client is told: " + toUtf8(textOfCurrentException()),
                     .code = codeOfCurrentException()};
         if (!event.code && FAILED(reported))
             event.code = static_cast<std::uint32_t>(reported);
@@ -126,7 +125,7 @@ try {
     keep(strictText(widened(method_ ? method_ : ""), Silence::swallowed, text));
     diagnostics_.tell([&] {
         return Event{.severity = Severity::warning,
-                     .what = "Swallowed: " + utf8(text) + " (" + rule + ")",
+                     .what = "Swallowed: " + toUtf8(text) + " (" + rule + ")",
                      .code = codeOfCurrentException()};
     });
 } catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
@@ -145,8 +144,8 @@ try {
     }
     diagnostics_.tell([&] {
         return Event{.severity = text.isRaised ? Severity::warning : Severity::info,
-                     .what = "Nothing done: " + utf8(whatIsWrong(why, concerned)),
-                     .remedy = utf8(text.remedy)};
+                     .what = "Nothing done: " + toUtf8(whatIsWrong(why, concerned)),
+                     .remedy = toUtf8(text.remedy)};
     });
 } catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }
@@ -167,7 +166,7 @@ try {
     diagnostics_.tell([this] {
         return Event{.severity = Severity::warning,
                      .what = "Failed while bringing into Word what waited, at the client's call " +
-                             utf8(flushedCall_)};
+                             toUtf8(flushedCall_)};
     });
 } catch (...) { // NOLINT(bugprone-empty-catch): without memory nobody is told
 }
@@ -212,10 +211,10 @@ void SessionEvents::failed(const Word::FailedCall& call)
                     textOf(call.error().Description()), textOf(call.error().Source())};
     diagnostics_.tell([&] {
         return Event{.severity = Severity::warning,
-                     .what = "Word call failed: " + utf8(failure.call),
+                     .what = "Word call failed: " + toUtf8(failure.call),
                      .code = static_cast<std::uint32_t>(failure.code),
-                     .description = utf8(failure.description),
-                     .source = utf8(failure.source)};
+                     .description = toUtf8(failure.description),
+                     .source = toUtf8(failure.source)};
     });
     lastFailure_ = std::move(failure);
 }

@@ -50,7 +50,7 @@ void tellUnknownSettings(DocSession& session)
             session.diagnostics.tell([&] {
                 return Event{.severity = diagnostics::Severity::warning,
                              .what = "Nobody reads this setting: " + std::string(group) + "/" +
-                                     diagnostics::utf8(stored.name) + " (" + nameOf(stored.origin) + ")",
+                                     toUtf8(stored.name) + " (" + nameOf(stored.origin) + ")",
                              .remedy = "Check the spelling of its name."};
             });
         }
@@ -69,7 +69,7 @@ try {
         std::string line = "Settings:";
         for (const SettingDescription& setting : settingTable) {
             const SettingValue& value = session.settings[setting.id];
-            line.append(" ").append(pathOf(setting)).append("=").append(diagnostics::utf8(value.text));
+            line.append(" ").append(pathOf(setting)).append("=").append(toUtf8(value.text));
             line.append(" (").append(nameOf(value.origin)).append(");");
         }
         return Event{.what = std::move(line)};

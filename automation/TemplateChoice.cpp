@@ -20,7 +20,7 @@ void askWhetherToContinue(DocSession& session, const QdxString& templateName, co
     }
     session.diagnostics.tell([&] {
         return diagnostics::Event{.severity = diagnostics::Severity::warning,
-                                  .what = "The user is asked: " + diagnostics::utf8(question),
+                                  .what = "The user is asked: " + toUtf8(question),
                                   .remedy = "Check Word/WordTemplateName and Settings/InstallDir."};
     });
     if (QdxMessageBox(nullptr, question, "Lumarkscribe", MB_YESNO | icon) != IDYES)

@@ -4,6 +4,7 @@
 #include "LogFile.h"
 #include "LogFileName.h"
 #include "win32/FullPath.h"
+#include "win32/TemporaryFolder.h"
 
 #include "TextConversion.h"
 
@@ -32,13 +33,6 @@ std::wstring environmentName()
     return value;
 }
 
-std::wstring temporaryFolder()
-{
-    wchar_t path[MAX_PATH + 1];
-    const DWORD length = GetTempPathW(MAX_PATH + 1, path);
-    return length <= MAX_PATH ? std::wstring(path, length) : std::wstring();
-}
-
 // A full path: the process's directory may be another one when the file is opened again.
 std::wstring pathOf(std::wstring_view name)
 {
@@ -54,21 +48,6 @@ bool isFirstReport(std::wstring_view name)
 }
 
 } // namespace
-
-std::string utf8(std::wstring_view text)
-{
-    const auto length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
-}
-
-std::string utf8(const QdxString& text)
-{
-    const _bstr_t wide = toWide(text);
-    return utf8(std::wstring_view(wide, wide.length()));
-}
 
 Diagnostics::Diagnostics() noexcept : object_(nextObject()) {}
 
@@ -97,7 +76,7 @@ void Diagnostics::openFile(std::wstring_view name)
     try {
         file_ = LogFile::open(path);
     } catch (const std::exception& exception) {
-        failure = "The diagnostics file cannot be written: " + utf8(path) + " (" + exception.what() + ")";
+        failure = "The diagnostics file cannot be written: " + toUtf8(path) + " (" + exception.what() + ")";
     }
     if (failure.empty()) {
         path_ = std::move(path);
@@ -118,7 +97,7 @@ void Diagnostics::openFile(std::wstring_view name)
 
 void Diagnostics::setDocument(std::wstring_view fileName) noexcept
 try {
-    document_ = utf8(fileName);
+    document_ = toUtf8(fileName);
 } catch (...) {
     document_.clear();
 }

@@ -12,11 +12,6 @@ namespace diagnostics {
 
 class LogFile;
 
-/// UTF-8 of UTF-16; half a surrogate pair becomes U+FFFD.
-[[nodiscard]] std::string utf8(std::wstring_view text);
-/// UTF-8 of our 8-bit text.
-[[nodiscard]] std::string utf8(const QdxString& text);
-
 /// Writes down what happens to one object, a line for each event, when somebody has named a file for it. Off,
 /// it costs a branch.
 ///

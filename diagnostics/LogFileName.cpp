@@ -1,5 +1,7 @@
 #include "LogFileName.h"
 
+#include "sysSupport/FileNames.h"
+
 #include <algorithm>
 #include <cwctype>
 
@@ -7,13 +9,10 @@ namespace diagnostics {
 
 namespace {
 
-constexpr std::wstring_view separators = L"\\/:";
-
 /// Where the extension of a bare name begins; its end without one.
 std::size_t extensionOf(std::wstring_view bare)
 {
-    const std::size_t dot = bare.find_last_of(L'.');
-    return dot == bare.npos ? bare.size() : dot;
+    return fileNames::partsOf(bare).extension;
 }
 
 bool isSameName(std::wstring_view one, std::wstring_view other)
@@ -26,22 +25,18 @@ bool isSameName(std::wstring_view one, std::wstring_view other)
 
 std::wstring_view bareName(std::wstring_view name)
 {
-    const std::size_t last = name.find_last_of(separators);
-    return last == name.npos ? name : name.substr(last + 1);
+    return name.substr(fileNames::partsOf(name).bareName);
 }
 
 std::wstring logFileName(std::wstring_view name, std::wstring_view temporaryFolder, unsigned long process)
 {
     const std::wstring_view bare = bareName(name);
-    std::wstring file(name.substr(0, name.size() - bare.size()));
-    if (file.empty() && !temporaryFolder.empty()) {
-        file = temporaryFolder;
-        if (separators.find(file.back()) == separators.npos)
-            file += L'\\';
-    }
     const std::size_t end = extensionOf(bare);
-    file.append(bare.substr(0, end)).append(L".").append(std::to_wstring(process)).append(bare.substr(end));
-    return file;
+    const std::wstring file =
+        std::wstring(bare.substr(0, end)) + L'.' + std::to_wstring(process) + std::wstring(bare.substr(end));
+    if (bare.size() == name.size())
+        return fileNames::joined(temporaryFolder, file);
+    return std::wstring(name.substr(0, name.size() - bare.size())) + file;
 }
 
 bool isLogFileName(std::wstring_view file, std::wstring_view name)

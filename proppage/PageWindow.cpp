@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr DWORD controlClasses = ICC_UPDOWN_CLASS;
+
 bool isDown(int key) noexcept
 {
     return GetKeyState(key) < 0;
@@ -31,22 +33,16 @@ wint_t mnemonicOf(HWND control) noexcept
 
 } // namespace
 
-PageWindow::CommonControls::CommonControls() : library_(L"comctl32.dll")
-{
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_UPDOWN_CLASS};
-    library_.function<decltype(InitCommonControlsEx)>("InitCommonControlsEx")(&classes);
-}
-
 SIZE PageWindow::naturalSize()
 {
-    const CommonControls controls;
+    const CommonControls controls(controlClasses);
     return ChildDialog::naturalSize(comModule().instance(), pageDialog);
 }
 
 void PageWindow::create(HWND parent, const RECT& place)
 {
     if (!controls_)
-        controls_.emplace();
+        controls_.emplace(controlClasses);
     ChildDialog::create(comModule().instance(), pageDialog, parent);
     // The container's own Tab order goes through the page.
     SetWindowLongPtrW(handle(), GWL_EXSTYLE, GetWindowLongPtrW(handle(), GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
@@ -135,8 +131,8 @@ bool PageWindow::tabLeaves(HWND focus) const noexcept
     return isDown(VK_SHIFT) ? focus == first : GetNextDlgTabItem(handle(), focus, FALSE) == first;
 }
 
-INT_PTR PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept
-try {
+INT_PTR PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam)
+{
     const int control = LOWORD(wParam);
     const int notification = HIWORD(wParam);
     switch (message) {
@@ -155,7 +151,5 @@ try {
     default:
         break;
     }
-    return FALSE;
-} catch (...) { // The user sees that nothing has changed; there is no one else to tell.
     return FALSE;
 }

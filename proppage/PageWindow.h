@@ -2,7 +2,7 @@
 
 #include "QdxString.h"
 #include "WinUtils/ChildDialog.h"
-#include "WinUtils/SystemLibrary.h"
+#include "WinUtils/CommonControls.h"
 
 #include <windows.h>
 
@@ -52,17 +52,7 @@ public:
     [[nodiscard]] bool translateKey(MSG& message) const noexcept;
 
 private:
-    /// The window class of the up-down control; must outlive the windows.
-    class CommonControls
-    {
-    public:
-        CommonControls();
-
-    private:
-        SystemLibrary library_;
-    };
-
-    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
+    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) override;
     [[nodiscard]] QdxString text(int field, std::size_t limit) const;
     [[nodiscard]] bool hasMnemonic(WPARAM character) const noexcept;
     [[nodiscard]] bool tabLeaves(HWND focus) const noexcept;

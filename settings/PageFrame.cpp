@@ -79,10 +79,8 @@ bool isDown(int key) noexcept
 } // namespace
 
 PageFrame::PageFrame(std::vector<IPropertyPage*> pages)
-    : commonControls_(L"comctl32.dll"), pages_(std::move(pages))
+    : commonControls_(ICC_TAB_CLASSES), pages_(std::move(pages))
 {
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES};
-    commonControls_.function<decltype(InitCommonControlsEx)>("InitCommonControlsEx")(&classes);
     window_ = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(frameDialog), nullptr, procedure,
                                  reinterpret_cast<LPARAM>(this));
     if (window_ == nullptr)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WinUtils/SystemLibrary.h"
+#include "WinUtils/CommonControls.h"
 
 #include <windows.h>
 
@@ -62,7 +62,7 @@ private:
     [[nodiscard]] HWND tabs() const noexcept;
     [[nodiscard]] RECT inPixels(RECT dialogUnits) const noexcept;
 
-    SystemLibrary commonControls_; ///< With the window class of the tabs; must outlive the window.
+    CommonControls commonControls_;
     std::vector<IPropertyPage*> pages_;
     std::size_t front_ = 0;
     HWND window_ = nullptr;

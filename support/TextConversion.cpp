@@ -67,3 +67,27 @@ _bstr_t toWide(const QdxString& text)
         MultiByteToWideChar(page, 0, text.data(), length, wide, needed);
     return {wide, false};
 }
+
+std::string toUtf8(std::wstring_view text)
+{
+    const auto length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+std::string toUtf8(const QdxString& text)
+{
+    const _bstr_t wide = toWide(text);
+    return toUtf8(std::wstring_view(wide, wide.length()));
+}
+
+std::wstring fromUtf8(std::string_view text)
+{
+    const auto length = static_cast<int>(text.size());
+    const int size = MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), length, wide.data(), size);
+    return wide;
+}

@@ -19,6 +19,7 @@
 struct MirovelSectionData
 {
     Word::_DocumentPtr document;
+    /// The Word that the writer was given with the document. Nothing here calls it: it is part of the record.
     Word::_ApplicationPtr application;
     Word::RangePtr range; ///< The output range: text outside tables goes after it.
 

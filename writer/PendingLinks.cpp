@@ -24,9 +24,3 @@ PendingLinks::iterator PendingLinks::erase(iterator link)
         unresolved_.erase(entry);
     return links_.erase(link);
 }
-
-void PendingLinks::clear()
-{
-    unresolved_.clear();
-    links_.clear();
-}

@@ -25,7 +25,6 @@ public:
     void resolve(const QdxString& bookmark);
     /// Returns the link behind the erased one.
     iterator erase(iterator link);
-    void clear();
 
     iterator begin() { return links_.begin(); }
     iterator end() { return links_.end(); }

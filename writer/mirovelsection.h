@@ -32,7 +32,7 @@ struct MirovelSectionData;
 /// E_POINTER; nothing that was done before it is undone. Exceptions to that are named at the method.
 ///
 /// Threading: one writer is used by one thread at a time. The cache of style fonts is shared by all writers
-/// of the process and not locked.
+/// of the process, behind a lock.
 class MirovelSection : public QdxObject
 {
 public:

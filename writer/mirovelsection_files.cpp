@@ -2,10 +2,9 @@
 
 #include "MirovelSectionData.h"
 #include "TextConversion.h"
+#include "sysSupport/FileNames.h"
 #include "sysSupport/SysFile.h"
 
-#include <algorithm>
-#include <array>
 #include <ostream>
 
 namespace {
@@ -136,7 +135,5 @@ bool MirovelSection::foundFile(QdxString& fileName)
 
 bool MirovelSection::itsAPicture(const QdxString& fileName)
 {
-    static constexpr std::array pictureExtensions = {".bmp", ".jpg", ".jpeg", ".gif", ".emf"};
-    const QdxString extension = SysFile::getExtension(fileName);
-    return std::ranges::any_of(pictureExtensions, [&](const char* picture) { return extension == picture; });
+    return fileNames::isPictureExtension(SysFile::getExtension(fileName).data());
 }

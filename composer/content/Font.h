@@ -40,11 +40,6 @@ struct FontWish
     std::optional<bool> isUnderlined = {};
     std::optional<bool> isStruck = {};
 
-    /// Whether anything was said beyond the style.
-    [[nodiscard]] bool changesAnything() const
-    {
-        return name || size || isBold || isItalic || isUnderlined || isStruck;
-    }
     bool operator==(const FontWish&) const = default;
 };
 

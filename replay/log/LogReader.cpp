@@ -192,80 +192,86 @@ private:
         }
     }
 
+    /// Texts in quotes, and the number behind them, which has no quote in it: what stands between the quotes,
+    /// nothing without a number.
+    static std::optional<std::string_view> takeNumber(std::string_view body, Reading& reading)
+    {
+        const std::size_t end = body.rfind("\",");
+        if (end == body.npos || end == 0)
+            return std::nullopt;
+        const std::optional<int> number = numberFrom(body.substr(end + 2));
+        reading.call.number = number.value_or(0);
+        return number ? std::optional(body.substr(1, end - 1)) : std::nullopt;
+    }
+
+    enum class Cut
+    {
+        atFirst,
+        atLast
+    };
+
+    /// Which separator divides the two texts is in doubt when one of them holds it, too.
+    static bool takeTwo(std::string_view texts, std::string_view separator, Cut cut, Reading& reading)
+    {
+        const Separation places = separationOf(texts, separator);
+        const std::size_t place = cut == Cut::atFirst ? places.first : places.last;
+        if (place == texts.npos)
+            return false;
+        reading.call.texts[0] = texts.substr(0, place);
+        reading.call.texts[1] = texts.substr(place + separator.size());
+        reading.areArgumentsInDoubt = places.first != places.last;
+        return true;
+    }
+
+    /// The names of a setting hold no quotes; its value may.
+    static bool takeSetting(std::string_view texts, Reading& reading)
+    {
+        constexpr std::string_view separator = "\",\"";
+        const std::size_t name = texts.find(separator);
+        const std::size_t value =
+            name == texts.npos ? texts.npos : texts.find(separator, name + separator.size());
+        if (value == texts.npos)
+            return false;
+        reading.call.texts[0] = texts.substr(0, name);
+        reading.call.texts[1] = texts.substr(name + separator.size(), value - name - separator.size());
+        reading.call.texts[2] = texts.substr(value + separator.size());
+        reading.areArgumentsInDoubt = texts.find(separator, name + 1) != texts.rfind(separator);
+        return true;
+    }
+
     /// Divides what stands between the brackets; nothing when that is not what the method writes.
     [[nodiscard]] static std::optional<Reading> divide(Method method, std::string_view body)
     {
         Reading reading{{.method = method}};
-        auto& [first, second, third] = reading.call.texts;
+        bool isDivided = false;
         switch (formOf(method).arguments) {
         case Arguments::text:
-            if (body.size() < 2 || !body.ends_with('"'))
-                return std::nullopt;
-            first = body.substr(1, body.size() - 2);
-            return reading;
-        case Arguments::textAndNumber: {
-            // The number has no quote in it.
-            const std::size_t end = body.rfind("\",");
-            const std::optional<int> number =
-                end == body.npos || end == 0 ? std::nullopt : numberFrom(body.substr(end + 2));
-            if (!number)
-                return std::nullopt;
-            first = body.substr(1, end - 1);
-            reading.call.number = *number;
-            return reading;
-        }
-        case Arguments::twoTexts: {
-            // A label may be anything; what it leads to seldom holds quotes.
-            constexpr std::string_view separator = "\",\"";
-            if (body.size() < 2 + separator.size() || !body.ends_with('"'))
-                return std::nullopt;
-            const std::string_view inner = body.substr(1, body.size() - 2);
-            const Separation places = separationOf(inner, separator);
-            if (places.last == inner.npos)
-                return std::nullopt;
-            first = inner.substr(0, places.last);
-            second = inner.substr(places.last + separator.size());
-            reading.areArgumentsInDoubt = places.first != places.last;
-            return reading;
-        }
-        case Arguments::pictureAndText: {
-            // No name of a file holds quotes.
-            constexpr std::string_view separator = ",\"";
-            if (!body.ends_with('"') || body.size() < 1 + separator.size())
-                return std::nullopt;
-            const std::string_view inner = body.substr(0, body.size() - 1);
-            const Separation places = separationOf(inner, separator);
-            if (places.first == inner.npos)
-                return std::nullopt;
-            first = inner.substr(0, places.first);
-            second = inner.substr(places.first + separator.size());
-            reading.areArgumentsInDoubt = places.first != places.last;
-            return reading;
-        }
-        case Arguments::setting: {
-            // The names of a setting hold no quotes.
-            constexpr std::string_view separator = "\",\"";
-            const std::size_t end = body.rfind("\",");
-            const std::optional<int> number =
-                end == body.npos || end == 0 ? std::nullopt : numberFrom(body.substr(end + 2));
-            if (!number)
-                return std::nullopt;
-            const std::string_view inner = body.substr(1, end - 1);
-            const std::size_t name = inner.find(separator);
-            const std::size_t value =
-                name == inner.npos ? inner.npos : inner.find(separator, name + separator.size());
-            if (value == inner.npos)
-                return std::nullopt;
-            first = inner.substr(0, name);
-            second = inner.substr(name + separator.size(), value - name - separator.size());
-            third = inner.substr(value + separator.size());
-            reading.areArgumentsInDoubt = inner.find(separator, name + 1) != inner.rfind(separator);
-            reading.call.number = *number;
-            return reading;
-        }
+            isDivided = body.size() >= 2 && body.ends_with('"');
+            if (isDivided)
+                reading.call.texts[0] = body.substr(1, body.size() - 2);
+            break;
+        case Arguments::textAndNumber:
+            if (const std::optional<std::string_view> text = takeNumber(body, reading)) {
+                reading.call.texts[0] = *text;
+                isDivided = true;
+            }
+            break;
+        case Arguments::twoTexts: // A label may be anything; what it leads to seldom holds quotes.
+            isDivided = body.size() >= 2 && body.ends_with('"') &&
+                        takeTwo(body.substr(1, body.size() - 2), "\",\"", Cut::atLast, reading);
+            break;
+        case Arguments::pictureAndText: // No name of a file holds quotes.
+            isDivided =
+                body.ends_with('"') && takeTwo(body.substr(0, body.size() - 1), ",\"", Cut::atFirst, reading);
+            break;
+        case Arguments::setting:
+            if (const std::optional<std::string_view> texts = takeNumber(body, reading))
+                isDivided = takeSetting(*texts, reading);
+            break;
         default:
-            return std::nullopt;
+            break;
         }
+        return isDivided ? std::optional(reading) : std::nullopt;
     }
 
     /// Where the last argument may begin at the earliest; `npos` where separators are missing.

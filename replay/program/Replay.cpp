@@ -35,7 +35,7 @@ public:
 
 std::filesystem::path pathOf(const std::string& name)
 {
-    return wideFromUtf8(name);
+    return fromUtf8(name);
 }
 
 /// Word and the object have current folders of their own, or none.
@@ -43,13 +43,13 @@ std::string fullName(const std::string& name)
 {
     std::error_code error;
     const std::filesystem::path full = std::filesystem::absolute(pathOf(name), error);
-    return error ? name : utf8FromWide(full.wstring());
+    return error ? name : toUtf8(full.wstring());
 }
 
 /// As the interface takes it: the code page must hold all of it.
 std::string said(const std::string& text)
 {
-    const std::wstring wide = wideFromUtf8(text);
+    const std::wstring wide = fromUtf8(text);
     const QdxString narrow = toNarrow(wide.c_str());
     if (static_cast<const wchar_t*>(toWide(narrow)) != wide && !wide.empty())
         throw CannotReplay(ExitStatus::usage, "This computer's code page lacks characters of " + text + ".");
@@ -208,7 +208,7 @@ private:
     try {
         work();
     } catch (const NoSuchName& error) {
-        throw CannotReplay(ExitStatus::usage, task.name + ": " + utf8FromAnsi(error.what()));
+        throw CannotReplay(ExitStatus::usage, task.name + ": " + toUtf8(QdxString(error.what())));
     }
 
     ExitStatus check(const std::vector<Task>& tasks) const
@@ -283,8 +283,7 @@ private:
         try {
             return std::make_unique<LibraryClass>(pathOf(fullName(options_.dll)).wstring());
         } catch (const _com_error& error) {
-            throw CannotReplay(ExitStatus::noObject,
-                               options_.dll + ": " + utf8FromWide(error.ErrorMessage()));
+            throw CannotReplay(ExitStatus::noObject, options_.dll + ": " + toUtf8(error.ErrorMessage()));
         }
     }
 
@@ -310,7 +309,7 @@ private:
         } catch (const _com_error& error) {
             throw CannotReplay(
                 ExitStatus::noObject,
-                "There is no object to call: " + utf8FromWide(error.ErrorMessage()) +
+                "There is no object to call: " + toUtf8(error.ErrorMessage()) +
                     (options_.dll.empty() ? "\nInstall Mirovelcom, or name its DLL with --dll." : ""));
         }
         progress.end();
@@ -321,8 +320,8 @@ private:
     {
         for (const Failure& failure : played.failures)
             console_.complain(task.name + ", line " + std::to_string(failure.line) + ": " +
-                              std::string(failure.method) + ": " + oneLine(utf8FromAnsi(failure.text)) +
-                              "\n");
+                              std::string(failure.method) + ": " +
+                              oneLine(toUtf8(QdxString(failure.text.c_str()))) + "\n");
         std::array<char, 32> time{};
         std::snprintf(time.data(), time.size(), "%.1f s", seconds);
         if (!options_.isQuiet)

@@ -1,6 +1,8 @@
 // mirovel-replay.exe: makes the calls of a trace log. docs/replay.md says how it is used.
 #include "Replay.h"
 
+#include "TextConversion.h"
+
 #include <comdef.h>
 
 #include <atomic>
@@ -42,7 +44,7 @@ int wmain(int count, wchar_t** values)
     const Console console;
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i)
-        arguments.push_back(utf8FromWide(values[i]));
+        arguments.push_back(toUtf8(values[i]));
     const std::variant<Options, Answer> parsed = parseOptions(std::move(arguments));
     if (const auto* const answer = std::get_if<Answer>(&parsed)) {
         answer->isRefusal ? console.complain(answer->text) : console.say(answer->text);

@@ -1,18 +1,12 @@
 #include "DiagnosticsLog.h"
 
 #include "LogFileName.h"
+#include "win32/TemporaryFolder.h"
 #include "win32/WindowsError.h"
 
 #include <system_error>
 
 namespace {
-
-std::wstring temporaryFolder()
-{
-    std::wstring folder(MAX_PATH + 1, L'\0');
-    folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
-    return folder;
-}
 
 std::filesystem::path folderOf(const std::wstring& name)
 {

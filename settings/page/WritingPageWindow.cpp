@@ -196,8 +196,8 @@ void WritingPageWindow::command(int id, int notification)
     }
 }
 
-INT_PTR WritingPageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept
-try {
+INT_PTR WritingPageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam)
+{
     switch (message) {
     case WM_COMMAND:
         command(LOWORD(wParam), HIWORD(wParam));
@@ -216,7 +216,5 @@ try {
     default:
         break;
     }
-    return FALSE;
-} catch (...) { // The user sees that nothing has changed; there is no one else to tell.
     return FALSE;
 }

@@ -58,7 +58,7 @@ private:
         bool isRefused = false;
     };
 
-    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept override;
+    INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) override;
     void prepare();
     void command(int control, int notification);
     void edited(std::size_t row);

@@ -20,7 +20,6 @@ protected:
     Word::OptionsPtr getOptions() override;
     bool getVisible() override { return visible_; }
     void putVisible(bool visible) override { visible_ = visible; }
-    bool getUserControl() override { return visible_; }
     long getDisplayAlerts() override { return displayAlerts_; }
     void putDisplayAlerts(long level) override;
     void doQuit(const VARIANT& saveChanges, const VARIANT& originalFormat,

@@ -37,8 +37,7 @@ model::Bookmarks& BookmarksObject::bookmarks() const
 std::vector<model::BookmarkPtr> BookmarksObject::shown() const
 {
     std::vector<model::BookmarkPtr> found = bookmarks().all();
-    if (!bookmarks().showsHidden)
-        std::erase_if(found, [](const model::BookmarkPtr& each) { return each->isHidden(); });
+    std::erase_if(found, [](const model::BookmarkPtr& each) { return each->isHidden(); });
     if (scope_) {
         std::erase_if(found,
                       [this](const model::BookmarkPtr& each) { return !touches(each->range(), *scope_); });

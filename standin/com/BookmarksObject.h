@@ -18,8 +18,6 @@ public:
 
 protected:
     long getCount() override { return static_cast<long>(shown().size()); }
-    bool getShowHidden() override { return bookmarks().showsHidden; }
-    void putShowHidden(bool shows) override { bookmarks().showsHidden = shows; }
     Word::BookmarkPtr doItem(const VARIANT& index) override;
     Word::BookmarkPtr doAdd(std::u16string_view name, const VARIANT& range) override;
     bool doExists(std::u16string_view name) override { return bookmarks().find(name) != nullptr; }

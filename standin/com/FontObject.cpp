@@ -1,15 +1,10 @@
 #include "FontObject.h"
 
+#include "StyleObject.h"
+
 namespace standin {
 namespace {
 constexpr float largestFontSize = 1638;
-
-model::Style& styleOfOpen(const model::DocumentPtr& document, const model::StylePtr& style)
-{
-    if (document->isClosed())
-        throw model::WordError(model::WordErrorNumber::objectDeleted);
-    return *style;
-}
 } // namespace
 
 long flagValue(const std::optional<bool>& flag)
@@ -43,9 +38,9 @@ FontTarget FontObject::targetOf(const model::LiveRange& range)
 
 FontTarget FontObject::targetOf(model::DocumentPtr document, model::StylePtr style)
 {
-    return {[document, style] { return styleOfOpen(document, style).resolvedFont(); },
+    return {[document, style] { return StyleObject::ofOpen(document, style).resolvedFont(); },
             [document, style](const model::FontProperties& properties) {
-                styleOfOpen(document, style).font.overlay(properties);
+                StyleObject::ofOpen(document, style).font.overlay(properties);
                 document->touched();
             }};
 }

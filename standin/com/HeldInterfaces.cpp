@@ -7,12 +7,6 @@ namespace standin {
 
 namespace {
 
-void check(HRESULT result)
-{
-    if (FAILED(result))
-        throw _com_error(result);
-}
-
 const std::array heldInterfaces = {
     __uuidof(IDispatch),
     __uuidof(Word::_Application),
@@ -71,8 +65,9 @@ HeldInterfaces::HeldInterfaces()
     static Nobody nobody;
     for (const IID& interfaceId : heldInterfaces) {
         IStreamPtr stream;
-        check(CreateStreamOnHGlobal(nullptr, TRUE, &stream));
-        check(CoMarshalInterface(stream, interfaceId, &nobody, MSHCTX_LOCAL, nullptr, MSHLFLAGS_TABLESTRONG));
+        _com_util::CheckError(CreateStreamOnHGlobal(nullptr, TRUE, &stream));
+        _com_util::CheckError(
+            CoMarshalInterface(stream, interfaceId, &nobody, MSHCTX_LOCAL, nullptr, MSHLFLAGS_TABLESTRONG));
         marshaled_.push_back(stream);
     }
 }

@@ -104,12 +104,6 @@ const std::shared_ptr<Server>& Session::server() const
 }
 
 namespace {
-void checkSucceeded(HRESULT result)
-{
-    if (FAILED(result))
-        throw _com_error(result);
-}
-
 /// A key made for a while: it goes away again unless it was there before.
 class TemporaryKey
 {
@@ -120,7 +114,7 @@ public:
         DWORD disposition = 0;
         const LSTATUS made = RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
                                              nullptr, &key, &disposition);
-        checkSucceeded(HRESULT_FROM_WIN32(static_cast<unsigned long>(made)));
+        _com_util::CheckError(HRESULT_FROM_WIN32(static_cast<unsigned long>(made)));
         isOwn_ = disposition == REG_CREATED_NEW_KEY;
         if (isOwn_ && value)
             RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(value),
@@ -154,7 +148,7 @@ struct ClassRegistration::State
                                                          REGCLS_MULTIPLEUSE, &registration);
         if (FAILED(registered))
             factory->Release();
-        checkSucceeded(registered);
+        _com_util::CheckError(registered);
     }
 
     ~State()
@@ -183,8 +177,8 @@ long ClassRegistration::created() const
 
 RunningApplication::RunningApplication(const Session& session)
 {
-    checkSucceeded(RegisterActiveObject(session.application().GetInterfacePtr(), applicationClassId,
-                                        ACTIVEOBJECT_WEAK, &registration_));
+    _com_util::CheckError(RegisterActiveObject(session.application().GetInterfacePtr(), applicationClassId,
+                                               ACTIVEOBJECT_WEAK, &registration_));
 }
 
 RunningApplication::~RunningApplication()

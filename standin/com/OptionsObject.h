@@ -13,8 +13,6 @@ protected:
     void putCheckSpellingAsYouType(bool check) override { options().checkSpellingAsYouType = check; }
     bool getCheckGrammarAsYouType() override { return options().checkGrammarAsYouType; }
     void putCheckGrammarAsYouType(bool check) override { options().checkGrammarAsYouType = check; }
-    bool getConfirmConversions() override { return options().confirmConversions; }
-    void putConfirmConversions(bool confirm) override { options().confirmConversions = confirm; }
 
 private:
     model::Options& options() const { return server().model().options; }

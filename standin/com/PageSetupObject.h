@@ -21,8 +21,6 @@ protected:
     float getRightMargin() override { return points(&model::PageSetup::rightMargin); }
     float getPageWidth() override { return points(&model::PageSetup::pageWidth); }
     float getPageHeight() override { return points(&model::PageSetup::pageHeight); }
-    float getHeaderDistance() override { return points(&model::PageSetup::headerDistance); }
-    float getFooterDistance() override { return points(&model::PageSetup::footerDistance); }
     long getOrientation() override;
     void putOrientation(long value) override;
 

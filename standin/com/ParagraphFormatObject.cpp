@@ -4,15 +4,6 @@
 #include "StyleObject.h"
 
 namespace standin {
-namespace {
-model::Style& styleOfOpen(const model::DocumentPtr& document, const model::StylePtr& style)
-{
-    if (document->isClosed())
-        throw model::WordError(model::WordErrorNumber::objectDeleted);
-    return *style;
-}
-} // namespace
-
 ParagraphFormatObject::ParagraphFormatObject(std::shared_ptr<Server> server, ParagraphTarget target)
     : ParagraphFormatBase(std::move(server)), target_(std::move(target))
 {
@@ -33,9 +24,9 @@ ParagraphTarget ParagraphFormatObject::targetOf(const model::LiveRange& range)
 
 ParagraphTarget ParagraphFormatObject::targetOf(model::DocumentPtr document, model::StylePtr style)
 {
-    return {[document, style] { return styleOfOpen(document, style).resolvedParagraph(); },
+    return {[document, style] { return StyleObject::ofOpen(document, style).resolvedParagraph(); },
             [document, style](const model::ParagraphProperties& properties) {
-                styleOfOpen(document, style).paragraph.overlay(properties);
+                StyleObject::ofOpen(document, style).paragraph.overlay(properties);
                 document->touched();
             }};
 }

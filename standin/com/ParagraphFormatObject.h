@@ -31,9 +31,6 @@ protected:
     long getAlignment() override;
     void putAlignment(long value) override;
     float getLeftIndent() override { return points(target_.read().leftIndent); }
-    float getFirstLineIndent() override { return points(target_.read().firstLineIndent); }
-    float getSpaceBefore() override { return points(target_.read().spaceBefore); }
-    float getSpaceAfter() override { return points(target_.read().spaceAfter); }
 
 private:
     static float points(const std::optional<float>& value);

@@ -60,7 +60,6 @@ protected:
                                     const VARIANT& applyFirstColumn, const VARIANT& applyLastColumn,
                                     const VARIANT& autoFit, const VARIANT& autoFitBehavior,
                                     const VARIANT& defaultTableBehavior) override;
-    void doInsertParagraph() override { range_.insertParagraph(); }
     void doInsertParagraphAfter() override { range_.insertParagraphAfter(); }
 
 private:

@@ -12,16 +12,10 @@ namespace {
 _COM_SMARTPTR_TYPEDEF(IRunningObjectTable, __uuidof(IRunningObjectTable));
 _COM_SMARTPTR_TYPEDEF(IMoniker, __uuidof(IMoniker));
 
-void checkSucceeded(HRESULT result)
-{
-    if (FAILED(result))
-        throw _com_error(result);
-}
-
 IRunningObjectTablePtr runningObjects()
 {
     IRunningObjectTablePtr table;
-    checkSucceeded(GetRunningObjectTable(0, &table));
+    _com_util::CheckError(GetRunningObjectTable(0, &table));
     return table;
 }
 
@@ -111,11 +105,11 @@ void Server::enterDocument(const model::DocumentPtr& document)
         return;
     revokeDocument(*document);
     IMonikerPtr moniker;
-    checkSucceeded(CreateFileMoniker(fullNameOf(*document).c_str(), &moniker));
+    _com_util::CheckError(CreateFileMoniker(fullNameOf(*document).c_str(), &moniker));
     DWORD registration = 0;
     const Word::_DocumentPtr object = this->document(document);
-    checkSucceeded(runningObjects()->Register(ROTFLAGS_REGISTRATIONKEEPSALIVE, object.GetInterfacePtr(),
-                                              moniker, &registration));
+    _com_util::CheckError(runningObjects()->Register(ROTFLAGS_REGISTRATIONKEEPSALIVE,
+                                                     object.GetInterfacePtr(), moniker, &registration));
     documents_[document.get()].registration = registration;
 }
 
@@ -132,10 +126,10 @@ ITypeInfoPtr Server::typeInfo(const IID& interfaceId)
 {
     if (!library_) {
         const std::wstring file = ownFile() + L'\\' + std::to_wstring(STANDIN_TYPELIB_RESOURCE);
-        checkSucceeded(LoadTypeLibEx(file.c_str(), REGKIND_NONE, &library_));
+        _com_util::CheckError(LoadTypeLibEx(file.c_str(), REGKIND_NONE, &library_));
     }
     ITypeInfoPtr information;
-    checkSucceeded(library_->GetTypeInfoOfGuid(interfaceId, &information));
+    _com_util::CheckError(library_->GetTypeInfoOfGuid(interfaceId, &information));
     return information;
 }
 

@@ -21,11 +21,11 @@ const model::Style& StyleObject::of(IUnknown* object)
     return found->style();
 }
 
-model::Style& StyleObject::style() const
+model::Style& StyleObject::ofOpen(const model::DocumentPtr& document, const model::StylePtr& style)
 {
-    if (document_->isClosed())
+    if (document->isClosed())
         throw model::WordError(model::WordErrorNumber::objectDeleted);
-    return *style_;
+    return *style;
 }
 
 long StyleObject::getType()

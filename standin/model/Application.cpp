@@ -1,20 +1,11 @@
 #include "Application.h"
 
+#include "Decimal.h"
 #include "WordError.h"
 
 #include <algorithm>
 
 namespace standin::model {
-
-namespace {
-
-std::u16string decimal(std::int32_t number)
-{
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
-} // namespace
 
 Application::~Application()
 {

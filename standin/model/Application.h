@@ -13,7 +13,6 @@ struct Options
 {
     bool checkSpellingAsYouType = true;
     bool checkGrammarAsYouType = true;
-    bool confirmConversions = false;
 };
 
 /// What one running Word holds: options and open documents.

@@ -18,6 +18,7 @@ public:
 
     const std::u16string& name() const { return name_; }
     /// A leading underscore hides a bookmark from who does not ask for hidden ones.
+    /// Hidden ones are not listed.
     bool isHidden() const { return name_.front() == u'_'; }
     bool exists() const;
 
@@ -42,8 +43,6 @@ using BookmarkPtr = std::shared_ptr<Bookmark>;
 class Bookmarks
 {
 public:
-    bool showsHidden = false; ///< whether clients see hidden ones when they list bookmarks
-
     /// At most 40 letters, digits and underscores, the first one no digit.
     static bool isName(std::u16string_view name);
 

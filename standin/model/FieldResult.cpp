@@ -1,6 +1,7 @@
 #include "FieldResult.h"
 
 #include "Bookmarks.h"
+#include "Decimal.h"
 #include "Document.h"
 #include "PageNumbers.h"
 #include "VisibleText.h"
@@ -11,12 +12,6 @@ namespace standin::model {
 namespace {
 
 constexpr std::u16string_view noBookmark = u"Error! Bookmark not defined.";
-
-std::u16string decimal(std::int32_t number)
-{
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
 
 std::u16string timeText(const Document& document, const FieldCode& code, std::u16string_view usualPicture)
 {

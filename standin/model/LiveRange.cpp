@@ -168,12 +168,6 @@ void LiveRange::insertBefore(std::u16string_view text)
     place(at, std::max(past, end()));
 }
 
-void LiveRange::insertParagraph()
-{
-    const char16_t text = mark::paragraph;
-    setText({&text, 1});
-}
-
 void LiveRange::insertParagraphAfter()
 {
     const char16_t text = mark::paragraph;

@@ -52,7 +52,6 @@ public:
     /// and CRLF are paragraph marks.
     void insertAfter(std::u16string_view text);
     void insertBefore(std::u16string_view text);
-    void insertParagraph(); ///< replaces the range and becomes it
     void insertParagraphAfter();
     void insertBreak(BreakType type = BreakType::page);
     /// Range.Delete. A collapsed range deletes `count` characters after it (negative: before it); otherwise

@@ -1,5 +1,6 @@
 #include "TableOfContents.h"
 
+#include "Decimal.h"
 #include "Document.h"
 #include "PageNumbers.h"
 #include "TableOfContentsEntries.h"
@@ -13,12 +14,6 @@ namespace standin::model {
 namespace {
 
 constexpr std::u16string_view noEntries = u"Error! No table of contents entries found.";
-
-std::u16string decimal(std::int32_t number)
-{
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
 
 std::string narrow(std::u16string_view text)
 {

@@ -16,7 +16,6 @@ class TableLookReader
 public:
     /// False for a word that says nothing of tables.
     bool take(std::string_view word, std::int32_t number, const ColorTableReader& colors);
-    [[nodiscard]] bool isOfFirstRow() const { return isOfFirstRow_; }
     /// Changes `look` to what the entry says; `font` is what it says of characters.
     void define(model::TableLook& look, const model::FontProperties& font) const;
 

@@ -43,7 +43,7 @@ void ChildDialog::show(UINT showCommand) const noexcept
 }
 
 INT_PTR CALLBACK ChildDialog::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
-{
+try {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, lParam);
         if (auto* const self = reinterpret_cast<ChildDialog*>(lParam))
@@ -56,4 +56,6 @@ INT_PTR CALLBACK ChildDialog::procedure(HWND window, UINT message, WPARAM wParam
     if (message == WM_NCDESTROY)
         self->window_ = nullptr;
     return self->answer(message, wParam, lParam);
+} catch (...) { // The user sees that nothing has changed; there is no one else to tell.
+    return FALSE;
 }

@@ -28,8 +28,8 @@ protected:
     void create(HINSTANCE module, int resource, HWND parent);
 
 private:
-    /// A message, and what its sender is to be answered.
-    virtual INT_PTR answer(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) noexcept { return FALSE; }
+    /// A message, and what its sender is to be answered. What it throws ends there.
+    virtual INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 
     static HWND make(HINSTANCE module, int resource, HWND parent, ChildDialog* owner);
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

@@ -1,59 +1,30 @@
 #include "sysSupport/SysFile.h"
 
 #include "TextConversion.h"
+#include "sysSupport/FileNames.h"
 
-#include <cstring>
+#include <string>
+#include <string_view>
 #include <windows.h>
 
 namespace {
 
-constexpr char drive = ':';
+using fileNames::Parts;
 
-bool isSeparator(char c) noexcept
+bool isLeadByte(char c)
 {
-    return c == '\\' || c == '/';
+    return IsDBCSLeadByte(static_cast<BYTE>(c)) != FALSE;
 }
 
-bool isLetter(char c) noexcept
+Parts partsOf(const QdxString& name)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return fileNames::partsOf(name.data(), isLeadByte);
 }
-
-/// Where the parts of a name begin. Walks whole characters: in some code pages the second byte of a character
-/// may look like a backslash.
-struct NameParts
-{
-    /// Length of the directory part with its separator.
-    std::size_t bareName = 0;
-    /// The dot of the extension, or the name's end.
-    std::size_t extension = 0;
-    /// The last byte is a separator (and no half of a character).
-    bool endsInSeparator = false;
-
-    explicit NameParts(const QdxString& name)
-    {
-        const char* const text = name.data();
-        const std::size_t length = std::strlen(text);
-        extension = length;
-        for (std::size_t i = 0; i < length; ++i) {
-            const char c = text[i];
-            endsInSeparator = isSeparator(c);
-            if (endsInSeparator || c == drive) {
-                bareName = i + 1;
-                extension = length;
-            } else if (c == '.') {
-                extension = i;
-            } else if (IsDBCSLeadByte(static_cast<BYTE>(c))) {
-                ++i;
-            }
-        }
-    }
-};
 
 QdxString withoutSeparatorAtEnd(QdxString dir)
 {
-    while (!dir.isEmpty() && NameParts(dir).endsInSeparator)
-        dir.remove(std::strlen(dir.data()) - 1);
+    while (partsOf(dir).endsInSeparator)
+        dir.remove(dir.length() - 1);
     return dir;
 }
 
@@ -61,14 +32,19 @@ QdxString withoutSeparatorAtEnd(QdxString dir)
 bool isRoot(const QdxString& dirWithoutSeparator)
 {
     return dirWithoutSeparator.isEmpty() ||
-           (dirWithoutSeparator.length() == 2 && dirWithoutSeparator.data()[1] == drive);
+           (dirWithoutSeparator.length() == 2 && dirWithoutSeparator.data()[1] == ':');
 }
 
 } // namespace
 
 bool SysFile::exists(const QdxString& name)
 {
-    const DWORD attributes = GetFileAttributesW(toWide(name));
+    return exists(static_cast<const wchar_t*>(toWide(name)));
+}
+
+bool SysFile::exists(const wchar_t* name)
+{
+    const DWORD attributes = GetFileAttributesW(name);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -79,8 +55,8 @@ bool SysFile::deleteFile(const QdxString& name)
 
 QdxString SysFile::getDir(const QdxString& name)
 {
-    QdxString dir(name.data(), NameParts(name).bareName);
-    if (!NameParts(dir).endsInSeparator)
+    QdxString dir(name.data(), partsOf(name).bareName);
+    if (!partsOf(dir).endsInSeparator)
         return dir;
     QdxString trimmed = withoutSeparatorAtEnd(dir);
     return isRoot(trimmed) ? dir : trimmed;
@@ -88,33 +64,20 @@ QdxString SysFile::getDir(const QdxString& name)
 
 QdxString SysFile::stripDir(const QdxString& name)
 {
-    return name.data() + NameParts(name).bareName;
+    return name.data() + partsOf(name).bareName;
 }
 
 QdxString SysFile::getExtension(const QdxString& name)
 {
-    return name.data() + NameParts(name).extension;
+    return name.data() + partsOf(name).extension;
 }
 
 QdxString SysFile::appendToDir(const QdxString& dir, const QdxString& name)
 {
-    if (dir.isEmpty())
-        return name;
-    const char* bare = name.data();
-    while (isSeparator(*bare))
-        ++bare;
-    QdxString path = withoutSeparatorAtEnd(dir);
-    path.append("\\", 1).append(bare);
-    return path;
+    return fileNames::joined(dir.data(), name.data(), isLeadByte).c_str();
 }
 
 bool SysFile::isHyperLink(const QdxString& name)
 {
-    const char* const text = name.data();
-    std::size_t letters = 0;
-    while (isLetter(text[letters]))
-        ++letters;
-    if (letters >= 2 && text[letters] == ':')
-        return true;
-    return _strnicmp(text, "www.", 4) == 0;
+    return fileNames::isAddress(name.data());
 }

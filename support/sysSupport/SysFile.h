@@ -3,14 +3,15 @@
 #include "QdxObject.h"
 #include "QdxString.h"
 
-/// Files and file names, as 8-bit strings in the ANSI code page. Both '\' and '/' separate directories.
-/// Nothing here raises but allocation failure.
+/// Files and file names, as 8-bit strings in the ANSI code page. Both '\' and '/' separate directories; what
+/// names say by themselves goes by the rules of `fileNames`. Nothing here raises but allocation failure.
 class SysFile : public QdxObject
 {
 public:
     /// True for a file, false for a directory and for a name that leads nowhere. A relative name counts from
     /// the current directory.
     [[nodiscard]] static bool exists(const QdxString& name);
+    [[nodiscard]] static bool exists(const wchar_t* name);
     /// False when there was nothing to delete or Windows refused.
     static bool deleteFile(const QdxString& name);
 

@@ -5,6 +5,7 @@
 #include "sysSupport/SysFile.h"
 #include "tracedll/LogBeginning.h"
 #include "win32/FullPath.h"
+#include "win32/TemporaryFolder.h"
 
 #include <array>
 #include <charconv>
@@ -17,18 +18,16 @@
 
 namespace {
 
-QdxString temporaryDirectory()
+QdxString inTemporaryFolder(const QdxString& name)
 {
-    wchar_t path[MAX_PATH + 1];
-    const DWORD length = GetTempPathW(MAX_PATH + 1, path);
-    return length > 0 && length <= MAX_PATH ? toNarrow(path) : QdxString();
+    return SysFile::appendToDir(toNarrow(temporaryFolder().c_str()), name);
 }
 
 QdxString logPath(const QdxString& name)
 {
     if (name.isEmpty())
-        return SysFile::appendToDir(temporaryDirectory(), "mirovelcom.log");
-    return SysFile::getDir(name).isEmpty() ? SysFile::appendToDir(temporaryDirectory(), name) : name;
+        return inTemporaryFolder("mirovelcom.log");
+    return SysFile::getDir(name).isEmpty() ? inTemporaryFolder(name) : name;
 }
 
 /// The logs that this process has opened, so that purging spares them.

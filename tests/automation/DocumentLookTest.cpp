@@ -87,10 +87,7 @@ protected:
         word.model().whenClosing = nullptr;
         return paragraphs;
     }
-    [[nodiscard]] std::string written() const
-    {
-        return contentOf(folder.file("events." + std::to_string(GetCurrentProcessId()) + ".log"));
-    }
+    [[nodiscard]] std::string written() const { return diagnosticsOf("events"); }
     /// How often Word was told of the table style.
     std::size_t timesPut()
     {

@@ -161,6 +161,11 @@ std::string FrontEndTest::log() const
     return contentOf(folder.file("trace.log"));
 }
 
+std::string FrontEndTest::diagnosticsOf(const std::string& stem) const
+{
+    return contentOf(folder.file(stem + "." + std::to_string(GetCurrentProcessId()) + ".log"));
+}
+
 void FrontEndTest::start() const
 {
     ASSERT_THAT(client->start(), isHresult(S_OK));

@@ -108,6 +108,8 @@ protected:
     /// Starts Word and makes the document "test.doc" on Word's own template; the transcript is then empty.
     void openDocument();
     [[nodiscard]] std::string documentName() const { return folder.file("test.doc"); }
+    /// What this process has written into the diagnostics file "<stem>.log" of the folder.
+    [[nodiscard]] std::string diagnosticsOf(const std::string& stem) const;
     /// The text of Word's main story of the only open document, without its final mark.
     [[nodiscard]] std::string documentText() const;
 

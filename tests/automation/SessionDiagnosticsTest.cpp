@@ -20,7 +20,7 @@ class SessionDiagnosticsTest : public FrontEndTest
 protected:
     [[nodiscard]] std::string written(const std::string& stem = "events") const
     {
-        return contentOf(folder.file(stem + "." + std::to_string(GetCurrentProcessId()) + ".log"));
+        return diagnosticsOf(stem);
     }
 
     [[nodiscard]] std::string name(const std::string& file = "events.log") const { return folder.file(file); }

@@ -32,11 +32,7 @@ protected:
                 outcome([&] { return client->stop(); });
             }
     }
-    [[nodiscard]] std::string written() const
-    {
-        return contentOf(
-            folder.file(std::to_string(files_) + "." + std::to_string(GetCurrentProcessId()) + ".log"));
-    }
+    [[nodiscard]] std::string written() const { return diagnosticsOf(std::to_string(files_)); }
 
 private:
     int files_ = 0;

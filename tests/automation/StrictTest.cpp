@@ -127,10 +127,7 @@ protected:
         setting("Word", "Strict", isStrict ? "1" : "0", 3);
     }
 
-    [[nodiscard]] std::string written() const
-    {
-        return contentOf(folder.file("events." + std::to_string(GetCurrentProcessId()) + ".log"));
-    }
+    [[nodiscard]] std::string written() const { return diagnosticsOf("events"); }
 };
 
 void PrintTo(const Mode& mode, std::ostream* out)

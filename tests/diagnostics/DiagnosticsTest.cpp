@@ -184,11 +184,4 @@ TEST_F(DiagnosticsTest, IsOffWhenNoFileCanBeWritten)
     EXPECT_FALSE(diagnostics.isOn());
 }
 
-TEST(Utf8Test, IsThatOfUtf16)
-{
-    EXPECT_EQ(diagnostics::utf8(L""), "");
-    EXPECT_EQ(diagnostics::utf8(L"a\x00E9\x20AC\xD83D\xDE00"), "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
-    EXPECT_EQ(diagnostics::utf8(L"\xD83D"), "\xEF\xBF\xBD");
-}
-
 } // namespace

@@ -55,14 +55,7 @@ protected:
 
     HWND control(int id) const { return container->control(id); }
     HWND button(int id) const { return container->button(id); }
-    void clearsAndTypes(int id, const std::wstring& text) const
-    {
-        user.clicks(control(id));
-        user.press(VK_HOME);
-        user.press(VK_END, VK_SHIFT);
-        user.press(VK_DELETE);
-        user.types(text);
-    }
+    void replaces(int id, const std::wstring& text) const { user.replaces(control(id), text); }
     /// The text of the message, once the user has seen it and pressed Enter.
     std::wstring confirmed() const
     {
@@ -95,8 +88,8 @@ TEST_F(PageInputTest, StoresWhatIsTyped)
 {
     const std::wstring file = newFile(L"my template.dot");
     userDoes([&] {
-        clearsAndTypes(templateName, file);
-        clearsAndTypes(tocLevel, L"12");
+        replaces(templateName, file);
+        replaces(tocLevel, L"12");
         EXPECT_THAT(container->record(), ElementsAre("status 1"));
         user.clicks(button(PageContainer::applyButton));
         EXPECT_THAT(container->record(), ElementsAre("status 1", "status 0", "Apply 0x00000000"));
@@ -108,7 +101,7 @@ TEST_F(PageInputTest, StoresWhatIsTyped)
 TEST_F(PageInputTest, TakesOnlyDigitsAsALevel)
 {
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"1x-2");
+        replaces(tocLevel, L"1x-2");
         EXPECT_EQ(textOf(control(tocLevel)), L"12");
     });
 }
@@ -117,8 +110,8 @@ TEST_F(PageInputTest, RefusesATemplateThatIsNotThere)
 {
     store(L"Word", L"WordTemplateName", L"c:\\old.dot");
     userDoes([&] {
-        clearsAndTypes(templateName, L"c:\\none.dot");
-        clearsAndTypes(tocLevel, L"3");
+        replaces(templateName, L"c:\\none.dot");
+        replaces(tocLevel, L"3");
         user.press('A', VK_MENU);
         EXPECT_EQ(confirmed(),
                   L"c:\\none.dot\nFile Not Found.\nPlease verify the correct template name was given.");
@@ -135,8 +128,8 @@ TEST_F(PageInputTest, RefusesALevelBeyondTheLimitButKeepsTheTemplate)
 {
     const std::wstring file = newFile(L"my.dot");
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"51");
-        clearsAndTypes(templateName, file);
+        replaces(tocLevel, L"51");
+        replaces(templateName, file);
         user.press('A', VK_MENU);
         EXPECT_EQ(confirmed(), L"Heading level must fall between 0 and 50.");
         user.waitFor("the answer", [&] { return container->record().back().starts_with("Apply"); });
@@ -183,7 +176,7 @@ TEST_F(PageInputTest, RefusesANegativeLevel)
 TEST_F(PageInputTest, SpinsTheLevelRoundTheLimitsWithTheArrowKeys)
 {
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"49");
+        replaces(tocLevel, L"49");
         container->forget();
         std::vector<std::wstring> levels;
         for (const int key : {VK_UP, VK_UP, VK_UP, VK_DOWN, VK_DOWN, VK_DOWN}) {
@@ -254,7 +247,7 @@ TEST_F(PageInputTest, BrowsesFromTheStoredTemplate)
     store(L"Word", L"WordTemplateName", file);
     const std::wstring directory = currentDirectory();
     userDoes([&] {
-        clearsAndTypes(templateName, L"typed");
+        replaces(templateName, L"typed");
         user.clicks(control(browse));
         HWND dialog = user.dialog(L"Select Word Template File");
         EXPECT_EQ(textOf(user.focus()), L"stored.dot");

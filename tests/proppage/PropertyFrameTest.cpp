@@ -56,14 +56,7 @@ protected:
         return search.found;
     }
     HWND applyButton() const { return control(0x3021); }
-    void clearsAndTypes(int id, const std::wstring& text) const
-    {
-        user.clicks(control(id));
-        user.press(VK_HOME);
-        user.press(VK_END, VK_SHIFT);
-        user.press(VK_DELETE);
-        user.types(text);
-    }
+    void replaces(int id, const std::wstring& text) const { user.replaces(control(id), text); }
     HWND frame = nullptr;
     User user;
 };
@@ -128,10 +121,10 @@ TEST_F(PropertyFrameTest, LetsThePageBeUsed)
     const std::wstring file = newFile(L"stored.dot");
     store(L"Word", L"WordTemplateName", file);
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"50");
+        replaces(tocLevel, L"50");
         user.press(VK_UP);
         EXPECT_EQ(textOf(control(tocLevel)), L"0");
-        clearsAndTypes(templateName, L"typed");
+        replaces(templateName, L"typed");
         user.clicks(control(browse));
         const HWND dialog = user.dialog(L"Select Word Template File");
         EXPECT_EQ(textOf(user.focus()), L"stored.dot");
@@ -149,8 +142,8 @@ TEST_F(PropertyFrameTest, LetsThePageBeUsed)
 TEST_F(PropertyFrameTest, AppliesThePageWithEnter)
 {
     userDoes([&] {
-        clearsAndTypes(templateName, L"");
-        clearsAndTypes(tocLevel, L"12");
+        replaces(templateName, L"");
+        replaces(tocLevel, L"12");
         EXPECT_EQ(IsWindowEnabled(applyButton()) != FALSE, isWindowsWay(Difference::frameHearsOfChanges));
         user.press(VK_RETURN);
         user.waitUntilGone(frame);
@@ -161,7 +154,7 @@ TEST_F(PropertyFrameTest, AppliesThePageWithEnter)
 TEST_F(PropertyFrameTest, ForgetsWhatIsTypedWithEscape)
 {
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"12");
+        replaces(tocLevel, L"12");
         user.press(VK_ESCAPE);
         user.waitUntilGone(frame);
     });

@@ -130,6 +130,15 @@ void User::types(const std::wstring& text) const
     }
 }
 
+void User::replaces(HWND field, const std::wstring& text) const
+{
+    clicks(field);
+    press(VK_HOME);
+    press(VK_END, VK_SHIFT);
+    press(VK_DELETE);
+    types(text);
+}
+
 void User::clicks(HWND window, double x, double y) const
 {
     RECT place{};

@@ -27,6 +27,8 @@ public:
     /// A key with others held down: press('T', VK_MENU).
     void press(WORD key, WORD held = 0, WORD alsoHeld = 0) const;
     void types(const std::wstring& text) const;
+    /// What stands in a field of one line.
+    void replaces(HWND field, const std::wstring& text) const;
     /// In the middle of the window, or at a point in it given in parts of its width and height.
     void clicks(HWND window, double x = 0.5, double y = 0.5) const;
 

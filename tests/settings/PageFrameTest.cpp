@@ -34,14 +34,7 @@ protected:
     HWND button(int id) const { return GetDlgItem(window, id); }
     bool canApply() const { return IsWindowEnabled(button(applyButton)) != FALSE; }
 
-    void clearsAndTypes(int id, const std::wstring& text) const
-    {
-        user.clicks(control(id));
-        user.press(VK_HOME);
-        user.press(VK_END, VK_SHIFT);
-        user.press(VK_DELETE);
-        user.types(text);
-    }
+    void replaces(int id, const std::wstring& text) const { user.replaces(control(id), text); }
     void confirms() const
     {
         const HWND box = user.dialog(L"Invalid Value");
@@ -84,19 +77,19 @@ TEST_F(PageFrameTest, ShowsThePageAndItsButtons)
 TEST_F(PageFrameTest, AppliesWithTheButtonAndStaysOpen)
 {
     userDoes([&] {
-        clearsAndTypes(templateName, L"");
-        clearsAndTypes(tocLevel, L"12");
+        replaces(templateName, L"");
+        replaces(tocLevel, L"12");
         EXPECT_TRUE(canApply());
         user.clicks(button(applyButton));
         EXPECT_EQ(storedLevel(), L"number 12");
         EXPECT_FALSE(canApply());
         EXPECT_EQ(user.focus(), button(IDOK)) << "not in a button that cannot be pressed";
-        clearsAndTypes(tocLevel, L"13");
+        replaces(tocLevel, L"13");
         EXPECT_TRUE(canApply());
         user.press('A', VK_MENU);
         EXPECT_EQ(storedLevel(), L"number 13");
         EXPECT_FALSE(canApply());
-        clearsAndTypes(tocLevel, L"14");
+        replaces(tocLevel, L"14");
         user.press(VK_ESCAPE);
     });
     EXPECT_EQ(storedLevel(), L"number 13");
@@ -106,7 +99,7 @@ TEST_F(PageFrameTest, AppliesAndClosesWithEnter)
 {
     const std::wstring file = newFile(L"chosen.dot");
     userDoes([&] {
-        clearsAndTypes(templateName, file);
+        replaces(templateName, file);
         user.press(VK_RETURN);
     });
     EXPECT_EQ(storedTemplate(), file);
@@ -123,11 +116,11 @@ TEST_F(PageFrameTest, StoresNothingThatWasNotEdited)
 TEST_F(PageFrameTest, ForgetsEditsWhenItIsCancelled)
 {
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"12");
+        replaces(tocLevel, L"12");
         user.clicks(button(IDCANCEL));
     });
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"12");
+        replaces(tocLevel, L"12");
         user.press(VK_F4, VK_MENU);
     });
     EXPECT_EQ(storedLevel(), L"(none)");
@@ -136,17 +129,17 @@ TEST_F(PageFrameTest, ForgetsEditsWhenItIsCancelled)
 TEST_F(PageFrameTest, StaysOpenWhenThePageRefuses)
 {
     userDoes([&] {
-        clearsAndTypes(templateName, L"nowhere.dot");
+        replaces(templateName, L"nowhere.dot");
         user.press(VK_RETURN);
         confirms();
         EXPECT_TRUE(IsWindowVisible(window));
         EXPECT_TRUE(canApply());
-        clearsAndTypes(templateName, L"");
-        clearsAndTypes(tocLevel, L"51");
+        replaces(templateName, L"");
+        replaces(tocLevel, L"51");
         user.clicks(button(applyButton));
         confirms();
         EXPECT_TRUE(canApply());
-        clearsAndTypes(tocLevel, L"50");
+        replaces(tocLevel, L"50");
         user.press(VK_RETURN);
     });
     EXPECT_EQ(storedTemplate(), L"(none)");
@@ -156,7 +149,7 @@ TEST_F(PageFrameTest, StaysOpenWhenThePageRefuses)
 TEST_F(PageFrameTest, IsWalkedThroughWithTabAndLetters)
 {
     userDoes([&] {
-        clearsAndTypes(tocLevel, L"3");
+        replaces(tocLevel, L"3");
         user.press('W', VK_MENU);
         const std::vector<HWND> order = {control(templateName), control(browse),  control(tocLevel),
                                          button(IDOK),          button(IDCANCEL), button(applyButton),

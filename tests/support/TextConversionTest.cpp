@@ -65,3 +65,18 @@ TEST(TextConversionTest, ComutilConvertsNarrowText)
     EXPECT_EQ(_com_util::ConvertStringToBSTR(nullptr), nullptr);
     EXPECT_EQ(_com_util::ConvertBSTRToString(nullptr), nullptr);
 }
+
+TEST(TextConversionTest, MakesUtf8)
+{
+    EXPECT_EQ(toUtf8(L""), "");
+    EXPECT_EQ(toUtf8(L"a\x00E9\x20AC\xD83D\xDE00"), "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    EXPECT_EQ(toUtf8(L"\xD83D"), "\xEF\xBF\xBD") << "half a surrogate pair";
+    EXPECT_EQ(toUtf8(QdxString("a\xe4\x80")), "a\xC3\xA4\xE2\x82\xAC");
+}
+
+TEST(TextConversionTest, ReadsUtf8)
+{
+    EXPECT_EQ(fromUtf8(""), L"");
+    EXPECT_EQ(fromUtf8("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"), L"a\x00E9\x20AC\xD83D\xDE00");
+    EXPECT_EQ(fromUtf8("\x80"), L"\xFFFD");
+}

@@ -18,12 +18,6 @@ protected:
     }
 };
 
-Calls alignmentWritten(const std::string& range, int alignment)
-{
-    const std::string format = range + ".ParagraphFormat";
-    return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
-}
-
 TEST_F(MirovelSectionAlignTest, RecordsWhereAnAlignmentBegins)
 {
     writer().setTextAlign(2);

@@ -24,10 +24,6 @@ public:
     static QdxString realStyle(const char* name) { return MirovelSection::getRealStyle(name); }
     static int level(const char* prefix, const char* name) { return MirovelSection::getLevel(prefix, name); }
     static FontData findFont(MirovelSection& writer, const char* style) { return writer.findFont(style); }
-    static void readFont(FontData& font, const Word::_FontPtr& source)
-    {
-        MirovelSection::fromFontPtr(font, source);
-    }
     static void writeFont(const Word::_FontPtr& target, const FontData& font)
     {
         MirovelSection::toFontPtr(target, font);

@@ -39,12 +39,6 @@ protected:
     }
 };
 
-Calls alignmentWritten(const std::string& range, int alignment)
-{
-    const std::string format = range + ".ParagraphFormat";
-    return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
-}
-
 TEST_F(MirovelSectionTableAlignTest, BeginsBehindTheCellAndIsAppliedWhenTheTableEnds)
 {
     writer().addCell();

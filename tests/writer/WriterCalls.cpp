@@ -46,6 +46,12 @@ Calls fontWritten(const std::string& range, const FontLook& font)
     return calls;
 }
 
+Calls alignmentWritten(const std::string& range, int alignment)
+{
+    const std::string format = range + ".ParagraphFormat";
+    return {range + ".ParagraphFormat -> " + format, format + ".Alignment = " + std::to_string(alignment)};
+}
+
 Calls rangeLaid(std::int32_t start, std::int32_t end, const std::string& range)
 {
     return {range + ".Start = " + std::to_string(start), range + ".End = " + std::to_string(end)};

@@ -45,6 +45,8 @@ inline constexpr FontLook heading9Font{"Arial", 11};
 Calls styleFontRead(const std::string& argument, const FontLook& font);
 /// The font of `range` is taken and everything in it is set.
 Calls fontWritten(const std::string& range, const FontLook& font);
+/// Word's number of an alignment is given to the paragraphs of `range`.
+Calls alignmentWritten(const std::string& range, int alignment);
 /// A range is laid over [start, end).
 Calls rangeLaid(std::int32_t start, std::int32_t end, const std::string& range = "body");
 /// A style run over [start, end) is applied, and on top of it the one font run that it has.

@@ -1,5 +1,7 @@
 #include "LogReader.h"
 
+#include "LogCalls.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,15 +12,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr std::string_view endl = "mirovel->insertEndl();\r\n";
-
-std::vector<LoggedCall> callsOf(const ReadLog& log)
-{
-    std::vector<LoggedCall> calls;
-    for (const Piece& piece : log.pieces)
-        if (piece.kind == PieceKind::call)
-            calls.push_back(piece.call);
-    return calls;
-}
 
 std::vector<PieceKind> kindsOf(const ReadLog& log)
 {

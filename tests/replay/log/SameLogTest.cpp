@@ -1,7 +1,7 @@
 // Which calls leave the same log, and whether the reader says so: all short sessions of calls with texts that
 // are made for it.
 #include "AnchorCalls.h"
-#include "LogReader.h"
+#include "LogCalls.h"
 
 #include <gtest/gtest.h>
 
@@ -75,15 +75,6 @@ Calls asRead(Calls calls)
                 if (at == 0 || text[at - 1] != '\r')
                     text.insert(at, 1, '\r');
     }
-    return calls;
-}
-
-Calls callsOf(const ReadLog& log)
-{
-    Calls calls;
-    for (const Piece& piece : log.pieces)
-        if (piece.kind == PieceKind::call)
-            calls.push_back(piece.call);
     return calls;
 }
 

@@ -368,7 +368,6 @@ TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
     const Word::StylePtr own = styles->Item(Word::text(L"Mine"));
     own->GetFont()->PutSize(9.0f);
     own->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphRight);
-    EXPECT_EQ(own->GetBuiltIn(), VARIANT_FALSE);
     EXPECT_EQ(own->GetType(), Word::wdStyleTypeParagraph);
     const Word::RangePtr range = document->Range();
     range->InsertAfter(L"text");
@@ -524,9 +523,6 @@ TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
     EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_FALSE);
     EXPECT_EQ(application->GetOptions()->GetCheckGrammarAsYouType(), VARIANT_TRUE);
     EXPECT_FALSE(session.model().options.checkSpellingAsYouType);
-    EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_FALSE);
-    application->GetOptions()->PutConfirmConversions(true);
-    EXPECT_EQ(application->GetOptions()->GetConfirmConversions(), VARIANT_TRUE);
     EXPECT_EQ(application->GetDisplayAlerts(), -1);
     application->PutDisplayAlerts(0);
     EXPECT_EQ(application->GetDisplayAlerts(), 0);

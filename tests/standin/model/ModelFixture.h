@@ -3,7 +3,7 @@
 #include "Document.h"
 #include "Invariants.h"
 #include "LiveRange.h"
-#include "WordError.h"
+#include "WordErrorOf.h"
 
 #include <gtest/gtest.h>
 
@@ -40,18 +40,6 @@ protected:
 
     DocumentPtr document = Document::make(u"Document1");
 };
-
-/// The number of the WordError that `action` raises, 0 when it raises none.
-template <typename Action>
-std::int32_t errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const WordError& error) {
-        return static_cast<std::int32_t>(error.number());
-    }
-    return 0;
-}
 
 inline void expectAt(const LiveRange& range, Position start, Position end)
 {

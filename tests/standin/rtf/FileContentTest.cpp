@@ -16,15 +16,6 @@ class FileContentTest : public RtfTest
 protected:
     void insert(LiveRange place, std::string_view bytes) { insertFileContent(place, bytes); }
     void insert(Position at, std::string_view bytes) { insert(range(at, at), bytes); }
-    static std::int32_t errorOf(const std::function<void()>& action)
-    {
-        try {
-            action();
-        } catch (const WordError& error) {
-            return static_cast<std::int32_t>(error.number());
-        }
-        return 0;
-    }
 };
 
 TEST_F(FileContentTest, TextIsReadByItsByteOrderMarkOrAsCodePage1252)

@@ -5,7 +5,7 @@
 #include "LiveRange.h"
 #include "RtfReader.h"
 #include "RtfWriter.h"
-#include "WordError.h"
+#include "WordErrorOf.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +26,13 @@ protected:
     }
     void write(std::u16string_view text) { rangeOf(document->mainStory()).insertAfter(text); }
     std::string rtf() const { return writeRtf(*document); }
+    /// Has the document read back from what is written of it.
+    void rewrite()
+    {
+        const std::string written = rtf();
+        document = model::Document::make(u"Document2", document->switches());
+        readRtf(written, *document);
+    }
     static std::u16string textOf(const std::shared_ptr<model::Story>& story) { return rangeOf(story).text(); }
     std::u16string text() const { return textOf(document->mainStory()); }
 

@@ -19,12 +19,6 @@ protected:
         return addPicture(place, *readPicture(file));
     }
     void read(std::string_view body) { readRtf("{\\rtf1 " + std::string(body) + "}", *document); }
-    void rewrite()
-    {
-        const std::string written = rtf();
-        document = Document::make(u"Document2", document->switches());
-        readRtf(written, *document);
-    }
     const InlineShape& shapeAt(Position position) const
     {
         const auto& shape = document->mainStory()->runAt(position).format->shape;

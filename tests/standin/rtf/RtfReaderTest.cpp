@@ -12,12 +12,7 @@ protected:
 
     std::int32_t errorOfReading(std::string_view bytes)
     {
-        try {
-            read(bytes);
-        } catch (const WordError& error) {
-            return static_cast<std::int32_t>(error.number());
-        }
-        return 0;
+        return errorOf([&] { read(bytes); });
     }
 };
 

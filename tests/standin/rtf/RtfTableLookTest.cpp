@@ -38,12 +38,6 @@ protected:
         table.range().setStyle(u"Ruled");
         return table;
     }
-    void rewrite()
-    {
-        const std::string written = rtf();
-        document = Document::make(u"Document2");
-        readRtf(written, *document);
-    }
     [[nodiscard]] std::string body() const
     {
         const std::string written = rtf();

@@ -19,12 +19,6 @@ protected:
     }
     Table tableAt(Position position) const { return {document->mainStory(), position}; }
     void read(std::string_view body) { readRtf("{\\rtf1 " + std::string(body) + "}", *document); }
-    void rewrite()
-    {
-        const std::string written = rtf();
-        document = Document::make(u"Document2");
-        readRtf(written, *document);
-    }
 };
 
 TEST_F(RtfTablesTest, WritesARowDefinitionInFrontOfEachRow)

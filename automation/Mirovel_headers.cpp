@@ -63,6 +63,8 @@ STDMETHODIMP Mirovel::setOrientation(short docorient)
 try {
     const MethodScope method(*session_, "setOrientation");
     const Word::PageSetupPtr page = session_->document->GetPageSetup();
+    if (session_->writer)
+        session_->writer->pageChanged();
     page->PutOrientation(docorient == mirovelLandscape ? Word::wdOrientLandscape : Word::wdOrientPortrait);
     page->PutLeftMargin(leftMargin);
     return method.done();

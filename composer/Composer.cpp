@@ -61,7 +61,7 @@ void Composer::begin(const Word::_ApplicationPtr& /*application*/, const Word::_
     const bool isCollapsed = written_->readsFragments;
     const Word::RangePtr range =
         isCollapsed ? document->Range(Word::integer(0), Word::integer(0)) : document->Range();
-    body_ = std::make_unique<Story>(*written_, range, u"Normal", Ground());
+    body_ = std::make_unique<Story>(*written_, Story::Kind::body, range, u"Normal", Ground());
     body_->empty(isCollapsed); // of what the template put into the new document
     current_ = body_.get();
 }
@@ -300,8 +300,8 @@ std::unique_ptr<Story> Composer::makePart(PartPlace place)
     const Word::HeadersFootersPtr all = isHeader ? section->GetHeaders() : section->GetFooters();
     const Word::HeaderFooterPtr primary = all->Item(Word::wdHeaderFooterPrimary);
     primary->PutLinkToPrevious(VARIANT_FALSE);
-    auto story = std::make_unique<Story>(*written_, primary->GetRange(), isHeader ? u"Header" : u"Footer",
-                                         Ground{.style = u""});
+    auto story = std::make_unique<Story>(*written_, Story::Kind::part, primary->GetRange(),
+                                         isHeader ? u"Header" : u"Footer", Ground{.style = u""});
     story->empty(false);
     return story;
 }
@@ -436,6 +436,11 @@ void Composer::flushAll()
     body_->flush();
     for (const auto& [place, story] : parts_)
         story->flush();
+}
+
+void Composer::pageChanged()
+{
+    written_->page.reset();
 }
 
 // A little is not worth being written in a piece of its own.

@@ -1,6 +1,5 @@
 #include "Story.h"
 
-#include "Division.h"
 #include "Flow.h"
 #include "FragmentFitness.h"
 #include "OperationOrigin.h"
@@ -44,6 +43,11 @@ bool isWorthAFragment(std::span<const Block> blocks, const Plan& plan)
     return plan.operationCount() >= fewestOperations || largestPicture(blocks).width > 0;
 }
 
+std::span<const Block> heldBy(const Stretch& stretch, std::span<const Block> blocks)
+{
+    return blocks.subspan(stretch.first, stretch.past - stretch.first);
+}
+
 template <class Visit>
 void forEachTag(std::span<const Block> blocks, const Visit& visit)
 {
@@ -65,10 +69,12 @@ void forEachTag(std::span<const Block> blocks, const Visit& visit)
 
 } // namespace
 
-Story::Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground)
-    : document_(document), content_(style), ground_(std::move(ground)), end_(range),
-      pen_(document.document, range, end_, document.collections),
-      fragmentPen_(document.document, range, end_, document.collections, document.reading), style_(style)
+Story::Story(WrittenDocument& document, Kind kind, const Word::RangePtr& range, std::u16string_view style,
+             Ground ground)
+    : document_(document), content_(style), ground_(std::move(ground)),
+      ranges_(document.document, range, kind == Kind::body), end_(range),
+      pen_(document.document, ranges_, range, end_, document.collections),
+      fragmentPen_(ranges_, range, end_, document.collections, document.reading), style_(style)
 {
 }
 
@@ -148,32 +154,67 @@ template <class Taken>
 void Story::takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken)
 {
     std::vector<Stretch> stretches = {{0, blocks.size(), false}};
-    page_.reset();
     if (document_.readsFragments)
         stretches = divide(blocks, content_.links(), closed, roomFor(largestPicture(blocks), blocks));
 
     std::deque<Step> steps;
-    Ground ground = ground_;
+    Ground after = ground_;
     std::set<std::u16string> tags = document_.tags;
-    for (const Stretch& stretch : stretches) {
-        const std::span<const Block> part = blocks.subspan(stretch.first, stretch.past - stretch.first);
-        Source source = sourceOf(part, ground);
-        source.endsOpen = stretch.past == blocks.size() && closed < blocks.size();
-        source.keepsGround = stretch.isFragment && !source.endsOpen;
-        if (stretch.first == 0 && draft_)
-            source.drafted = draft_->length;
-        Step step{planOf(source, document_.styles)};
-        if (stretch.isFragment && isWorthAFragment(part, step.plan) && fitsFragment(paragraphOf(ground), {}))
-            step.fragment = makeFragment(part, source.endsOpen, ground, tags);
-        forEachTag(part, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
-        ground = step.plan.after;
+    for (Part& part : planParts(blocks, closed, stretches)) {
+        const std::span<const Block> held = heldBy(part.stretch, blocks);
+        after = part.plan.after;
+        Step step{std::move(part.plan)};
+        if (part.stretch.isFragment)
+            step.fragment = makeFragment(held, part.endsOpen, part.ground, tags);
+        forEachTag(held, [&](const std::u16string& bookmark) { tags.insert(bookmark); });
         steps.push_back(std::move(step));
     }
     taken();
     draft_.reset();
     steps_ = std::move(steps);
-    ground_ = std::move(ground);
+    ground_ = std::move(after);
     document_.tags = std::move(tags);
+}
+
+/// Those that no fragment carries, or that are not worth one, are written together with their neighbours.
+std::vector<Story::Part> Story::planParts(std::span<const Block> blocks, std::size_t closed,
+                                          std::span<const Stretch> stretches) const
+{
+    std::vector<Part> parts;
+    bool isJoined = false;
+    Ground ground = ground_;
+    for (const Stretch& stretch : stretches) {
+        Part part = planPart(blocks, closed, stretch, ground);
+        ground = part.plan.after;
+        part.stretch.isFragment = stretch.isFragment &&
+                                  isWorthAFragment(heldBy(stretch, blocks), part.plan) &&
+                                  fitsFragment(paragraphOf(part.ground), {});
+        if (part.stretch.isFragment || parts.empty() || parts.back().stretch.isFragment) {
+            parts.push_back(std::move(part));
+            continue;
+        }
+        parts.back().stretch.past = stretch.past;
+        isJoined = true;
+    }
+    if (!isJoined)
+        return parts;
+    ground = ground_;
+    for (Part& part : parts) {
+        part = planPart(blocks, closed, part.stretch, ground);
+        ground = part.plan.after;
+    }
+    return parts;
+}
+
+Story::Part Story::planPart(std::span<const Block> blocks, std::size_t closed, const Stretch& stretch,
+                            const Ground& ground) const
+{
+    Source source = sourceOf(heldBy(stretch, blocks), ground);
+    source.endsOpen = stretch.past == blocks.size() && closed < blocks.size();
+    source.keepsGround = stretch.isFragment && !source.endsOpen;
+    if (stretch.first == 0 && draft_)
+        source.drafted = draft_->length;
+    return {stretch, ground, source.endsOpen, planOf(source, document_.styles)};
 }
 
 /// Like the one behind which text is written.
@@ -186,11 +227,13 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     return paragraph;
 }
 
+// A section that begins behind another one has that one's pages, and what an inserted file brings leaves the
+// last section as it is.
 PageArea& Story::page()
 {
-    if (!page_)
-        page_.emplace(document_.document, document_.collections, document_.sections);
-    return *page_;
+    if (!document_.page)
+        document_.page.emplace(document_.document, document_.collections, document_.sections);
+    return *document_.page;
 }
 
 // What every page holds needs no question.

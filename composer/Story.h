@@ -3,12 +3,14 @@
 #include "StoryContent.h"
 #include "WrittenDocument.h"
 
+#include "Division.h"
 #include "Draft.h"
 #include "Fragment.h"
 #include "FragmentPen.h"
 #include "PageArea.h"
 #include "PictureRoom.h"
 #include "Plan.h"
+#include "RangeInStory.h"
 #include "StoryEnd.h"
 #include "TypedPen.h"
 
@@ -18,6 +20,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace compose {
 
@@ -27,8 +30,16 @@ namespace compose {
 class Story
 {
 public:
+    /// Which one it is.
+    enum class Kind
+    {
+        body,
+        part ///< a header or a footer
+    };
+
     /// The story that `range` is of begins in `style`. `document` lives longer.
-    Story(WrittenDocument& document, const Word::RangePtr& range, std::u16string_view style, Ground ground);
+    Story(WrittenDocument& document, Kind kind, const Word::RangePtr& range, std::u16string_view style,
+          Ground ground);
 
     StoryContent& content() { return content_; }
     TypedPen& pen() { return pen_; }
@@ -60,6 +71,15 @@ private:
         std::optional<Fragment> fragment = {}; ///< that says the same
     };
 
+    /// Blocks that are brought into Word in one way.
+    struct Part
+    {
+        Stretch stretch; ///< of what was taken
+        Ground ground;   ///< in front
+        bool endsOpen;   ///< Its last paragraph goes on.
+        Plan plan;
+    };
+
     [[nodiscard]] TypedPen::Place place() const;
     void finishSteps();
     void flushInFrontOfTable();
@@ -69,6 +89,10 @@ private:
     [[nodiscard]] Source sourceOf(std::span<const Block> blocks, const Ground& ground) const;
     template <class Taken>
     void takeSteps(std::span<const Block> blocks, std::size_t closed, const Taken& taken);
+    [[nodiscard]] std::vector<Part> planParts(std::span<const Block> blocks, std::size_t closed,
+                                              std::span<const Stretch> stretches) const;
+    [[nodiscard]] Part planPart(std::span<const Block> blocks, std::size_t closed, const Stretch& stretch,
+                                const Ground& ground) const;
     [[nodiscard]] Paragraph paragraphOf(const Ground& ground) const;
     PageArea& page();
     Extent roomFor(const Extent& picture, std::span<const Block> blocks);
@@ -85,9 +109,9 @@ private:
     Ground ground_;              ///< behind what was taken
     std::optional<Draft> draft_; ///< of the table that what waits begins with
     std::deque<Step> steps_;
-    std::optional<PageArea> page_; ///< while steps are made
     bool isSectionDue_ = false;
     WriterEvents::Flush flushed_; ///< in the flush that is being done
+    RangeInStory ranges_;
     StoryEnd end_;
     TypedPen pen_;
     FragmentPen fragmentPen_;

@@ -4,10 +4,12 @@
 
 #include "Collections.h"
 #include "FragmentPen.h"
+#include "PageArea.h"
 #include "StyleBook.h"
 #include "WriterEvents.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -23,7 +25,8 @@ struct WrittenDocument
     Reading reading = {};               ///< of fragments
     std::set<std::u16string> tags = {}; ///< They have a place in Word, or may have.
     int sections = 1;
-    std::u16string tableStyle = {}; ///< that tables get; empty: none
+    std::optional<PageArea> page = {}; ///< of the section that is being written; nothing: not known
+    std::u16string tableStyle = {};    ///< that tables get; empty: none
     /// Whether a link leads anywhere, or is to be plain text.
     std::function<bool(const LinkTarget&)> leadsSomewhere = {};
     WriterEvents* events = nullptr; ///< null: nobody wants to hear

@@ -32,6 +32,8 @@ public:
     /// Whether `finish` has nothing left to do; a writer that is destroyed earlier loses the rest.
     [[nodiscard]] virtual bool isFinished() const = 0;
 
+    /// The document's pages have been given another size or other margins, or may have been.
+    virtual void pageChanged() = 0;
     /// A save is coming, with more content behind it.
     virtual void prepareSave() = 0;
     /// Word's number of the format to save under that name; a missing argument: Word's own choice. May be

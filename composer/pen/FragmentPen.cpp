@@ -177,10 +177,10 @@ bool FragmentPen::keepsLooks()
 // Where it is not, the text is not what was meant.
 bool FragmentPen::findBreak()
 {
-    range_->SetRange(start_, start_ + 1);
-    if (textOf(range_) != pageBreak)
+    const Word::RangePtr found = ranges_(start_, start_ + 1);
+    if (textOf(found) != pageBreak)
         return false;
-    break_ = range_->GetDuplicate();
+    break_ = found;
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "Collections.h"
 #include "Plan.h"
+#include "RangeInStory.h"
 #include "StoryEnd.h"
 
 #include "Word.h"
@@ -60,9 +61,9 @@ class FragmentPen
 public:
     /// `story`: moved about. `end`: the story's. `reading`: what other stories' fragments have shown. They
     /// and the document's collections live longer.
-    FragmentPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
-                Collections& collections, Reading& reading)
-        : document_(document), range_(story), end_(end), collections_(collections), reading_(reading)
+    FragmentPen(RangeInStory ranges, const Word::RangePtr& story, StoryEnd& end, Collections& collections,
+                Reading& reading)
+        : ranges_(std::move(ranges)), range_(story), end_(end), collections_(collections), reading_(reading)
     {
     }
 
@@ -97,7 +98,7 @@ private:
     bool findBreak();
     void removeText(const Fragment& fragment);
 
-    Word::_DocumentPtr document_;
+    RangeInStory ranges_;
     Word::RangePtr range_;
     StoryEnd& end_;
     Collections& collections_;

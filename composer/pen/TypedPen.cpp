@@ -61,9 +61,9 @@ bool isRichText(const std::u16string& file)
 
 } // namespace
 
-TypedPen::TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
-                   Collections& collections)
-    : document_(document), range_(story), end_(end), collections_(collections)
+TypedPen::TypedPen(const Word::_DocumentPtr& document, RangeInStory ranges, const Word::RangePtr& story,
+                   StoryEnd& end, Collections& collections)
+    : document_(document), ranges_(std::move(ranges)), range_(story), end_(end), collections_(collections)
 {
 }
 
@@ -101,10 +101,11 @@ void TypedPen::performNext()
     if (!movesNothing)
         end_.forget();
     trustsSelection_ = true;
+    covered_.reset();
     std::visit([this](const auto& each) { perform(each); }, operation);
     trustsSelection_ = false;
     if (!movesNothing)
-        selected_.reset();
+        selected_ = covered_;
 }
 
 void TypedPen::beginPassage(Passage& passage)
@@ -239,9 +240,12 @@ void TypedPen::perform(const WriteText& text)
     const _bstr_t characters = bstr(text.text);
     select({text.at, text.at});
     mutate();
-    range_->InsertAfter(characters);
+    range_->InsertAfter(characters); // and grows over them
+    const long start = base_ + text.at;
+    const long past = start + static_cast<long>(characters.length());
+    covered_ = Span{static_cast<Position>(start), static_cast<Position>(past)};
     if (isFirst_ && !place_)
-        end_.know(base_ + text.at + static_cast<long>(characters.length()));
+        end_.know(past);
 }
 
 void TypedPen::perform(const ClearFont& clear)
@@ -466,16 +470,12 @@ void TypedPen::perform(const AddPicture& picture)
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
     keepBreak(nullptr);
-    const Word::RangePtr range = range_->GetDuplicate();
-    range->SetRange(base_ + pageBreak.at, base_ + pageBreak.at + 1);
-    keepBreak(range);
+    keepBreak(ranges_(base_ + pageBreak.at, base_ + pageBreak.at + 1));
 }
 
 void TypedPen::perform(const KeepContents& contents)
 {
-    const Word::RangePtr range = range_->GetDuplicate();
-    range->SetRange(base_ + contents.at, base_ + contents.at);
-    contents_ = range;
+    contents_ = ranges_(base_ + contents.at, base_ + contents.at);
 }
 
 void TypedPen::breakSection()
@@ -569,8 +569,7 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     select({0, 0});
     end_.forget();
     range_->InsertAfter(L"\r");
-    if (ground != Ground())
-        makePlain({0, 1}, ground);
+    makePlain(ground);
     select({0, 0});
     try {
         insertFile(wide(file));
@@ -584,21 +583,20 @@ bool TypedPen::addFile(const Place& place, const std::u16string& file, const Gro
     end_.forget();
     if (end == base_)
         return false;
-    range_->SetRange(end - 1, end);
-    const _bstr_t last = range_->GetText();
-    if (last.length() == 0 || !endsParagraph(static_cast<const wchar_t*>(last)[0]))
+    const std::wstring last = textInFrontOf(end);
+    if (last.empty() || !endsParagraph(last.back()))
         return false;
-    const bool endsInTable = static_cast<const wchar_t*>(last)[last.length() - 1] == L'\a';
-    const bool hasSurplus = !endsInTable && endsWithTwo(end) && isRichText(file) && leavesSurplus(end);
+    const bool endsInTable = last.back() == L'\a';
+    const bool hasSurplus = last == L"\r\r" && isRichText(file) && leavesSurplus(end);
     range_->SetRange(hasSurplus ? end - 1 : end, end + 1);
     range_->Delete();
     return endsInTable;
 }
 
-/// A paragraph that looks as `ground` says comes to look as one of which nothing was said.
-void TypedPen::makePlain(Span paragraph, const Ground& ground)
+/// The paragraph that the range covers looks as `ground` says; it comes to look as one of which nothing was
+/// said.
+void TypedPen::makePlain(const Ground& ground)
 {
-    select(paragraph);
     if (ground.style != Ground().style)
         range_->PutStyle(StyleBook::argumentOf(Ground().style));
     if (ground.alignment || !ground.isAlignmentKnown)
@@ -607,14 +605,18 @@ void TypedPen::makePlain(Span paragraph, const Ground& ground)
         range_->GetFont()->Reset();
 }
 
-/// Whether the last paragraph in front of the place, which ends there, holds nothing.
-bool TypedPen::endsWithTwo(long end)
+/// The last two characters of the passage in front of the place, or the last one, if another is not shown.
+std::wstring TypedPen::textInFrontOf(long end)
 {
-    if (end - 2 < base_)
-        return false;
-    range_->SetRange(end - 2, end - 1);
-    const _bstr_t text = range_->GetText();
-    return text.length() == 1 && static_cast<const wchar_t*>(text)[0] == L'\r';
+    const auto textFrom = [&](long start) {
+        range_->SetRange(start, end);
+        const _bstr_t text = range_->GetText();
+        return text.length() == 0 ? std::wstring() : std::wstring(text, text.length());
+    };
+    const long start = std::max(base_, end - 2);
+    std::wstring text = textFrom(start);
+    const bool isWhole = std::ssize(text) - std::ranges::count(text, L'\a') == end - start;
+    return isWhole || start == end - 1 ? text : textFrom(end - 1);
 }
 
 // An empty paragraph at the end may be the file's own. What Word makes of a file of ours tells.

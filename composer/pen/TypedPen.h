@@ -2,6 +2,7 @@
 
 #include "Collections.h"
 #include "Plan.h"
+#include "RangeInStory.h"
 #include "StoryEnd.h"
 
 #include "Word.h"
@@ -32,10 +33,10 @@ struct EmbeddedObject
 class TypedPen
 {
 public:
-    /// Writes at the end of the story that `story` is a range of. `end`: that story's; it and the document's
-    /// collections live longer.
-    TypedPen(const Word::_DocumentPtr& document, const Word::RangePtr& story, StoryEnd& end,
-             Collections& collections);
+    /// Writes at the end of the story that `story` is a range of. `ranges`, `end`: that story's; `end` and
+    /// the document's collections live longer.
+    TypedPen(const Word::_DocumentPtr& document, RangeInStory ranges, const Word::RangePtr& story,
+             StoryEnd& end, Collections& collections);
 
     void carryOut(Plan& plan);
     /// The operation at which it failed last, or in front of which; nothing when it has not failed since
@@ -120,18 +121,20 @@ private:
     void perform(const RemoveText& removal);
 
     void insertFile(const std::wstring& path);
-    void makePlain(Span paragraph, const Ground& ground);
-    bool endsWithTwo(long end);
+    void makePlain(const Ground& ground);
+    std::wstring textInFrontOf(long end);
     bool leavesSurplus(long at);
     static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
                            std::size_t rows);
 
     Word::_DocumentPtr document_;
+    RangeInStory ranges_;
     Word::RangePtr range_; ///< moved to each place
     StoryEnd& end_;
     Collections& collections_;
     /// What the range covers, as long as no operation moves it.
     std::optional<Span> selected_;
+    std::optional<Span> covered_;  ///< by the range, behind the operation that moved it in hand
     bool trustsSelection_ = false; ///< while an operation is carried out
     Word::TablePtr table_;         ///< the story's last one
     Word::RangePtr lastBreak_;     ///< covers the page break

@@ -180,21 +180,22 @@ void Flow::putStyles(std::deque<Operation>& operations)
 }
 
 /// Whether the paragraphs behind the first one are freed of the alignment that they take over, all at once:
-/// then most of them need nothing more.
-bool Flow::freesOfAlignment() const
+/// where the last one would keep it, or less is to be put then.
+bool Flow::freesOfAlignment()
 {
     constexpr std::size_t fewestLines = 4;
-    return within_ == Within::story && !source_.keepsGround && lines_.size() >= fewestLines &&
-           (ground_.alignment || !ground_.isAlignmentKnown);
+    if (within_ != Within::story || source_.keepsGround || lines_.size() < fewestLines ||
+        (!ground_.alignment && ground_.isAlignmentKnown))
+        return false;
+    const Line& last = lines_.back();
+    if (!last.isLast || !isFormatted(last))
+        return true;
+    return alignmentsBeside(true).size() < alignmentsBeside(false).size();
 }
 
-void Flow::putAlignments(std::deque<Operation>& operations)
+/// What is to be put, be they freed or not.
+std::vector<PutAlignment> Flow::alignmentsBeside(bool frees)
 {
-    const bool frees = freesOfAlignment();
-    if (frees) {
-        const Position past = origin_ + static_cast<Position>(text_.size()) + 1;
-        operations.push_back(PutAlignment{{lines_[1].start, past}, {}});
-    }
     std::vector<Stretch<std::optional<int>>> stretches;
     for (const Line& line : lines_) {
         if (!isFormatted(line))
@@ -207,8 +208,21 @@ void Flow::putAlignments(std::deque<Operation>& operations)
         if (!isRight)
             extend(stretches, {line.start, line.past()}, wanted);
     }
+    std::vector<PutAlignment> alignments;
     for (const auto& [span, alignment] : stretches)
-        operations.push_back(PutAlignment{span, alignment});
+        alignments.push_back({span, alignment});
+    return alignments;
+}
+
+void Flow::putAlignments(std::deque<Operation>& operations)
+{
+    const bool frees = freesOfAlignment();
+    if (frees) {
+        const Position past = origin_ + static_cast<Position>(text_.size()) + 1;
+        operations.push_back(PutAlignment{{lines_[1].start, past}, {}});
+    }
+    for (const PutAlignment& alignment : alignmentsBeside(frees))
+        operations.emplace_back(alignment);
 }
 
 // A run may go on over paragraph ends, as long as they are in the same style, and over page breaks.

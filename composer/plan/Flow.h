@@ -71,7 +71,8 @@ private:
     void format(std::deque<Operation>& operations);
     void putStyles(std::deque<Operation>& operations);
     void putAlignments(std::deque<Operation>& operations);
-    [[nodiscard]] bool freesOfAlignment() const;
+    [[nodiscard]] bool freesOfAlignment();
+    [[nodiscard]] std::vector<PutAlignment> alignmentsBeside(bool frees);
     void putFonts(std::deque<Operation>& operations);
     void findLinkEnds();
     void lengthen(std::deque<Operation>& operations);

@@ -7,6 +7,8 @@
 #include "Hyperlink.h"
 #include "Section.h"
 #include "Story.h"
+#include "Table.h"
+#include "TableCell.h"
 
 namespace {
 
@@ -61,6 +63,36 @@ private:
         return document_->section(section)->story(part, model::HeaderFooterIndex::primary);
     }
 };
+
+// With fragments the writer has asked for the page by then.
+TEST_P(ComposedSessionTest, GivesTablesTheWidthThatTheirPagesHave)
+{
+    const auto writeTable = [this] {
+        client->startTable();
+        client->addRow();
+        client->addCell();
+        for (const bool isBold : {true, false, true, false, true, false, true}) { // worth a fragment
+            client->setFontAttribute(1, isBold ? VARIANT_TRUE : VARIANT_FALSE);
+            client->insertText(L"a"_b);
+        }
+        client->endTable();
+        client->insertText(L"b"_b);
+        client->insertPageBreak();
+        client->startHeader();
+        client->endHeader();
+        client->insertText(L"c"_b);
+    };
+    writeTable();
+    client->insertFile(bstr(folder.write("empty.txt", "")), 0);
+    client->setOrientation(1);
+    writeTable();
+    complete();
+    const std::vector<model::Table> tables = model::tablesOf({body(), 0, body()->length()});
+    ASSERT_EQ(tables.size(), 2U);
+    constexpr float padding = 10.8F; // of cells, which stand out of the text
+    EXPECT_EQ(tables[0].cell(1, 1).format().width, 432 + padding);
+    EXPECT_EQ(tables[1].cell(1, 1).format().width, 792 - 130 - 72 + padding);
+}
 
 TEST_P(ComposedSessionTest, DrawsLinksToTagsOfAllWriters)
 {

@@ -2,7 +2,7 @@
 
 NAMESPACES = {name: f"urn:oasis:names:tc:opendocument:xmlns:{path}:1.0" for name, path in {
     "fo": "xsl-fo-compatible", "office": "office", "style": "style", "svg": "svg-compatible", "table": "table",
-    "text": "text"}.items()} | {"xlink": "http://www.w3.org/1999/xlink"}
+    "text": "text", "draw": "drawing"}.items()} | {"xlink": "http://www.w3.org/1999/xlink"}
 
 # Names that LibreOffice gives to styles of Word's.
 STYLES = {"Standard": "Normal"}

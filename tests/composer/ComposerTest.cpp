@@ -4,6 +4,7 @@
 
 #include "Bookmarks.h"
 #include "InlineShape.h"
+#include "SamplePictures.h"
 #include "ScratchFolder.h"
 #include "Section.h"
 #include "general/QdxException.h"
@@ -365,6 +366,84 @@ TEST_F(ComposerTest, PutsAPictureThatIsWiderThanThePageInByItself)
         EXPECT_EQ(text(), u"a\x01");
         composer.reset();
     }
+}
+
+/// With fragments, whose tables have to say how wide they are.
+class PageOfTablesTest : public ComposerTest
+{
+protected:
+    void SetUp() override
+    {
+        composer = std::make_unique<Composer>(Composer::Pen::fragments, trace, L"", nullptr, look);
+        ComposerTest::SetUp();
+    }
+    [[nodiscard]] float widthOfTable(long number) const
+    {
+        return document->GetTables()->Item(number)->Cell(1, 1)->GetWidth();
+    }
+    static constexpr float padding = 10.8F; ///< of cells, which stand out of the text
+    /// And has it brought to Word.
+    void writeTable()
+    {
+        composer->startTable();
+        composer->addRow();
+        composer->addCell();
+        for (const bool isBold : {true, false, true, false, true, false, true}) { // worth a fragment
+            composer->setFontAttribute(1, isBold);
+            write(L"a");
+        }
+        composer->endTable();
+        write(L"b");
+        composer->insertPageBreak();
+        composer->startHeader();
+        composer->endHeader();
+        write(L"c");
+        composer->setTextAlign(2);
+        write(L"d");
+        bringToWord();
+    }
+};
+
+TEST_F(PageOfTablesTest, IsAskedForOnceWhateverSectionsAndFilesCome)
+{
+    writeTable();
+    EXPECT_EQ(callsOf("PageWidth"), 1);
+    const std::string file =
+        folder.write("wide.rtf", R"({\rtf1\ansi\paperw20000\pard one\par\sect\sectd\pard two\par})");
+    composer->insertFile(std::wstring(file.begin(), file.end()).c_str(), 0);
+    EXPECT_EQ(document->GetSections()->GetCount(), 3);
+    writeTable();
+    composer->finish();
+    EXPECT_EQ(callsOf("PageWidth"), 1);
+    EXPECT_EQ(widthOfTable(1), 432 + padding);
+    EXPECT_EQ(widthOfTable(2), 432 + padding) << "in the last section, which is as it was";
+}
+
+TEST_F(PageOfTablesTest, IsAskedForAgainWhenItHasChanged)
+{
+    writeTable();
+    const Word::PageSetupPtr page = document->GetPageSetup();
+    page->PutOrientation(1);
+    composer->pageChanged();
+    word.clearTranscript();
+    writeTable();
+    composer->finish();
+    EXPECT_EQ(callsOf("PageWidth"), 1);
+    EXPECT_EQ(widthOfTable(1), 432 + padding);
+    EXPECT_EQ(widthOfTable(2), 648 + padding);
+}
+
+TEST_F(PageOfTablesTest, StretchesThatNoFragmentCarriesAreWrittenTogether)
+{
+    composer->setTextAlign(2);
+    composer->insertEndl();
+    composer->insertEndl();
+    const std::string file = folder.write("picture.gif", sample::gif());
+    composer->insertImage(std::wstring(file.begin(), file.end()).c_str(), L"");
+    EXPECT_EQ(callsOf("AddPicture"), 1);
+    EXPECT_EQ(callsOf(".Alignment = 1"), 1);
+    composer->finish();
+    EXPECT_EQ(text(), u"\r\r\x01");
 }
 
 /// Word does not read fragments in.

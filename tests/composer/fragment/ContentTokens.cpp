@@ -89,6 +89,8 @@ private:
             tokens_.push_back(entryToken(entry->text, entry->level));
         else if (const auto* tag = std::get_if<Tag>(&item.what))
             tokens_.push_back(tagToken(tag->bookmark));
+        else if (const auto* picture = std::get_if<Picture>(&item.what))
+            tokens_.push_back(pictureToken(picture->kept->form, picture->kept->data(), look.link));
         else
             tokens_.push_back(pageBreakToken());
     }
@@ -162,6 +164,17 @@ std::string tagToken(std::u16string_view bookmark)
 std::string pageBreakToken()
 {
     return "page break";
+}
+
+std::string pictureToken(const PictureForm& form, std::string_view data, const std::string& link)
+{
+    static const char* const kinds[] = {"png", "jpeg", "emf", "bitmap"};
+    std::ostringstream out;
+    out << kinds[static_cast<int>(form.kind)] << ' ' << form.width << 'x' << form.height << " of "
+        << form.naturalWidth << 'x' << form.naturalHeight << ' ' << std::hex;
+    for (const char byte : data)
+        out << static_cast<int>(static_cast<unsigned char>(byte)) << ',';
+    return out.str() + (link.empty() ? "" : " -> " + link);
 }
 
 std::string markToken(std::string_view kind, const std::u16string& rtfStyle, int wordAlignment,

@@ -24,6 +24,8 @@ std::string fieldToken(std::string_view keyword, const Look& look);
 std::string entryToken(std::u16string_view text, int level);
 std::string tagToken(std::u16string_view bookmark);
 std::string pageBreakToken();
+/// Lengths as the form has them; `data`: the picture itself.
+std::string pictureToken(const PictureForm& form, std::string_view data, const std::string& link);
 /// "par" or "cell".
 std::string markToken(std::string_view kind, const std::u16string& rtfStyle, int wordAlignment,
                       const std::string& link);

@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const RandomContent content =
         makeContent([&](std::size_t count) { return at < size ? data[at++] % count : count - 1; });
     for (const Block& block : content.blocks)
-        check(fitsFragment(block, content.links), "does not fit", "");
+        check(fitsFragment(block, content.links, {432, 648}), "does not fit", "");
 
     TestStyles styles;
     constexpr float textWidth = 432;

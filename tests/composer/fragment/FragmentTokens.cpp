@@ -58,7 +58,8 @@ enum class Use
     code,
     bookmarkStart,
     bookmarkEnd,
-    field
+    field,
+    picture
 };
 
 struct Group
@@ -125,6 +126,8 @@ private:
             bookmarks_ = std::exchange(name_, {});
         else if (group_.opensPart && group_.use == Use::bookmarkEnd)
             endBookmark();
+        else if (group_.opensPart && group_.use == Use::picture)
+            endPicture();
         group_ = std::move(groups_.back());
         groups_.pop_back();
     }
@@ -183,11 +186,9 @@ private:
 
     bool openPart(const std::string& name)
     {
-        static const std::map<std::string, Use> parts = {{"fonttbl", Use::fonts},
-                                                         {"stylesheet", Use::styles},
-                                                         {"fldinst", Use::code},
-                                                         {"bkmkstart", Use::bookmarkStart},
-                                                         {"bkmkend", Use::bookmarkEnd}};
+        static const std::map<std::string, Use> parts = {
+            {"fonttbl", Use::fonts},           {"stylesheet", Use::styles},   {"fldinst", Use::code},
+            {"bkmkstart", Use::bookmarkStart}, {"bkmkend", Use::bookmarkEnd}, {"pict", Use::picture}};
         if (name == "field") {
             code_.clear();
             group_.use = Use::field;
@@ -200,6 +201,15 @@ private:
                 ++reading_.links;
             }
             return true;
+        }
+        if (name == "shppict") {
+            if (!group_.isIgnorable)
+                refuse("pictures of new kinds that are not ignorable");
+            return true;
+        }
+        if (name == "pict") {
+            picture_ = {};
+            hasKind_ = false;
         }
         const auto part = parts.find(name);
         if (part == parts.end())
@@ -271,12 +281,49 @@ private:
             edges_.push_back(number.value());
         } else if (name == "trrh") {
             height_ = number.value();
+        } else if (group_.use == Use::picture) {
+            takePicture(name, number.value_or(0));
         } else {
             static const std::string known =
                 " rtf ansi ansicpg deff uc fnil additive flddirty trgaph trleft ";
             if (known.find(' ' + name + ' ') == std::string::npos)
                 refuse("an unknown word " + name);
         }
+    }
+
+    void takePicture(const std::string& name, int number)
+    {
+        static const std::map<std::string, PictureKind> kinds = {{"pngblip", PictureKind::png},
+                                                                 {"jpegblip", PictureKind::jpeg},
+                                                                 {"emfblip", PictureKind::emf},
+                                                                 {"dibitmap", PictureKind::bitmap}};
+        static const std::map<std::string, std::int32_t PictureForm::*> lengths = {
+            {"picw", &PictureForm::width},
+            {"pich", &PictureForm::height},
+            {"picwgoal", &PictureForm::naturalWidth},
+            {"pichgoal", &PictureForm::naturalHeight}};
+        if (const auto kind = kinds.find(name); kind != kinds.end()) {
+            picture_.kind = kind->second;
+            hasKind_ = true;
+        } else if (const auto length = lengths.find(name); length != lengths.end()) {
+            picture_.*length->second = number;
+        } else {
+            refuse("an unknown word of pictures " + name);
+        }
+    }
+
+    void endPicture()
+    {
+        const std::u16string digits = std::exchange(name_, {});
+        if (!hasKind_ || digits.empty() || digits.size() % 2 != 0)
+            refuse("a picture without a kind, or half a byte of one");
+        std::string data;
+        for (std::size_t at = 0; at < digits.size(); at += 2)
+            data +=
+                static_cast<char>(std::stoi(std::string(digits.begin() + static_cast<std::ptrdiff_t>(at),
+                                                        digits.begin() + static_cast<std::ptrdiff_t>(at) + 2),
+                                            nullptr, 16));
+        emit(pictureToken(picture_, data, look().link));
     }
 
     void character(char16_t c)
@@ -302,6 +349,7 @@ private:
             return;
         case Use::bookmarkStart:
         case Use::bookmarkEnd:
+        case Use::picture:
             name_ += c;
             return;
         case Use::nothing:
@@ -413,6 +461,8 @@ private:
     std::u16string name_;
     std::u16string bookmarks_; ///< the one that is open
     std::u16string code_;
+    PictureForm picture_;
+    bool hasKind_ = false;
     std::string linkOfCode_;
     std::vector<int> edges_;
     int height_ = 0;

@@ -1,5 +1,6 @@
 #include "RandomContent.h"
 
+#include "SamplePictures.h"
 #include "TestStyles.h"
 
 #include <array>
@@ -31,6 +32,8 @@ public:
         }
         for (std::size_t link = 0; onceIn(2) && link < 3; ++link)
             spreadLink();
+        for (std::size_t picture = 0; !onceIn(3) && picture < 4; ++picture)
+            addPicture();
         return std::move(content_);
     }
 
@@ -38,6 +41,11 @@ private:
     bool onceIn(std::size_t count) { return below_(count) == 0; }
     template <class List>
     const auto& oneOf(const List& list)
+    {
+        return list[below_(list.size())];
+    }
+    template <class List>
+    auto& partOf(List& list)
     {
         return list[below_(list.size())];
     }
@@ -208,6 +216,38 @@ private:
     {
         if (cell.size() > 1)
             spread(cell[0], cell[1]);
+    }
+
+    static KeptPicturePtr kept(std::string file)
+    {
+        const std::optional<PictureForm> form = pictureForm(file);
+        return std::make_shared<const KeptPicture>(KeptPicture{form.value(), std::move(file), u""});
+    }
+
+    void addPicture()
+    {
+        Block& block = partOf(content_.blocks);
+        if (auto* const table = std::get_if<Table>(&block))
+            addPicture(partOf(partOf(partOf(table->rows))));
+        else
+            addPicture(std::get<Paragraph>(block));
+    }
+
+    /// Behind anything in it. What one link covers goes on to lie side by side.
+    void addPicture(Paragraph& paragraph)
+    {
+        static const std::array pictures = {kept(sample::png()), kept(sample::jpeg()), kept(sample::emf()),
+                                            kept(sample::bmp())};
+        std::vector<Item>& items = paragraph.items;
+        Item picture{Picture{.isThere = true, .kept = oneOf(pictures)}};
+        const std::size_t at = items.empty() ? 0 : 1 + below_(items.size());
+        const LinkNumber before = at > 0 ? items[at - 1].link : noLink;
+        const LinkNumber behind = at < items.size() ? items[at].link : paragraph.endLink;
+        if (before != noLink && before == behind)
+            picture.link = before;
+        else if (onceIn(2))
+            picture.link = newLink();
+        items.insert(items.begin() + static_cast<std::ptrdiff_t>(at), std::move(picture));
     }
 
     const std::function<std::size_t(std::size_t)>& below_;

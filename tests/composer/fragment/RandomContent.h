@@ -9,7 +9,7 @@
 namespace compose {
 
 /// Content that fits a fragment: every kind of item, block and formatting, with texts and names that have to
-/// be escaped.
+/// be escaped; pictures of every kind, in paragraphs and cells, linked and not.
 struct RandomContent
 {
     Blocks blocks;

@@ -22,7 +22,7 @@ TEST_P(RandomFragments, ShowWhatTheContentSaysAndNothingTwice)
         const RandomContent content =
             makeContent([&numbers](std::size_t count) { return numbers() % count; });
         for (const Block& block : content.blocks)
-            ASSERT_TRUE(fitsFragment(block, content.links));
+            ASSERT_TRUE(fitsFragment(block, content.links, {432, 648}));
         TestStyles styles;
         const std::string rtf = fragmentOf(content.blocks, {styles, content.links, isLinkedBookmark, 431.3f});
         SCOPED_TRACE(rtf);

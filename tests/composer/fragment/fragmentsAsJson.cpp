@@ -118,6 +118,8 @@ private:
             object.add("entry", quoted(entry->text));
         else if (const auto* tag = std::get_if<Tag>(&item.what))
             object.add("tag", quoted(tag->bookmark));
+        else if (const auto* picture = std::get_if<Picture>(&item.what))
+            object.add("picture", described(*picture->kept));
         else
             object.add("pageBreak", "true");
         if (const auto* entry = std::get_if<Entry>(&item.what))
@@ -126,6 +128,24 @@ private:
             addLink(object, content_.links[static_cast<std::size_t>(item.link)]);
         object.add("font", font(changeOf(item.font.get(), style, styles_)));
         return object.asObject();
+    }
+
+    /// Width and height in points, and its data in hexadecimal.
+    static std::string described(const KeptPicture& picture)
+    {
+        constexpr double twipsPerPoint = 20;
+        std::string data;
+        for (const char byte : picture.data()) {
+            char digits[3];
+            std::snprintf(digits, sizeof digits, "%02x",
+                          static_cast<unsigned>(static_cast<unsigned char>(byte)));
+            data += digits;
+        }
+        List description;
+        description.add(std::to_string(picture.form.naturalWidth / twipsPerPoint));
+        description.add(std::to_string(picture.form.naturalHeight / twipsPerPoint));
+        description.add(quotedAscii(data));
+        return description.asArray();
     }
 
     static void addLink(List& object, const LinkTarget& target)

@@ -1,6 +1,8 @@
 """Fragments of random content as a word processor reads them by itself: no reading of ours stands in between."""
 
+import base64
 import difflib
+import hashlib
 import itertools
 import json
 import os
@@ -14,6 +16,7 @@ from opendocument import NAMESPACES, Styles, points, qualified
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 FRAGMENTS = 200
+BITMAP_HEADER = 14  # bytes of a file that no document holds
 TEXT_WIDTH = 432  # points, as the program that prints the fragments has it
 
 # What LibreOffice 7.4 makes of RTF otherwise than it is meant, each in the form in which it is expected here.
@@ -21,7 +24,7 @@ TEXT_WIDTH = 432  # points, as the program that prints the fragments has it
 LEADING_PARAGRAPH = r"\pard\plain\s0\par"
 # - A page break ends a paragraph, and with no text around it makes an empty one more or less. When no plain text follows it in
 #   its paragraph, it goes to a later one or gets lost; the latter happens in the first paragraph with text behind a table, too
-#   (without_breaks).
+#   (without_breaks). A picture is no text to it; so pictures count where there is no page break.
 # - Bookmarks get lost when no text follows them in their paragraph, and a field or a link stands in front of them there or a
 #   link begins with the paragraph's end, and so do those at the end of a document (unsure_tags). Those at one place have any
 #   order (in_any_order).
@@ -32,12 +35,18 @@ LEVEL_OF_ENTRIES = 1
 EMPTY_ENTRY = " "
 # - A field without a result has no formatting of its own.
 FIELD_FONT = None
+# - Pictures have a least width and height, in points.
+LEAST_LENGTH = 1.16
 FIELDS = {1: "date", 2: "time", 3: "file-name", 4: "page-number"}
 
 
 def address_as_read(address):
     """Escapes in a field's code are not undone."""
     return address.replace("\\", "\\\\")
+
+
+def picture_token(size, link, data):
+    return ("picture", [round(length, 1) for length in size], link, hashlib.sha256(data).hexdigest())
 
 
 FONT = ("name", "size", "bold", "italic", "underlined", "struck")
@@ -97,9 +106,17 @@ class Reading:
             elif tag == "toc-mark":
                 tokens.append(("entry", child.get(qualified("text:string-value")),
                                int(child.get(qualified("text:outline-level")))))
+            elif child.tag == qualified("draw:frame"):
+                tokens.append(self._picture(child, link))
             elif tag not in ("bookmark-end", "soft-page-break"):
                 raise AssertionError(f"unexpected {child.tag}")
             text(child.tail)
+
+    @staticmethod
+    def _picture(frame, link):
+        size = [points(frame.get(qualified(f"svg:{side}"))) for side in ("width", "height")]
+        data = base64.b64decode(frame.find(qualified("draw:image")).findtext(qualified("office:binary-data")))
+        return picture_token(size, link, data[BITMAP_HEADER:] if data.startswith(b"BM") else data)
 
     def _table(self, element):
         def widths():
@@ -136,6 +153,9 @@ def expected_tokens(item, style):
     font = font_of({**style, **item["font"]})
     if "text" in item:
         return [(character, font, link) for character in item["text"]]
+    if "picture" in item:
+        width, height, data = item["picture"]
+        return [picture_token([max(LEAST_LENGTH, width), max(LEAST_LENGTH, height)], link, bytes.fromhex(data))]
     if "field" in item:
         return [("field", FIELDS[item["field"]], FIELD_FONT, link)]
     if "entry" in item:
@@ -201,11 +221,12 @@ def without_breaks(blocks):
             kept, is_far_from_table, shows = [], False, False
             continue
         is_far_from_table = is_far_from_table or shows and block.get("isFirst", True)
-        tokens = kept + block["tokens"]
+        own = [token for token in block["tokens"] if token[0] != "picture"]
+        tokens = kept + own
         if all(token[0] in ("tag", "entry") for token in tokens):
             kept = tokens
             continue
-        begins_plainly = bool(block["tokens"]) and is_plain(block["tokens"][0])
+        begins_plainly = bool(own) and is_plain(block["tokens"][0])
         result.append({**block, "tokens": tokens, "break": block["break"] and begins_plainly and is_far_from_table})
         kept, shows = [], True
     return result + [{"tokens": kept}]
@@ -237,6 +258,13 @@ def lines(blocks, left_out):
             yield f"row, height {round(height)}"
 
 
+class AnyStyle(dict):
+    """For what is expected beside looks."""
+
+    def __missing__(self, name):
+        return {"alignment": 0}
+
+
 class FragmentsTest(unittest.TestCase):
     maxDiff = None
 
@@ -253,6 +281,20 @@ class FragmentsTest(unittest.TestCase):
             header, sheet, text = fragment["rtf"].split("\n", 2)
             paths[-1].write_text("\n".join([header, sheet, LEADING_PARAGRAPH, text]), "ascii")
         subprocess.run([ROOT / "scripts" / "office-convert", "fodt", *paths, cls.folder], check=True, timeout=500)
+
+    def test_hold_pictures_of_all_kinds_in_paragraphs_and_cells_linked_and_not(self):
+        seen = set()
+        for fragment in self.fragments:
+            blocks = list(expected(fragment["blocks"], AnyStyle()))
+            has_breaks = any(paragraph["break"] for paragraph in paragraphs_of(blocks))
+            for block in blocks:
+                if has_breaks and "rows" not in block:
+                    continue
+                seen.update((token[3], "rows" in block, bool(token[2])) for paragraph in paragraphs_of([block])
+                            for token in paragraph["tokens"] if token[0] == "picture")
+        kinds = {kind for kind, _, _ in seen}
+        self.assertEqual(len(kinds), 4)
+        self.assertEqual(seen, set(itertools.product(kinds, (False, True), (False, True))))
 
     def test_are_read_as_they_are_meant(self):
         agreed = 0

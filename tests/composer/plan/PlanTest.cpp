@@ -140,6 +140,14 @@ TEST_F(PlanTest, FreesManyParagraphsOfTheGroundsAlignmentAtOnce)
     EXPECT_EQ(ground, Ground());
 }
 
+TEST_F(PlanTest, FreesNothingOfAnAlignmentWhereAllIsToHaveOne)
+{
+    ground.isAlignmentKnown = false;
+    content.setTextAlign(2);
+    content.insertText(u"a\nb\nc\nd");
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|b|c|d'", "alignment 0-8 1"));
+}
+
 TEST_F(PlanTest, SaysStyleAndAlignmentOfAnUnknownGround)
 {
     ground = {.style = u"", .isAlignmentKnown = false};

@@ -22,6 +22,9 @@ if(MINGW)
   target_compile_options(mirovel_options INTERFACE -Wno-unknown-pragmas
     # g++ 12 sees an overlap in std::string's operator+ where there is none (GCC bug 105651).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # g++ takes an inline function that it did not inline to be the one that the linker keeps, and keeps values in registers
+    # that another file's copy of it, compiled with other options, overwrites.
+    $<$<CXX_COMPILER_ID:GNU>:-fno-ipa-ra>
     # A hardware fault inside a Word call becomes a C++ exception (CSignal2Exception); the unwinder needs tables for
     # every instruction that can fault.
     -fnon-call-exceptions -fasynchronous-unwind-tables)

@@ -28,7 +28,7 @@ function(mirovel_unoptimised name)
   endif()
 endfunction()
 
-# The same for code of tests that runs for long. With -O3 and a precompiled header g++ 12 also sees overlaps in its own
+# The same for such code that runs for long. With -O3 and a precompiled header g++ 12 also sees overlaps in its own
 # library that are not there.
 function(mirovel_moderately_optimised name)
   if(NOT MSVC)

@@ -280,15 +280,30 @@ void Story::carryOut(Step& step)
 }
 
 void Story::tellOfFailure(const Plan& plan) noexcept
+{
+    if (pen_.lastFailed())
+        tellOfFailure(*pen_.lastFailed());
+    else if (!plan.passages.empty() && !plan.passages.front().operations.empty())
+        tellOfFailure(plan.passages.front().operations.front());
+}
+
+void Story::tellOfFailure(const Operation& operation) noexcept
 try {
-    if (!document_.events)
-        return;
-    std::optional<Operation> failed = pen_.lastFailed();
-    if (!failed && !plan.passages.empty() && !plan.passages.front().operations.empty())
-        failed = plan.passages.front().operations.front();
-    if (failed)
-        document_.events->flushFailed(originOf(*failed, document_.tagOf));
+    if (document_.events)
+        document_.events->flushFailed(originOf(operation, document_.tagOf));
 } catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the failure itself is being raised
+}
+
+void Story::makeContents(int level)
+{
+    if (!pen_.hasContents())
+        return;
+    try {
+        pen_.makeContents(level);
+    } catch (...) {
+        tellOfFailure(KeepContents{});
+        throw;
+    }
 }
 
 void Story::addPicture(const std::u16string& file, const LinkTarget* link)

@@ -40,6 +40,9 @@ public:
     void endSectionAtBreak() { isSectionDue_ = true; }
     /// Brings everything that waits into Word.
     void flush();
+    /// Makes the table of contents, if there is to be one. Comes last, and is tried once. `level`: see
+    /// TypedPen.
+    void makeContents(int level);
     /// Waits with the text, where fragments can carry it; otherwise it goes to Word at once. `link`: null if
     /// it leads nowhere.
     void addPicture(const std::u16string& file, const LinkTarget* link);
@@ -79,6 +82,7 @@ private:
     template <class Work>
     void tellOfFlush(const Work& work);
     void tellOfFailure(const Plan& plan) noexcept;
+    void tellOfFailure(const Operation& operation) noexcept;
 
     WrittenDocument& document_;
     StoryContent content_;

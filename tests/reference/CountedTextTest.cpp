@@ -201,6 +201,18 @@ TEST(CountedTextTest, NoTextIsLost)
         expectNothing(player, Arranger().arranged(randomSession(seed, Extent::all)), lostByDefault, seed);
 }
 
+/// The failure of such a call ends the one that ends the header halfway.
+Session withoutContentsInHeaders(Session session)
+{
+    bool isInBody = true;
+    std::erase_if(session, [&isInBody](const ClientCall& call) {
+        if (isHeaderCall(call.method))
+            isInBody = call.method == Method::endHeader || call.method == Method::endFooter;
+        return call.method == Method::insertTOC && !isInBody;
+    });
+    return session;
+}
+
 /// Without the calls that such a Word refuses, and those of which it is known that they lose text there: an
 /// object that took the place of its placeholder takes the character in front of it along, and so does a
 /// picture in a table where a cell's range also ends in front of its mark.
@@ -216,6 +228,8 @@ Session sessionFor(const standin::model::Switches& switches, std::uint32_t seed)
         return call.method == Method::insertImage ||
                (call.method == Method::insertFile && file && file->kind == SessionFile::Kind::picture);
     };
+    if (!switches.headerTakesContents)
+        session = withoutContentsInHeaders(std::move(session));
     if (!switches.shapeReplacesNothing)
         std::erase_if(session, isObject);
     if (!switches.shapeReplacesNothing && !switches.cellRangeKeepsMark)

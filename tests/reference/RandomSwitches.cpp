@@ -11,42 +11,11 @@ namespace reference {
 
 namespace {
 
-/// Finds the calls that a Word refuses, one after the other.
-class Refusals
+bool insertsRichText(const ClientCall& call)
 {
-public:
-    explicit Refusals(const standin::model::Switches& switches) : switches_(switches) {}
-
-    bool refuses(const ClientCall& call)
-    {
-        switch (call.method) {
-        case Method::startHeader:
-        case Method::startFooter:
-            isInBody_ = false;
-            return false;
-        case Method::endHeader:
-        case Method::endFooter:
-            isInBody_ = true;
-            return false;
-        case Method::insertTOC:
-            return !isInBody_ && !switches_.headerTakesContents;
-        case Method::insertFile:
-            return !switches_.insertFileTakesRtf && isFormatted(call);
-        default:
-            return false;
-        }
-    }
-
-private:
-    static bool isFormatted(const ClientCall& call)
-    {
-        const SessionFile* const file = findSessionFile(call.text);
-        return file && file->kind == SessionFile::Kind::formatted;
-    }
-
-    const standin::model::Switches& switches_;
-    bool isInBody_ = true;
-};
+    const SessionFile* const file = call.method == Method::insertFile ? findSessionFile(call.text) : nullptr;
+    return file && file->kind == SessionFile::Kind::formatted;
+}
 
 } // namespace
 
@@ -63,8 +32,8 @@ standin::model::Switches randomSwitches(std::uint32_t seed)
 
 Session playable(Session session, const standin::model::Switches& switches)
 {
-    Refusals refusals(switches);
-    std::erase_if(session, [&](const ClientCall& call) { return refusals.refuses(call); });
+    if (!switches.insertFileTakesRtf)
+        std::erase_if(session, insertsRichText);
     return session;
 }
 

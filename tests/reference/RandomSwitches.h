@@ -12,8 +12,7 @@ namespace reference {
 /// Some mixtures are near the default, some far from it.
 standin::model::Switches randomSwitches(std::uint32_t seed);
 
-/// The session without the calls that such a Word refuses whoever makes them: a file of rich text, a table of
-/// contents in a header.
+/// The session without the calls that such a Word refuses whoever makes them: files of rich text.
 Session playable(Session session, const standin::model::Switches& switches);
 
 } // namespace reference

@@ -189,6 +189,15 @@ void ReferenceDocument::insertTag(const std::u16string& name)
     current().insertTag(name);
 }
 
+int ReferenceDocument::refuseContentsInHeaders()
+{
+    int refused = 0;
+    for (Section& section : sections_)
+        for (auto& [part, story] : section)
+            refused += story.removeContents() ? 1 : 0;
+    return refused;
+}
+
 DocumentContent ReferenceDocument::content() const
 {
     std::vector<std::optional<ReferenceStory::Flattened>> flattened = {body_.flatten()};

@@ -29,6 +29,10 @@ public:
     void perform(const ClientCall& call);
     void perform(const Session& session);
 
+    /// Takes the tables of contents out of headers and footers, as a Word does that refuses them there, and
+    /// says how many there were.
+    int refuseContentsInHeaders();
+
     [[nodiscard]] DocumentContent content() const;
 
 private:

@@ -405,12 +405,14 @@ void ReferenceStory::endTable()
     alignment_.reset();
 }
 
-void ReferenceStory::removeContents()
+bool ReferenceStory::removeContents()
 {
+    std::size_t removed = 0;
     for (Block& block : blocks_)
         if (auto* paragraph = std::get_if<Paragraph>(&block))
-            std::erase_if(paragraph->items,
-                          [](const Item& item) { return item.token.kind == TokenKind::contents; });
+            removed += std::erase_if(paragraph->items,
+                                     [](const Item& item) { return item.token.kind == TokenKind::contents; });
+    return removed > 0;
 }
 
 void ReferenceStory::insertTOC(const std::u16string& title, const std::u16string& titleStyle)

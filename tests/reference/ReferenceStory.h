@@ -85,6 +85,8 @@ public:
 
     /// With that heading, in that style; without a style centred, and an empty paragraph behind it.
     void insertTOC(const std::u16string& title, const std::u16string& titleStyle);
+    /// The table goes, its heading stays. True when there was one.
+    bool removeContents();
     void startTOCEntry();
     void endTOCEntry();
 
@@ -115,7 +117,6 @@ private:
     void endParagraph(const std::optional<RequestedLink>& link = {});
     void endParagraphIfItHoldsAnything();
     void beginStyle(const std::u16string& name);
-    void removeContents();
     void collect(std::u16string_view text);
 
     std::vector<Block> blocks_ = {Paragraph()}; ///< the last one is a paragraph

@@ -218,7 +218,11 @@ Session withoutContentsInHeaders(Session session)
 /// picture in a table where a cell's range also ends in front of its mark.
 Session sessionFor(const standin::model::Switches& switches, std::uint32_t seed)
 {
-    Session session = playable(Arranger().arranged(randomSession(seed, Extent::all)), switches);
+    Session session = Arranger().arranged(randomSession(seed, Extent::all));
+    const auto isRichText = [](const ClientCall& call) {
+        const SessionFile* const file = findSessionFile(call.text);
+        return call.method == Method::insertFile && file && file->kind == SessionFile::Kind::formatted;
+    };
     const auto isObject = [](const ClientCall& call) {
         const SessionFile* const file = findSessionFile(call.text);
         return call.method == Method::insertFile && file && file->kind == SessionFile::Kind::sheet;
@@ -228,6 +232,8 @@ Session sessionFor(const standin::model::Switches& switches, std::uint32_t seed)
         return call.method == Method::insertImage ||
                (call.method == Method::insertFile && file && file->kind == SessionFile::Kind::picture);
     };
+    if (!switches.insertFileTakesRtf)
+        std::erase_if(session, isRichText);
     if (!switches.headerTakesContents)
         session = withoutContentsInHeaders(std::move(session));
     if (!switches.shapeReplacesNothing)

@@ -1,23 +1,12 @@
 #include "RandomSwitches.h"
 
 #include "RandomNumbers.h"
-#include "SessionFiles.h"
 
 #include "SwitchTable.h"
 
 #include <array>
 
 namespace reference {
-
-namespace {
-
-bool insertsRichText(const ClientCall& call)
-{
-    const SessionFile* const file = call.method == Method::insertFile ? findSessionFile(call.text) : nullptr;
-    return file && file->kind == SessionFile::Kind::formatted;
-}
-
-} // namespace
 
 standin::model::Switches randomSwitches(std::uint32_t seed)
 {
@@ -28,13 +17,6 @@ standin::model::Switches randomSwitches(std::uint32_t seed)
         if (numbers.onceIn(rarity))
             entry.set(switches, 1 + numbers.below(entry.values.size() - 1));
     return switches;
-}
-
-Session playable(Session session, const standin::model::Switches& switches)
-{
-    if (!switches.insertFileTakesRtf)
-        std::erase_if(session, insertsRichText);
-    return session;
 }
 
 } // namespace reference

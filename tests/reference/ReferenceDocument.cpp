@@ -170,6 +170,10 @@ void ReferenceDocument::insertFile(const std::u16string& name, int kind)
         return insertHyperlink(name, name);
     if (file->kind == SessionFile::Kind::picture)
         return current().insertImage(file->look, {});
+    if (refusesRichText_ && file->kind == SessionFile::Kind::formatted) {
+        ++refusedFiles_;
+        return current().insertNothing();
+    }
     current().insertContent(*file, areFileEndsLost_);
 }
 

@@ -247,10 +247,15 @@ void ReferenceStory::insertObject(bool isLinked)
     writeToken(TokenKind::object, isLinked ? u"linked" : u"embedded");
 }
 
-void ReferenceStory::insertContent(const SessionFile& file, bool isEndLost)
+void ReferenceStory::insertNothing()
 {
     if (current().holdsAnything())
         endParagraph();
+}
+
+void ReferenceStory::insertContent(const SessionFile& file, bool isEndLost)
+{
+    insertNothing();
     std::vector<Paragraph> content = paragraphsOf(file);
     if (isEndLost && file.kind == SessionFile::Kind::formatted)
         content.back().isFormatOpen = true;

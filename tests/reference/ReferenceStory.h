@@ -68,6 +68,8 @@ public:
     /// of a paragraph; in a cell its format is any.
     /// `isEndLost`: Word does not take over how the last paragraph of rich text is, which may be in any way.
     void insertContent(const SessionFile& file, bool isEndLost = false);
+    /// As a file that Word refuses: what follows begins a new paragraph all the same.
+    void insertNothing();
     void insertObject(bool isLinked);
     void insertTag(const std::u16string& name);
     void removeTag(std::u16string_view name);

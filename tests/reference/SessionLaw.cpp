@@ -14,18 +14,26 @@ namespace reference {
 namespace {
 
 constexpr int shownSessions = 3;
-constexpr std::string_view refusedContents = "close: Saving document COMERROR 0x800a11fd ";
+/// What a Word that refuses something makes of calls: failures of these, and of no others.
+struct Refusals
+{
+    int contents = 0; ///< in headers, each in a call to `close` of its own
+    int files = 0;    ///< each in its `insertFile`
+};
 
-/// What the client was told, but for each table of contents that Word refused: of that in a call to `close`
-/// of its own.
-std::vector<std::string> unexpectedFailures(const PlayedSession& played, int refused)
+/// What the client was told beyond that, or was not told of it.
+std::vector<std::string> unexpectedFailures(const PlayedSession& played, const Refusals& refused)
 {
     std::vector<std::string> failures = played.failures;
-    const auto told = static_cast<int>(std::erase_if(
-        failures, [](const std::string& failure) { return failure.starts_with(refusedContents); }));
-    if (told != refused)
-        failures.push_back(std::to_string(refused) + " tables of contents were refused, and " +
-                           std::to_string(told) + " told");
+    const auto take = [&failures](std::string_view begin, int expected) {
+        const auto told = static_cast<int>(std::erase_if(
+            failures, [begin](const std::string& failure) { return failure.starts_with(begin); }));
+        if (told != expected)
+            failures.push_back(std::to_string(told) + " instead of " + std::to_string(expected) + " times " +
+                               std::string(begin));
+    };
+    take("close: Saving document COMERROR 0x800a11fd ", refused.contents);
+    take("insertFile: _com_error 0x800a1066", refused.files);
     return failures;
 }
 
@@ -50,8 +58,12 @@ std::vector<Difference> differencesOf(SessionPlayer& player, const Session& sess
     using standin::model::LastParagraph;
     ReferenceDocument document(isAddress, switches.insertFileLastParagraph == LastParagraph::dropped,
                                player.look());
+    if (!switches.insertFileTakesRtf)
+        document.refuseRichText();
     document.perform(session);
-    const int refused = switches.headerTakesContents ? 0 : document.refuseContentsInHeaders();
+    Refusals refused{.files = document.refusedFiles()};
+    if (!switches.headerTakesContents)
+        refused.contents = document.refuseContentsInHeaders();
     const DocumentContent expected = document.content();
     const PlayedSession played = player.play(session, switches);
     std::vector<Difference> differences = compare(expected, played.content);

@@ -1,4 +1,5 @@
-// A Word that takes no table of contents in a header: the composing writer's document goes on without it.
+// A Word that refuses what another one takes. The composing writer's document goes on without a table of
+// contents in a header; the other things it does not ask for.
 #include "FrontEndTest.h"
 
 #include "Document.h"
@@ -20,10 +21,10 @@ constexpr char succeeds[] = "0x00000000";
 constexpr char16_t fieldBegin = u'\x13';
 constexpr char16_t fieldEnd = u'\x15';
 
-class RefusedContentsTest : public FrontEndTest, public testing::WithParamInterface<int>
+class RefusingWordTest : public FrontEndTest, public testing::WithParamInterface<int>
 {
 protected:
-    RefusedContentsTest()
+    RefusingWordTest()
     {
         setting("Log", "Diagnostics", folder.file("events.log"));
         setting("Word", "Compose", std::to_string(GetParam()), 2);
@@ -103,7 +104,7 @@ private:
     }
 };
 
-TEST_P(RefusedContentsTest, FailsTheCloseThatAskedForItAndNotTheNextOne)
+TEST_P(RefusingWordTest, FailsTheCloseThatAskedForItAndNotTheNextOne)
 {
     openDocument();
     write();
@@ -115,7 +116,7 @@ TEST_P(RefusedContentsTest, FailsTheCloseThatAskedForItAndNotTheNextOne)
     EXPECT_EQ(header, u"<h1>|Table of Contents|||<h2>entry(TC)|");
 }
 
-TEST_P(RefusedContentsTest, FailsACloseForEachHeaderAndFooter)
+TEST_P(RefusingWordTest, FailsACloseForEachHeaderAndFooter)
 {
     openDocument();
     write();
@@ -130,7 +131,7 @@ TEST_P(RefusedContentsTest, FailsACloseForEachHeaderAndFooter)
     EXPECT_EQ(footer, u"Table of Contents|||foot|");
 }
 
-TEST_P(RefusedContentsTest, LeavesADocumentThatCanBeGoneOnWith)
+TEST_P(RefusingWordTest, LeavesADocumentThatCanBeGoneOnWith)
 {
     openDocument();
     write();
@@ -150,7 +151,7 @@ TEST_P(RefusedContentsTest, LeavesADocumentThatCanBeGoneOnWith)
     EXPECT_EQ(body, u"<5>|");
 }
 
-TEST_P(RefusedContentsTest, FailsTheCreateThatCompletesTheDocument)
+TEST_P(RefusingWordTest, FailsTheCreateThatCompletesTheDocument)
 {
     openDocument();
     write();
@@ -165,7 +166,7 @@ TEST_P(RefusedContentsTest, FailsTheCreateThatCompletesTheDocument)
     EXPECT_EQ(body, u"<5>|");
 }
 
-TEST_P(RefusedContentsTest, NamesTheClientsCallInTheDiagnosticsAndWithStrict)
+TEST_P(RefusingWordTest, NamesTheClientsCallInTheDiagnosticsAndWithStrict)
 {
     for (const bool isStrict : {false, true}) {
         setting("Word", "Strict", isStrict ? "1" : "0", 3);
@@ -188,7 +189,7 @@ TEST_P(RefusedContentsTest, NamesTheClientsCallInTheDiagnosticsAndWithStrict)
     EXPECT_EQ(linesWith("\tclose\tThe client is told: Saving document"), 2);
 }
 
-TEST_P(RefusedContentsTest, IsWrittenDownWhereNobodyIsToldAnyMore)
+TEST_P(RefusingWordTest, IsWrittenDownWhereNobodyIsToldAnyMore)
 {
     openDocument();
     write();
@@ -196,6 +197,33 @@ TEST_P(RefusedContentsTest, IsWrittenDownWhereNobodyIsToldAnyMore)
     EXPECT_EQ(linesWith("at the client's call insertTOC()"), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Composing, RefusedContentsTest, testing::Values(1, 2));
+TEST_P(RefusingWordTest, IsAskedForNoLevelThatThereIsNot)
+{
+    word.model().setSwitches({.contentsTakeAnyLevel = false});
+    for (const char* const level : {"-1", "0", "3", "9", "12"}) {
+        setting("Word", "TOCLevel", level, 2);
+        openDocument();
+        client->insertTOC();
+        EXPECT_EQ(close(), succeeds) << level;
+        EXPECT_EQ(body, u"Table of Contents||(TOC)||") << level;
+    }
+}
+
+TEST_P(RefusingWordTest, IsAskedForNoPageBreakInAHeader)
+{
+    for (const bool isTaken : {true, false}) {
+        word.model().setSwitches({.headerTakesPageBreak = isTaken});
+        openDocument();
+        client->startHeader();
+        client->insertText(L"<h1>"_b);
+        client->insertPageBreak();
+        client->insertText(L"<h2>"_b);
+        client->endHeader();
+        EXPECT_EQ(close(), succeeds);
+        EXPECT_EQ(header, u"<h1>\f<h2>|");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Composing, RefusingWordTest, testing::Values(1, 2));
 
 } // namespace

@@ -29,8 +29,11 @@ std::deque<Operation> behindFragment(const Block& last)
     if (!paragraph || !endsFragment(last))
         return {};
     std::deque<Operation> operations;
-    if (paragraph->end == ParagraphEnd::section)
+    if (paragraph->end == ParagraphEnd::section) {
         operations.push_back(BreakSection{at});
+        if (paragraph->endsInAnyEntry())
+            operations.push_back(ClearFont{{at, at + 1}});
+    }
     const auto isContents = [](const Item& item) { return std::holds_alternative<Contents>(item.what); };
     if (std::ranges::any_of(paragraph->items, isContents))
         operations.push_back(KeepContents{at});
@@ -82,6 +85,12 @@ void Story::empty(bool isCollapsed)
     ground_.isPlain = false;
 }
 
+void Story::endSectionAtBreak()
+{
+    isSectionDue_ = true;
+    isSectionBehindEntry_ = content_.isBreakBehindEntry();
+}
+
 TypedPen::Place Story::place() const
 {
     if (!content_.isTableOpen())
@@ -96,7 +105,7 @@ void Story::finishSteps()
     carryOut();
     if (!isSectionDue_)
         return;
-    pen_.breakSection();
+    pen_.breakSection(isSectionBehindEntry_);
     isSectionDue_ = false;
 }
 

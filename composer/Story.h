@@ -37,7 +37,7 @@ public:
     /// range given is, to the story's beginning.
     void empty(bool isCollapsed);
     /// The page break that is in Word becomes a section's end with the next flush.
-    void endSectionAtBreak() { isSectionDue_ = true; }
+    void endSectionAtBreak();
     /// Brings everything that waits into Word.
     void flush();
     /// Makes the table of contents, if there is to be one. Comes last, and is tried once. `level`: see
@@ -91,6 +91,7 @@ private:
     std::deque<Step> steps_;
     std::optional<PageArea> page_; ///< while steps are made
     bool isSectionDue_ = false;
+    bool isSectionBehindEntry_ = false;
     WriterEvents::Flush flushed_; ///< in the flush that is being done
     StoryEnd end_;
     TypedPen pen_;

@@ -56,6 +56,7 @@ public:
     void begin(const Word::_ApplicationPtr& application, const Word::_DocumentPtr& document) override;
     void finish() override;
     [[nodiscard]] bool isFinished() const override;
+    [[nodiscard]] bool keepsDocument() const override { return true; }
     void prepareSave() override;
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
     void setTrace(const Trace& trace) override { trace_ = trace; }

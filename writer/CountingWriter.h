@@ -29,6 +29,7 @@ public:
     /// the ones after it; called again, it goes on with those.
     void finish() override;
     [[nodiscard]] bool isFinished() const override;
+    [[nodiscard]] bool keepsDocument() const override { return false; }
     void prepareSave() override {}
     /// Word's own choice.
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;

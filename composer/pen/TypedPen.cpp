@@ -465,7 +465,7 @@ void TypedPen::perform(const AddPicture& picture)
 
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
-    keepBreak(nullptr);
+    lastBreak_ = nullptr;
     const Word::RangePtr range = range_->GetDuplicate();
     range->SetRange(base_ + pageBreak.at, base_ + pageBreak.at + 1);
     keepBreak(range);

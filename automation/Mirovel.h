@@ -108,6 +108,8 @@ private:
     void switchProofingOff();
     void restoreProofing();
     void closeRunningCopy();
+    void makeDocument(BSTR fileName);
+    void goBackTo(const Word::_DocumentPtr& document, const QdxString& name);
     void addDocument();
     void saveDocument(const DocumentWriter& writer);
     void completeDocument();

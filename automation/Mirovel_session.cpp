@@ -155,6 +155,35 @@ try {
     session.diagnostics.setDocument(fileName ? fileName : L"");
     tellSettings(session);
     method.raiseWhatWasSilent();
+    const Word::_DocumentPtr earlier = session.document;
+    const QdxString earlierName = session.fileName;
+    try {
+        makeDocument(fileName);
+    } catch (...) {
+        goBackTo(earlier, earlierName);
+        throw;
+    }
+    return method.done();
+} catch (...) {
+    return failed(MIROVEL_CALLER_ADDRESS);
+}
+
+// What the client says from now on goes to the writer that is left, so that one's document is to be saved. If
+// it had the same name, it is closed.
+void Mirovel::goBackTo(const Word::_DocumentPtr& document, const QdxString& name)
+{
+    DocSession& session = *session_;
+    if (!session.writer || !session.writer->keepsDocument() || session.fileName == name)
+        return;
+    session.document = document;
+    session.fileName = name;
+    const _bstr_t wide = toWide(name);
+    session.diagnostics.setDocument({wide, wide.length()});
+}
+
+void Mirovel::makeDocument(BSTR fileName)
+{
+    DocSession& session = *session_;
     switchProofingOff();
 
     session.fileName = toNarrow(fileName);
@@ -181,9 +210,6 @@ try {
     session.documentOpen = true;
     tell(session, "Document opened");
     session.events.documentIsSafe();
-    return method.done();
-} catch (...) {
-    return failed(MIROVEL_CALLER_ADDRESS);
 }
 
 void Mirovel::switchProofingOff()

@@ -496,11 +496,9 @@ void Composer::complete()
 {
     flushAll();
     removeDeadLinks();
-    if (body_->pen().hasContents())
-        body_->pen().makeContents(tocLevel_);
+    body_->makeContents(tocLevel_);
     for (const auto& [place, story] : parts_)
-        if (story->pen().hasContents())
-            story->pen().makeContents(tocLevel_);
+        story->makeContents(tocLevel_);
     tellOfDeadLinks();
 }
 

@@ -57,6 +57,7 @@ public:
     void finish() override;
     [[nodiscard]] bool isFinished() const override;
     void pageChanged() override;
+    [[nodiscard]] bool keepsDocument() const override { return true; }
     void prepareSave() override;
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
     void setTrace(const Trace& trace) override { trace_ = trace; }

@@ -28,8 +28,11 @@ std::deque<Operation> behindFragment(const Block& last)
     if (!paragraph || !endsFragment(last))
         return {};
     std::deque<Operation> operations;
-    if (paragraph->end == ParagraphEnd::section)
+    if (paragraph->end == ParagraphEnd::section) {
         operations.push_back(BreakSection{at});
+        if (paragraph->endsInAnyEntry())
+            operations.push_back(ClearFont{{at, at + 1}});
+    }
     const auto isContents = [](const Item& item) { return std::holds_alternative<Contents>(item.what); };
     if (std::ranges::any_of(paragraph->items, isContents))
         operations.push_back(KeepContents{at});
@@ -88,6 +91,12 @@ void Story::empty(bool isCollapsed)
     ground_.isPlain = false;
 }
 
+void Story::endSectionAtBreak()
+{
+    isSectionDue_ = true;
+    isSectionBehindEntry_ = content_.isBreakBehindEntry();
+}
+
 TypedPen::Place Story::place() const
 {
     if (!content_.isTableOpen())
@@ -102,7 +111,7 @@ void Story::finishSteps()
     carryOut();
     if (!isSectionDue_)
         return;
-    pen_.breakSection();
+    pen_.breakSection(isSectionBehindEntry_);
     isSectionDue_ = false;
 }
 
@@ -323,15 +332,30 @@ void Story::carryOut(Step& step)
 }
 
 void Story::tellOfFailure(const Plan& plan) noexcept
+{
+    if (pen_.lastFailed())
+        tellOfFailure(*pen_.lastFailed());
+    else if (!plan.passages.empty() && !plan.passages.front().operations.empty())
+        tellOfFailure(plan.passages.front().operations.front());
+}
+
+void Story::tellOfFailure(const Operation& operation) noexcept
 try {
-    if (!document_.events)
-        return;
-    std::optional<Operation> failed = pen_.lastFailed();
-    if (!failed && !plan.passages.empty() && !plan.passages.front().operations.empty())
-        failed = plan.passages.front().operations.front();
-    if (failed)
-        document_.events->flushFailed(originOf(*failed, document_.tagOf));
+    if (document_.events)
+        document_.events->flushFailed(originOf(operation, document_.tagOf));
 } catch (...) { // NOLINT(bugprone-empty-catch): out of memory; the failure itself is being raised
+}
+
+void Story::makeContents(int level)
+{
+    if (!pen_.hasContents())
+        return;
+    try {
+        pen_.makeContents(level);
+    } catch (...) {
+        tellOfFailure(KeepContents{});
+        throw;
+    }
 }
 
 void Story::addPicture(const std::u16string& file, const LinkTarget* link)

@@ -48,9 +48,12 @@ public:
     /// range given is, to the story's beginning.
     void empty(bool isCollapsed);
     /// The page break that is in Word becomes a section's end with the next flush.
-    void endSectionAtBreak() { isSectionDue_ = true; }
+    void endSectionAtBreak();
     /// Brings everything that waits into Word.
     void flush();
+    /// Makes the table of contents, if there is to be one. Comes last, and is tried once. `level`: see
+    /// TypedPen.
+    void makeContents(int level);
     /// Waits with the text, where fragments can carry it; otherwise it goes to Word at once. `link`: null if
     /// it leads nowhere.
     void addPicture(const std::u16string& file, const LinkTarget* link);
@@ -103,6 +106,7 @@ private:
     template <class Work>
     void tellOfFlush(const Work& work);
     void tellOfFailure(const Plan& plan) noexcept;
+    void tellOfFailure(const Operation& operation) noexcept;
 
     WrittenDocument& document_;
     StoryContent content_;
@@ -110,6 +114,7 @@ private:
     std::optional<Draft> draft_; ///< of the table that what waits begins with
     std::deque<Step> steps_;
     bool isSectionDue_ = false;
+    bool isSectionBehindEntry_ = false;
     WriterEvents::Flush flushed_; ///< in the flush that is being done
     RangeInStory ranges_;
     StoryEnd end_;

@@ -31,6 +31,9 @@ public:
     virtual void finish() = 0;
     /// Whether `finish` has nothing left to do; a writer that is destroyed earlier loses the rest.
     [[nodiscard]] virtual bool isFinished() const = 0;
+    /// Whether a session whose next document could not be made goes on with the writer's, under its name;
+    /// otherwise `close` saves what Word made last, under the name said last.
+    [[nodiscard]] virtual bool keepsDocument() const = 0;
 
     /// The document's pages have been given another size or other margins, or may have been.
     virtual void pageChanged() = 0;

@@ -30,6 +30,7 @@ public:
     void finish() override;
     [[nodiscard]] bool isFinished() const override;
     void pageChanged() override {}
+    [[nodiscard]] bool keepsDocument() const override { return false; }
     void prepareSave() override {}
     /// Word's own choice.
     [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;

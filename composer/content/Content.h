@@ -99,6 +99,8 @@ struct Paragraph
 
     /// Whether it holds more than tags.
     [[nodiscard]] bool holdsAnything() const;
+    /// Whether what is put behind all of that comes to stand directly behind an entry.
+    [[nodiscard]] bool endsInAnyEntry() const;
 };
 
 /// Whether it is more than a tag.
@@ -132,6 +134,12 @@ inline bool isAnything(const Item& item)
 inline bool Paragraph::holdsAnything() const
 {
     return holdsWritten || std::ranges::any_of(items, isAnything);
+}
+
+inline bool Paragraph::endsInAnyEntry() const
+{
+    const auto last = std::ranges::find_if(items.rbegin(), items.rend(), isAnything);
+    return last == items.rend() ? endsInEntry : std::holds_alternative<Entry>(last->what);
 }
 
 } // namespace compose

@@ -250,6 +250,7 @@ bool StoryContent::insertPageBreak()
         const auto breakBefore = std::ranges::find_if(items.rbegin(), items.rend(), isLastBreak);
         std::get<PageBreak>(breakBefore->what).isLast = false;
     }
+    isBreakBehindEntry_ = outside().endsInAnyEntry();
     write({PageBreak{.isLast = true}});
     lastBreak_ = LastBreak::waiting;
     lastBreakBlock_ = blocks_.size() - 1;
@@ -616,10 +617,9 @@ void StoryContent::lookBehindBreak()
 void StoryContent::keepEnd(Paragraph& paragraph)
 {
     const auto last = std::ranges::find_if(paragraph.items.rbegin(), paragraph.items.rend(), isAnything);
-    if (last != paragraph.items.rend()) {
+    if (last != paragraph.items.rend())
         paragraph.tagsAtEnd.clear();
-        paragraph.endsInEntry = std::holds_alternative<Entry>(last->what);
-    }
+    paragraph.endsInEntry = paragraph.endsInAnyEntry();
     for (auto item = paragraph.items.rbegin(); item != last; ++item)
         if (const auto* const tag = std::get_if<Tag>(&item->what))
             paragraph.tagsAtEnd.push_back(tag->bookmark);

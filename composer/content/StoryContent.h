@@ -130,6 +130,8 @@ public:
     };
     /// The page break written last is to end a section; nothing when there is none since the last time.
     LastBreak breakSection();
+    /// Whether that page break is directly behind an entry.
+    [[nodiscard]] bool isBreakBehindEntry() const { return isBreakBehindEntry_; }
 
     /// \name Taking
     /// @{
@@ -190,7 +192,8 @@ private:
     bool isHeightWaiting_ = false;
 
     LastBreak lastBreak_ = LastBreak::none;
-    std::size_t lastBreakBlock_ = 0;     ///< while it waits
+    std::size_t lastBreakBlock_ = 0; ///< while it waits
+    bool isBreakBehindEntry_ = false;
     bool isWrittenBreakInFirst_ = false; ///< in the paragraph that the blocks begin with
     bool holdsBehindBreak_ = false;      ///< more than tags, in that paragraph and in Word already
     bool isBehindTable_ = false;         ///< The open paragraph follows a table that has been taken.

@@ -10,8 +10,8 @@ namespace {
 constexpr std::u16string_view headingPrefix = u"Heading ";
 
 /// Word's answers for a style that a document does not hold: there is no such member, and no such item.
-constexpr HRESULT noSuchMember = 0x800A1735;
-constexpr HRESULT noSuchItem = 0x800A16CA;
+constexpr auto noSuchMember = static_cast<HRESULT>(0x800A1735);
+constexpr auto noSuchItem = static_cast<HRESULT>(0x800A16CA);
 
 void read(const Word::_FontPtr& source, FontProperty property, Font& font)
 {

@@ -469,7 +469,7 @@ void TypedPen::perform(const AddPicture& picture)
 
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
-    keepBreak(nullptr);
+    lastBreak_ = nullptr;
     keepBreak(ranges_(base_ + pageBreak.at, base_ + pageBreak.at + 1));
 }
 
@@ -478,7 +478,7 @@ void TypedPen::perform(const KeepContents& contents)
     contents_ = ranges_(base_ + contents.at, base_ + contents.at);
 }
 
-void TypedPen::breakSection()
+void TypedPen::breakSection(bool isBehindHidden)
 {
     if (!lastBreak_)
         return;
@@ -489,6 +489,10 @@ void TypedPen::breakSection()
     range_->SetRange(at + 1, at + 2);
     range_->Delete();
     lastBreak_ = nullptr;
+    if (!isBehindHidden)
+        return;
+    range_->SetRange(at, at + 1);
+    range_->GetFont()->Reset();
 }
 
 void TypedPen::goOnWithDraft(Position length, const std::u16string& text)

@@ -65,7 +65,8 @@ public:
     /// @}
 
     /// The page break kept last becomes the end of a section; nothing when it could not be kept.
-    void breakSection();
+    /// `isBehindHidden`: as for pictures.
+    void breakSection(bool isBehindHidden);
     /// `pageBreak` covers one that may become a section's end later; null: it could not be found.
     void keepBreak(const Word::RangePtr& pageBreak) { lastBreak_ = pageBreak; }
     /// Makes the table of contents at the place kept last. `level`: lowest heading level to list; 0: entries

@@ -121,9 +121,13 @@ void Flow::add(const Table& table)
     tables_.push_back(made);
 }
 
-// A field takes over the font of the character in front of it, and in an empty paragraph that of its end.
+// A field takes over the font of the character in front of it, and at a paragraph's beginning that of the one
+// behind: of the paragraph's end, or of an entry, which is hidden and goes in before.
 bool Flow::hasOnlyPlainFields(const Paragraph& paragraph)
 {
+    const auto field = std::ranges::find_if(paragraph.items, as<Field>);
+    if (std::any_of(field, paragraph.items.end(), as<Entry>))
+        return false;
     return !paragraph.holdsWritten && std::ranges::none_of(paragraph.items, [&](const Item& item) {
         return as<Text>(item) || as<PageBreak>(item) || as<Picture>(item) ||
                (as<Field>(item) && !changeOfItem(item, paragraph).isEmpty());
@@ -353,8 +357,11 @@ void Flow::lengthenLine(std::size_t index, std::deque<Operation>& operations, bo
     const Paragraph& paragraph = *line.paragraph;
     const std::vector<Item>& items = paragraph.items;
     Position at = line.end + line.shift;
-    if (!line.isLast && paragraph.end == ParagraphEnd::section)
+    if (!line.isLast && paragraph.end == ParagraphEnd::section) {
         operations.push_back(BreakSection{at});
+        if (paragraph.endsInEntry && std::ranges::none_of(items, isAnything))
+            operations.push_back(ClearFont{{at, at + 1}});
+    }
     const LinkNumber lastLink = items.empty() ? linkBefore(index) : items.back().link;
     if (paragraph.endLink != noLink && paragraph.endLink != lastLink)
         addLink(paragraph.endLink, at, operations);

@@ -3,7 +3,7 @@
 usage: second_opinion.py COMPILE_COMMANDS
 
 Prints what clang++ reports. A header is compiled with the options of the source of its name, or of a source in its folder,
-or, when there is none, of a source whose include folders contain it.
+or, when there is none, of a source whose include folders contain it, at best one that includes it itself.
 """
 
 import concurrent.futures
@@ -64,8 +64,9 @@ def options_for_header(header, entries):
     reaching = [e for e in entries if any(f in header.parents for f in include_folders(options_of(e)))]
     if not reaching:
         return None
+    including = [e for e in reaching if f'"{header.name}"' in pathlib.Path(e["file"]).read_text()]
     # The owner of the nearest include folder sees the fewest other folders.
-    return min((options_of(e) for e in reaching), key=len)
+    return min((options_of(e) for e in including or reaching), key=len)
 
 
 def ours(path):

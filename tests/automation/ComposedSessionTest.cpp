@@ -262,6 +262,34 @@ std::string nameOf(const testing::TestParamInfo<const char*>& info)
     return info.param == std::string_view("1") ? "Typed" : "Fragments";
 }
 
+// A client that takes no notice goes on, and what it says belongs to one document.
+TEST_P(ComposedSessionTest, StaysWithItsDocumentWhenTheNextOneCannotBeMade)
+{
+    document_.reset();
+    client->close();
+    bool isMade = false;
+    bool isLeft = false; // complete, and its writer gone
+    for (long call = 1; !isMade && !isLeft; ++call) {
+        SCOPED_TRACE(call);
+        const std::string file = folder.file("document" + std::to_string(call) + ".doc");
+        const std::string next = folder.file("next" + std::to_string(call) + ".doc");
+        client->create(bstr(file));
+        const auto document = word.model().documents().front();
+        client->insertText(L"first "_b);
+        word.failCall(call, E_ACCESSDENIED);
+        isMade = outcome([&] { return client->create(bstr(next)); }) == "0x00000000";
+        word.clearFaults();
+        isLeft = outcome([&] { return client->insertText(L"second"_b); }) != "0x00000000";
+        if (isMade || isLeft)
+            break;
+        EXPECT_EQ(outcome([&] { return client->close(); }), "0x00000000");
+        EXPECT_EQ(document->mainStory()->text(0, document->mainStory()->length() - 1), u"first second");
+        EXPECT_TRUE(document->isClosed());
+        EXPECT_NE(contentOf(file).find("first second"), std::string::npos);
+    }
+    EXPECT_TRUE(isLeft) << "Each call in front was made to fail.";
+}
+
 INSTANTIATE_TEST_SUITE_P(Pens, ComposedSessionTest, testing::Values("1", "2"), nameOf);
 
 } // namespace

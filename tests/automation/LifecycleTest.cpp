@@ -338,6 +338,21 @@ TEST_F(LifecycleTest, AbandonsTheEarlierDocumentInASecondCreate)
     EXPECT_EQ(word.model().documentCount(), 1);
 }
 
+TEST_F(LifecycleTest, SavesTheNextDocumentAlthoughItsCreateFailed)
+{
+    openDocument();
+    const auto first = word.model().documents().front();
+    client->insertText(L"abc"_b);
+    word.failCall(7, refused); // the first save
+    EXPECT_THROW(client->create(bstr(folder.file("second.doc"))), QdxException);
+    client->insertText(L"def"_b);
+    EXPECT_EQ(first->mainStory()->text(0, 6), u"abcdef");
+    word.clearTranscript();
+    EXPECT_THAT(client->close(), isHresult(S_OK));
+    EXPECT_THAT(takeTranscript(), testing::Contains(saveCall("document2", folder.file("second.doc"))));
+    EXPECT_FALSE(first->isClosed());
+}
+
 TEST_F(LifecycleTest, EndsHeadersAndFootersBeforeTheBodyInASecondCreate)
 {
     openDocument();

@@ -11,8 +11,8 @@
 namespace reference {
 namespace {
 
-constexpr HRESULT callRejected = 0x80010001;
-constexpr HRESULT serverUnavailable = 0x800706BA;
+constexpr auto callRejected = static_cast<HRESULT>(0x80010001);
+constexpr auto serverUnavailable = static_cast<HRESULT>(0x800706BA);
 
 /// The characters of all stories.
 std::u16string textOf(const DocumentContent& content)

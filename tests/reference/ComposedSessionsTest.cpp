@@ -48,7 +48,7 @@ protected:
 
     void check(std::uint32_t seed, const standin::model::Switches& switches)
     {
-        law.check(playable(randomSession(seed, extent), switches),
+        law.check(randomSession(seed, extent),
                   "session " + std::to_string(seed) + ", switches " + namedSwitches(switches), switches);
     }
 

@@ -70,7 +70,7 @@ std::string nameOf(const Token& token)
     case TokenKind::cellEnd:
         return "<cell end>";
     case TokenKind::rowEnd:
-        return "<row end>";
+        return token.text.empty() ? "<row end>" : "<row end " + printable(token.text) + ">";
     }
     return {};
 }

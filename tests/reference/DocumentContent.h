@@ -66,7 +66,7 @@ struct Token
     TokenKind kind = TokenKind::character;
     char16_t character = 0;   ///< of a character
     std::u16string text = {}; ///< a field's keyword; an entry's text; "embedded" or "linked" of an object;
-                              ///< "bitmap 45x30" of a picture, in twips
+                              ///< "bitmap 45x30" of a picture, in twips; "with lines" of a row's end
     int level = 0;            ///< of an entry
     std::optional<Font> font = {}; ///< of a character
     std::u16string style = {};     ///< of the paragraph that ends here; of a row's end, the table's

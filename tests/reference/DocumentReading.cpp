@@ -164,6 +164,11 @@ private:
         return at + 1;
     }
 
+    static bool hasLines(const model::CellFormat& cell)
+    {
+        return cell.top.isVisible || cell.left.isVisible || cell.bottom.isVisible || cell.right.isVisible;
+    }
+
     static void readEnd(Token& token, const model::ParagraphFormat& format)
     {
         switch (format.end) {
@@ -180,6 +185,8 @@ private:
             token.kind = TokenKind::rowEnd;
             if (format.row->style)
                 token.style = format.row->style->name();
+            if (std::ranges::any_of(format.row->cells, hasLines))
+                token.text = u"with lines";
             return;
         }
         token.style = format.style->name();

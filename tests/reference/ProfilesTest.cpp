@@ -1,7 +1,6 @@
 // Sessions with each Word that a profile describes: composed documents come out right, and the counting
 // writer makes one of every session.
 #include "RandomSession.h"
-#include "RandomSwitches.h"
 #include "SessionLaw.h"
 #include "SessionPlayer.h"
 
@@ -52,7 +51,7 @@ TEST_P(ProfilesTest, HoldWordsThatSessionsComeOutRightWith)
     for (const std::filesystem::path& profile : profiles()) {
         const standin::model::Switches switches = read(profile);
         for (std::uint32_t seed = firstSession; seed < firstSession + sessionsOfAProfile; ++seed) {
-            const Session session = playable(randomSession(seed, Extent::all), switches);
+            const Session session = randomSession(seed, Extent::all);
             if (player.composes())
                 law.check(session, profile.filename().string() + ", session " + std::to_string(seed),
                           switches);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ClientCall.h"
-
 #include "Switches.h"
 
 #include <cstdint>
@@ -11,9 +9,5 @@ namespace reference {
 /// How Word behaves where that is not certain: any mixture of its readings, the same one for the same seed.
 /// Some mixtures are near the default, some far from it.
 standin::model::Switches randomSwitches(std::uint32_t seed);
-
-/// The session without the calls that such a Word refuses whoever makes them: a file of rich text, a table of
-/// contents in a header.
-Session playable(Session session, const standin::model::Switches& switches);
 
 } // namespace reference

@@ -170,6 +170,10 @@ void ReferenceDocument::insertFile(const std::u16string& name, int kind)
         return insertHyperlink(name, name);
     if (file->kind == SessionFile::Kind::picture)
         return current().insertImage(file->look, {});
+    if (refusesRichText_ && file->kind == SessionFile::Kind::formatted) {
+        ++refusedFiles_;
+        return current().insertNothing();
+    }
     current().insertContent(*file, areFileEndsLost_);
 }
 
@@ -187,6 +191,15 @@ void ReferenceDocument::insertTag(const std::u16string& name)
         for (auto& [part, story] : section)
             story.removeTag(name);
     current().insertTag(name);
+}
+
+int ReferenceDocument::refuseContentsInHeaders()
+{
+    int refused = 0;
+    for (Section& section : sections_)
+        for (auto& [part, story] : section)
+            refused += story.removeContents() ? 1 : 0;
+    return refused;
 }
 
 DocumentContent ReferenceDocument::content() const

@@ -26,6 +26,16 @@ public:
     /// `areFileEndsLost`: the last paragraph of a file of rich text may be formatted in any way.
     explicit ReferenceDocument(AddressTest isAddress, bool areFileEndsLost = false, SessionLook look = {});
 
+    /// \name A Word that refuses something
+    ///@{
+    /// Of files of rich text nothing comes from now on.
+    void refuseRichText() { refusesRichText_ = true; }
+    /// Such files that were inserted.
+    [[nodiscard]] int refusedFiles() const { return refusedFiles_; }
+    /// Takes the tables of contents out of headers and footers, and says how many there were.
+    int refuseContentsInHeaders();
+    ///@}
+
     void perform(const ClientCall& call);
     void perform(const Session& session);
 
@@ -53,6 +63,8 @@ private:
 
     AddressTest isAddress_;
     bool areFileEndsLost_;
+    bool refusesRichText_ = false;
+    int refusedFiles_ = 0;
     SessionLook look_;
     ReferenceStory body_;
     std::vector<Section> sections_;

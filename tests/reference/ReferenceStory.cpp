@@ -247,10 +247,15 @@ void ReferenceStory::insertObject(bool isLinked)
     writeToken(TokenKind::object, isLinked ? u"linked" : u"embedded");
 }
 
-void ReferenceStory::insertContent(const SessionFile& file, bool isEndLost)
+void ReferenceStory::insertNothing()
 {
     if (current().holdsAnything())
         endParagraph();
+}
+
+void ReferenceStory::insertContent(const SessionFile& file, bool isEndLost)
+{
+    insertNothing();
     std::vector<Paragraph> content = paragraphsOf(file);
     if (isEndLost && file.kind == SessionFile::Kind::formatted)
         content.back().isFormatOpen = true;
@@ -405,12 +410,14 @@ void ReferenceStory::endTable()
     alignment_.reset();
 }
 
-void ReferenceStory::removeContents()
+bool ReferenceStory::removeContents()
 {
+    std::size_t removed = 0;
     for (Block& block : blocks_)
         if (auto* paragraph = std::get_if<Paragraph>(&block))
-            std::erase_if(paragraph->items,
-                          [](const Item& item) { return item.token.kind == TokenKind::contents; });
+            removed += std::erase_if(paragraph->items,
+                                     [](const Item& item) { return item.token.kind == TokenKind::contents; });
+    return removed > 0;
 }
 
 void ReferenceStory::insertTOC(const std::u16string& title, const std::u16string& titleStyle)

@@ -68,6 +68,8 @@ public:
     /// of a paragraph; in a cell its format is any.
     /// `isEndLost`: Word does not take over how the last paragraph of rich text is, which may be in any way.
     void insertContent(const SessionFile& file, bool isEndLost = false);
+    /// As a file that Word refuses: what follows begins a new paragraph all the same.
+    void insertNothing();
     void insertObject(bool isLinked);
     void insertTag(const std::u16string& name);
     void removeTag(std::u16string_view name);
@@ -85,6 +87,8 @@ public:
 
     /// With that heading, in that style; without a style centred, and an empty paragraph behind it.
     void insertTOC(const std::u16string& title, const std::u16string& titleStyle);
+    /// The table goes, its heading stays. True when there was one.
+    bool removeContents();
     void startTOCEntry();
     void endTOCEntry();
 
@@ -115,7 +119,6 @@ private:
     void endParagraph(const std::optional<RequestedLink>& link = {});
     void endParagraphIfItHoldsAnything();
     void beginStyle(const std::u16string& name);
-    void removeContents();
     void collect(std::u16string_view text);
 
     std::vector<Block> blocks_ = {Paragraph()}; ///< the last one is a paragraph

@@ -10,6 +10,7 @@
 #include "general/QdxException.h"
 #include "mirovelsection.h"
 
+#include <algorithm>
 #include <array>
 #include <comdef.h>
 #include <cstdio>
@@ -18,8 +19,16 @@ namespace reference {
 
 namespace {
 
-/// A client may try again when closing failed; more than this helps nobody.
-constexpr int closingAttempts = 3;
+/// A client may try again when closing failed; more than this helps nobody, but for each table of contents
+/// that Word refuses.
+int closingAttempts(const Session& session, const standin::model::Switches& switches)
+{
+    constexpr int attempts = 3;
+    const auto asksForContents = [](const ClientCall& call) { return call.method == Method::insertTOC; };
+    return switches.headerTakesContents
+               ? attempts
+               : attempts + static_cast<int>(std::ranges::count_if(session, asksForContents));
+}
 
 _bstr_t bstr(std::u16string_view text)
 {
@@ -220,7 +229,7 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     for (std::size_t i = 0; i < session.size(); ++i)
         if (!perform(session[i]))
             played_.failedCalls.insert(i);
-    close();
+    close(closingAttempts(session, switches));
     wordCalls_ = word_.callCount() - firstCall;
     word_.clearTranscript();
     return std::move(played_);
@@ -232,9 +241,9 @@ bool SessionPlayer::perform(const ClientCall& each)
     return attempt(step.substr(0, step.find_first_of("\t\n")).c_str(), [&] { return call(*client_, each); });
 }
 
-void SessionPlayer::close()
+void SessionPlayer::close(int attempts)
 {
-    for (int i = 0; i < closingAttempts; ++i)
+    for (int i = 0; i < attempts; ++i)
         if (attempt("close", [this] { return client_->close(); }))
             break;
     word_.clearFaults();

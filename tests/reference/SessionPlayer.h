@@ -94,7 +94,7 @@ private:
     bool perform(const ClientCall& call);
     template <class Call>
     bool attempt(const char* name, Call&& call);
-    void close();
+    void close(int attempts);
 
     Writer writer_;
     ScratchFolder folder_;

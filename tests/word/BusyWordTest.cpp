@@ -5,6 +5,7 @@
 #include <BusyWait.h>
 #include <CallObserver.h>
 #include <CallPolicy.h>
+#include <WordArguments.h>
 #include <WordCall.h>
 
 #include <algorithm>

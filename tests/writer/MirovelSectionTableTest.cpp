@@ -516,12 +516,13 @@ TEST_F(MirovelSectionTableTest, AHeightThatWordRefusesIsKeptAndRefusedForEveryRo
     openRow();
     addCells(2);
     int row = 0;
-    for (const auto& [height, shown] :
+    for (const auto& refused :
          {std::pair(-1, "-1f"), std::pair(1585, "1585f"), std::pair(2147483647, "2147483648f")}) {
-        EXPECT_THAT(comErrorOf([&] { writer().setTableRowHeight(height); }), isHresult(outOfRange));
+        EXPECT_THAT(comErrorOf([&] { writer().setTableRowHeight(refused.first); }), isHresult(outOfRange));
         takeCalls();
         EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(outOfRange));
-        EXPECT_EQ(lastOf(takeCalls()), numbered("row", ++row) + ".SetHeight(" + shown + ", 2) !! 0x800a1200");
+        EXPECT_EQ(lastOf(takeCalls()),
+                  numbered("row", ++row) + ".SetHeight(" + refused.second + ", 2) !! 0x800a1200");
     }
     EXPECT_EQ(tables().front().rowCount(), 4) << "the rows are there";
     addCell(L"a");

@@ -139,7 +139,7 @@ TEST_F(MirovelSectionTagTest, InATableStandsBehindTheTable)
 
 TEST_F(MirovelSectionTagTest, WithoutADocumentNoneIsPlaced)
 {
-    MirovelSectionProbe::setDocument(writer(), nullptr);
+    MirovelSectionProbe::setDocument(writer(), Word::_DocumentPtr());
     EXPECT_FALSE(writer().insertTag("b1"));
     EXPECT_LINES(takeCalls(), Calls{});
     MirovelSectionProbe::setDocument(writer(), document_);

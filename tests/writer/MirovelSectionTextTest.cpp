@@ -404,7 +404,7 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
 
 TEST_F(MirovelSectionTextTest, ANullRangeRaisesEPointer)
 {
-    MirovelSectionProbe::setRange(writer(), nullptr);
+    MirovelSectionProbe::setRange(writer(), Word::RangePtr());
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"x"); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_POINTER));
     EXPECT_THAT(comErrorOf([&] { writer().deleteRange(); }), isHresult(E_POINTER));

@@ -191,6 +191,32 @@ TEST_F(PlanTest, EndsASectionWhoseNextParagraphLooksUnlikeItsLast)
     EXPECT_THAT(plan(), ElementsAre("text 0 'a|b'", "style 2-4 Title", "tag 2 b1", "section 1"));
 }
 
+TEST_F(PlanTest, ShowsTheEndOfASectionBehindAnEntryThatIsThere)
+{
+    content.insertTOC(u"");
+    plan();
+    content.startTOCEntry();
+    content.insertText(u"a\n");
+    content.endTOCEntry();
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|'", "entry 2 'a ' 1"));
+    content.insertPageBreak();
+    content.breakSection();
+    content.insertText(u"b");
+    EXPECT_THAT(plan(), ElementsAre("text 0 '|b'", "clear 0-2", "section 0", "clear 0-1"));
+}
+
+// An entry is hidden, and a field at a paragraph's beginning would take that over.
+TEST_F(PlanTest, PutsAFieldInFrontOfAnEntryBehindACharacter)
+{
+    content.insertTOC(u"");
+    plan();
+    content.startTOCEntry();
+    content.insertText(u"a\n");
+    content.insertField(2);
+    content.endTOCEntry();
+    EXPECT_THAT(plan(), ElementsAre("text 0 'a|X'", "entry 3 'a ' 1", "field 2 2 instead of X"));
+}
+
 TEST_F(PlanTest, LeavesTheLastParagraphAloneWhileItHoldsNothing)
 {
     setStyle(u"Title");

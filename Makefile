@@ -5,6 +5,8 @@
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
 jobs := $(shell nproc)
+# Tests under Wine wait for other processes half of their time.
+wine_jobs := $(shell echo $$((2 * $(jobs))))
 
 help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
@@ -53,12 +55,12 @@ package: build
 check: native build
 	@scripts/lint --quick
 	@ctest --preset native-asan -j$(jobs)
-	@ctest --preset mingw-release -j$(jobs) -LE endtoend
+	@ctest --preset mingw-release -j$(wine_jobs) -LE endtoend
 
 test: native build
 	@scripts/lint --quick
 	@ctest --preset native-asan -j$(jobs)
-	@ctest --preset mingw-release -j$(jobs)
+	@ctest --preset mingw-release -j$(wine_jobs)
 
 soak: native build
 	@ctest --preset native-asan -C soak -L soak -j$(jobs)

@@ -10,7 +10,7 @@ from support.endtoend import ROOT, EndToEndTest, windows
 
 SESSIONS = pathlib.Path(os.environ["MIROVEL_SESSIONS"])
 FIRST = 100_001
-RUNS, SESSIONS_PER_RUN = 4, 50
+RUNS, SESSIONS_PER_RUN = 4 if os.environ.get("MIROVEL_EVERY_SESSION") else 2, 50
 TYPED, FRAGMENTS = 1, 2
 
 

@@ -6,13 +6,39 @@
 
 #include <gtest/gtest.h>
 
-#include <barrier>
+#include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <utility>
 #include <vector>
 
 namespace {
+
+/// Threads that wait for one another. A std::barrier of g++ 12 may miss its wake-up where there is no futex.
+class MeetingPoint
+{
+public:
+    explicit MeetingPoint(int threads) : threads_(threads) {}
+
+    void arriveAndWait()
+    {
+        std::unique_lock lock(mutex_);
+        const int meeting = meeting_;
+        if (++arrived_ == threads_) {
+            arrived_ = 0;
+            ++meeting_;
+            everybodyIsHere_.notify_all();
+        }
+        everybodyIsHere_.wait(lock, [&] { return meeting_ != meeting; });
+    }
+
+private:
+    const int threads_;
+    std::mutex mutex_;
+    std::condition_variable everybodyIsHere_;
+    int arrived_ = 0;
+    int meeting_ = 0;
+};
 
 class ApartmentsTest : public testing::TestWithParam<Mode>
 {
@@ -40,7 +66,7 @@ TEST_P(ApartmentsTest, DoNotDisturbEachOther)
 {
     constexpr int threads = 2;
     const int sessions = isSoak() ? 2'000 : 60;
-    std::barrier together(threads);
+    MeetingPoint together(threads);
     std::mutex mutex;
     std::vector<std::string> wrong;
     const auto work = [&] {
@@ -49,7 +75,7 @@ TEST_P(ApartmentsTest, DoNotDisturbEachOther)
             std::unique_lock lock(mutex); // the stand-in's registration is one for the process
             ObservedWord word;
             lock.unlock();
-            together.arrive_and_wait();
+            together.arriveAndWait();
             for (int i = 0; i < sessions; ++i) {
                 const Played played = word.playShortSession(server_.make(), GetParam());
                 word.word.clearTranscript();
@@ -60,7 +86,7 @@ TEST_P(ApartmentsTest, DoNotDisturbEachOther)
                                 (played.failures.empty() ? std::string(": another document")
                                                          : ": " + played.failures.front()));
             }
-            together.arrive_and_wait();
+            together.arriveAndWait();
             lock.lock();
         }
         CoUninitialize();

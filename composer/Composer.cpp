@@ -6,6 +6,8 @@
 #include "TextConversion.h"
 #include "WordConstants.h"
 #include "general/QdxException.h"
+#include "sysSupport/FileNames.h"
+#include "sysSupport/SysFile.h"
 #include "win32/FullPath.h"
 
 #include <array>
@@ -311,7 +313,7 @@ std::unique_ptr<Story> Composer::makePart(PartPlace place)
 LinkTarget Composer::targetOf(const std::u16string& name)
 {
     const std::wstring target = wide(name);
-    if (isAddress(target) || isFileThere(target))
+    if (fileNames::isAddress(target) || SysFile::exists(target.c_str()))
         return {.address = name};
     return {.bookmark = tags_.bookmarkOf(name)};
 }
@@ -348,7 +350,7 @@ void Composer::insertFile(const wchar_t* fileName, short insertAsType)
     const std::wstring name = fileName ? fileName : L"";
     if (name.empty())
         return;
-    if (isAddress(name)) {
+    if (fileNames::isAddress(name)) {
         insertLink(portable(name), {.address = portable(name)});
         return;
     }

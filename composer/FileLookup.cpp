@@ -5,16 +5,6 @@
 
 namespace compose {
 
-bool isAddress(std::wstring_view name)
-{
-    return fileNames::isAddress(name);
-}
-
-bool isFileThere(const std::wstring& name)
-{
-    return SysFile::exists(name.c_str());
-}
-
 std::wstring_view extensionOf(std::wstring_view fileName)
 {
     return fileName.substr(fileNames::partsOf(fileName).extension);
@@ -34,10 +24,11 @@ std::optional<std::wstring> findFile(const std::wstring& name, const std::wstrin
 {
     if (name.empty())
         return {};
-    if (isFileThere(name))
+    if (SysFile::exists(name.c_str()))
         return name;
     if (isPicture(name) && fileNames::partsOf(name).bareName == 0)
-        if (std::wstring installed = fileNames::joined(installDir, L"pix\\" + name); isFileThere(installed))
+        if (std::wstring installed = fileNames::joined(installDir, L"pix\\" + name);
+            SysFile::exists(installed.c_str()))
             return installed;
     return {};
 }

@@ -6,11 +6,6 @@
 
 namespace compose {
 
-/// An address with a scheme of two or more letters, or one that begins with "www."; no file name.
-bool isAddress(std::wstring_view name);
-
-bool isFileThere(const std::wstring& name);
-
 /// With its dot, as it is written; empty: none.
 std::wstring_view extensionOf(std::wstring_view fileName);
 std::wstring_view withoutFolder(std::wstring_view fileName);

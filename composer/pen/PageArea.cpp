@@ -18,37 +18,32 @@ float heightOf(const Word::PageSetupPtr& page)
 
 } // namespace
 
-// An inserted file may have brought sections of its own; where they differ, Word answers nonsense for all of
-// them.
-void PageArea::find()
+// An inserted file may have brought sections of its own, even since the other length was asked for; where
+// they differ, Word answers nonsense for all of them.
+float PageArea::ask(float (*lengthOf)(const Word::PageSetupPtr&))
 {
-    if (setup_)
-        return;
-    if (section_ == 1) {
-        setup_ = document_->GetPageSetup();
-        const float width = widthOf(setup_);
-        if (width > 0 && width <= longest) {
-            width_ = width;
-            return;
-        }
-        setup_ = nullptr;
+    if (section_ == 1 && !own_) {
+        if (!everySections_)
+            everySections_ = document_->GetPageSetup();
+        if (const float length = lengthOf(everySections_); length > 0 && length <= longest)
+            return length;
     }
-    setup_ = collections_.section(section_)->GetPageSetup();
+    if (!own_)
+        own_ = collections_.section(section_)->GetPageSetup();
+    return lengthOf(own_);
 }
 
 float PageArea::width()
 {
-    find();
     if (!width_)
-        width_ = widthOf(setup_);
+        width_ = ask(widthOf);
     return *width_;
 }
 
 float PageArea::height()
 {
-    find();
     if (!height_)
-        height_ = heightOf(setup_);
+        height_ = ask(heightOf);
     return *height_;
 }
 

@@ -23,12 +23,13 @@ public:
     float height();
 
 private:
-    void find();
+    float ask(float (*lengthOf)(const Word::PageSetupPtr&));
 
     Word::_DocumentPtr document_;
     Collections& collections_;
     int section_;
-    Word::PageSetupPtr setup_;
+    Word::PageSetupPtr everySections_;
+    Word::PageSetupPtr own_;
     std::optional<float> width_;
     std::optional<float> height_;
 };

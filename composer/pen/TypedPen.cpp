@@ -469,8 +469,8 @@ void TypedPen::perform(const AddPicture& picture)
 
 void TypedPen::perform(const KeepBreak& pageBreak)
 {
-    lastBreak_ = nullptr;
-    keepBreak(ranges_(base_ + pageBreak.at, base_ + pageBreak.at + 1));
+    lastBreak_ = nullptr; // Should this fail, no earlier one is to end a section.
+    lastBreak_ = ranges_(base_ + pageBreak.at, base_ + pageBreak.at + 1);
 }
 
 void TypedPen::perform(const KeepContents& contents)

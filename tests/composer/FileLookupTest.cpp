@@ -12,16 +12,6 @@ std::wstring wide(const std::string& text)
     return {text.begin(), text.end()};
 }
 
-TEST(FileLookupTest, TellsAddressesFromFiles)
-{
-    for (const wchar_t* address :
-         {L"http://a.example/", L"mailto:a@b.example", L"ab:", L"www.a.example", L"WWW.", L"file:x"})
-        EXPECT_TRUE(isAddress(address)) << address;
-    for (const wchar_t* name :
-         {L"", L"c:\\a.doc", L"c:", L"a.doc", L"www", L":a", L"h3:x", L"\\\\a\\b", L"a/b:c"})
-        EXPECT_FALSE(isAddress(name)) << name;
-}
-
 TEST(FileLookupTest, FindsExtensionAndName)
 {
     EXPECT_EQ(extensionOf(L"c:\\a.b\\c.Doc"), L".Doc");
@@ -48,7 +38,7 @@ TEST(FileLookupTest, FindsPicturesOfTheInstallation)
     EXPECT_FALSE(findFile(L"x\\a.bmp", installDir)) << "in a folder of its own";
     EXPECT_FALSE(findFile(L"b.bmp", installDir));
     EXPECT_FALSE(findFile(L"", installDir));
-    EXPECT_FALSE(isFileThere(installDir)) << "a folder";
+    EXPECT_FALSE(findFile(installDir, L"")) << "a folder";
 }
 
 } // namespace

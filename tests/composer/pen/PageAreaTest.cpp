@@ -81,6 +81,14 @@ TEST_F(PageAreaTest, IsTheFirstSectionsOwnWhereAnotherOneDiffers)
     EXPECT_EQ(area->height(), 1056);
 }
 
+// The height is asked for when a file has brought another section since the width was.
+TEST_F(PageAreaTest, IsTheFirstSectionsOwnFromWhenAnotherOneDiffers)
+{
+    EXPECT_EQ(area->width(), 432);
+    beginSection();
+    EXPECT_EQ(area->height(), 1056);
+}
+
 TEST_F(PageAreaTest, AsksAgainWhatWordDidNotTell)
 {
     for (long call = 1; call <= 4; ++call) {

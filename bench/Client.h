@@ -7,6 +7,12 @@
 
 _COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
 
+/// An argument of a call.
+inline _bstr_t text(const wchar_t* value)
+{
+    return _bstr_t(value);
+}
+
 /// Makes an object the running Word for as long as it lives.
 class RunningWord
 {

@@ -16,11 +16,6 @@ constexpr short bold = 1;
 constexpr short left = 1;
 constexpr short right = 3;
 
-_bstr_t text(const wchar_t* value)
-{
-    return _bstr_t(value);
-}
-
 _bstr_t numbered(const wchar_t* value, int number)
 {
     return text(value) + _bstr_t(static_cast<long>(number));

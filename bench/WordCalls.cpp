@@ -47,11 +47,6 @@ struct Chapter
     std::vector<Step> steps;
 };
 
-_bstr_t text(const wchar_t* value)
-{
-    return _bstr_t(value);
-}
-
 Step write(const wchar_t* value, const char* shown = "insertText", int implied = 1)
 {
     return {shown, implied, [value](IDocument& d) { d.insertText(text(value)); }};

@@ -22,6 +22,8 @@ if(MINGW)
   target_compile_options(mirovel_options INTERFACE -Wno-unknown-pragmas
     # g++ 12 sees an overlap in std::string's operator+ where there is none (GCC bug 105651).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # g++ takes the anonymous namespaces of files that are compiled together for a header's.
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wno-subobject-linkage>
     # g++ takes an inline function that it did not inline to be the one that the linker keeps, and keeps values in registers
     # that another file's copy of it, compiled with other options, overwrites.
     $<$<CXX_COMPILER_ID:GNU>:-fno-ipa-ra>

@@ -7,7 +7,7 @@ namespace diagnostics {
 
 namespace {
 
-constexpr std::array known = {
+constexpr std::array meanings = {
     // COM and the way to Word's process
     CodeMeaning{0x80004002, "The object does not have the interface that was asked for.",
                 "Repair the Office installation: the registration of Word's type library is incomplete."},
@@ -85,8 +85,8 @@ constexpr std::array known = {
 
 const CodeMeaning* meaningOf(std::uint32_t code) noexcept
 {
-    const auto found = std::ranges::find(known, code, &CodeMeaning::code);
-    return found == known.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(meanings, code, &CodeMeaning::code);
+    return found == meanings.end() ? nullptr : &*found;
 }
 
 } // namespace diagnostics

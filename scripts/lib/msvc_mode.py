@@ -13,13 +13,13 @@ folder msvc-mode holds what each source was made of.
 
 import concurrent.futures
 import hashlib
-import json
 import os
 import pathlib
 import subprocess
 import sys
 import time
 
+import compile_commands
 from second_opinion import ROOT, options_of, system_includes
 
 FOLDERS = {"automation", "bench", "composer", "diagnostics", "document", "proppage", "replay", "rtf", "samples", "server",
@@ -80,7 +80,7 @@ def parse(entry, folder):
 
 def main():
     commands = pathlib.Path(sys.argv[1]).resolve()
-    entries = {entry["file"]: entry for entry in json.loads(commands.read_text())
+    entries = {entry["file"]: entry for entry in compile_commands.alone(commands)
                if entry["file"].endswith(".cpp") and is_parsed(pathlib.Path(entry["file"]))}
     if not entries:
         print("nothing to parse")

@@ -7,13 +7,14 @@ or, when there is none, of a source whose include folders contain it, at best on
 """
 
 import concurrent.futures
-import json
 import os
 import pathlib
 import re
 import shlex
 import subprocess
 import sys
+
+import compile_commands
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 COMPILER = "x86_64-w64-mingw32-g++-posix"
@@ -74,7 +75,7 @@ def ours(path):
 
 
 def main():
-    entries = [e for e in json.loads(pathlib.Path(sys.argv[1]).read_text())
+    entries = [e for e in compile_commands.alone(sys.argv[1])
                if ours(pathlib.Path(e["file"])) and e["file"].endswith(".cpp")]
     base = ["clang++", "--target=x86_64-w64-mingw32", "-fsyntax-only", "-Wno-unused-command-line-argument",
             *system_includes()]

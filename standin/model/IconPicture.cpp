@@ -10,8 +10,8 @@ namespace standin::model {
 namespace {
 
 // Lengths in hundredths of a millimetre, which are the metafile's pixels as well.
-constexpr std::int32_t width = 2699;
-constexpr std::int32_t height = 1746;
+constexpr std::int32_t iconWidth = 2699;
+constexpr std::int32_t iconHeight = 1746;
 constexpr std::int32_t fontHeight = 282;
 constexpr std::int32_t labelTop = 1250;
 
@@ -68,7 +68,8 @@ std::string record(Record kind, std::string data)
 
 std::string lines(Record kind, const std::vector<Point>& points)
 {
-    std::string data = numbers({0, 0, width - 1, height - 1, static_cast<std::int64_t>(points.size())});
+    std::string data =
+        numbers({0, 0, iconWidth - 1, iconHeight - 1, static_cast<std::int64_t>(points.size())});
     for (const Point& point : points)
         data += number(point.x, 2) + number(point.y, 2);
     return record(kind, data);
@@ -100,7 +101,7 @@ std::int32_t advance(char16_t c)
 std::u16string cut(std::u16string_view label)
 {
     const std::u16string_view dots = u"...";
-    const std::int32_t room = width - 3 * advance(u'.');
+    const std::int32_t room = iconWidth - 3 * advance(u'.');
     std::int32_t used = 0;
     std::u16string result;
     for (const char16_t c : label) {
@@ -123,9 +124,9 @@ std::string labelText(std::u16string_view label)
     std::string advances;
     for (const char16_t c : shown)
         advances += number(advance(c));
-    std::string data = numbers({0, 0, width - 1, height - 1, advancedGraphics, 0, 0});
-    data +=
-        numbers({width / 2, labelTop, static_cast<std::int64_t>(shown.size()), fixedSize, 0, 0, 0, -1, -1});
+    std::string data = numbers({0, 0, iconWidth - 1, iconHeight - 1, advancedGraphics, 0, 0});
+    data += numbers(
+        {iconWidth / 2, labelTop, static_cast<std::int64_t>(shown.size()), fixedSize, 0, 0, 0, -1, -1});
     data += number(fixedSize + static_cast<std::int64_t>(characters.size()));
     return record(Record::textAlignment, number(centered)) +
            record(Record::textOut, data + characters + advances);
@@ -147,8 +148,8 @@ std::string header(std::size_t size, std::int64_t count)
     constexpr std::int64_t version = 0x10000;
     constexpr std::int64_t objects = 2; // none and the font
     constexpr std::int64_t screen = 25400;
-    std::string data = numbers({0, 0, width - 1, height - 1, 0, 0, width, height, signature, version,
-                                static_cast<std::int64_t>(size), count});
+    std::string data = numbers({0, 0, iconWidth - 1, iconHeight - 1, 0, 0, iconWidth, iconHeight, signature,
+                                version, static_cast<std::int64_t>(size), count});
     data += number(objects, 2) + number(0, 2);
     data += numbers({0, 0, 0, screen, screen, screen / 100, screen / 100});
     return record(Record::header, data);

@@ -13,11 +13,11 @@ namespace standin::model {
 
 namespace {
 
-constexpr float largest = 1584;
+constexpr float largestSide = 1584;
 
 void checkLength(float points)
 {
-    if (!(points > 0 && points <= largest))
+    if (!(points > 0 && points <= largestSide))
         throw WordError(WordErrorNumber::valueOutOfRange);
 }
 

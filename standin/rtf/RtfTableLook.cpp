@@ -11,7 +11,7 @@ using namespace model;
 
 namespace {
 
-std::string_view alignmentWord(VerticalAlignment alignment)
+std::string_view alignmentOfStyle(VerticalAlignment alignment)
 {
     switch (alignment) {
     case VerticalAlignment::center:
@@ -97,7 +97,7 @@ std::string tableWords(const TableLook& look, const RowNumbers& numbers)
     rtf += control("\\trpaddl", side) + control("\\trpaddr", side) +
            control("\\trpaddt", twips(look.paddingAbove)) + control("\\trpaddb", twips(look.paddingBelow)) +
            "\\trpaddfl3\\trpaddft3\\trpaddfb3\\trpaddfr3\\tblind0\\tblindtype3";
-    return rtf.append(alignmentWord(look.alignment));
+    return rtf.append(alignmentOfStyle(look.alignment));
 }
 
 std::string headingWords(const TableLook& look, const RowNumbers& numbers)

@@ -16,7 +16,7 @@ using namespace model;
 constexpr std::int32_t twipsPerPoint = 20;
 constexpr std::int32_t farthest = static_cast<std::int32_t>(RowFormat::largest) * twipsPerPoint;
 
-std::string_view alignmentWord(VerticalAlignment alignment)
+std::string_view alignmentOfCell(VerticalAlignment alignment)
 {
     switch (alignment) {
     case VerticalAlignment::center:
@@ -47,7 +47,7 @@ public:
         const TableLook& look = row_.style->table;
         const bool isFirst = column == 0;
         const bool isLast = column + 1 == row_.cells.size();
-        std::string rtf(alignmentWord(look.alignment));
+        std::string rtf(alignmentOfCell(look.alignment));
         rtf += border("\\clbrdrt", either(cell.top, above(look))) +
                border("\\clbrdrl", either(cell.left, isFirst ? look.left : look.insideVertical)) +
                border("\\clbrdrb", either(cell.bottom, below(look))) +

@@ -3,8 +3,6 @@
 
 namespace {
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
 class AnchorTextTest : public FrontEndTest
 {
 protected:

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
 class CallFrameTest : public FrontEndTest
 {
 protected:

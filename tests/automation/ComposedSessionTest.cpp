@@ -257,7 +257,7 @@ TEST_P(ComposedSessionTest, AsksEachDocumentForTheFontsOfItsStyles)
     EXPECT_EQ(model::LiveRange(body(), 0, 7).font().size, 16.0F);
 }
 
-std::string nameOf(const testing::TestParamInfo<const char*>& info)
+std::string nameOfPen(const testing::TestParamInfo<const char*>& info)
 {
     return info.param == std::string_view("1") ? "Typed" : "Fragments";
 }
@@ -290,6 +290,6 @@ TEST_P(ComposedSessionTest, StaysWithItsDocumentWhenTheNextOneCannotBeMade)
     EXPECT_TRUE(isLeft) << "Each call in front was made to fail.";
 }
 
-INSTANTIATE_TEST_SUITE_P(Pens, ComposedSessionTest, testing::Values("1", "2"), nameOf);
+INSTANTIATE_TEST_SUITE_P(Pens, ComposedSessionTest, testing::Values("1", "2"), nameOfPen);
 
 } // namespace

@@ -13,7 +13,6 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr char succeeds[] = "0x00000000";
 constexpr char missing[] =
     "startTable: the document does not have the table style \"No Such\": check Word/TableStyle; the "
     "table style must be in the template";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Hresult.h"
+#include "IDocumentPtr.h"
 #include "Lines.h"
 #include "Mirovel.h"
 #include "OwnRegistry.h"
@@ -19,8 +20,6 @@
 #include <string>
 #include <vector>
 
-_COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
-
 /// A BSTR argument.
 inline _bstr_t operator""_b(const wchar_t* text, std::size_t length)
 {
@@ -38,6 +37,11 @@ std::string systemMessage(HRESULT code);
 /// <text>",
 /// "_com_error 0x80004003", "exception".
 std::string outcome(const std::function<HRESULT()>& call);
+
+inline constexpr char succeeds[] = "0x00000000";
+
+/// A failure that Word has no number for.
+inline constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
 
 /// What a call by IDispatch::Invoke comes to.
 struct Invoked

@@ -13,8 +13,6 @@ namespace {
 
 namespace model = standin::model;
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
 class HeaderFooterTest : public FrontEndTest
 {
 protected:

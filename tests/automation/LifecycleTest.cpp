@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
 std::string escaped(const std::string& name)
 {
     std::string text;
@@ -18,7 +16,7 @@ std::string escaped(const std::string& name)
     return text;
 }
 
-std::string missing(int count)
+std::string missingArguments(int count)
 {
     std::string text;
     for (int i = 0; i < count; ++i)
@@ -28,7 +26,7 @@ std::string missing(int count)
 
 std::string saveCall(const std::string& document, const std::string& name)
 {
-    return document + ".SaveAs(\"" + escaped(name) + "\"" + missing(10) + ")";
+    return document + ".SaveAs(\"" + escaped(name) + "\"" + missingArguments(10) + ")";
 }
 
 /// What `create` tells Word, from the options to the emptied document.

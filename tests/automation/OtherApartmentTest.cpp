@@ -15,8 +15,6 @@ _COM_SMARTPTR_TYPEDEF(ISupportErrorInfo, __uuidof(ISupportErrorInfo));
 
 namespace {
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1234);
-
 /// An apartment in which a Word and a client's object live.
 class OtherApartment
 {

@@ -17,7 +17,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr char succeeds[] = "0x00000000";
 constexpr char16_t fieldBegin = u'\x13';
 constexpr char16_t fieldEnd = u'\x15';
 

@@ -11,8 +11,6 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr char succeeds[] = "0x00000000";
-
 class SilentRowsTest : public FrontEndTest
 {
 protected:

@@ -11,7 +11,6 @@ namespace {
 using testing::HasSubstr;
 
 constexpr HRESULT badPath = static_cast<HRESULT>(0x800A1499);
-constexpr char succeeds[] = "0x00000000";
 
 /// What happens before the call, and the call.
 struct Case
@@ -183,14 +182,14 @@ TEST_P(SilentCaseInDocumentTest, LeavesTheDocumentAsItWas)
     EXPECT_EQ(texts[0], texts[1]);
 }
 
-std::string nameOf(const testing::TestParamInfo<Mode>& mode)
+std::string nameOfMode(const testing::TestParamInfo<Mode>& mode)
 {
     return std::string(mode.param.tested.name) + "_" + std::to_string(mode.param.compose) +
            (mode.param.isStrict ? "_strict" : "_default");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SilentCaseTest, testing::ValuesIn(modes()), nameOf);
-INSTANTIATE_TEST_SUITE_P(All, SilentCaseInDocumentTest, testing::ValuesIn(modesInDocument()), nameOf);
+INSTANTIATE_TEST_SUITE_P(All, SilentCaseTest, testing::ValuesIn(modes()), nameOfMode);
+INSTANTIATE_TEST_SUITE_P(All, SilentCaseInDocumentTest, testing::ValuesIn(modesInDocument()), nameOfMode);
 
 TEST_F(StrictTest, IsOffByDefault)
 {

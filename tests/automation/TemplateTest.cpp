@@ -3,7 +3,7 @@
 
 namespace {
 
-constexpr HRESULT refused = static_cast<HRESULT>(0x800A1436);
+constexpr HRESULT notFound = static_cast<HRESULT>(0x800A1436);
 constexpr char emptyRtf[] = "{\\rtf1\\ansi\\pard\\par}";
 constexpr char aborted[] = "QdxException: Document generation aborted by the user.";
 
@@ -174,7 +174,7 @@ TEST_F(TemplateTest, AsksWhenWordRefusesIt)
     setting("Word", "WordTemplateName", path);
     answer = IDYES;
     start();
-    word.failCall(6, refused);
+    word.failCall(6, notFound);
     EXPECT_THAT(create(), isHresult(S_OK));
     ASSERT_EQ(questions.size(), 1U);
     EXPECT_EQ(questions[0].text,
@@ -192,7 +192,7 @@ TEST_F(TemplateTest, AbortsWhenTheUserDoesNotWantToGoOnAfterTheRefusal)
     setting("Word", "WordTemplateName", folder.write("bad.dot", emptyRtf));
     RecordedExceptionLog exceptions;
     start();
-    word.failCall(6, refused);
+    word.failCall(6, notFound);
     EXPECT_EQ(outcome([&] { return create(); }), aborted);
     EXPECT_LINES(exceptions.lines, Lines{"Exception throw: Document generation aborted by the user."});
     EXPECT_EQ(additions().size(), 1U);
@@ -204,7 +204,7 @@ TEST_F(TemplateTest, ReportsAFailureOfThePlainAdditionAfterTheUsersYes)
     setting("Word", "WordTemplateName", folder.write("bad.dot", emptyRtf));
     answer = IDYES;
     start();
-    word.failFromCall(6, refused);
+    word.failFromCall(6, notFound);
     EXPECT_EQ(outcome([&] { return create(); }),
               "QdxException: Adding document\nCOMERROR 0x800a1436\nUnknown error 0x800A1436");
     word.clearFaults();

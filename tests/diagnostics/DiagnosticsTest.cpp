@@ -1,6 +1,7 @@
 #include "Diagnostics.h"
 
 #include "ScratchFolder.h"
+#include "TextConversion.h"
 
 #include <gmock/gmock.h>
 
@@ -14,11 +15,6 @@ using diagnostics::Diagnostics;
 using diagnostics::Event;
 using testing::HasSubstr;
 using testing::MatchesRegex;
-
-std::wstring wide(const std::string& ascii)
-{
-    return {ascii.begin(), ascii.end()};
-}
 
 std::string processNumber()
 {
@@ -42,7 +38,7 @@ class DiagnosticsTest : public testing::Test
 protected:
     [[nodiscard]] std::wstring name(const std::string& file = "a.log") const
     {
-        return wide(folder.file(file));
+        return fromUtf8(folder.file(file));
     }
     [[nodiscard]] std::string written(const std::string& stem = "a") const
     {

@@ -1,6 +1,7 @@
 #include "LogFile.h"
 
 #include "ScratchFolder.h"
+#include "TextConversion.h"
 
 #include <gmock/gmock.h>
 
@@ -16,15 +17,10 @@ using diagnostics::LogFile;
 using diagnostics::Severity;
 using testing::MatchesRegex;
 
-std::wstring wide(const std::string& ascii)
-{
-    return {ascii.begin(), ascii.end()};
-}
-
 TEST(LogFileTest, WritesTimeProcessThreadAndSeverity)
 {
     const ScratchFolder folder;
-    const std::shared_ptr<LogFile> file = LogFile::open(wide(folder.file("a.log")));
+    const std::shared_ptr<LogFile> file = LogFile::open(fromUtf8(folder.file("a.log")));
     file->write(Severity::info, "first");
     file->write(Severity::warning, "second");
     file->write(Severity::error, "third\t\xE2\x82\xAC");
@@ -41,29 +37,29 @@ TEST(LogFileTest, AppendsToWhatIsThere)
 {
     const ScratchFolder folder;
     folder.write("a.log", "earlier\r\n");
-    LogFile::open(wide(folder.file("a.log")))->write(Severity::info, "later");
+    LogFile::open(fromUtf8(folder.file("a.log")))->write(Severity::info, "later");
     EXPECT_THAT(contentOf(folder.file("a.log")), MatchesRegex("earlier\r\n.*\tinfo\tlater\r\n"));
 }
 
 TEST(LogFileTest, IsOneForAllWhoOpenIt)
 {
     const ScratchFolder folder;
-    const std::shared_ptr<LogFile> file = LogFile::open(wide(folder.file("a.log")));
-    EXPECT_EQ(LogFile::open(wide(folder.file("A.LOG"))), file);
-    EXPECT_NE(LogFile::open(wide(folder.file("b.log"))), file);
+    const std::shared_ptr<LogFile> file = LogFile::open(fromUtf8(folder.file("a.log")));
+    EXPECT_EQ(LogFile::open(fromUtf8(folder.file("A.LOG"))), file);
+    EXPECT_NE(LogFile::open(fromUtf8(folder.file("b.log"))), file);
 }
 
 TEST(LogFileTest, LetsGoOfTheFileWithTheLastWhoHasIt)
 {
     const ScratchFolder folder;
-    LogFile::open(wide(folder.file("a.log")))->write(Severity::info, "x");
+    LogFile::open(fromUtf8(folder.file("a.log")))->write(Severity::info, "x");
     EXPECT_TRUE(std::filesystem::remove(folder.file("a.log")));
 }
 
 TEST(LogFileTest, PutsAsideAFileThatHasGrown)
 {
     const ScratchFolder folder;
-    const std::shared_ptr<LogFile> file = LogFile::open(wide(folder.file("a.log")), 1000);
+    const std::shared_ptr<LogFile> file = LogFile::open(fromUtf8(folder.file("a.log")), 1000);
     for (int i = 0; i < 100; ++i)
         file->write(Severity::info, "line " + std::to_string(i));
     const std::string newest = contentOf(folder.file("a.log"));
@@ -83,7 +79,7 @@ TEST(LogFileTest, PutsAsideAFileThatHasGrown)
 TEST(LogFileTest, TakesNamesBeyondTheCodePage)
 {
     const ScratchFolder folder;
-    const std::wstring name = wide(folder.file("")) + L"\x65E5\x672C.log";
+    const std::wstring name = fromUtf8(folder.file("")) + L"\x65E5\x672C.log";
     LogFile::open(name)->write(Severity::info, "x");
     EXPECT_TRUE(std::filesystem::exists(name));
 }
@@ -91,8 +87,8 @@ TEST(LogFileTest, TakesNamesBeyondTheCodePage)
 TEST(LogFileTest, RaisesWhenThereIsNoFile)
 {
     const ScratchFolder folder;
-    EXPECT_THROW((void)LogFile::open(wide(folder.file(""))), std::exception);
-    EXPECT_THROW((void)LogFile::open(wide(folder.write("x", "") + "\\a.log")), std::exception);
+    EXPECT_THROW((void)LogFile::open(fromUtf8(folder.file(""))), std::exception);
+    EXPECT_THROW((void)LogFile::open(fromUtf8(folder.write("x", "") + "\\a.log")), std::exception);
 }
 
 TEST(LogFileTest, KeepsLinesOfSeveralThreadsApart)
@@ -103,7 +99,7 @@ TEST(LogFileTest, KeepsLinesOfSeveralThreadsApart)
         for (int i = 0; i < 4; ++i)
             threads.emplace_back([&folder] {
                 for (int line = 0; line < 50; ++line)
-                    LogFile::open(wide(folder.file("a.log")))->write(Severity::info, "whole");
+                    LogFile::open(fromUtf8(folder.file("a.log")))->write(Severity::info, "whole");
             });
     }
     const std::string content = contentOf(folder.file("a.log"));

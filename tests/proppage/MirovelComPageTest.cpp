@@ -72,7 +72,7 @@ TEST_F(MirovelComPageTest, HasItsControlsInTheirPlacesAndOrder)
         {-1, L"Static", L"&Word template tile", {5, 5, 91, 13}, own},
         {templateName, L"Edit", L"", {5, 14, 216, 28}, own | WS_TABSTOP | ES_AUTOHSCROLL},
         {browse, L"Button", L"...", {218, 14, 230, 28}, own | WS_TABSTOP | BS_PUSHBUTTON},
-        {tocLevel, L"Edit", L"", {113, 41, 131, 53}, own | WS_TABSTOP | ES_NUMBER},
+        {tocEdit, L"Edit", L"", {113, 41, 131, 53}, own | WS_TABSTOP | ES_NUMBER},
         {tocSpin,
          L"msctls_updown32",
          L"Spin1",
@@ -116,7 +116,7 @@ TEST_F(MirovelComPageTest, HasItsControlsInTheirPlacesAndOrder)
     }
     EXPECT_EQ(window, nullptr);
     EXPECT_EQ(reinterpret_cast<HWND>(SendMessageW(container.control(tocSpin), UDM_GETBUDDY, 0, 0)),
-              container.control(tocLevel));
+              container.control(tocEdit));
 }
 
 TEST_F(MirovelComPageTest, FillsItsFieldsWhenItIsShownAndNotBefore)
@@ -134,7 +134,7 @@ TEST_F(MirovelComPageTest, FillsItsFieldsWhenItIsShownAndNotBefore)
     EXPECT_THAT(page->Show(SW_SHOW), isHresult(S_OK));
     EXPECT_TRUE(IsWindowVisible(container.page()));
     EXPECT_EQ(textOf(container.control(templateName)), L"c:\\stored.dot");
-    EXPECT_EQ(textOf(container.control(tocLevel)), L"7");
+    EXPECT_EQ(textOf(container.control(tocEdit)), L"7");
     int lowest = -1;
     int highest = -1;
     SendMessageW(container.control(tocSpin), UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest),
@@ -154,7 +154,7 @@ TEST_F(MirovelComPageTest, ProposesATemplateAndTheDeepestLevelWhenNothingIsStore
     PageContainer container(page);
     container.show();
     EXPECT_EQ(textOf(container.control(templateName)), L"templates\\KXR1.dot");
-    EXPECT_EQ(textOf(container.control(tocLevel)), L"50");
+    EXPECT_EQ(textOf(container.control(tocEdit)), L"50");
     EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
     store(L"Settings", L"InstallDir", L"c:\\mirovel");
     page->SetPageSite(nullptr);
@@ -170,7 +170,7 @@ TEST_F(MirovelComPageTest, ShowsAStoredLevelWithItsSignAndBeyondTheLimits)
     for (const int level : {-7, 51, 2147483647}) {
         store(L"Word", L"TOCLevel", static_cast<DWORD>(level));
         container.show();
-        EXPECT_EQ(textOf(container.control(tocLevel)), std::to_wstring(level));
+        EXPECT_EQ(textOf(container.control(tocEdit)), std::to_wstring(level));
         EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
         page->SetPageSite(nullptr);
     }
@@ -181,18 +181,18 @@ TEST_F(MirovelComPageTest, KeepsWhatIsTypedWhenItIsHiddenAndForgetsItWhenItIsDea
     const IPropertyPagePtr page = newPage();
     PageContainer container(page);
     container.show();
-    SetWindowTextW(container.control(tocLevel), L"3");
+    SetWindowTextW(container.control(tocEdit), L"3");
     EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_THAT(page->Show(SW_HIDE), isHresult(S_OK));
     EXPECT_FALSE(IsWindowVisible(container.page()));
     EXPECT_THAT(page->Show(SW_SHOW), isHresult(S_OK));
-    EXPECT_EQ(textOf(container.control(tocLevel)), L"3");
+    EXPECT_EQ(textOf(container.control(tocEdit)), L"3");
     EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_THAT(page->Deactivate(), isHresult(S_OK));
     EXPECT_EQ(container.page(), nullptr);
     page->SetPageSite(nullptr);
     container.show();
-    EXPECT_EQ(textOf(container.control(tocLevel)), L"50");
+    EXPECT_EQ(textOf(container.control(tocEdit)), L"50");
     EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     EXPECT_THAT(container.record(), ElementsAre("status 1", "status 0"));
     page->SetPageSite(nullptr);
@@ -213,7 +213,7 @@ TEST_F(MirovelComPageTest, IsMadeDirtyByEachFieldAndByTheUpDownControl)
     EXPECT_THAT(dirtyAfter([](const PageContainer&) {}), isHresult(S_FALSE));
     EXPECT_THAT(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(templateName), L"a"); }),
                 isHresult(S_OK));
-    EXPECT_THAT(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(tocLevel), L"1"); }),
+    EXPECT_THAT(dirtyAfter([](const PageContainer& c) { SetWindowTextW(c.control(tocEdit), L"1"); }),
                 isHresult(S_OK));
     EXPECT_THAT(dirtyAfter([](const PageContainer& c) {
                     NMUPDOWN step{{c.control(tocSpin), tocSpin, static_cast<UINT>(UDN_DELTAPOS)}, 50, -1};
@@ -229,13 +229,13 @@ TEST_F(MirovelComPageTest, StoresItsFieldsAndIsCleanAgain)
     PageContainer container(page);
     container.show();
     SetWindowTextW(container.control(templateName), file.c_str());
-    SetWindowTextW(container.control(tocLevel), L"0");
+    SetWindowTextW(container.control(tocEdit), L"0");
     EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(storedLevel(), L"number 0");
     EXPECT_THAT(page->IsPageDirty(), isHresult(S_FALSE));
     SetWindowTextW(container.control(templateName), L"");
-    SetWindowTextW(container.control(tocLevel), L"49 levels");
+    SetWindowTextW(container.control(tocEdit), L"49 levels");
     EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
     EXPECT_EQ(storedLevel(), L"number 49");
@@ -257,7 +257,7 @@ TEST_F(MirovelComPageTest, ReadsTwoHundredAndFiftySixCharactersOfAField)
     PageContainer container(page);
     container.show();
     SetWindowTextW(container.control(templateName), (longName + L"and more").c_str());
-    SetWindowTextW(container.control(tocLevel), (std::wstring(255, L'0') + L"99").c_str());
+    SetWindowTextW(container.control(tocEdit), (std::wstring(255, L'0') + L"99").c_str());
     EXPECT_THAT(page->Apply(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), longName);
     EXPECT_EQ(storedLevel(), L"number 9");
@@ -330,7 +330,7 @@ TEST_F(MirovelComPageTest, SurvivesItsWindow)
     EXPECT_THAT(page->Deactivate(), isHresult(E_UNEXPECTED));
     PageContainer another(page);
     another.show();
-    EXPECT_EQ(textOf(another.control(tocLevel)), L"50");
+    EXPECT_EQ(textOf(another.control(tocEdit)), L"50");
     page->SetPageSite(nullptr);
 }
 

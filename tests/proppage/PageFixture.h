@@ -15,7 +15,7 @@ _COM_SMARTPTR_TYPEDEF(IPropertyPage, __uuidof(IPropertyPage));
 // The controls, by the numbers that automation tools know them by.
 inline constexpr int templateName = 401;
 inline constexpr int browse = 402;
-inline constexpr int tocLevel = 203;
+inline constexpr int tocEdit = 203;
 inline constexpr int tocSpin = 205;
 
 /// A page of the built DLL, empty settings and an empty folder. Every test ends with the DLL ready to be

@@ -89,7 +89,7 @@ TEST_F(PageInputTest, StoresWhatIsTyped)
     const std::wstring file = newFile(L"my template.dot");
     userDoes([&] {
         replaces(templateName, file);
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         EXPECT_THAT(container->record(), ElementsAre("status 1"));
         user.clicks(button(PageContainer::applyButton));
         EXPECT_THAT(container->record(), ElementsAre("status 1", "status 0", "Apply 0x00000000"));
@@ -101,8 +101,8 @@ TEST_F(PageInputTest, StoresWhatIsTyped)
 TEST_F(PageInputTest, TakesOnlyDigitsAsALevel)
 {
     userDoes([&] {
-        replaces(tocLevel, L"1x-2");
-        EXPECT_EQ(textOf(control(tocLevel)), L"12");
+        replaces(tocEdit, L"1x-2");
+        EXPECT_EQ(textOf(control(tocEdit)), L"12");
     });
 }
 
@@ -111,7 +111,7 @@ TEST_F(PageInputTest, RefusesATemplateThatIsNotThere)
     store(L"Word", L"WordTemplateName", L"c:\\old.dot");
     userDoes([&] {
         replaces(templateName, L"c:\\none.dot");
-        replaces(tocLevel, L"3");
+        replaces(tocEdit, L"3");
         user.press('A', VK_MENU);
         EXPECT_EQ(confirmed(),
                   L"c:\\none.dot\nFile Not Found.\nPlease verify the correct template name was given.");
@@ -128,13 +128,13 @@ TEST_F(PageInputTest, RefusesALevelBeyondTheLimitButKeepsTheTemplate)
 {
     const std::wstring file = newFile(L"my.dot");
     userDoes([&] {
-        replaces(tocLevel, L"51");
+        replaces(tocEdit, L"51");
         replaces(templateName, file);
         user.press('A', VK_MENU);
         EXPECT_EQ(confirmed(), L"Heading level must fall between 0 and 50.");
         user.waitFor("the answer", [&] { return container->record().back().starts_with("Apply"); });
         EXPECT_THAT(container->record(), ElementsAre("status 1", "Apply 0x8000ffff"));
-        EXPECT_EQ(textOf(control(tocLevel)), L"51");
+        EXPECT_EQ(textOf(control(tocEdit)), L"51");
     });
     EXPECT_THAT(page->IsPageDirty(), isHresult(S_OK));
     EXPECT_EQ(storedTemplate(), file);
@@ -144,7 +144,7 @@ TEST_F(PageInputTest, RefusesALevelBeyondTheLimitButKeepsTheTemplate)
 TEST_F(PageInputTest, LeavesTheFocusWhereItIsWhenTheLevelIsRefused)
 {
     SetWindowTextW(control(templateName), L"");
-    SetWindowTextW(control(tocLevel), L"51");
+    SetWindowTextW(control(tocEdit), L"51");
     userDoes([&] {
         for (const HWND place : {control(templateName), control(browse), button(IDOK)}) {
             while (user.focus() != place)
@@ -163,7 +163,7 @@ TEST_F(PageInputTest, LeavesTheFocusWhereItIsWhenTheLevelIsRefused)
 TEST_F(PageInputTest, RefusesANegativeLevel)
 {
     SetWindowTextW(control(templateName), L"");
-    SetWindowTextW(control(tocLevel), L"-1"); // as pasted: it cannot be typed
+    SetWindowTextW(control(tocEdit), L"-1"); // as pasted: it cannot be typed
     container->forget();
     userDoes([&] {
         user.clicks(button(PageContainer::applyButton));
@@ -176,12 +176,12 @@ TEST_F(PageInputTest, RefusesANegativeLevel)
 TEST_F(PageInputTest, SpinsTheLevelRoundTheLimitsWithTheArrowKeys)
 {
     userDoes([&] {
-        replaces(tocLevel, L"49");
+        replaces(tocEdit, L"49");
         container->forget();
         std::vector<std::wstring> levels;
         for (const int key : {VK_UP, VK_UP, VK_UP, VK_DOWN, VK_DOWN, VK_DOWN}) {
             user.press(static_cast<WORD>(key));
-            levels.push_back(textOf(control(tocLevel)));
+            levels.push_back(textOf(control(tocEdit)));
         }
         EXPECT_THAT(levels, ElementsAre(L"50", L"0", L"1", L"0", L"50", L"49"));
     });
@@ -192,10 +192,10 @@ TEST_F(PageInputTest, SpinsTheLevelRoundTheLimitsWithTheMouse)
     userDoes([&] {
         EXPECT_THAT(container->record(), IsEmpty());
         user.clicks(control(tocSpin), 0.5, 0.25);
-        EXPECT_EQ(textOf(control(tocLevel)), L"0");
+        EXPECT_EQ(textOf(control(tocEdit)), L"0");
         EXPECT_THAT(container->record(), ElementsAre("status 1"));
         user.clicks(control(tocSpin), 0.5, 0.75);
-        EXPECT_EQ(textOf(control(tocLevel)), L"50");
+        EXPECT_EQ(textOf(control(tocEdit)), L"50");
     });
 }
 
@@ -203,7 +203,7 @@ TEST_F(PageInputTest, IsWalkedThroughWithTab)
 {
     userDoes([&] {
         const std::vector<HWND> order = {control(templateName), control(browse),
-                                         control(tocLevel),     button(IDOK),
+                                         control(tocEdit),      button(IDOK),
                                          button(IDCANCEL),      button(PageContainer::applyButton)};
         for (const HWND each : order) {
             EXPECT_EQ(user.focus(), each);

@@ -76,13 +76,13 @@ TEST_F(PropertyFrameTest, ShowsThePageUnderItsTitle)
         EXPECT_STREQ(title, L"&Word");
 
         EXPECT_EQ(textOf(control(templateName)), L"templates\\KXR1.dot");
-        EXPECT_EQ(textOf(control(tocLevel)), L"9");
+        EXPECT_EQ(textOf(control(tocEdit)), L"9");
         EXPECT_EQ(user.focus(), control(templateName));
         EXPECT_FALSE(IsWindowEnabled(applyButton()));
         // The frame makes room for the page by the size that the page tells.
         RECT inside{};
         GetWindowRect(tabs, &inside);
-        for (const int id : {templateName, browse, tocLevel, tocSpin}) {
+        for (const int id : {templateName, browse, tocEdit, tocSpin}) {
             RECT place{};
             RECT common{};
             GetWindowRect(control(id), &place);
@@ -97,7 +97,7 @@ TEST_F(PropertyFrameTest, ShowsThePageUnderItsTitle)
 TEST_F(PropertyFrameTest, IsWalkedThroughWithTab)
 {
     userDoes([&] {
-        const std::vector<HWND> order = {control(templateName), control(browse), control(tocLevel),
+        const std::vector<HWND> order = {control(templateName), control(browse), control(tocEdit),
                                          control(IDOK), control(IDCANCEL)};
         for (const HWND each : order) {
             EXPECT_EQ(user.focus(), each);
@@ -105,7 +105,7 @@ TEST_F(PropertyFrameTest, IsWalkedThroughWithTab)
         }
         user.press('W', VK_MENU);
         EXPECT_EQ(user.focus(), control(templateName));
-        for (const int back : {IDCANCEL, IDOK, tocLevel, browse, templateName}) {
+        for (const int back : {IDCANCEL, IDOK, tocEdit, browse, templateName}) {
             do
                 user.press(VK_TAB, VK_SHIFT);
             while (user.focus() == FindWindowExW(frame, nullptr, WC_TABCONTROLW, nullptr));
@@ -121,9 +121,9 @@ TEST_F(PropertyFrameTest, LetsThePageBeUsed)
     const std::wstring file = newFile(L"stored.dot");
     store(L"Word", L"WordTemplateName", file);
     userDoes([&] {
-        replaces(tocLevel, L"50");
+        replaces(tocEdit, L"50");
         user.press(VK_UP);
-        EXPECT_EQ(textOf(control(tocLevel)), L"0");
+        EXPECT_EQ(textOf(control(tocEdit)), L"0");
         replaces(templateName, L"typed");
         user.clicks(control(browse));
         const HWND dialog = user.dialog(L"Select Word Template File");
@@ -143,7 +143,7 @@ TEST_F(PropertyFrameTest, AppliesThePageWithEnter)
 {
     userDoes([&] {
         replaces(templateName, L"");
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         EXPECT_EQ(IsWindowEnabled(applyButton()) != FALSE, isWindowsWay(Difference::frameHearsOfChanges));
         user.press(VK_RETURN);
         user.waitUntilGone(frame);
@@ -154,7 +154,7 @@ TEST_F(PropertyFrameTest, AppliesThePageWithEnter)
 TEST_F(PropertyFrameTest, ForgetsWhatIsTypedWithEscape)
 {
     userDoes([&] {
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         user.press(VK_ESCAPE);
         user.waitUntilGone(frame);
     });

@@ -41,13 +41,8 @@ TEST_P(BusySessionsTest, MakeTheDocumentThatTheyMakeUndisturbed)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<Writer>& info)
-{
-    return testName(info.param);
-}
-
 INSTANTIATE_TEST_SUITE_P(Writers, BusySessionsTest,
-                         testing::Values(Writer::counting, Writer::typed, Writer::fragments), nameOf);
+                         testing::Values(Writer::counting, Writer::typed, Writer::fragments), nameOfWriter);
 
 } // namespace
 } // namespace reference

@@ -36,6 +36,14 @@ enum class Method
     setOrientation
 };
 
+/// What setTextAlign takes.
+namespace textAlign {
+inline constexpr int left = 1;
+inline constexpr int centred = 2;
+inline constexpr int right = 3;
+inline constexpr int justified = 4;
+} // namespace textAlign
+
 /// One call of a client. What the method has no use for is empty.
 struct ClientCall
 {

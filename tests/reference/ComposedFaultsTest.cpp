@@ -111,12 +111,8 @@ TEST_P(ComposedFaultsTest, LetsTheClientEndWhenWordHasDied)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<Writer>& info)
-{
-    return testName(info.param);
-}
-
-INSTANTIATE_TEST_SUITE_P(Pens, ComposedFaultsTest, testing::Values(Writer::typed, Writer::fragments), nameOf);
+INSTANTIATE_TEST_SUITE_P(Pens, ComposedFaultsTest, testing::Values(Writer::typed, Writer::fragments),
+                         nameOfWriter);
 
 } // namespace
 } // namespace reference

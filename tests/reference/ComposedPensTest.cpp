@@ -11,14 +11,16 @@
 namespace reference {
 namespace {
 
-// Sessions come in lots, so that the lots can be played side by side.
-constexpr std::uint32_t lots = 8;
-constexpr std::uint32_t sessionsInALot = 150;
-constexpr std::uint32_t firstSession = 400'001;
-
 class ComposedPensTest : public testing::TestWithParam<std::uint32_t>
 {
+public:
+    // Sessions come in lots, so that the lots can be played side by side.
+    static constexpr std::uint32_t lots = 8;
+
 protected:
+    static constexpr std::uint32_t sessionsInALot = 150;
+    static constexpr std::uint32_t firstSession = 400'001;
+
     /// The documents of the lot's sessions, in order.
     static std::vector<PlayedSession> played(Writer writer)
     {
@@ -68,12 +70,8 @@ TEST_P(ComposedPensTest, WriteTheSameDocument)
     }
 }
 
-std::string nameOfLot(const testing::TestParamInfo<std::uint32_t>& info)
-{
-    return std::to_string(info.param);
-}
-
-INSTANTIATE_TEST_SUITE_P(Lots, ComposedPensTest, testing::Range(0U, lots), nameOfLot);
+INSTANTIATE_TEST_SUITE_P(Lots, ComposedPensTest, testing::Range(0U, ComposedPensTest::lots),
+                         testing::PrintToStringParamName());
 
 } // namespace
 } // namespace reference

@@ -102,7 +102,7 @@ TEST_P(ComposedSessionsTest, ComeOutRightInTheLookThatSettingsSay)
     law.conclude();
 }
 
-std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
+std::string nameOfWriterAndLot(const testing::TestParamInfo<WriterAndLot>& info)
 {
     const auto [writer, lot] = info.param;
     return testName(writer) + std::to_string(lot);
@@ -111,7 +111,7 @@ std::string nameOf(const testing::TestParamInfo<WriterAndLot>& info)
 INSTANTIATE_TEST_SUITE_P(Lots, ComposedSessionsTest,
                          testing::Combine(testing::Values(Writer::typed, Writer::fragments),
                                           testing::Range(0U, lots)),
-                         nameOf);
+                         nameOfWriterAndLot);
 
 } // namespace
 } // namespace reference

@@ -116,7 +116,7 @@ TEST_P(FailingCallsTest, AreToldAndLeaveNothingBehind)
     std::printf("%ld runs\n", runs);
 }
 
-std::string nameOf(const testing::TestParamInfo<WriterAndDuration>& info)
+std::string nameOfWriterAndDuration(const testing::TestParamInfo<WriterAndDuration>& info)
 {
     return testName(std::get<Writer>(info.param)) + (std::get<bool>(info.param) ? "FromThenOn" : "Once");
 }
@@ -124,7 +124,7 @@ std::string nameOf(const testing::TestParamInfo<WriterAndDuration>& info)
 INSTANTIATE_TEST_SUITE_P(Writers, FailingCallsTest,
                          testing::Combine(testing::Values(Writer::counting, Writer::typed, Writer::fragments),
                                           testing::Bool()),
-                         nameOf);
+                         nameOfWriterAndDuration);
 
 } // namespace
 } // namespace reference

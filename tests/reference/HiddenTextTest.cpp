@@ -152,7 +152,7 @@ TEST_P(HiddenTextTest, WhatFollowsAnEntryShows)
 }
 
 INSTANTIATE_TEST_SUITE_P(Pens, HiddenTextTest, testing::Values(Writer::typed, Writer::fragments),
-                         [](const auto& each) { return testName(each.param); });
+                         nameOfWriter);
 
 } // namespace
 } // namespace reference

@@ -18,7 +18,7 @@ namespace reference {
 namespace {
 
 constexpr std::uint32_t sessionsOfAProfile = 40;
-constexpr std::uint32_t firstSession = 500'001;
+constexpr std::uint32_t firstOfProfiles = 500'001;
 
 std::vector<std::filesystem::path> profiles()
 {
@@ -50,7 +50,7 @@ TEST_P(ProfilesTest, HoldWordsThatSessionsComeOutRightWith)
     EXPECT_GE(profiles().size(), 3U);
     for (const std::filesystem::path& profile : profiles()) {
         const standin::model::Switches switches = read(profile);
-        for (std::uint32_t seed = firstSession; seed < firstSession + sessionsOfAProfile; ++seed) {
+        for (std::uint32_t seed = firstOfProfiles; seed < firstOfProfiles + sessionsOfAProfile; ++seed) {
             const Session session = randomSession(seed, Extent::all);
             if (player.composes())
                 law.check(session, profile.filename().string() + ", session " + std::to_string(seed),
@@ -63,13 +63,8 @@ TEST_P(ProfilesTest, HoldWordsThatSessionsComeOutRightWith)
     law.conclude();
 }
 
-std::string nameOf(const testing::TestParamInfo<Writer>& info)
-{
-    return testName(info.param);
-}
-
 INSTANTIATE_TEST_SUITE_P(Writers, ProfilesTest,
-                         testing::Values(Writer::counting, Writer::typed, Writer::fragments), nameOf);
+                         testing::Values(Writer::counting, Writer::typed, Writer::fragments), nameOfWriter);
 
 } // namespace
 } // namespace reference

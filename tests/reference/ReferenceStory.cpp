@@ -10,7 +10,6 @@ namespace reference {
 namespace {
 
 constexpr std::u16string_view normal = u"Normal";
-constexpr int centred = 2;
 constexpr char16_t paragraphEnd = u'\r';
 
 /// Each CR LF, CR and LF as one CR.
@@ -42,11 +41,11 @@ Alignment alignmentOf(const Paragraph& paragraph)
     if (!paragraph.alignment)
         return findStyle(paragraph.style)->alignment;
     switch (*paragraph.alignment) {
-    case centred:
+    case textAlign::centred:
         return Alignment::centre;
-    case 3:
+    case textAlign::right:
         return Alignment::right;
-    case 4:
+    case textAlign::justified:
         return Alignment::justified;
     default:
         return Alignment::left;
@@ -431,7 +430,7 @@ void ReferenceStory::insertTOC(const std::u16string& title, const std::u16string
     endParagraphIfItHoldsAnything();
     beginStyle(titleStyle.empty() ? std::u16string(normal) : titleStyle);
     if (!title.empty()) {
-        alignment_ = titleStyle.empty() ? std::optional(centred) : std::nullopt;
+        alignment_ = titleStyle.empty() ? std::optional(textAlign::centred) : std::nullopt;
         insertText(title);
         endParagraph();
         if (titleStyle.empty())

@@ -10,11 +10,6 @@ namespace {
 
 using Kind = SessionFile::Kind;
 
-constexpr int left = 1;
-constexpr int centred = 2;
-constexpr int right = 3;
-constexpr int justified = 4;
-
 // Its fonts and alignments are none that sessions set, the style is one of theirs. Ends with a paragraph end.
 constexpr const char* letter =
     R"({\rtf1\ansi\deff0{\fonttbl{\f0 Times New Roman;}{\f1 Verdana;}{\f2 Arial;}})"
@@ -51,15 +46,15 @@ std::vector<SessionFile> makeFiles()
         {u"letter.rtf",
          Kind::formatted,
          letter,
-         {{{{u"Letter ", head}, {u"bold", boldHead}, {u" head", head}}, u"Normal", centred},
-          {{{u"Subject", {u"Arial", 14, true, true}}}, u"Heading 2", left},
-          {{{u"Dear reader", {u"Verdana", 9}}}, u"Normal", right}}},
+         {{{{u"Letter ", head}, {u"bold", boldHead}, {u" head", head}}, u"Normal", textAlign::centred},
+          {{{u"Subject", {u"Arial", 14, true, true}}}, u"Heading 2", textAlign::left},
+          {{{u"Dear reader", {u"Verdana", 9}}}, u"Normal", textAlign::right}}},
         {u"memo.doc",
          Kind::formatted,
          memo,
-         {{{{u"Memo", {u"Tahoma", 10}}}, u"Normal", justified},
-          {{}, u"Normal", left},
-          {{{u"done", struck}}, u"Normal", left}}},
+         {{{{u"Memo", {u"Tahoma", 10}}}, u"Normal", textAlign::justified},
+          {{}, u"Normal", textAlign::left},
+          {{{u"done", struck}}, u"Normal", textAlign::left}}},
         {pictureName, Kind::picture, sample::bmp(), {}, u"bitmap 45x30"},
         {u"sign.bmp", Kind::picture, sample::png(), {}, u"png 40x20"},
         {u"photo.jpg", Kind::picture, sample::jpeg(), {}, u"jpeg 160x160"},

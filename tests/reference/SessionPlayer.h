@@ -4,10 +4,13 @@
 #include "DocumentContent.h"
 #include "SessionLook.h"
 
+#include "IDocumentPtr.h"
 #include "ScratchFolder.h"
 
 #include "InProcess.h"
 #include "Mirovel.h"
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <memory>
@@ -15,8 +18,6 @@
 #include <set>
 #include <string>
 #include <vector>
-
-_COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
 
 namespace reference {
 
@@ -39,6 +40,10 @@ enum class Writer
 
 /// What tests with this writer are called.
 std::string testName(Writer writer);
+inline std::string nameOfWriter(const testing::TestParamInfo<Writer>& info)
+{
+    return testName(info.param);
+}
 
 /// Plays sessions, each as a document of its own, with a client and a Word stand-in in this process.
 class SessionPlayer

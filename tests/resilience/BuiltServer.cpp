@@ -7,17 +7,9 @@
 #include "general/QdxException.h"
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 
 namespace {
-
-std::string hexadecimal(HRESULT result)
-{
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "0x%08lx", static_cast<unsigned long>(result));
-    return text.data();
-}
 
 // Files would take most of the time.
 standin::SessionOptions withoutFiles()

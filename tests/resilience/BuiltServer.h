@@ -1,19 +1,16 @@
 #pragma once
 
+#include "IDocumentPtr.h"
 #include "ScratchFolder.h"
 #include "ServerModule.h"
 
 #include "DocumentContent.h"
 #include "InProcess.h"
 
-#include <IDocument.h>
-#include <comdef.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
-_COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
 _COM_SMARTPTR_TYPEDEF(IClassFactory, __uuidof(IClassFactory));
 
 /// How documents are written; the number is that of the setting "Word/Compose".

@@ -11,7 +11,7 @@ bool refusesOnwards = false;
 ModuleAllocations::Requests requests;
 std::unordered_set<void*> blocks;
 
-bool isRefused()
+bool isBlockRefused()
 {
     ++requests.made;
     if (ordinalToRefuse == 0 || requests.made < ordinalToRefuse ||
@@ -30,17 +30,17 @@ void* known(void* block)
 
 void* countedMalloc(std::size_t size)
 {
-    return isRefused() ? nullptr : known(std::malloc(size));
+    return isBlockRefused() ? nullptr : known(std::malloc(size));
 }
 
 void* countedCalloc(std::size_t count, std::size_t size)
 {
-    return isRefused() ? nullptr : known(std::calloc(count, size));
+    return isBlockRefused() ? nullptr : known(std::calloc(count, size));
 }
 
 void* countedRealloc(void* block, std::size_t size)
 {
-    if (isRefused())
+    if (isBlockRefused())
         return nullptr;
     // One that cannot grow is not given back; the system's own refusal ends the test elsewhere.
     blocks.erase(block);
@@ -55,17 +55,17 @@ void countedFree(void* block)
 
 BSTR WINAPI countedAllocString(const OLECHAR* text)
 {
-    return isRefused() ? nullptr : SysAllocString(text);
+    return isBlockRefused() ? nullptr : SysAllocString(text);
 }
 
 BSTR WINAPI countedAllocStringLen(const OLECHAR* text, UINT length)
 {
-    return isRefused() ? nullptr : SysAllocStringLen(text, length);
+    return isBlockRefused() ? nullptr : SysAllocStringLen(text, length);
 }
 
 BSTR WINAPI countedAllocStringByteLen(LPCSTR bytes, UINT length)
 {
-    return isRefused() ? nullptr : SysAllocStringByteLen(bytes, length);
+    return isBlockRefused() ? nullptr : SysAllocStringByteLen(bytes, length);
 }
 
 } // namespace

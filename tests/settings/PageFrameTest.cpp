@@ -53,7 +53,7 @@ TEST_F(PageFrameTest, ShowsThePageAndItsButtons)
     store(L"Word", L"TOCLevel", 9);
     userDoes([&] {
         EXPECT_EQ(textOf(control(templateName)), L"templates\\KXR1.dot");
-        EXPECT_EQ(textOf(control(tocLevel)), L"9");
+        EXPECT_EQ(textOf(control(tocEdit)), L"9");
         EXPECT_EQ(user.focus(), control(templateName));
         EXPECT_FALSE(canApply());
         RECT inside{};
@@ -78,18 +78,18 @@ TEST_F(PageFrameTest, AppliesWithTheButtonAndStaysOpen)
 {
     userDoes([&] {
         replaces(templateName, L"");
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         EXPECT_TRUE(canApply());
         user.clicks(button(applyButton));
         EXPECT_EQ(storedLevel(), L"number 12");
         EXPECT_FALSE(canApply());
         EXPECT_EQ(user.focus(), button(IDOK)) << "not in a button that cannot be pressed";
-        replaces(tocLevel, L"13");
+        replaces(tocEdit, L"13");
         EXPECT_TRUE(canApply());
         user.press('A', VK_MENU);
         EXPECT_EQ(storedLevel(), L"number 13");
         EXPECT_FALSE(canApply());
-        replaces(tocLevel, L"14");
+        replaces(tocEdit, L"14");
         user.press(VK_ESCAPE);
     });
     EXPECT_EQ(storedLevel(), L"number 13");
@@ -116,11 +116,11 @@ TEST_F(PageFrameTest, StoresNothingThatWasNotEdited)
 TEST_F(PageFrameTest, ForgetsEditsWhenItIsCancelled)
 {
     userDoes([&] {
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         user.clicks(button(IDCANCEL));
     });
     userDoes([&] {
-        replaces(tocLevel, L"12");
+        replaces(tocEdit, L"12");
         user.press(VK_F4, VK_MENU);
     });
     EXPECT_EQ(storedLevel(), L"(none)");
@@ -135,11 +135,11 @@ TEST_F(PageFrameTest, StaysOpenWhenThePageRefuses)
         EXPECT_TRUE(IsWindowVisible(window));
         EXPECT_TRUE(canApply());
         replaces(templateName, L"");
-        replaces(tocLevel, L"51");
+        replaces(tocEdit, L"51");
         user.clicks(button(applyButton));
         confirms();
         EXPECT_TRUE(canApply());
-        replaces(tocLevel, L"50");
+        replaces(tocEdit, L"50");
         user.press(VK_RETURN);
     });
     EXPECT_EQ(storedTemplate(), L"(none)");
@@ -149,9 +149,9 @@ TEST_F(PageFrameTest, StaysOpenWhenThePageRefuses)
 TEST_F(PageFrameTest, IsWalkedThroughWithTabAndLetters)
 {
     userDoes([&] {
-        replaces(tocLevel, L"3");
+        replaces(tocEdit, L"3");
         user.press('W', VK_MENU);
-        const std::vector<HWND> order = {control(templateName), control(browse),  control(tocLevel),
+        const std::vector<HWND> order = {control(templateName), control(browse),  control(tocEdit),
                                          button(IDOK),          button(IDCANCEL), button(applyButton),
                                          button(pageTabs)};
         for (const HWND each : order) {

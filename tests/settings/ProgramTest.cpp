@@ -83,7 +83,7 @@ TEST_F(ProgramTest, ShowsTheRegisteredPage)
         const Program program;
         const HWND window = program.window();
         const HWND page = FindWindowExW(window, nullptr, L"#32770", nullptr);
-        EXPECT_EQ(textOf(GetDlgItem(page, tocLevel)), L"7");
+        EXPECT_EQ(textOf(GetDlgItem(page, tocEdit)), L"7");
         PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
         EXPECT_EQ(program.status(), 0u);
     }
@@ -119,7 +119,7 @@ TEST_F(ProgramTest, StoresWhatIsEntered)
         const HWND window = program.window();
         const HWND page = FindWindowExW(window, nullptr, L"#32770", nullptr);
         SendMessageW(GetDlgItem(page, templateName), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""));
-        SendMessageW(GetDlgItem(page, tocLevel), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"4"));
+        SendMessageW(GetDlgItem(page, tocEdit), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"4"));
         PostMessageW(window, WM_COMMAND, IDOK, 0);
         EXPECT_EQ(program.status(), 0u);
     }

@@ -23,7 +23,7 @@ using std::chrono::milliseconds;
 
 constexpr HRESULT rejected = RPC_E_CALL_REJECTED;
 constexpr HRESULT later = RPC_E_SERVERCALL_RETRYLATER;
-constexpr Word::CallName name{"Range", "InsertAfter"};
+constexpr Word::CallName insertAfter{"Range", "InsertAfter"};
 
 /// Hears everything, and writes it down.
 class Log : public Word::CallObserver
@@ -79,7 +79,7 @@ protected:
         attempts = 0;
         pauses.clear();
         const auto call = [&] { return answers[std::min<std::size_t>(attempts++, answers.size() - 1)]; };
-        return Word::callPatiently(name, call);
+        return Word::callPatiently(insertAfter, call);
     }
 
     std::size_t attempts = 0;
@@ -249,7 +249,7 @@ TEST_F(BusyWord, FailuresAreToldWithTheirArguments)
     Plain plain;
     IUnknown* const object = &plain;
     EXPECT_THROW(Word::call(
-                     object, name, [] { return E_FAIL; }, _bstr_t(L"some text"), Word::missing,
+                     object, insertAfter, [] { return E_FAIL; }, _bstr_t(L"some text"), Word::missing,
                      Word::integer(3), true, 5L, static_cast<IDispatch*>(nullptr)),
                  _com_error);
     EXPECT_EQ(log.lines, std::vector<std::string>{"failed Range.InsertAfter 0x80004005"});
@@ -261,12 +261,12 @@ TEST_F(BusyWord, WhatStaysBusyIsToldToHaveFailed)
     const Word::CallScope scope(policy);
     Plain plain;
     IUnknown* const object = &plain;
-    EXPECT_THROW(Word::call(object, name, [] { return rejected; }), _com_error);
+    EXPECT_THROW(Word::call(object, insertAfter, [] { return rejected; }), _com_error);
     ASSERT_EQ(log.lines.size(), 3u);
     EXPECT_EQ(log.lines.back(), "failed Range.InsertAfter 0x80010001");
     log.lines.clear();
     int count = 0;
-    Word::call(object, name, [&] { return count++ == 0 ? rejected : S_OK; });
+    Word::call(object, insertAfter, [&] { return count++ == 0 ? rejected : S_OK; });
     EXPECT_EQ(count, 2);
     EXPECT_EQ(log.lines.size(), 2u);
 }
@@ -278,7 +278,7 @@ TEST_F(BusyWord, AnObserverThatThrowsHarmsNoCall)
     Plain plain;
     IUnknown* const object = &plain;
     EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(S_OK));
-    EXPECT_THROW(Word::call(object, name, [] { return E_FAIL; }), _com_error);
+    EXPECT_THROW(Word::call(object, insertAfter, [] { return E_FAIL; }), _com_error);
     EXPECT_EQ(log.lines.size(), 3u);
 }
 

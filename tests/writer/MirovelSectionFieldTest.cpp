@@ -9,7 +9,7 @@ namespace {
 
 namespace model = standin::model;
 
-constexpr auto refused = static_cast<HRESULT>(0x800A11FD);
+constexpr auto noSuchField = static_cast<HRESULT>(0x800A11FD);
 
 class MirovelSectionFieldTest : public WriterTest
 {
@@ -128,8 +128,8 @@ TEST_F(MirovelSectionFieldTest, AFailureAtEachCallLeavesWhatWasDone)
         SCOPED_TRACE(call);
         startOver();
         writer().insertText(L"page ");
-        session_.failCall(static_cast<long>(call), refused);
-        EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(refused));
+        session_.failCall(static_cast<long>(call), noSuchField);
+        EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(noSuchField));
         session_.clearFaults();
         EXPECT_EQ(insertionPosition(), positions.at(call - 1));
         EXPECT_EQ(fields().size(), call > 6 ? 1U : 0U);
@@ -145,8 +145,8 @@ TEST_F(MirovelSectionFieldTest, AFieldThatWordRefusesInATableLeavesItsPlaceholde
     writer().startTable();
     writer().insertText(L"page");
     takeCalls();
-    session_.failCall(7, refused);
-    EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(refused));
+    session_.failCall(7, noSuchField);
+    EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(noSuchField));
     EXPECT_LINES(takeCalls(),
                  (Calls{"table.Rows(1).Cells(1).Range.End -> 5", "table.Rows(1).Cells(1).Range.Start = 4",
                         R"(table.Rows(1).Cells(1).Range.InsertAfter("X"))",

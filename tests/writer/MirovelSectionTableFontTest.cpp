@@ -5,7 +5,7 @@ namespace {
 
 namespace model = standin::model;
 
-constexpr FontLook courier{"Courier New", 9};
+constexpr FontLook smallCourier{"Courier New", 9};
 constexpr FontLook bold{"Courier New", 9, true};
 
 /// A table of two rows, two columns and one letter in each cell: at 0 "a", at 2 "b", at 5 "c", at 7 "d".
@@ -67,30 +67,32 @@ TEST_F(MirovelSectionTableFontTest, IsRecordedWithItsCell)
     openTable();
     addCell(L"a");
     takeCalls();
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     EXPECT_LINES(takeCalls(), Calls{"table.Rows(1).Cells(1).Range.End -> 2"});
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     EXPECT_LINES(takeCalls(), Calls{"table.Rows(1).Cells(1).Range.End -> 2"})
         << "in a table even the font in force is recorded";
     writer().endTable();
-    EXPECT_LINES(finish(), join(cellWritten(1, 1, 1, 2, false, courier),
-                                Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
-                                      "table.Columns -> table.Columns", "table.Columns.Count -> 1"},
-                                cellWritten(1, 1, 1, 2, false, courier, 2), Calls{"document.UndoClear()"}));
+    EXPECT_LINES(finish(),
+                 join(cellWritten(1, 1, 1, 2, false, smallCourier),
+                      Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                            "table.Columns -> table.Columns", "table.Columns.Count -> 1"},
+                      cellWritten(1, 1, 1, 2, false, smallCourier, 2), Calls{"document.UndoClear()"}));
 }
 
 TEST_F(MirovelSectionTableFontTest, BeforeAnyRowOrCellCountsAsTheFirst)
 {
     writer().startTable();
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     writer().addRow();
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     addCell(L"a");
     writer().endTable();
-    EXPECT_LINES(finish(), join(cellWritten(1, 1, 0, 2, false, courier),
-                                Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
-                                      "table.Columns -> table.Columns", "table.Columns.Count -> 1"},
-                                cellWritten(1, 1, 0, 2, false, courier, 2), Calls{"document.UndoClear()"}));
+    EXPECT_LINES(finish(),
+                 join(cellWritten(1, 1, 0, 2, false, smallCourier),
+                      Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                            "table.Columns -> table.Columns", "table.Columns.Count -> 1"},
+                      cellWritten(1, 1, 0, 2, false, smallCourier, 2), Calls{"document.UndoClear()"}));
     EXPECT_EQ(cellsIn(u"Courier New"), "+");
 }
 
@@ -98,16 +100,16 @@ TEST_F(MirovelSectionTableFontTest, TheLastOneReachesToTheEndOfTheTable)
 {
     openTable();
     addCell(L"a");
-    addCell(courier, L"b");
+    addCell(smallCourier, L"b");
     writer().addRow();
     addCell(L"c");
     addCell(L"d");
     writer().endTable();
-    EXPECT_LINES(finish(),
-                 join(Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2",
-                            "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
-                      cellWritten(1, 2, 2, 4, false, courier), cellWritten(2, 1, 5, 7, true, courier),
-                      cellWritten(2, 2, 7, 9, true, courier), Calls{"document.UndoClear()"}));
+    EXPECT_LINES(finish(), join(Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2",
+                                      "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
+                                cellWritten(1, 2, 2, 4, false, smallCourier),
+                                cellWritten(2, 1, 5, 7, true, smallCourier),
+                                cellWritten(2, 2, 7, 9, true, smallCourier), Calls{"document.UndoClear()"}));
     EXPECT_EQ(cellsIn(u"Courier New"), "-+/++");
     EXPECT_EQ(text(), u"a\ab\a\ac\ad\a\a ");
 }
@@ -116,7 +118,7 @@ TEST_F(MirovelSectionTableFontTest, BeginsInTheMiddleOfACell)
 {
     openTable();
     addCell(L"plain ");
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     writer().insertText(L"typed");
     writer().endTable();
     finish();
@@ -128,15 +130,15 @@ TEST_F(MirovelSectionTableFontTest, BeginsInTheMiddleOfACell)
 TEST_F(MirovelSectionTableFontTest, ReachesIntoTheCellOfTheNextWhichThenTakesOver)
 {
     openTable();
-    addCell(courier, L"a");
+    addCell(smallCourier, L"a");
     addCell(bold, L"b");
     writer().endTable();
     takeCalls();
-    EXPECT_LINES(finish(),
-                 join(cellWritten(1, 1, 0, 2, false, courier), cellWritten(1, 2, 2, 4, true, courier),
-                      Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
-                            "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
-                      cellWritten(1, 2, 2, 4, false, bold, 2), Calls{"document.UndoClear()"}));
+    EXPECT_LINES(finish(), join(cellWritten(1, 1, 0, 2, false, smallCourier),
+                                cellWritten(1, 2, 2, 4, true, smallCourier),
+                                Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
+                                      "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
+                                cellWritten(1, 2, 2, 4, false, bold, 2), Calls{"document.UndoClear()"}));
     EXPECT_EQ(fontAt(0).bold, false);
     EXPECT_EQ(fontAt(2).bold, true);
 }
@@ -146,7 +148,7 @@ TEST_F(MirovelSectionTableFontTest, ReachesNoFurtherRightThanTheNextOneStands)
 {
     openTable();
     addCell(L"a");
-    addCell(courier, L"b");
+    addCell(smallCourier, L"b");
     writer().addRow();
     addCell(FontLook{"Arial", 8}, L"c");
     addCell(L"d");
@@ -159,7 +161,7 @@ TEST_F(MirovelSectionTableFontTest, ReachesNoFurtherRightThanTheNextOneStands)
 TEST_F(MirovelSectionTableFontTest, IsLostWhenTheNextOneIsSetBehindTheTable)
 {
     openTable();
-    addCell(courier, L"a");
+    addCell(smallCourier, L"a");
     addCell(L"b");
     writer().endTable();
     writer().setFont(bold.data());
@@ -172,7 +174,7 @@ TEST_F(MirovelSectionTableFontTest, IsLostWhenTheNextOneIsSetBehindTheTable)
 TEST_F(MirovelSectionTableFontTest, IsLostWhenAStyleIsSetBehindTheTable)
 {
     openTable();
-    addCell(courier, L"a");
+    addCell(smallCourier, L"a");
     writer().endTable();
     writer().setStyle("Heading 1", false);
     writer().insertText(L"Title");
@@ -183,7 +185,7 @@ TEST_F(MirovelSectionTableFontTest, IsLostWhenAStyleIsSetBehindTheTable)
 TEST_F(MirovelSectionTableFontTest, IsKeptWhenAnotherTableFollows)
 {
     openTable();
-    addCell(courier, L"a");
+    addCell(smallCourier, L"a");
     writer().endTable();
     writer().startTable();
     EXPECT_EQ(fontAt(0).name, u"Courier New");
@@ -199,14 +201,14 @@ TEST_F(MirovelSectionTableFontTest, OfATextInFrontEndsWhereTheCellsOneBegins)
     writer().insertEndl();
     openTable();
     addCell(L"a");
-    addCell(courier, L"b");
+    addCell(smallCourier, L"b");
     writer().endTable();
     takeCalls();
     EXPECT_LINES(finish(), join(rangeLaid(2, 8), Calls{"body.Style = -1"}, rangeLaid(2, 4),
                                 fontWritten("body", normalFont),
                                 Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 1",
                                       "table.Columns -> table.Columns", "table.Columns.Count -> 2"},
-                                cellWritten(1, 2, 4, 6, false, courier), Calls{"document.UndoClear()"}));
+                                cellWritten(1, 2, 4, 6, false, smallCourier), Calls{"document.UndoClear()"}));
 }
 
 // After the font of the last cell the output range is not laid anywhere else.
@@ -217,7 +219,7 @@ TEST_F(MirovelSectionTableFontTest, LeavesTheOutputRangeInTheTableAndWhatIsWritt
     writer().insertEndl();
     openTable();
     addCell(L"a");
-    addCell(courier, L"b");
+    addCell(smallCourier, L"b");
     writer().endTable();
     writer().insertText(L"behind");
     writer().insertEndl();
@@ -233,7 +235,7 @@ TEST_F(MirovelSectionTableFontTest, LeavesTheOutputRangeInTheTableAndWhatIsWritt
 TEST_F(MirovelSectionTableFontTest, InACellOfARowWithoutCellsFailsAtTheEnd)
 {
     openTable();
-    writer().setFont(courier.data());
+    writer().setFont(smallCourier.data());
     writer().insertText(L"only");
     writer().endTable();
     takeCalls();
@@ -253,7 +255,7 @@ TEST_F(MirovelSectionTableFontTest, BeyondTheLastColumnCountsForTheLastOne)
     writer().addRow();
     addCell(L"c");
     addCell(L"d");
-    addCell(courier, L"e"); // a third one, in the second
+    addCell(smallCourier, L"e"); // a third one, in the second
     writer().endTable();
     EXPECT_EQ(cellTexts(), u"a|b/c|de");
     EXPECT_LINES(finish(),
@@ -268,13 +270,13 @@ TEST_F(MirovelSectionTableFontTest, BetweenTwoBeyondTheLastColumnGoesToTheLastOn
     addCell(L"a");
     writer().addRow();
     addCell(L"c");
-    addCell(courier, L"d");
+    addCell(smallCourier, L"d");
     addCell(bold, L"e");
     writer().endTable();
     takeCalls();
     EXPECT_LINES(
         finish(),
-        join(cellWritten(2, 1, 4, 7, false, courier), cellWritten(2, 1, 3, 7, true, courier, 2),
+        join(cellWritten(2, 1, 4, 7, false, smallCourier), cellWritten(2, 1, 3, 7, true, smallCourier, 2),
              Calls{"table.Rows -> table.Rows", "table.Rows.Count -> 2", "table.Columns -> table.Columns",
                    "table.Columns.Count -> 1", "document.UndoClear()"}));
     EXPECT_EQ(cellTexts(), u"a/cde");
@@ -307,11 +309,11 @@ TEST_F(MirovelSectionTableFontTest, OfAStyleIsRecordedInTheCellAndTheStyleIsNotA
 TEST_F(MirovelSectionTableFontTest, AFailureAmongTheCellsKeepsTheRuns)
 {
     openTable();
-    addCell(courier, L"a");
+    addCell(smallCourier, L"a");
     addCell(L"b");
     writer().endTable();
-    const std::size_t calls =
-        4 + cellWritten(1, 1, 0, 2, false, courier).size() + cellWritten(1, 2, 2, 4, true, courier).size();
+    const std::size_t calls = 4 + cellWritten(1, 1, 0, 2, false, smallCourier).size() +
+                              cellWritten(1, 2, 2, 4, true, smallCourier).size();
     for (std::size_t call = 1; call <= calls; ++call) {
         session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_ACCESSDENIED)) << "call " << call;

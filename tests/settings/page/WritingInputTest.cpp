@@ -213,7 +213,7 @@ TEST_F(WritingInputTest, AppliesBothPages)
 {
     userDoes([&] {
         SetDlgItemTextW(wordPage, templateName, L"");
-        SetDlgItemTextW(wordPage, tocLevel, L"3");
+        SetDlgItemTextW(wordPage, tocEdit, L"3");
         turnsToWriting();
         user.press('B', VK_MENU);
         user.press(VK_SPACE);

@@ -193,8 +193,8 @@ TEST_F(TableOfContentsTest, LevelsAreCheckedEvenWithoutHeadingsUnderTheOtherRead
 TEST_F(TableOfContentsTest, HeadersTakeNoneUnderTheOtherReading)
 {
     const auto addToHeader = [this] {
-        const auto header = document->section(1)->story(Section::Part::header, HeaderFooterIndex::primary);
-        addTableOfContents(LiveRange(header, 0, 0), {});
+        const auto story = document->section(1)->story(Section::Part::header, HeaderFooterIndex::primary);
+        addTableOfContents(LiveRange(story, 0, 0), {});
     };
     EXPECT_EQ(errorOf(addToHeader), 0);
     readAs({.headerTakesContents = false});

@@ -20,7 +20,7 @@ std::wstring widened(const std::string& ascii)
     return {ascii.begin(), ascii.end()};
 }
 
-struct Row
+struct PartsOfName
 {
     const char* name;
     std::size_t bareName;
@@ -28,7 +28,7 @@ struct Row
     bool endsInSeparator;
 };
 
-void expectParts(const Parts& parts, const Row& row)
+void expectParts(const Parts& parts, const PartsOfName& row)
 {
     EXPECT_EQ(parts.bareName, row.bareName) << row.name;
     EXPECT_EQ(parts.extension, row.extension) << row.name;
@@ -39,10 +39,11 @@ void expectParts(const Parts& parts, const Row& row)
 
 TEST(FileNamesTest, FindsThePartsOfNamesInBothEncodings)
 {
-    const Row rows[] = {{"", 0, 0, false},        {"a", 0, 1, false},          {"a.b.doc", 0, 3, false},
-                        {"a.", 0, 1, false},      {"c:\\a.d\\b", 7, 8, false}, {"c:/a/b.doc", 5, 6, false},
-                        {"c:b.doc", 2, 3, false}, {"a.b\\", 4, 4, true},       {"a/", 2, 2, true}};
-    for (const Row& row : rows) {
+    const PartsOfName rows[] = {
+        {"", 0, 0, false},        {"a", 0, 1, false},          {"a.b.doc", 0, 3, false},
+        {"a.", 0, 1, false},      {"c:\\a.d\\b", 7, 8, false}, {"c:/a/b.doc", 5, 6, false},
+        {"c:b.doc", 2, 3, false}, {"a.b\\", 4, 4, true},       {"a/", 2, 2, true}};
+    for (const PartsOfName& row : rows) {
         expectParts(partsOf(row.name, isHigh), row);
         expectParts(partsOf(widened(row.name)), row);
     }

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <IDocument.h>
+#include <comdef.h>
+
+_COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));

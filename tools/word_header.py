@@ -39,15 +39,6 @@ def throwing_parameters(types, member, with_defaults):
     return ", ".join(parameters)
 
 
-def passed_argument(argument):
-    name = parameter_name(argument.name)
-    if argument.type == "VARIANT*":
-        return f"passed({name})"
-    if argument.type == "BSTR":
-        return f"passed({name})"
-    return f"passed({name})" if argument.type == "VARIANT_BOOL" else name
-
-
 def interface_declaration(types, interface):
     yield f'WORD_INTERFACE({interface.name}, "{interface.iid}") : public IDispatch'
     yield "{"
@@ -83,21 +74,30 @@ CALL_KINDS = {"propget": "propertyGet", "propput": "propertyPut", "method": "met
 
 
 def calling_body(types, interface, member):
-    arguments = [passed_argument(a) for a in member.arguments]
+    arguments = [parameter_name(a.name) for a in member.arguments]
     kind = member.result
+    callee = f"this, __uuidof({interface.name}), thisCall"
     yield (f'    static constexpr CallName thisCall{{"{interface.name}", "{member.name}", '
            f"CallKind::{CALL_KINDS[member.kind]}}};")
-    if kind:
-        yield "    _variant_t result;" if kind == "VARIANT" else f"    {types.raw(kind)} result{{}};"
-        arguments.append("&result")
-    invoke = f"[&] {{ return this->{member.raw_name}({', '.join(arguments)}); }}"
-    yield f"    call({', '.join(['this', 'thisCall', invoke] + [parameter_name(a.name) for a in member.arguments])});"
+    slot = f"slotOf(&{interface.name}::{member.raw_name})"
+    if not kind and len(arguments) <= 1:
+        yield f"    callSlot({', '.join([callee, slot] + arguments)});"
+        return
+    if not arguments:
+        yield f"    {types.raw(kind)} result = resultOf({callee}, {slot});"
+    else:
+        if kind:
+            yield f"    {types.raw(kind)} result{{}};"
+        passed = [f"passed({argument})" for argument in arguments] + (["&result"] if kind else [])
+        invoke = f"[&] {{ return this->{member.raw_name}({', '.join(passed)}); }}"
+        yield f"    call({', '.join([callee, invoke] + arguments)});"
     if not kind:
         return
     if types.is_interface(kind):
         yield f"    return {types.pointer_name(kind)}(result, false);"
     else:
-        yield "    return _bstr_t(result, false);" if kind == "BSTR" else "    return result;"
+        yield {"BSTR": "    return _bstr_t(result, false);",
+               "VARIANT": "    return _variant_t(result, false);"}.get(kind, "    return result;")
 
 
 def write_calls(interfaces, out):

@@ -35,21 +35,22 @@ template <typename Argument>
 using PassedOn = std::conditional_t<std::is_scalar_v<Argument>, Argument, const Argument&>;
 
 // Out of line, and by value where that is possible: the good path stores nothing for the bad one.
-template <typename Interface, typename Invoke, typename... Arguments>
-WORD_NOT_INLINED void settleCall(HRESULT result, Interface* object, const CallName& name, Invoke invoke,
-                                 Arguments... arguments)
+template <typename Invoke, typename... Arguments>
+WORD_NOT_INLINED void settleCall(HRESULT result, IUnknown* object, const IID& interfaceId,
+                                 const CallName& name, Invoke invoke, Arguments... arguments)
 {
     const auto addArguments = [&]([[maybe_unused]] ArgumentText& text) { (text.add(arguments), ...); };
-    settle({result, object, __uuidof(Interface), name, RepeatableCall(invoke), ArgumentsOf(addArguments)});
+    settle({result, object, interfaceId, name, RepeatableCall(invoke), ArgumentsOf(addArguments)});
 }
 
 /// Makes a call: `invoke` returns its HRESULT, and can be called again. `arguments` are what it is made with.
-template <typename Interface, typename Invoke, typename... Arguments>
-void call(Interface* object, const CallName& name, const Invoke& invoke, const Arguments&... arguments)
+template <typename Invoke, typename... Arguments>
+void call(IUnknown* object, const IID& interfaceId, const CallName& name, const Invoke& invoke,
+          const Arguments&... arguments)
 {
     const HRESULT result = invoke();
     if (FAILED(result)) [[unlikely]]
-        settleCall<Interface, Invoke, PassedOn<Arguments>...>(result, object, name, invoke, arguments...);
+        settleCall<Invoke, PassedOn<Arguments>...>(result, object, interfaceId, name, invoke, arguments...);
 }
 
 // Word takes VARIANT* and BSTR for arguments it only reads, so constness ends here.
@@ -66,6 +67,45 @@ inline BSTR passed(const _bstr_t& argument)
 inline VARIANT_BOOL passed(bool argument)
 {
     return argument ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+template <typename Scalar>
+requires std::is_scalar_v<Scalar> Scalar passed(Scalar argument)
+{
+    return argument;
+}
+
+/// A slot of any interface of Word's as one of the interface that they all extend, so that the calls of one
+/// shape, which most are, have one instance of what makes them.
+template <typename... Parameters>
+using Slot = HRESULT (STDMETHODCALLTYPE IDispatch::*)(Parameters...);
+
+template <typename Interface, typename... Parameters>
+constexpr Slot<Parameters...> slotOf(HRESULT (STDMETHODCALLTYPE Interface::*slot)(Parameters...))
+{
+    return static_cast<Slot<Parameters...>>(slot);
+}
+
+/// Calls what has no argument and no result, one argument, or a result alone.
+inline void callSlot(IDispatch* object, const IID& interfaceId, const CallName& name, Slot<> slot)
+{
+    call(object, interfaceId, name, [=] { return (object->*slot)(); });
+}
+
+template <typename Parameter, typename Argument>
+void callSlot(IDispatch* object, const IID& interfaceId, const CallName& name, Slot<Parameter> slot,
+              const Argument& argument)
+{
+    call(
+        object, interfaceId, name, [&] { return (object->*slot)(passed(argument)); }, argument);
+}
+
+template <typename Result>
+Result resultOf(IDispatch* object, const IID& interfaceId, const CallName& name, Slot<Result*> slot)
+{
+    Result result{};
+    call(object, interfaceId, name, [&] { return (object->*slot)(&result); });
+    return result;
 }
 } // namespace Word
 

@@ -249,8 +249,8 @@ TEST_F(BusyWord, FailuresAreToldWithTheirArguments)
     Plain plain;
     IUnknown* const object = &plain;
     EXPECT_THROW(Word::call(
-                     object, insertAfter, [] { return E_FAIL; }, _bstr_t(L"some text"), Word::missing,
-                     Word::integer(3), true, 5L, static_cast<IDispatch*>(nullptr)),
+                     object, __uuidof(IUnknown), insertAfter, [] { return E_FAIL; }, _bstr_t(L"some text"),
+                     Word::missing, Word::integer(3), true, 5L, static_cast<IDispatch*>(nullptr)),
                  _com_error);
     EXPECT_EQ(log.lines, std::vector<std::string>{"failed Range.InsertAfter 0x80004005"});
     EXPECT_EQ(log.arguments, L"\"some text\", missing, 3, true, 5, nothing");
@@ -261,12 +261,12 @@ TEST_F(BusyWord, WhatStaysBusyIsToldToHaveFailed)
     const Word::CallScope scope(policy);
     Plain plain;
     IUnknown* const object = &plain;
-    EXPECT_THROW(Word::call(object, insertAfter, [] { return rejected; }), _com_error);
+    EXPECT_THROW(Word::call(object, __uuidof(IUnknown), insertAfter, [] { return rejected; }), _com_error);
     ASSERT_EQ(log.lines.size(), 3u);
     EXPECT_EQ(log.lines.back(), "failed Range.InsertAfter 0x80010001");
     log.lines.clear();
     int count = 0;
-    Word::call(object, insertAfter, [&] { return count++ == 0 ? rejected : S_OK; });
+    Word::call(object, __uuidof(IUnknown), insertAfter, [&] { return count++ == 0 ? rejected : S_OK; });
     EXPECT_EQ(count, 2);
     EXPECT_EQ(log.lines.size(), 2u);
 }
@@ -278,7 +278,7 @@ TEST_F(BusyWord, AnObserverThatThrowsHarmsNoCall)
     Plain plain;
     IUnknown* const object = &plain;
     EXPECT_THAT(callAnswered({rejected, S_OK}), isHresult(S_OK));
-    EXPECT_THROW(Word::call(object, insertAfter, [] { return E_FAIL; }), _com_error);
+    EXPECT_THROW(Word::call(object, __uuidof(IUnknown), insertAfter, [] { return E_FAIL; }), _com_error);
     EXPECT_EQ(log.lines.size(), 3u);
 }
 

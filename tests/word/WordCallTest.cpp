@@ -52,7 +52,7 @@ _com_error errorOf(HRESULT result, Reporter* reporter)
     try {
         // Only its IUnknown is called.
         auto* const object = reinterpret_cast<IDispatch*>(static_cast<ISupportErrorInfo*>(reporter));
-        Word::call(object, {"IDispatch", "Invoke"}, [&] { return result; });
+        Word::call(object, __uuidof(IDispatch), {"IDispatch", "Invoke"}, [&] { return result; });
         return {S_OK};
     } catch (const _com_error& error) {
         return error;

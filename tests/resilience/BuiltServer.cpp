@@ -20,9 +20,9 @@ std::string hexadecimal(HRESULT result)
 }
 
 // Files would take most of the time.
-standin::SessionOptions withoutFiles()
+standin::InProcessWordOptions withoutFiles()
 {
-    standin::SessionOptions options;
+    standin::InProcessWordOptions options;
     options.writesFiles = false;
     return options;
 }

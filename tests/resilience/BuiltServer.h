@@ -3,8 +3,9 @@
 #include "ScratchFolder.h"
 #include "ServerModule.h"
 
+#include "ClassRegistration.h"
 #include "DocumentContent.h"
-#include "InProcess.h"
+#include "InProcessWord.h"
 
 #include <IDocument.h>
 #include <comdef.h>
@@ -58,7 +59,7 @@ public:
     /// Closes what a failed session has left open in Word.
     void clear();
 
-    standin::Session word;
+    standin::InProcessWord word;
     /// Called by a document's end, in the middle of a client's call.
     std::function<void()> whenClosing;
 

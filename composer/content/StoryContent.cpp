@@ -63,12 +63,6 @@ bool holds(const Item& item)
     return std::holds_alternative<What>(item.what);
 }
 
-bool isLastBreak(const Item& item)
-{
-    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
-    return pageBreak && pageBreak->isLast;
-}
-
 bool isSameFont(const FontWishPtr& a, const FontWishPtr& b)
 {
     return a == b || (a && b && *a == *b);

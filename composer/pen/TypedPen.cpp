@@ -1,5 +1,6 @@
 #include "TypedPen.h"
 
+#include "ClientNumbers.h"
 #include "FieldCode.h"
 #include "FragmentFile.h"
 #include "StyleBook.h"
@@ -20,22 +21,6 @@ namespace {
 
 constexpr int triesOfAnOperation = 2;
 constexpr bool noMergeFormat = false;
-
-_variant_t fieldType(int number)
-{
-    switch (number) {
-    case 1:
-        return Word::integer(Word::wdFieldDate);
-    case 2:
-        return Word::integer(Word::wdFieldTime);
-    case 3:
-        return Word::integer(Word::wdFieldFileName);
-    case 4:
-        return Word::integer(Word::wdFieldPage);
-    default:
-        return {};
-    }
-}
 
 /// Whether the story is as long afterwards as it was.
 bool keepsLength(const Operation& operation)
@@ -385,7 +370,8 @@ void TypedPen::perform(const AddField& field)
     select({field.at, field.at});
     const Word::FieldsPtr& fields = collections_.fields();
     mutate();
-    const Word::FieldPtr added = fields->Add(range_, fieldType(field.number), Word::missing, noMergeFormat);
+    const Word::FieldPtr added = fields->Add(
+        range_, Word::integerOrEmpty(clientNumbers::wordField(field.number)), Word::missing, noMergeFormat);
     if (isTagNext())
         pastField_ = added->GetResult()->GetEnd() + 1;
 }

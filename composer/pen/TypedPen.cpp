@@ -22,15 +22,6 @@ namespace {
 constexpr int triesOfAnOperation = 2;
 constexpr bool noMergeFormat = false;
 
-/// Whether the story is as long afterwards as it was.
-bool keepsLength(const Operation& operation)
-{
-    return std::holds_alternative<ClearFont>(operation) || std::holds_alternative<PutStyle>(operation) ||
-           std::holds_alternative<PutAlignment>(operation) || std::holds_alternative<PutFont>(operation) ||
-           std::holds_alternative<PlaceTag>(operation) || std::holds_alternative<KeepBreak>(operation) ||
-           std::holds_alternative<KeepContents>(operation) || std::holds_alternative<StyleTables>(operation);
-}
-
 bool endsParagraph(wchar_t unit)
 {
     return unit == L'\r' || unit == L'\n' || unit == L'\a';
@@ -78,19 +69,21 @@ void TypedPen::carryOut(Plan& plan)
     }
 }
 
+/// The operation in hand changes the story's length from here on, and may move the range.
+void TypedPen::mutate()
+{
+    hasActed_ = true;
+    selected_.reset();
+    end_.forget();
+}
+
 void TypedPen::performNext()
 {
     // The operation may put another one in front of the rest.
     const Operation operation = operations_->front();
-    const bool movesNothing = keepsLength(operation);
-    if (!movesNothing)
-        end_.forget();
     trustsSelection_ = true;
-    covered_.reset();
     std::visit([this](const auto& each) { perform(each); }, operation);
     trustsSelection_ = false;
-    if (!movesNothing)
-        selected_ = covered_;
 }
 
 void TypedPen::beginPassage(Passage& passage)
@@ -228,7 +221,7 @@ void TypedPen::perform(const WriteText& text)
     range_->InsertAfter(characters); // and grows over them
     const long start = base_ + text.at;
     const long past = start + static_cast<long>(characters.length());
-    covered_ = Span{static_cast<Position>(start), static_cast<Position>(past)};
+    selected_ = Span{static_cast<Position>(start), static_cast<Position>(past)};
     if (isFirst_ && !place_)
         end_.know(past);
 }

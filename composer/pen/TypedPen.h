@@ -99,7 +99,7 @@ private:
     bool isWritten(const WriteText& text);
     Word::TablePtr convert(const MakeTable& table);
     void select(Span span);
-    void mutate() { hasActed_ = true; }
+    void mutate();
     void performNext();
     [[nodiscard]] bool isTagNext() const;
 
@@ -133,9 +133,7 @@ private:
     Word::RangePtr range_; ///< moved to each place
     StoryEnd& end_;
     Collections& collections_;
-    /// What the range covers, as long as no operation moves it.
-    std::optional<Span> selected_;
-    std::optional<Span> covered_;  ///< by the range, behind the operation that moved it in hand
+    std::optional<Span> selected_; ///< what the range covers, as far as that is known
     bool trustsSelection_ = false; ///< while an operation is carried out
     Word::TablePtr table_;         ///< the story's last one
     Word::RangePtr lastBreak_;     ///< covers the page break

@@ -8,10 +8,8 @@
 #include "RtfObjects.h"
 #include "RtfPageWords.h"
 #include "RtfPictures.h"
-#include "RtfTables.h"
+#include "RtfRowReader.h"
 #include "RtfTextFormat.h"
-#include "TableMarks.h"
-#include "TableSpans.h"
 #include "WordError.h"
 
 #include <algorithm>
@@ -228,7 +226,7 @@ private:
             picture_.word(token.word, number);
             picture_.data(token.data);
         } else if (state_.destination == Destination::objectData) {
-            objectData_.raw(token.data);
+            object_.raw(token.data);
         } else if (token.word == "u") {
             unicode(number);
         } else if (token.word == "uc") {
@@ -349,13 +347,10 @@ private:
         const std::optional<InlineShape> shape = picture_.finish();
         if (!shape)
             return;
-        if (groups_.back().destination == Destination::object) {
-            object_.picture = shape->picture;
-            object_.width = shape->width;
-            object_.height = shape->height;
-        } else {
+        if (groups_.back().destination == Destination::object)
+            object_.show(*shape);
+        else
             insertShape(*shape);
-        }
     }
 
     bool openObjectPart(std::string_view name)
@@ -365,7 +360,6 @@ private:
         if (name == "object" && state_.destination == Destination::text) {
             flush();
             object_ = {};
-            objectData_ = {};
             state_.destination = Destination::object;
             state_.opensObject = true;
             return true;
@@ -377,24 +371,14 @@ private:
         return true;
     }
 
-    /// An object without a picture has nothing to show and is left out.
     void finishObject()
     {
-        if (!object_.picture)
+        const std::optional<InlineShape> shape = object_.finish();
+        if (!shape)
             return;
-        ObjectData data = readObjectData(objectData_.bytes());
-        std::replace_if(
-            object_.objectClass.begin(), object_.objectClass.end(), [](char16_t c) { return c < 0x20; },
-            u' ');
-        object_.type = data.isLinked ? InlineShapeType::linkedObject : InlineShapeType::embeddedObject;
-        object_.objectData = std::move(data.native);
-        for (const char c : data.link) {
-            const auto byte = static_cast<unsigned char>(c);
-            object_.link += byte < 0x20 ? u' ' : fromAnsi(byte);
-        }
-        const Position at = insertShape(object_);
+        const Position at = insertShape(*shape);
         if (document_.switches().oleObjectIsField)
-            story_->wrapInField(at, at + 1, objectFieldCode(object_));
+            story_->wrapInField(at, at + 1, objectFieldCode(*shape));
     }
 
     Position insertShape(const InlineShape& shape)
@@ -483,10 +467,10 @@ private:
             picture_.character(c);
             return;
         case Destination::objectClass:
-            object_.objectClass += c;
+            object_.classCharacter(c);
             return;
         case Destination::objectData:
-            objectData_.digit(c);
+            object_.digit(c);
             return;
         case Destination::object:
         case Destination::skip:
@@ -511,8 +495,7 @@ private:
             (name == "tcl" ? entry_.level : entry_.table) = number;
         else if (name == "deff")
             tables_.defaultFont = number;
-        else if (!takeFormatWord(state_.format, tables_, token) &&
-                 !rowDefinition_.take(name, number, tables_.colors))
+        else if (!takeFormatWord(state_.format, tables_, token) && !row_.take(name, number, tables_.colors))
             pages_.take(name, number);
     }
 
@@ -557,10 +540,8 @@ private:
         formatLastParagraph();
         const char16_t paragraphMark = mark::paragraph;
         insert({&paragraphMark, 1});
-        if (state_.format.inTable) {
-            rowIsOpen_ = true;
-            putIntoTable(story_->paragraphCount() - 2);
-        }
+        if (state_.format.inTable)
+            row_.takeParagraph(*story_);
         endedWithMark_ = true;
         markedStory_ = story_;
     }
@@ -571,39 +552,18 @@ private:
             return;
         flush();
         formatLastParagraph();
-        const Position at = fields_.insertionPoint(*story_);
-        story_->insertParagraphEnd(at, mark::cell, ParagraphEnd::cell);
-        story_->setCharacterFormat(at, at + 1, characterFormat());
-        putIntoTable(story_->paragraphCount() - 2);
-        rowIsOpen_ = true;
-        ++rowCells_;
+        row_.endCell(*story_, fields_.insertionPoint(*story_), characterFormat());
         endedWithMark_ = false;
-    }
-
-    void putIntoTable(std::size_t paragraph)
-    {
-        ParagraphFormat format = *story_->paragraph(paragraph).format;
-        format.inTable = true;
-        story_->setParagraphFormat(paragraph, format);
     }
 
     Position lastParagraphStart() const { return story_->paragraph(story_->paragraphCount() - 1).start; }
 
-    /// Ends the open row at `at`. Text behind the last cell becomes a cell, so that every row is whole.
+    /// Ends the open row at `at`.
     void endRow(Position at)
     {
-        if (!rowIsOpen_)
+        if (!row_.isOpen())
             return;
-        if (!isCellMark(*story_, at - 1)) {
-            insertCellMark(*story_, at, story_->paragraphIndexAt(at - 1));
-            ++at;
-            ++rowCells_;
-        }
-        RowFormat format = rowDefinition_.format(rowCells_);
-        format.style = tables_.styles.style(rowDefinition_.style(), StyleType::table);
-        insertRowMark(*story_, at, format);
-        rowIsOpen_ = false;
-        rowCells_ = 0;
+        row_.end(*story_, at, tables_.styles);
         endedWithMark_ = false;
     }
 
@@ -651,11 +611,8 @@ private:
     std::u16string name_; ///< of a bookmark, or the text of an entry for a table of contents
     ContentsEntry entry_;
     PictureReader picture_;
-    InlineShape object_;
-    HexReader objectData_;
-    RowDefinitionReader rowDefinition_;
-    bool rowIsOpen_ = false;
-    std::size_t rowCells_ = 0;
+    ObjectReader object_;
+    RowReader row_;
 
     bool isFragment_ = false;
     bool keepsAllStated_ = false;

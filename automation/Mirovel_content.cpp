@@ -3,6 +3,7 @@
 #include "AnchorMarkup.h"
 #include "MirovelCall.h"
 
+#include "ClientNumbers.h"
 #include "DocumentWriter.h"
 
 #include <cwchar>
@@ -12,12 +13,6 @@ namespace {
 
 /// `setStyle` calls after which the document is saved, so that a long generation does not lose everything.
 constexpr std::int32_t styleChangesPerSave = 100;
-
-/// The numbers that clients have for fields and alignments.
-constexpr short firstField = 1;
-constexpr short lastField = 4;
-constexpr short noAlignment = 0;
-constexpr short lastAlignment = 4;
 
 const wchar_t* textOf(BSTR text)
 {
@@ -144,7 +139,7 @@ try {
     if (!session_->documentOpen)
         return method.ignored(Silence::noDocument);
     echo("insertField", field);
-    if (field < firstField || field > lastField)
+    if (!clientNumbers::wordField(field))
         session_->events.ignored(Silence::unknownField, std::to_wstring(field));
     framed("insertField", [&] { session_->currentWriter().insertField(field); });
     return method.done();
@@ -238,7 +233,7 @@ try {
     const MethodScope method(*session_, "setTextAlign");
     echo("setTextAlign", textAlign);
     withWriter([&](DocumentWriter& writer) {
-        if (textAlign < noAlignment || textAlign > lastAlignment)
+        if (!clientNumbers::isAlignment(textAlign))
             session_->events.ignored(Silence::unknownAlignment, std::to_wstring(textAlign));
         writer.setTextAlign(textAlign);
     });

@@ -4,6 +4,7 @@
 #include "Client.h"
 #include "LogFileName.h"
 #include "NullWord.h"
+#include "RunningApplication.h"
 #include "TemporaryFile.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ public:
     IDocument& operator*() const { return *generator_.GetInterfacePtr(); }
 
 private:
-    RunningWord running_;
+    standin::RunningApplication running_;
     IDocumentPtr generator_;
 };
 

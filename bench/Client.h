@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Word.h"
 #include <IDocument.h>
 
-#include <string>
+#include <comdef.h>
 
 _COM_SMARTPTR_TYPEDEF(IDocument, __uuidof(IDocument));
 
@@ -12,19 +11,6 @@ inline _bstr_t text(const wchar_t* value)
 {
     return _bstr_t(value);
 }
-
-/// Makes an object the running Word for as long as it lives.
-class RunningWord
-{
-public:
-    explicit RunningWord(Word::_Application& application);
-    ~RunningWord();
-    RunningWord(const RunningWord&) = delete;
-    RunningWord& operator=(const RunningWord&) = delete;
-
-private:
-    DWORD registration_ = 0;
-};
 
 /// As the setting "Word"/"Compose" numbers them.
 enum class Writer : long

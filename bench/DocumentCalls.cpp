@@ -4,7 +4,8 @@
 #include "TemporaryFile.h"
 #include "Transcript.h"
 
-#include "InProcess.h"
+#include "InProcessWord.h"
+#include "RunningApplication.h"
 
 #include <chrono>
 #include <cstdio>
@@ -135,8 +136,8 @@ void printDocument(const char* shown, void (*write)(IDocument&))
     std::printf("| %s |", shown);
     for (const Writer writer : {Writer::counting, Writer::typed, Writer::fragments}) {
         const std::wstring file = temporaryFile(L"bench.doc");
-        standin::Session word;
-        const RunningWord running(*word.application());
+        standin::InProcessWord word;
+        const standin::RunningApplication running(*word.application());
         const IDocumentPtr generator = makeGenerator(writer);
         generator->start();
         word.clearTranscript();

@@ -4,7 +4,8 @@
 #include "TemporaryFile.h"
 #include "Transcript.h"
 
-#include "InProcess.h"
+#include "InProcessWord.h"
+#include "RunningApplication.h"
 #include "general/QdxException.h"
 
 #include <algorithm>
@@ -176,7 +177,7 @@ std::string memberNames(const std::vector<standin::CalledMember>& calls)
     return names;
 }
 
-std::string failureOf(const standin::Session& word)
+std::string failureOf(const standin::InProcessWord& word)
 {
     for (std::size_t i = 0; i < word.transcript().size(); ++i) {
         const std::string& line = word.transcript()[i];
@@ -187,7 +188,8 @@ std::string failureOf(const standin::Session& word)
     return "";
 }
 
-const std::vector<standin::CalledMember>& take(standin::Session& word, IDocument& generator, const Step& step)
+const std::vector<standin::CalledMember>& take(standin::InProcessWord& word, IDocument& generator,
+                                               const Step& step)
 {
     word.clearTranscript();
     try {
@@ -198,7 +200,7 @@ const std::vector<standin::CalledMember>& take(standin::Session& word, IDocument
     return word.calledMembers();
 }
 
-void printRow(standin::Session& word, IDocument& generator, const Step& step)
+void printRow(standin::InProcessWord& word, IDocument& generator, const Step& step)
 {
     const std::vector<standin::CalledMember>& calls = take(word, generator, step);
     std::printf("| %s | %u | %d | %s%s |\n", step.shown, static_cast<unsigned>(calls.size()), step.implied,
@@ -208,8 +210,8 @@ void printRow(standin::Session& word, IDocument& generator, const Step& step)
 void printChapter(const Chapter& chapter)
 {
     const std::wstring file = temporaryFile(L"bench.doc");
-    standin::Session word;
-    const RunningWord running(*word.application());
+    standin::InProcessWord word;
+    const standin::RunningApplication running(*word.application());
     const IDocumentPtr generator = makeGenerator();
     generator->start();
     generator->create(text(file.c_str()));
@@ -223,8 +225,8 @@ void printChapter(const Chapter& chapter)
 std::vector<std::string> callsOf(const Chapter& chapter, Writer writer)
 {
     const std::wstring file = temporaryFile(L"bench.doc");
-    standin::Session word;
-    const RunningWord running(*word.application());
+    standin::InProcessWord word;
+    const standin::RunningApplication running(*word.application());
     const IDocumentPtr generator = makeGenerator(writer);
     generator->start();
     generator->create(text(file.c_str()));
@@ -252,8 +254,8 @@ void printWriters(const Chapter& chapter)
 void printSession()
 {
     const std::wstring file = temporaryFile(L"bench.doc");
-    standin::Session word;
-    const RunningWord running(*word.application());
+    standin::InProcessWord word;
+    const standin::RunningApplication running(*word.application());
     const IDocumentPtr generator = makeGenerator();
     for (const Step& step : std::vector<Step>{
              {"start, Word running already", 1, [](IDocument& d) { d.start(); }},

@@ -10,7 +10,6 @@
 #include "sysSupport/SysFile.h"
 #include "win32/FullPath.h"
 
-#include <array>
 #include <ostream>
 #include <utility>
 
@@ -449,27 +448,6 @@ void Composer::pageChanged()
 void Composer::prepareSave()
 {
     flushIfMoreWaits(mostWaitingAtSave);
-}
-
-_variant_t Composer::saveFormat(std::wstring_view fileName) const
-{
-    struct Format
-    {
-        std::wstring_view extension;
-        Word::WdSaveFormat number;
-    };
-    static constexpr std::array<Format, 4> formats = {{
-        {L".doc", Word::wdFormatDocument},
-        {L".docx", Word::wdFormatXMLDocument},
-        {L".rtf", Word::wdFormatRTF},
-        {L".pdf", Word::wdFormatPDF},
-    }};
-    const std::wstring_view extension = extensionOf(fileName);
-    for (const Format& format : formats)
-        if (extension.size() == format.extension.size() &&
-            _wcsnicmp(extension.data(), format.extension.data(), extension.size()) == 0)
-            return Word::integer(format.number);
-    return Word::missing;
 }
 
 void Composer::finish()

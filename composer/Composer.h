@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DocumentWriter.h"
+#include "SaveFormat.h"
 #include "Story.h"
 #include "TagNames.h"
 #include "WriterEvents.h"
@@ -59,7 +60,10 @@ public:
     void pageChanged() override;
     [[nodiscard]] bool keepsDocument() const override { return true; }
     void prepareSave() override;
-    [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override;
+    [[nodiscard]] _variant_t saveFormat(std::wstring_view fileName) const override
+    {
+        return saveFormatOf(fileName);
+    }
     void setTrace(const Trace& trace) override { trace_ = trace; }
     [[nodiscard]] std::wstring understood(const wchar_t* text) const override;
     void insertText(BSTR text) override;

@@ -26,10 +26,9 @@ std::optional<std::wstring> findFile(const std::wstring& name, const std::wstrin
         return {};
     if (SysFile::exists(name.c_str()))
         return name;
-    if (isPicture(name) && fileNames::partsOf(name).bareName == 0)
-        if (std::wstring installed = fileNames::joined(installDir, L"pix\\" + name);
-            SysFile::exists(installed.c_str()))
-            return installed;
+    if (std::wstring installed = fileNames::installedPicture(installDir, name);
+        !installed.empty() && SysFile::exists(installed.c_str()))
+        return installed;
     return {};
 }
 

@@ -1,5 +1,7 @@
 #include "Story.h"
 
+#include "ClientNumbers.h"
+#include "DirectAlignment.h"
 #include "Flow.h"
 #include "FragmentFitness.h"
 #include "OperationOrigin.h"
@@ -232,7 +234,7 @@ Paragraph Story::paragraphOf(const Ground& ground) const
     Paragraph paragraph;
     paragraph.style = ground.style.empty() ? style_ : ground.style;
     if (ground.alignment)
-        paragraph.alignment = clientAlignment(*ground.alignment);
+        paragraph.alignment = clientNumbers::ofAlignment(*ground.alignment);
     return paragraph;
 }
 

@@ -3,7 +3,6 @@
 #include "CComModule.h"
 #include "PageResources.h"
 #include "StandardComPointers.h"
-#include "TaskString.h"
 #include "TemplateFileDialog.h"
 #include "TextConversion.h"
 #include "WinUtils/QdxMessageBox.h"
@@ -12,14 +11,14 @@
 namespace {
 
 /// A string of the module's table.
-TaskString loadText(UINT number)
+std::wstring_view loadText(UINT number)
 {
     const wchar_t* text = nullptr;
     // With a size of 0 Windows answers the length and where the text lies in the module.
     const int length = LoadStringW(comModule().instance(), number, reinterpret_cast<wchar_t*>(&text), 0);
     if (length == 0)
         throwLastError();
-    return taskString({text, static_cast<std::size_t>(length)});
+    return {text, static_cast<std::size_t>(length)};
 }
 
 } // namespace
@@ -29,30 +28,23 @@ MirovelComPage::MirovelComPage()
 {
 }
 
-HRESULT MirovelComPage::GetPageInfo(PROPPAGEINFO* info) noexcept
-try {
-    if (info == nullptr)
-        return E_POINTER;
-    TaskString title = loadText(pageTitle);
-    TaskString description = loadText(pageDescription);
-    const SIZE size = PageWindow::naturalSize();
-    *info = {sizeof *info, title.release(), size, description.release(), nullptr, 0};
-    return S_OK;
-} catch (...) {
-    return currentExceptionToHresult();
+std::wstring_view MirovelComPage::title() const
+{
+    return loadText(pageTitle);
 }
 
-HRESULT MirovelComPage::Apply() noexcept
-try {
-    if (!window())
-        return E_UNEXPECTED;
-    if (needsFilling())
-        return S_OK; // Never shown: the empty fields are nobody's input.
+std::wstring_view MirovelComPage::description() const
+{
+    return loadText(pageDescription);
+}
+
+bool MirovelComPage::store()
+{
     const std::optional<WordSettings::Refusal> refusal = settings_.apply(
         window().templateName(WordSettings::fieldLength), window().tocLevel(WordSettings::fieldLength));
     if (!refusal) {
         setDirty(false);
-        return S_OK;
+        return true;
     }
     QdxMessageBox(window().handle(), refusal->text, "Invalid Value", MB_OK | MB_ICONEXCLAMATION);
     if (refusal->field == WordSettings::Field::tocLevel) {
@@ -61,9 +53,7 @@ try {
         const HWND nowhere = GetDlgItem(nullptr, tocLevelField);
         SendMessageW(window().handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(nowhere), TRUE);
     }
-    return E_UNEXPECTED;
-} catch (...) {
-    return currentExceptionToHresult();
+    return false;
 }
 
 HRESULT MirovelComPage::TranslateAccelerator(MSG* message) noexcept

@@ -28,14 +28,14 @@ public:
     MirovelComPage();
 
     // IPropertyPage
-    /// Active or not. The caller frees the texts with CoTaskMemFree.
-    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
-    /// E_UNEXPECTED too when a field was refused, once the user has confirmed the message about it.
-    STDMETHODIMP Apply() noexcept override;
     STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
 
 private:
+    [[nodiscard]] std::wstring_view title() const override;
+    [[nodiscard]] std::wstring_view description() const override;
     void fill() override;
+    /// When a field was refused, the user has confirmed the message about it.
+    bool store() override;
     void browse();
 
     MachineEnvironment machine_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <comdef.h>
+#include <optional>
 
 namespace Word {
 /// The argument that is not given: VT_ERROR holding DISP_E_PARAMNOTFOUND.
@@ -11,6 +12,12 @@ inline const _variant_t missing{DISP_E_PARAMNOTFOUND, VT_ERROR};
 inline _variant_t integer(long value)
 {
     return _variant_t{value, VT_I4};
+}
+
+/// A VT_I4; an empty variant for nothing.
+inline _variant_t integerOrEmpty(std::optional<long> value)
+{
+    return value ? integer(*value) : _variant_t();
 }
 
 /// A VT_BOOL of -1 or 0.

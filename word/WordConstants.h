@@ -4,28 +4,17 @@
 namespace Word {
 enum WdUnits : long
 {
-    wdCharacter = 1,
-    wdWord = 2,
-    wdSentence = 3,
-    wdParagraph = 4,
-    wdStory = 6
+    wdCharacter = 1
 };
 
 enum WdCollapseDirection : long
 {
-    wdCollapseEnd = 0,
-    wdCollapseStart = 1
+    wdCollapseEnd = 0
 };
 
 enum WdBreakType : long
 {
-    wdSectionBreakNextPage = 2,
-    wdSectionBreakContinuous = 3,
-    wdSectionBreakEvenPage = 4,
-    wdSectionBreakOddPage = 5,
-    wdLineBreak = 6,
-    wdPageBreak = 7,
-    wdColumnBreak = 8
+    wdSectionBreakNextPage = 2
 };
 
 enum WdSaveOptions : long
@@ -39,11 +28,7 @@ enum WdSaveFormat : long
 {
     wdFormatDocument = 0,
     wdFormatTemplate = 1,
-    wdFormatText = 2,
-    wdFormatDOSText = 4,
     wdFormatRTF = 6,
-    wdFormatUnicodeText = 7,
-    wdFormatHTML = 8,
     wdFormatXMLDocument = 12,
     wdFormatPDF = 17
 };
@@ -52,15 +37,8 @@ enum WdBuiltinStyle : long
 {
     wdStyleNormal = -1,
     wdStyleHeading1 = -2,
-    wdStyleHeading9 = -10,
-    wdStyleTOC1 = -20,
-    wdStyleTOC9 = -28,
     wdStyleHeader = -32,
-    wdStyleFooter = -33,
-    wdStyleCaption = -35,
-    wdStyleDefaultParagraphFont = -66,
-    wdStyleHyperlink = -86,
-    wdStyleHyperlinkFollowed = -87
+    wdStyleFooter = -33
 };
 
 enum WdStyleType : long
@@ -94,14 +72,10 @@ enum WdFieldType : long
 {
     wdFieldEmpty = -1,
     wdFieldTOCEntry = 9,
-    wdFieldTOC = 13,
-    wdFieldNumPages = 26,
     wdFieldFileName = 29,
     wdFieldDate = 31,
     wdFieldTime = 32,
     wdFieldPage = 33,
-    wdFieldEmbed = 58,
-    wdFieldIncludePicture = 67,
     wdFieldHyperlink = 88
 };
 
@@ -109,14 +83,15 @@ enum WdRulerStyle : long
 {
     wdAdjustNone = 0,
     wdAdjustProportional = 1,
-    wdAdjustFirstColumn = 2,
     wdAdjustSameWidth = 3
 };
 
 enum WdTableFieldSeparator : long
 {
     wdSeparateByParagraphs = 0,
-    wdSeparateByTabs = 1
+    wdSeparateByTabs = 1,
+    wdSeparateByCommas = 2,
+    wdSeparateByDefaultListSeparator = 3
 };
 
 enum WdAutoFitBehavior : long
@@ -138,19 +113,12 @@ enum WdRowHeightRule : long
 
 enum WdTabLeader : long
 {
-    wdTabLeaderSpaces = 0,
-    wdTabLeaderDots = 1,
-    wdTabLeaderDashes = 2,
-    wdTabLeaderLines = 3,
-    wdTabLeaderHeavy = 4,
-    wdTabLeaderMiddleDot = 5
+    wdTabLeaderDots = 1
 };
 
 enum WdHeaderFooterIndex : long
 {
-    wdHeaderFooterPrimary = 1,
-    wdHeaderFooterFirstPage = 2,
-    wdHeaderFooterEvenPages = 3
+    wdHeaderFooterPrimary = 1
 };
 
 enum WdOrientation : long

@@ -1,44 +1,10 @@
 #include "mirovelsection.h"
 
+#include "ClientNumbers.h"
 #include "MirovelSectionData.h"
-#include "WordConstants.h"
+#include "WordArguments.h"
 
 #include <iterator>
-
-namespace {
-
-Word::WdParagraphAlignment wordAlignment(std::int16_t align)
-{
-    switch (align) {
-    case 2:
-        return Word::wdAlignParagraphCenter;
-    case 3:
-        return Word::wdAlignParagraphRight;
-    case 4:
-        return Word::wdAlignParagraphJustify;
-    default:
-        return Word::wdAlignParagraphLeft;
-    }
-}
-
-/// An unknown number gives an empty variant: Word then inserts its default field.
-_variant_t fieldType(std::int16_t kind)
-{
-    switch (kind) {
-    case 1:
-        return Word::wdFieldDate;
-    case 2:
-        return Word::wdFieldTime;
-    case 3:
-        return Word::wdFieldFileName;
-    case 4:
-        return Word::wdFieldPage;
-    default:
-        return {};
-    }
-}
-
-} // namespace
 
 void MirovelSection::setTextAlign(std::int16_t align)
 {
@@ -68,7 +34,7 @@ void MirovelSection::applyAlign()
             end = run->range->GetEnd();
         run->range->PutStart(run->start);
         run->range->PutEnd(end);
-        run->range->GetParagraphFormat()->PutAlignment(wordAlignment(run->align));
+        run->range->GetParagraphFormat()->PutAlignment(clientNumbers::wordAlignment(run->align));
     }
     data_->alignRuns.clear();
     data_->alignment = 0;
@@ -76,8 +42,10 @@ void MirovelSection::applyAlign()
 
 void MirovelSection::insertField(std::int16_t kind)
 {
+    // An unknown number gives an empty variant: Word then inserts its default field.
+    const _variant_t type = Word::integerOrEmpty(clientNumbers::wordField(kind));
     if (isTableOpen()) {
-        insertFieldInCell(fieldType(kind));
+        insertFieldInCell(type);
         return;
     }
     const Word::RangePtr& range = data_->range;
@@ -85,7 +53,7 @@ void MirovelSection::insertField(std::int16_t kind)
     insertPlaceholder();
     const Word::RangePtr place = range->GetDuplicate();
     place->PutEnd(data_->pos - 1);
-    range->GetFields()->Add(place, fieldType(kind));
+    range->GetFields()->Add(place, type);
     data_->pos = range->GetEnd();
     deleteLastChar();
 }

@@ -118,14 +118,10 @@ bool MirovelSection::foundFile(QdxString& fileName)
         return false;
     if (SysFile::exists(fileName))
         return true;
-    if (itsAPicture(fileName) && SysFile::getDir(fileName).isEmpty()) {
-        QdxString installed = "pix\\";
-        installed.append(fileName);
-        installed = SysFile::appendToDir(data_->installDir, installed);
-        if (SysFile::exists(installed)) {
-            fileName = installed;
-            return true;
-        }
+    if (const QdxString installed = SysFile::installedPicture(data_->installDir, fileName);
+        !installed.isEmpty() && SysFile::exists(installed)) {
+        fileName = installed;
+        return true;
     }
     if (data_->trace.isTrace(1))
         data_->trace << "ERR File not found: " << fileName << std::endl;

@@ -105,6 +105,8 @@ struct Paragraph
 
 /// Whether it is more than a tag.
 bool isAnything(const Item& item);
+/// Whether it is a page break that can still become the end of a section.
+bool isLastBreak(const Item& item);
 
 using Cell = std::vector<Paragraph>;
 using Row = std::vector<Cell>;
@@ -129,6 +131,12 @@ inline bool isAnything(const Item& item)
     if (const auto* const picture = std::get_if<Picture>(&item.what))
         return picture->isThere;
     return !std::holds_alternative<Tag>(item.what);
+}
+
+inline bool isLastBreak(const Item& item)
+{
+    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
+    return pageBreak && pageBreak->isLast;
 }
 
 inline bool Paragraph::holdsAnything() const

@@ -8,10 +8,7 @@ namespace compose {
 namespace {
 
 constexpr std::u16string_view normal = u"Normal";
-constexpr std::u16string_view headingPrefix = u"Heading ";
 constexpr int centred = 2;
-constexpr int deepestLevel = 9;
-constexpr char16_t paragraphEnd = u'\r';
 
 /// What an item and a paragraph take up beside their characters, roughly.
 constexpr std::size_t itemSize = sizeof(Item);
@@ -31,42 +28,10 @@ bool isPlain(char16_t unit)
            unit == optionalHyphen;
 }
 
-/// Each run of paragraph ends as one space: an entry is one line.
-std::u16string asEntry(std::u16string_view collected)
-{
-    std::u16string entry;
-    for (std::size_t i = 0; i < collected.size(); ++i)
-        if (collected[i] != paragraphEnd)
-            entry += collected[i];
-        else if (i == 0 || collected[i - 1] != paragraphEnd)
-            entry += u' ';
-    return entry;
-}
-
-/// n for the style "Heading n", else 1.
-int entryLevel(std::u16string_view style)
-{
-    if (!style.starts_with(headingPrefix))
-        return 1;
-    int level = 0;
-    for (const char16_t digit : style.substr(headingPrefix.size())) {
-        if (digit < u'0' || digit > u'9')
-            return 1;
-        level = std::min(level * 10 + (digit - u'0'), deepestLevel);
-    }
-    return std::max(level, 1);
-}
-
 template <class What>
 bool holds(const Item& item)
 {
     return std::holds_alternative<What>(item.what);
-}
-
-bool isLastBreak(const Item& item)
-{
-    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
-    return pageBreak && pageBreak->isLast;
 }
 
 bool isSameFont(const FontWishPtr& a, const FontWishPtr& b)
@@ -190,7 +155,7 @@ void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber li
         const bool breaksPage = characters.front() == u'\f' && !isTableOpen_;
         if (breaksPage) {
             write({PageBreak(), {}, link});
-            collect(u" ");
+            entry_.add(u" ");
             characters.remove_prefix(1);
             continue;
         }
@@ -198,7 +163,7 @@ void StoryContent::writeCharacters(std::u16string_view characters, LinkNumber li
         std::u16string plain(characters.substr(0, length));
         std::ranges::replace_if(
             plain, [](char16_t unit) { return !isPlain(unit); }, u' ');
-        collect(plain);
+        entry_.add(plain);
         addWaiting(plain.size() * sizeof(char16_t));
         std::vector<Item>& items = current().items;
         Text* const last = items.empty() ? nullptr : std::get_if<Text>(&items.back().what);
@@ -219,7 +184,7 @@ void StoryContent::endParagraph(LinkNumber link)
 {
     Paragraph& paragraph = current();
     paragraph.endLink = link;
-    collect({&paragraphEnd, 1});
+    entry_.add(u"\r");
     addWaiting(paragraphSize);
     if (isTableOpen_) {
         Paragraph next;
@@ -264,48 +229,18 @@ void StoryContent::insertField(int number)
 
 void StoryContent::insertTag(const std::u16string& bookmark)
 {
-    removeTag(bookmark);
-    current().items.push_back({Tag{bookmark, ++lastTag_}});
+    current().items.push_back({Tag{bookmark, waitingTags_.place(bookmark)}});
     addWaiting(itemSize);
-    waitingTags_[bookmark] = lastTag_;
 }
 
 void StoryContent::removeTag(std::u16string_view bookmark)
 {
-    const auto waiting = waitingTags_.find(bookmark);
-    if (waiting == waitingTags_.end())
-        return;
-    waitingTags_.erase(waiting);
-    areTagsStale_ = true;
-}
-
-// All at once: a search for each would take longer and longer.
-void StoryContent::dropStaleTags()
-{
-    const auto isStale = [this](const Item& item) {
-        const auto* const tag = std::get_if<Tag>(&item.what);
-        if (!tag)
-            return false;
-        const auto waiting = waitingTags_.find(tag->bookmark);
-        return waiting == waitingTags_.end() || waiting->second != tag->number;
-    };
-    const auto dropFrom = [&](Paragraph& paragraph) { std::erase_if(paragraph.items, isStale); };
-    for (Block& block : blocks_) {
-        if (auto* const paragraph = std::get_if<Paragraph>(&block)) {
-            dropFrom(*paragraph);
-            continue;
-        }
-        for (Row& row : std::get<Table>(block).rows)
-            for (Cell& each : row)
-                std::ranges::for_each(each, dropFrom);
-    }
-    areTagsStale_ = false;
+    waitingTags_.remove(bookmark);
 }
 
 const Blocks& StoryContent::blocks()
 {
-    if (areTagsStale_)
-        dropStaleTags();
+    waitingTags_.dropStale(blocks_);
     return blocks_;
 }
 
@@ -525,28 +460,20 @@ void StoryContent::writeTitle(std::u16string_view title, std::u16string_view sty
         endParagraph();
 }
 
-void StoryContent::collect(std::u16string_view text)
-{
-    if (isCollecting_)
-        entry_ += text;
-}
-
 bool StoryContent::startTOCEntry()
 {
     if (!hasContents_)
         return false;
-    isCollecting_ = true;
-    entry_.clear();
+    entry_.begin();
     return true;
 }
 
 bool StoryContent::endTOCEntry()
 {
-    if (!isCollecting_)
+    if (!entry_.isOpen())
         return false;
-    isCollecting_ = false;
-    if (!entry_.empty())
-        write({Entry{asEntry(entry_), entryLevel(style_)}});
+    if (std::optional<Entry> entry = entry_.end(style_))
+        write({std::move(*entry)});
     return true;
 }
 
@@ -653,7 +580,6 @@ void StoryContent::taken()
     }
     links_.clear();
     waitingTags_.clear();
-    areTagsStale_ = false;
     waiting_ = waitingInFront_ = 0;
     isHeightWaiting_ = false;
     placesTaken();

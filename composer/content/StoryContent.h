@@ -1,9 +1,10 @@
 #pragma once
 
+#include "CollectedEntry.h"
 #include "Content.h"
+#include "WaitingTags.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -163,10 +164,8 @@ private:
     void endParagraphIfItHoldsAnything();
     void beginStyle(std::u16string_view name, std::u16string_view style);
     void addWaiting(std::size_t bytes) { waiting_ += bytes; }
-    void collect(std::u16string_view text);
     void writeTitle(std::u16string_view title, std::u16string_view style);
     void changeFont(FontWish font);
-    void dropStaleTags();
     static void keepEnd(Paragraph& paragraph);
     [[nodiscard]] bool isBreakInOpenParagraph() const;
     void lookBehindBreak();
@@ -197,14 +196,11 @@ private:
     bool isWrittenBreakInFirst_ = false; ///< in the paragraph that the blocks begin with
     bool holdsBehindBreak_ = false;      ///< more than tags, in that paragraph and in Word already
     bool isBehindTable_ = false;         ///< The open paragraph follows a table that has been taken.
-    std::map<std::u16string, std::size_t, std::less<>> waitingTags_; ///< their numbers
-    std::size_t lastTag_ = 0;
-    bool areTagsStale_ = false; ///< There are tags in the blocks that have another place by now.
+    WaitingTags waitingTags_;
 
     bool hasContents_ = false;
     bool isContentsWritten_ = false;
-    bool isCollecting_ = false;
-    std::u16string entry_; ///< paragraph ends are CRs
+    CollectedEntry entry_;
 };
 
 } // namespace compose

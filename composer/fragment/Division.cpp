@@ -9,12 +9,6 @@ namespace compose {
 
 namespace {
 
-bool isLastBreak(const Item& item)
-{
-    const auto* const pageBreak = std::get_if<PageBreak>(&item.what);
-    return pageBreak && pageBreak->isLast;
-}
-
 bool holdsLastBreak(const Paragraph& paragraph)
 {
     return std::ranges::any_of(paragraph.items, isLastBreak);

@@ -1,5 +1,6 @@
 #include "FragmentStyles.h"
 
+#include "DirectAlignment.h"
 #include "FragmentFont.h"
 #include "StyleName.h"
 
@@ -67,7 +68,7 @@ FragmentStyles::Style& FragmentStyles::style(const std::u16string& name)
 void FragmentStyles::note(const Paragraph& paragraph)
 {
     Style& own = style(paragraph.style);
-    if (directAlignment(paragraph) == 0)
+    if (directAlignment(paragraph, sheet_) == 0)
         own.alignment = sheet_.alignmentOf(paragraph.style);
     for (const Item& item : paragraph.items) {
         const auto [place, isNew] = own.changes.try_emplace(item.font.get());
@@ -102,14 +103,6 @@ void FragmentStyles::noteFont(const std::optional<std::u16string>& name)
         place->second = static_cast<std::int32_t>(fontsInOrder_.size());
         fontsInOrder_.push_back(&place->first);
     }
-}
-
-std::optional<int> FragmentStyles::directAlignment(const Paragraph& paragraph)
-{
-    if (!paragraph.alignment)
-        return {};
-    const int wanted = wordAlignment(*paragraph.alignment);
-    return wanted == sheet_.alignmentOf(paragraph.style) ? std::nullopt : std::optional(wanted);
 }
 
 void FragmentStyles::writeTables(rtf::RtfBuilder& rtf) const
@@ -153,7 +146,7 @@ void FragmentStyles::writeParagraphStart(rtf::RtfBuilder& rtf, const Paragraph& 
     if (isInTable)
         rtf.word("intbl");
     rtf.word("s", own.number);
-    const std::optional<int> direct = directAlignment(paragraph);
+    const std::optional<int> direct = directAlignment(paragraph, sheet_);
     if (const std::optional<int> alignment = direct ? direct : own.alignment)
         rtf.word(alignmentWord(*alignment));
     writeChange(rtf, own.stated);

@@ -51,7 +51,6 @@ private:
     };
 
     Style& style(const std::u16string& name);
-    std::optional<int> directAlignment(const Paragraph& paragraph);
     void stateWhatIsDefault(Style& style, const std::u16string& name, const FontChange& change);
     void noteFont(const std::optional<std::u16string>& name);
     [[nodiscard]] std::int32_t linkStyleNumber() const { return static_cast<std::int32_t>(inOrder_.size()); }

@@ -1,6 +1,8 @@
 #include "TypedPen.h"
 
+#include "ClientNumbers.h"
 #include "FieldCode.h"
+#include "FollowingOperations.h"
 #include "FragmentFile.h"
 #include "StyleBook.h"
 #include "TagsInFront.h"
@@ -8,10 +10,6 @@
 #include "WordConstants.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <fstream>
-#include <string_view>
 #include <utility>
 
 namespace compose {
@@ -21,49 +19,12 @@ namespace {
 constexpr int triesOfAnOperation = 2;
 constexpr bool noMergeFormat = false;
 
-_variant_t fieldType(int number)
-{
-    switch (number) {
-    case 1:
-        return Word::integer(Word::wdFieldDate);
-    case 2:
-        return Word::integer(Word::wdFieldTime);
-    case 3:
-        return Word::integer(Word::wdFieldFileName);
-    case 4:
-        return Word::integer(Word::wdFieldPage);
-    default:
-        return {};
-    }
-}
-
-/// Whether the story is as long afterwards as it was.
-bool keepsLength(const Operation& operation)
-{
-    return std::holds_alternative<ClearFont>(operation) || std::holds_alternative<PutStyle>(operation) ||
-           std::holds_alternative<PutAlignment>(operation) || std::holds_alternative<PutFont>(operation) ||
-           std::holds_alternative<PlaceTag>(operation) || std::holds_alternative<KeepBreak>(operation) ||
-           std::holds_alternative<KeepContents>(operation) || std::holds_alternative<StyleTables>(operation);
-}
-
-bool endsParagraph(wchar_t unit)
-{
-    return unit == L'\r' || unit == L'\n' || unit == L'\a';
-}
-
-bool isRichText(const std::u16string& file)
-{
-    constexpr std::string_view start = "{\\rtf";
-    std::array<char, start.size()> found{};
-    std::ifstream(std::filesystem::path(file), std::ios::binary).read(found.data(), found.size());
-    return std::string_view(found.data(), found.size()) == start;
-}
-
 } // namespace
 
 TypedPen::TypedPen(const Word::_DocumentPtr& document, RangeInStory ranges, const Word::RangePtr& story,
                    StoryEnd& end, Collections& collections)
-    : document_(document), ranges_(std::move(ranges)), range_(story), end_(end), collections_(collections)
+    : document_(document), ranges_(std::move(ranges)), range_(story), end_(end), collections_(collections),
+      files_(story, collections)
 {
 }
 
@@ -93,19 +54,21 @@ void TypedPen::carryOut(Plan& plan)
     }
 }
 
+/// The operation in hand changes the story's length from here on, and may move the range.
+void TypedPen::mutate()
+{
+    hasActed_ = true;
+    selected_.reset();
+    end_.forget();
+}
+
 void TypedPen::performNext()
 {
     // The operation may put another one in front of the rest.
     const Operation operation = operations_->front();
-    const bool movesNothing = keepsLength(operation);
-    if (!movesNothing)
-        end_.forget();
     trustsSelection_ = true;
-    covered_.reset();
     std::visit([this](const auto& each) { perform(each); }, operation);
     trustsSelection_ = false;
-    if (!movesNothing)
-        selected_ = covered_;
 }
 
 void TypedPen::beginPassage(Passage& passage)
@@ -157,34 +120,10 @@ void TypedPen::failed()
         return;
     }
     if (std::holds_alternative<AddField>(operation) || std::holds_alternative<AddEntry>(operation))
-        releaseTags();
+        releaseTags(*operations_);
     if (const auto* const picture = std::get_if<AddPicture>(&operation))
-        closeGap(picture->at - 1);
+        closeGap(*operations_, picture->at - 1);
     operations_->pop_front();
-}
-
-/// The tags behind the field in hand, which may not be there, stand at its place.
-void TypedPen::releaseTags()
-{
-    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next)
-        if (auto* const tag = std::get_if<PlaceTag>(&*next); tag && tag->isBehindField)
-            tag->isBehindField = false;
-        else if (!std::holds_alternative<RemoveText>(*next))
-            return;
-}
-
-/// The picture that was to stand there does not: what is yet to be put behind it comes to stand there.
-void TypedPen::closeGap(Position at)
-{
-    for (auto next = operations_->begin() + 1; next != operations_->end();) {
-        auto* const link = std::get_if<AddLink>(&*next);
-        if (auto* const tag = std::get_if<PlaceTag>(&*next); tag && tag->at > at)
-            --tag->at;
-        if (link && link->span.end > at)
-            --link->span.end;
-        const bool isEmpty = link && link->span.start == link->span.end;
-        next = isEmpty ? operations_->erase(next) : next + 1;
-    }
 }
 
 /// Where text at the end of the story, or of the cell, begins.
@@ -243,7 +182,7 @@ void TypedPen::perform(const WriteText& text)
     range_->InsertAfter(characters); // and grows over them
     const long start = base_ + text.at;
     const long past = start + static_cast<long>(characters.length());
-    covered_ = Span{static_cast<Position>(start), static_cast<Position>(past)};
+    selected_ = Span{static_cast<Position>(start), static_cast<Position>(past)};
     if (isFirst_ && !place_)
         end_.know(past);
 }
@@ -385,8 +324,9 @@ void TypedPen::perform(const AddField& field)
     select({field.at, field.at});
     const Word::FieldsPtr& fields = collections_.fields();
     mutate();
-    const Word::FieldPtr added = fields->Add(range_, fieldType(field.number), Word::missing, noMergeFormat);
-    if (isTagNext())
+    const Word::FieldPtr added = fields->Add(
+        range_, Word::integerOrEmpty(clientNumbers::wordField(field.number)), Word::missing, noMergeFormat);
+    if (hasTagBehindField(*operations_))
         pastField_ = added->GetResult()->GetEnd() + 1;
 }
 
@@ -398,7 +338,7 @@ void TypedPen::perform(const AddEntry& entry)
     mutate();
     const Word::FieldPtr added =
         fields->Add(range_, Word::integer(Word::wdFieldTOCEntry), code, noMergeFormat);
-    if (isTagNext())
+    if (hasTagBehindField(*operations_))
         pastField_ = added->GetCode()->GetEnd() + 1;
 }
 
@@ -443,18 +383,6 @@ void TypedPen::perform(const RemoveText& removal)
     mutate();
     range_->Delete();
     pastField_ -= removal.span.end - removal.span.start;
-}
-
-/// Whether the operation in hand is followed by a tag behind the field that it adds.
-bool TypedPen::isTagNext() const
-{
-    for (auto next = operations_->begin() + 1; next != operations_->end(); ++next) {
-        if (std::holds_alternative<RemoveText>(*next))
-            continue;
-        const auto* const tag = std::get_if<PlaceTag>(&*next);
-        return tag && tag->isBehindField;
-    }
-    return false;
 }
 
 void TypedPen::perform(const AddPicture& picture)
@@ -529,7 +457,6 @@ void TypedPen::addPicture(const Place& place, const std::u16string& file, bool i
 
 void TypedPen::linkPicture(const LinkTarget& target)
 {
-    end_.forget();
     perform(AddLink{{0, 1}, target});
 }
 
@@ -564,89 +491,17 @@ void TypedPen::addObject(const Place& place, const EmbeddedObject& object, bool 
     range_->GetFont()->Reset();
 }
 
-// A paragraph of the file's own takes up its last one. Where the file ends its last paragraph itself, one too
-// many is there afterwards.
 bool TypedPen::addFile(const Place& place, const std::u16string& file, const Ground& ground,
                        const std::vector<std::u16string>& tags)
 {
     base_ = begin(place);
-    select({0, 0});
     end_.forget();
-    range_->InsertAfter(L"\r");
-    makePlain(ground);
-    select({0, 0});
-    try {
-        insertFile(wide(file));
-    } catch (const _com_error&) {
-        select({0, 1});
-        range_->Delete();
-        throw;
-    }
-    keepTags(collections_, range_, tags, base_);
-    const long end = begin(place) - 1; // in front of the paragraph's own end
-    end_.forget();
-    if (end == base_)
-        return false;
-    const std::wstring last = textInFrontOf(end);
-    if (last.empty() || !endsParagraph(last.back()))
-        return false;
-    const bool endsInTable = last.back() == L'\a';
-    const bool hasSurplus = last == L"\r\r" && isRichText(file) && leavesSurplus(end);
-    range_->SetRange(hasSurplus ? end - 1 : end, end + 1);
-    range_->Delete();
-    return endsInTable;
-}
-
-/// The paragraph that the range covers looks as `ground` says; it comes to look as one of which nothing was
-/// said.
-void TypedPen::makePlain(const Ground& ground)
-{
-    if (ground.style != Ground().style)
-        range_->PutStyle(StyleBook::argumentOf(Ground().style));
-    if (ground.alignment || !ground.isAlignmentKnown)
-        range_->GetParagraphFormat()->Reset();
-    if (!ground.isPlain)
-        range_->GetFont()->Reset();
-}
-
-/// The last two characters of the passage in front of the place, or the last one, if another is not shown.
-std::wstring TypedPen::textInFrontOf(long end)
-{
-    const auto textFrom = [&](long start) {
-        range_->SetRange(start, end);
-        const _bstr_t text = range_->GetText();
-        return text.length() == 0 ? std::wstring() : std::wstring(text, text.length());
+    const auto end = [&] {
+        const long behind = begin(place);
+        end_.forget();
+        return behind;
     };
-    const long start = std::max(base_, end - 2);
-    std::wstring text = textFrom(start);
-    const bool isWhole = std::ssize(text) - std::ranges::count(text, L'\a') == end - start;
-    return isWhole || start == end - 1 ? text : textFrom(end - 1);
-}
-
-// An empty paragraph at the end may be the file's own. What Word makes of a file of ours tells.
-bool TypedPen::leavesSurplus(long at)
-{
-    constexpr long ownLength = 2;
-    if (!leavesSurplus_) {
-        const FragmentFile probe("{\\rtf1\\ansi\\pard\\plain x\\par}");
-        const long before = range_->GetStoryLength();
-        range_->SetRange(at, at);
-        insertFile(probe.path());
-        const long length = range_->GetStoryLength() - before;
-        range_->SetRange(at, at + length);
-        range_->Delete();
-        leavesSurplus_ = length > ownLength;
-    }
-    return *leavesSurplus_;
-}
-
-void TypedPen::insertFile(const std::wstring& path)
-{
-    const bool confirmConversions = false;
-    const bool isLinked = false;
-    const bool asAttachment = false;
-    collections_.forgetSection();
-    range_->InsertFile(path.c_str(), L"", confirmConversions, isLinked, asAttachment);
+    return files_.insert(file, {base_, ground, tags}, end);
 }
 
 void TypedPen::makeContents(int level)

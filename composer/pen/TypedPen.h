@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Collections.h"
+#include "FileInsertion.h"
 #include "Plan.h"
 #include "RangeInStory.h"
 #include "StoryEnd.h"
@@ -94,14 +95,11 @@ private:
     void beginPassage(Passage& passage);
     static void giveUpCell(Passage& passage);
     void failed();
-    void releaseTags();
-    void closeGap(Position at);
     bool isWritten(const WriteText& text);
     Word::TablePtr convert(const MakeTable& table);
     void select(Span span);
-    void mutate() { hasActed_ = true; }
+    void mutate();
     void performNext();
-    [[nodiscard]] bool isTagNext() const;
 
     void perform(const WriteText& text);
     void perform(const ClearFont& clear);
@@ -121,10 +119,6 @@ private:
     void perform(const AddPicture& picture);
     void perform(const RemoveText& removal);
 
-    void insertFile(const std::wstring& path);
-    void makePlain(const Ground& ground);
-    std::wstring textInFrontOf(long end);
-    bool leavesSurplus(long at);
     static void putHeights(const Word::TablePtr& table, const std::vector<int>& heights, std::size_t firstRow,
                            std::size_t rows);
 
@@ -133,17 +127,14 @@ private:
     Word::RangePtr range_; ///< moved to each place
     StoryEnd& end_;
     Collections& collections_;
-    /// What the range covers, as long as no operation moves it.
-    std::optional<Span> selected_;
-    std::optional<Span> covered_;  ///< by the range, behind the operation that moved it in hand
+    FileInsertion files_;
+    std::optional<Span> selected_; ///< what the range covers, as far as that is known
     bool trustsSelection_ = false; ///< while an operation is carried out
     Word::TablePtr table_;         ///< the story's last one
     Word::RangePtr lastBreak_;     ///< covers the page break
     Word::RangePtr contents_;      ///< collapsed
     std::optional<long> draft_;    ///< where it begins
     long pastField_ = 0;           ///< behind the field or entry added last
-    std::optional<bool>
-        leavesSurplus_; ///< Word puts an empty paragraph behind rich text that ends its last one.
 
     std::deque<Operation>* operations_ = nullptr; ///< of the passage being carried out
     Place place_;                                 ///< of that passage

@@ -1,5 +1,6 @@
 #include "Flow.h"
 
+#include "DirectAlignment.h"
 #include "StyleSheet.h"
 
 #include <algorithm>
@@ -38,16 +39,6 @@ void extend(std::vector<Stretch<Value>>& stretches, Span span, const Value& valu
 }
 
 } // namespace
-
-std::optional<int> directAlignment(const Paragraph& paragraph, StyleSheet& styles)
-{
-    if (!paragraph.alignment)
-        return {};
-    const int wanted = wordAlignment(*paragraph.alignment);
-    if (wanted == styles.alignmentOf(paragraph.style))
-        return {};
-    return wanted;
-}
 
 Flow::Flow(const Source& source, StyleSheet& styles, const Ground& ground, Within within, Position origin)
     : source_(source), styles_(styles), ground_(ground), within_(within), origin_(origin)

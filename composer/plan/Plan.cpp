@@ -1,5 +1,6 @@
 #include "Plan.h"
 
+#include "DirectAlignment.h"
 #include "Flow.h"
 
 #include <algorithm>

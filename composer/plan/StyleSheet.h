@@ -19,16 +19,4 @@ public:
     virtual int alignmentOf(const std::u16string& style) = 0;
 };
 
-/// Word's number of a client's alignment (2 centred, 3 right, 4 justified, any other left).
-constexpr int wordAlignment(int clientNumber)
-{
-    return clientNumber >= 2 && clientNumber <= 4 ? clientNumber - 1 : 0;
-}
-
-/// The client's number of Word's.
-constexpr int clientAlignment(int wordNumber)
-{
-    return wordNumber + 1;
-}
-
 } // namespace compose

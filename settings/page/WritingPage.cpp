@@ -1,14 +1,11 @@
 #include "WritingPage.h"
 
 #include "DiagnosticsLog.h"
-#include "TaskString.h"
 
 #include <comdef.h>
 
 namespace {
 
-constexpr wchar_t title[] = L"Writing";
-constexpr wchar_t description[] = L"How documents are written";
 constexpr wchar_t logTitle[] = L"Diagnostics";
 
 } // namespace
@@ -27,37 +24,18 @@ HRESULT WritingPage::QueryInterface(REFIID iid, void** out) noexcept
     return known ? S_OK : E_NOINTERFACE;
 }
 
-HRESULT WritingPage::GetPageInfo(PROPPAGEINFO* info) noexcept
-try {
-    if (info == nullptr)
-        return E_POINTER;
-    TaskString ownTitle = taskString(title);
-    TaskString ownDescription = taskString(description);
-    const SIZE size = WritingPageWindow::naturalSize();
-    *info = {sizeof *info, ownTitle.release(), size, ownDescription.release(), nullptr, 0};
-    return S_OK;
-} catch (...) {
-    return currentExceptionToHresult();
-}
-
-HRESULT WritingPage::Apply() noexcept
-try {
-    if (!window())
-        return E_UNEXPECTED;
-    if (needsFilling())
-        return S_OK; // Never shown: the empty fields are nobody's input.
+bool WritingPage::store()
+{
     const std::vector<Change> wanted = changes();
     std::optional<SettingName> first = refused(wanted);
     if (!first)
         first = refusedByStore(wanted);
     if (first) {
         window().focus(*first);
-        return E_UNEXPECTED;
+        return false;
     }
     refill();
-    return S_OK;
-} catch (...) {
-    return currentExceptionToHresult();
+    return true;
 }
 
 HRESULT WritingPage::TranslateAccelerator(MSG* message) noexcept

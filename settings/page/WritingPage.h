@@ -29,11 +29,6 @@ public:
     STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
 
     // IPropertyPage
-    /// Active or not. The caller frees the texts with CoTaskMemFree.
-    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override;
-    /// E_UNEXPECTED too when something was refused, once that stands below its field. Inputs that are no good
-    /// keep all others from being stored; what the system refuses does not take back what came before.
-    STDMETHODIMP Apply() noexcept override;
     STDMETHODIMP TranslateAccelerator(MSG* message) noexcept override;
 
 private:
@@ -43,7 +38,12 @@ private:
         std::optional<std::wstring> input;
     };
 
+    [[nodiscard]] std::wstring_view title() const override { return L"Writing"; }
+    [[nodiscard]] std::wstring_view description() const override { return L"How documents are written"; }
     void fill() override;
+    /// What was refused stands below its field. Inputs that are no good keep all others from being stored;
+    /// what the system refuses does not take back what came before.
+    bool store() override;
     void openLog();
     [[nodiscard]] std::vector<Change> changes() const;
     /// The first setting with an input that is no good; what is wrong stands at each.

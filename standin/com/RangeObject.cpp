@@ -35,12 +35,12 @@ std::optional<char16_t> separatorOf(const VARIANT& argument)
         return text == u"\r" ? std::nullopt : std::optional(text.front());
     }
     switch (toLong(argument)) {
-    case 0: // wdSeparateByParagraphs
+    case Word::wdSeparateByParagraphs:
         return std::nullopt;
-    case 1: // wdSeparateByTabs
+    case Word::wdSeparateByTabs:
         return model::mark::tab;
-    case 2: // wdSeparateByCommas
-    case 3: // wdSeparateByDefaultListSeparator
+    case Word::wdSeparateByCommas:
+    case Word::wdSeparateByDefaultListSeparator:
         return u',';
     default:
         throw WordError(WordErrorNumber::valueOutOfRange);

@@ -47,7 +47,7 @@ public:
     /// The name in the transcript. It is chosen when a call first gives the object, or at the first question.
     const std::string& name();
 
-    /// The document that the object is, for Session::model.
+    /// The document that the object is, for InProcessWord::model.
     virtual model::DocumentPtr documentModel() const { return nullptr; }
 
 protected:

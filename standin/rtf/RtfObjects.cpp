@@ -1,10 +1,12 @@
 #include "RtfObjects.h"
 
 #include "ByteReader.h"
+#include "PlainText.h"
 #include "RtfPictures.h"
 #include "RtfText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace standin::rtf {
 
@@ -84,6 +86,29 @@ ObjectData readObjectData(std::string_view bytes)
     if (!object.isLinked)
         object.native = reader.take(reader.number());
     return object;
+}
+
+void ObjectReader::show(const InlineShape& picture)
+{
+    shape_.picture = picture.picture;
+    shape_.width = picture.width;
+    shape_.height = picture.height;
+}
+
+std::optional<InlineShape> ObjectReader::finish() const
+{
+    if (!shape_.picture)
+        return {};
+    const auto isControl = [](char16_t c) { return c < u' '; };
+    ObjectData data = readObjectData(data_.bytes());
+    InlineShape shape = shape_;
+    std::ranges::replace_if(shape.objectClass, isControl, u' ');
+    shape.type = data.isLinked ? InlineShapeType::linkedObject : InlineShapeType::embeddedObject;
+    shape.objectData = std::move(data.native);
+    for (const char c : data.link)
+        shape.link += fromAnsi(static_cast<unsigned char>(c));
+    std::ranges::replace_if(shape.link, isControl, u' ');
+    return shape;
 }
 
 } // namespace standin::rtf

@@ -3,6 +3,7 @@
 #include "InlineShape.h"
 #include "RtfHex.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,5 +24,22 @@ struct ObjectData
 std::string writeObjectData(const ObjectData& object);
 /// Takes what can be read of damaged data.
 ObjectData readObjectData(std::string_view bytes);
+
+/// Gathers what RTF says of an object.
+class ObjectReader
+{
+public:
+    void classCharacter(char16_t c) { shape_.objectClass += c; }
+    void digit(char16_t c) { data_.digit(c); }
+    void raw(std::string_view bytes) { data_.raw(bytes); }
+    /// What stands for it.
+    void show(const model::InlineShape& picture);
+    /// Nothing without a picture: it would have nothing to show.
+    std::optional<model::InlineShape> finish() const;
+
+private:
+    model::InlineShape shape_;
+    HexReader data_;
+};
 
 } // namespace standin::rtf

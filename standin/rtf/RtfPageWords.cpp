@@ -21,6 +21,23 @@ void sectionStartWord(std::string_view name, PageSetup& setup)
         setup.sectionStart = found->second;
 }
 
+std::string_view wordOf(SectionStart start)
+{
+    switch (start) {
+    case SectionStart::continuous:
+        return "\\sbknone";
+    case SectionStart::newColumn:
+        return "\\sbkcol";
+    case SectionStart::evenPage:
+        return "\\sbkeven";
+    case SectionStart::oddPage:
+        return "\\sbkodd";
+    case SectionStart::newPage:
+        break;
+    }
+    return "\\sbkpage";
+}
+
 } // namespace
 
 void PageReader::take(std::string_view name, std::int32_t number)
@@ -63,6 +80,33 @@ void PageReader::findLandscapes()
         if (setup.pageWidth > setup.pageHeight)
             setup.orientation = Orientation::landscape;
     }
+}
+
+std::string documentPageWords(const PageSetup& setup)
+{
+    std::string rtf =
+        control("\\paperw", twips(setup.pageWidth)) + control("\\paperh", twips(setup.pageHeight)) +
+        control("\\margl", twips(setup.leftMargin)) + control("\\margr", twips(setup.rightMargin)) +
+        control("\\margt", twips(setup.topMargin)) + control("\\margb", twips(setup.bottomMargin));
+    rtf += setup.orientation == Orientation::landscape ? "\\landscape" : "";
+    rtf += setup.oddAndEvenPages ? "\\facingp" : "";
+    return rtf;
+}
+
+std::string sectionPageWords(const PageSetup& setup, bool isFirst)
+{
+    std::string rtf = "\\sectd";
+    // A first section that starts in place cuts words apart in some readers, and says nothing there.
+    rtf +=
+        isFirst && setup.sectionStart == SectionStart::continuous ? "\\sbkpage" : wordOf(setup.sectionStart);
+    rtf += control("\\pgwsxn", twips(setup.pageWidth)) + control("\\pghsxn", twips(setup.pageHeight)) +
+           control("\\marglsxn", twips(setup.leftMargin)) + control("\\margrsxn", twips(setup.rightMargin)) +
+           control("\\margtsxn", twips(setup.topMargin)) + control("\\margbsxn", twips(setup.bottomMargin)) +
+           control("\\headery", twips(setup.headerDistance)) +
+           control("\\footery", twips(setup.footerDistance));
+    rtf += setup.orientation == Orientation::landscape ? "\\lndscpsxn" : "";
+    rtf += setup.differentFirstPage ? "\\titlepg" : "";
+    return rtf;
 }
 
 } // namespace standin::rtf

@@ -3,6 +3,7 @@
 #include "Document.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace standin::rtf {
@@ -22,5 +23,10 @@ private:
     model::Document& document_;
     model::PageSetup defaults_;
 };
+
+/// What a file says of its pages in front of the text.
+std::string documentPageWords(const model::PageSetup& setup);
+/// What it says of a section's.
+std::string sectionPageWords(const model::PageSetup& setup, bool isFirst);
 
 } // namespace standin::rtf

@@ -2,16 +2,13 @@
 
 #include "LiveRange.h"
 #include "PlainText.h"
-#include "RtfBookmarks.h"
 #include "RtfFields.h"
 #include "RtfLexer.h"
 #include "RtfObjects.h"
 #include "RtfPageWords.h"
 #include "RtfPictures.h"
-#include "RtfTables.h"
+#include "RtfStoryReader.h"
 #include "RtfTextFormat.h"
-#include "TableMarks.h"
-#include "TableSpans.h"
 #include "WordError.h"
 
 #include <algorithm>
@@ -74,8 +71,8 @@ class Reader
 {
 public:
     Reader(std::string_view bytes, Document& document)
-        : lexer_(bytes), document_(document),
-          story_(document.mainStory()), tables_{.styles = StyleSheetReader(document)}, pages_(document)
+        : lexer_(bytes), document_(document), tables_{.styles = StyleSheetReader(document)},
+          text_(document, state_.format, tables_), pages_(document)
     {
         state_.format.paragraphStyle = &document.styles().normal();
     }
@@ -86,7 +83,7 @@ public:
             readAll();
             pages_.findLandscapes();
         } catch (...) {
-            endRow(lastParagraphStart()); // what was read so far holds together
+            text_.endRow(); // what was read so far holds together
             throw;
         }
     }
@@ -94,7 +91,8 @@ public:
     void readFragment()
     {
         isFragment_ = true;
-        keepsAllStated_ = !document_.switches().insertFileKeepsDifferencesOnly;
+        if (!document_.switches().insertFileKeepsDifferencesOnly)
+            text_.keepAllStated();
         read();
     }
 
@@ -155,7 +153,7 @@ private:
         static constexpr std::size_t deepest = 10000;
         if (groups_.size() > deepest)
             refuse("The file's groups are nested too deep.");
-        flush();
+        text_.flush();
         toSkip_ = 0;
         groups_.push_back(state_);
         state_.opensHeader = false;
@@ -166,28 +164,24 @@ private:
 
     void closeGroup()
     {
-        flush();
+        text_.flush();
         toSkip_ = 0;
         isIgnorable_ = false;
         if (state_.destination != groups_.back().destination)
             finishDestination();
-        if (state_.opensField) {
-            fields_.close();
-            endedWithMark_ = false;
-        }
-        if (state_.opensPicture) {
+        if (state_.opensField)
+            text_.closeField();
+        if (state_.opensPicture)
             finishPicture();
-        } else if (state_.opensObject) {
+        else if (state_.opensObject)
             finishObject();
-        } else if (state_.destination == Destination::styles) {
+        else if (state_.destination == Destination::styles)
             tables_.styles.finish(state_.format.font, state_.format.paragraph, tables_.plain());
-        } else if (state_.opensHeader) {
-            finishStory();
-            story_ = document_.mainStory();
-        }
+        else if (state_.opensHeader)
+            text_.endHeader();
         if (groups_.size() == 1) {
-            endsParagraph_ = endedWithMark_ && markedStory_ == story_;
-            finishStory();
+            endsParagraph_ = text_.endsWithMark();
+            text_.finishStory();
         }
         const bool wasFonts = state_.destination == Destination::fonts;
         state_ = std::move(groups_.back());
@@ -228,7 +222,7 @@ private:
             picture_.word(token.word, number);
             picture_.data(token.data);
         } else if (state_.destination == Destination::objectData) {
-            objectData_.raw(token.data);
+            object_.raw(token.data);
         } else if (token.word == "u") {
             unicode(number);
         } else if (token.word == "uc") {
@@ -239,7 +233,7 @@ private:
             tables_.fonts.word(token.word, number);
         } else if (state_.destination != Destination::styles ||
                    !tables_.styles.take(token.word, number, tables_.colors)) {
-            flush();
+            text_.flush();
             textWord(token, number);
         }
     }
@@ -256,7 +250,7 @@ private:
             {"revtbl", Destination::skip},       {"filetbl", Destination::skip}};
         const auto found = destinations.find(name);
         if (found != destinations.end()) {
-            flush();
+            text_.flush();
             state_.destination = found->second;
             return true;
         }
@@ -268,11 +262,9 @@ private:
     {
         if (name == "field") {
             if (state_.destination == Destination::text && !state_.opensField) {
-                flush();
-                fields_.open(story_, characterFormat());
+                text_.openField();
                 state_.opensField = true;
                 state_.destination = Destination::field;
-                endedWithMark_ = false;
             }
             return true;
         }
@@ -280,7 +272,7 @@ private:
             return false;
         if (state_.destination == Destination::field) {
             if (name == "fldrslt")
-                fields_.openResult();
+                text_.openResult();
             state_.destination = Destination::text;
         } else if (name == "fldinst") {
             state_.destination = Destination::skip;
@@ -298,7 +290,7 @@ private:
         const auto found = destinations.find(name);
         if (found == destinations.end() || state_.destination != Destination::text)
             return false;
-        flush();
+        text_.flush();
         state_.destination = found->second;
         name_.clear();
         entry_ = {};
@@ -308,28 +300,19 @@ private:
     /// The group that ends was the whole of a bookmark's name or of an entry.
     void finishDestination()
     {
-        const Position at = fields_.insertionPoint(*story_);
         if (state_.destination == Destination::bookmarkStart)
-            bookmarks_.start(name_, story_, at);
+            text_.startBookmark(name_);
         else if (state_.destination == Destination::bookmarkEnd)
-            bookmarks_.end(name_, story_, at);
+            text_.endBookmark(name_);
         else if (state_.destination == Destination::contentsEntry)
             insertContentsEntry();
     }
 
     void insertContentsEntry()
     {
-        CharacterFormat format = characterFormat();
-        format.font.hidden = true;
         entry_.text = normalizeText(name_);
         std::replace(entry_.text.begin(), entry_.text.end(), mark::paragraph, u' ');
-        fields_.open(story_, format);
-        const Position at = fields_.insertionPoint(*story_);
-        const std::u16string code = entry_.code();
-        story_->insert(at, code);
-        story_->setCharacterFormat(at, at + static_cast<Position>(code.size()), format);
-        fields_.close();
-        endedWithMark_ = false;
+        text_.insertHiddenField(entry_.code());
     }
 
     bool openPicture(std::string_view name)
@@ -337,7 +320,7 @@ private:
         if (name != "pict" ||
             (state_.destination != Destination::text && state_.destination != Destination::object))
             return false;
-        flush();
+        text_.flush();
         picture_ = {};
         state_.destination = Destination::picture;
         state_.opensPicture = true;
@@ -349,13 +332,10 @@ private:
         const std::optional<InlineShape> shape = picture_.finish();
         if (!shape)
             return;
-        if (groups_.back().destination == Destination::object) {
-            object_.picture = shape->picture;
-            object_.width = shape->width;
-            object_.height = shape->height;
-        } else {
-            insertShape(*shape);
-        }
+        if (groups_.back().destination == Destination::object)
+            object_.show(*shape);
+        else
+            text_.insertShape(*shape);
     }
 
     bool openObjectPart(std::string_view name)
@@ -363,9 +343,8 @@ private:
         static const std::map<std::string_view, Destination> parts = {{"objclass", Destination::objectClass},
                                                                       {"objdata", Destination::objectData}};
         if (name == "object" && state_.destination == Destination::text) {
-            flush();
+            text_.flush();
             object_ = {};
-            objectData_ = {};
             state_.destination = Destination::object;
             state_.opensObject = true;
             return true;
@@ -377,36 +356,15 @@ private:
         return true;
     }
 
-    /// An object without a picture has nothing to show and is left out.
     void finishObject()
     {
-        if (!object_.picture)
+        const std::optional<InlineShape> shape = object_.finish();
+        if (!shape)
             return;
-        ObjectData data = readObjectData(objectData_.bytes());
-        std::replace_if(
-            object_.objectClass.begin(), object_.objectClass.end(), [](char16_t c) { return c < 0x20; },
-            u' ');
-        object_.type = data.isLinked ? InlineShapeType::linkedObject : InlineShapeType::embeddedObject;
-        object_.objectData = std::move(data.native);
-        for (const char c : data.link) {
-            const auto byte = static_cast<unsigned char>(c);
-            object_.link += byte < 0x20 ? u' ' : fromAnsi(byte);
-        }
-        const Position at = insertShape(object_);
         if (document_.switches().oleObjectIsField)
-            story_->wrapInField(at, at + 1, objectFieldCode(object_));
-    }
-
-    Position insertShape(const InlineShape& shape)
-    {
-        const Position at = fields_.insertionPoint(*story_);
-        const char16_t character = mark::picture;
-        insert({&character, 1});
-        CharacterFormat format = characterFormat();
-        format.shape = std::make_shared<InlineShape>(shape);
-        story_->setCharacterFormat(at, at + 1, format);
-        endedWithMark_ = false;
-        return at;
+            text_.insertObjectField(*shape);
+        else
+            text_.insertShape(*shape);
     }
 
     bool openHeader(std::string_view name)
@@ -422,16 +380,10 @@ private:
             index = HeaderFooterIndex::evenPages;
         else if (!which.empty() && which != "r")
             return false;
-        if (story_ != document_.mainStory())
+        if (!text_.isInBody())
             refuse("A header inside a header.");
-        flush();
-        endRow(lastParagraphStart());
-        const auto part = header ? Section::Part::header : Section::Part::footer;
-        lastSection()->setLinkToPrevious(part, index, false);
-        story_ = lastSection()->story(part, index);
-        story_->erase(0, story_->length() - 1);
+        text_.beginHeader(header ? Section::Part::header : Section::Part::footer, index);
         state_.opensHeader = true;
-        endedWithMark_ = false;
         return true;
     }
 
@@ -445,8 +397,8 @@ private:
             character(30);
         else if (c == '-')
             character(31);
-        else if (c == '\n' || c == '\r')
-            endParagraph();
+        else if ((c == '\n' || c == '\r') && isText())
+            text_.endParagraph();
     }
 
     void unicode(std::int32_t number)
@@ -459,7 +411,7 @@ private:
     {
         switch (state_.destination) {
         case Destination::text:
-            pending_ += c;
+            text_.character(c);
             return;
         case Destination::fonts:
             tables_.fonts.character(c);
@@ -483,10 +435,10 @@ private:
             picture_.character(c);
             return;
         case Destination::objectClass:
-            object_.objectClass += c;
+            object_.classCharacter(c);
             return;
         case Destination::objectData:
-            objectData_.digit(c);
+            object_.digit(c);
             return;
         case Destination::object:
         case Destination::skip:
@@ -494,174 +446,55 @@ private:
         }
     }
 
+    bool isText() const { return state_.destination == Destination::text; }
+
+    /// The end of a paragraph, a section, a cell or a row; false for any other word.
+    bool takeEnd(std::string_view name)
+    {
+        if (name == "par" || name == "nestcell")
+            text_.endParagraph();
+        else if (name == "sect")
+            text_.endSection();
+        else if (name == "cell")
+            text_.endCell();
+        else if (name == "row")
+            text_.endRowHere();
+        else
+            return false;
+        return true;
+    }
+
     void textWord(const RtfToken& token, std::int32_t number)
     {
         const std::string_view name = token.word;
         if (const auto c = characterOf(name))
             character(*c);
-        else if (name == "par")
-            endParagraph();
-        else if (name == "sect")
-            endSection();
-        else if (name == "cell" || name == "nestcell")
-            name == "cell" ? endCell() : endParagraph();
-        else if (name == "row" && state_.destination == Destination::text)
-            endRow(fields_.insertionPoint(*story_));
+        else if (isText() && takeEnd(name))
+            return;
         else if (name == "tcl" || name == "tcf")
             (name == "tcl" ? entry_.level : entry_.table) = number;
         else if (name == "deff")
             tables_.defaultFont = number;
-        else if (!takeFormatWord(state_.format, tables_, token) &&
-                 !rowDefinition_.take(name, number, tables_.colors))
+        else if (!takeFormatWord(state_.format, tables_, token) && !text_.takeRowWord(name, number))
             pages_.take(name, number);
-    }
-
-    SectionPtr lastSection() const { return document_.section(document_.sectionCount()); }
-
-    void flush()
-    {
-        if (pending_.empty())
-            return;
-        insert(normalizeText(pending_));
-        pending_.clear();
-        endedWithMark_ = false;
-    }
-
-    void insert(std::u16string_view text)
-    {
-        const Position at = fields_.insertionPoint(*story_);
-        story_->insert(at, text);
-        story_->setCharacterFormat(at, at + static_cast<Position>(text.size()), characterFormat());
-    }
-
-    CharacterFormat characterFormat() const
-    {
-        return {state_.format.characterStyle, state_.format.ownFont(keepsAllStated_)};
-    }
-
-    void formatLastParagraph()
-    {
-        ParagraphFormat format;
-        format.style = state_.format.paragraphStyle;
-        format.properties = state_.format.ownParagraph(keepsAllStated_);
-        story_->setParagraphFormat(story_->paragraphCount() - 1, format);
-    }
-
-    void endParagraph()
-    {
-        if (state_.destination != Destination::text)
-            return;
-        flush();
-        if (!state_.format.inTable)
-            endRow(lastParagraphStart());
-        formatLastParagraph();
-        const char16_t paragraphMark = mark::paragraph;
-        insert({&paragraphMark, 1});
-        if (state_.format.inTable) {
-            rowIsOpen_ = true;
-            putIntoTable(story_->paragraphCount() - 2);
-        }
-        endedWithMark_ = true;
-        markedStory_ = story_;
-    }
-
-    void endCell()
-    {
-        if (state_.destination != Destination::text)
-            return;
-        flush();
-        formatLastParagraph();
-        const Position at = fields_.insertionPoint(*story_);
-        story_->insertParagraphEnd(at, mark::cell, ParagraphEnd::cell);
-        story_->setCharacterFormat(at, at + 1, characterFormat());
-        putIntoTable(story_->paragraphCount() - 2);
-        rowIsOpen_ = true;
-        ++rowCells_;
-        endedWithMark_ = false;
-    }
-
-    void putIntoTable(std::size_t paragraph)
-    {
-        ParagraphFormat format = *story_->paragraph(paragraph).format;
-        format.inTable = true;
-        story_->setParagraphFormat(paragraph, format);
-    }
-
-    Position lastParagraphStart() const { return story_->paragraph(story_->paragraphCount() - 1).start; }
-
-    /// Ends the open row at `at`. Text behind the last cell becomes a cell, so that every row is whole.
-    void endRow(Position at)
-    {
-        if (!rowIsOpen_)
-            return;
-        if (!isCellMark(*story_, at - 1)) {
-            insertCellMark(*story_, at, story_->paragraphIndexAt(at - 1));
-            ++at;
-            ++rowCells_;
-        }
-        RowFormat format = rowDefinition_.format(rowCells_);
-        format.style = tables_.styles.style(rowDefinition_.style(), StyleType::table);
-        insertRowMark(*story_, at, format);
-        rowIsOpen_ = false;
-        rowCells_ = 0;
-        endedWithMark_ = false;
-    }
-
-    void endSection()
-    {
-        if (story_ != document_.mainStory() || state_.destination != Destination::text)
-            return;
-        endRow(lastParagraphStart());
-        formatLastParagraph();
-        document_.breakSection(fields_.insertionPoint(*story_), SectionStart::newPage);
-        endedWithMark_ = false;
-    }
-
-    /// The mark that the story has by nature takes the place of the last one read.
-    void finishStory()
-    {
-        flush();
-        endRow(lastParagraphStart());
-        if (endedWithMark_ && markedStory_ == story_) {
-            const Position last = story_->length() - 1;
-            const ParagraphFormat format = *story_->paragraphAt(last - 1).format;
-            const CharacterFormat characters = *story_->runAt(last - 1).format;
-            BookmarkReader::eraseDoubleMark(story_);
-            story_->setParagraphFormat(story_->paragraphCount() - 1, format);
-            story_->setCharacterFormat(last - 1, last, characters);
-        } else {
-            formatLastParagraph();
-        }
-        endedWithMark_ = false;
-        markedStory_.reset();
     }
 
     RtfLexer lexer_;
     Document& document_;
-    std::shared_ptr<Story> story_;
     std::vector<GroupState> groups_;
     GroupState state_;
     bool isIgnorable_ = false;
     std::int32_t toSkip_ = 0;
-    std::u16string pending_;
-    bool endedWithMark_ = false;
-    std::shared_ptr<Story> markedStory_;
-    OpenFields fields_;
-    BookmarkReader bookmarks_;
     std::u16string name_; ///< of a bookmark, or the text of an entry for a table of contents
     ContentsEntry entry_;
     PictureReader picture_;
-    InlineShape object_;
-    HexReader objectData_;
-    RowDefinitionReader rowDefinition_;
-    bool rowIsOpen_ = false;
-    std::size_t rowCells_ = 0;
+    ObjectReader object_;
 
     bool isFragment_ = false;
-    bool keepsAllStated_ = false;
     bool endsParagraph_ = false;
 
     TextTables tables_;
+    StoryReader text_;
     PageReader pages_;
 };
 

@@ -1,18 +1,18 @@
 #include "RtfWriter.h"
 
 #include "RtfBookmarks.h"
+#include "RtfDocumentTables.h"
 #include "RtfFields.h"
 #include "RtfObjects.h"
+#include "RtfPageWords.h"
+#include "RtfParagraphWords.h"
 #include "RtfPictures.h"
-#include "RtfTableLook.h"
 #include "RtfTables.h"
 #include "RtfText.h"
 #include "TableSpans.h"
 #include "VisibleText.h"
 
 #include <algorithm>
-#include <array>
-#include <map>
 #include <optional>
 
 namespace standin::rtf {
@@ -20,166 +20,6 @@ namespace standin::rtf {
 namespace {
 
 using namespace model;
-
-/// Numbers in the order in which things are first asked for.
-template <typename Key>
-class Table
-{
-public:
-    std::int32_t number(const Key& key)
-    {
-        const auto [place, isNew] = numbers_.try_emplace(key, static_cast<std::int32_t>(keys_.size()));
-        if (isNew)
-            keys_.push_back(key);
-        return place->second;
-    }
-    const std::vector<Key>& keys() const { return keys_; }
-
-private:
-    std::map<Key, std::int32_t> numbers_;
-    std::vector<Key> keys_;
-};
-
-/// RTF knows the built-in styles by these names, whatever the language.
-std::u16string rtfStyleName(const Style& style)
-{
-    static constexpr std::array keptUpper = {-1, -66, -86, -87, -88, -89, -90, -91, -92, -95};
-    const auto number = style.builtinNumber();
-    const bool keeps = std::find(keptUpper.begin(), keptUpper.end(), number) != keptUpper.end() ||
-                       number <= -93 || (number <= -47 && number >= -85);
-    if (!style.isBuiltin() || keeps)
-        return style.name();
-    return foldCase(style.name());
-}
-
-std::string_view fontFamily(std::u16string_view name)
-{
-    if (name == u"Times New Roman")
-        return "\\froman";
-    if (name == u"Arial" || name == u"Tahoma")
-        return "\\fswiss";
-    return name == u"Courier New" ? "\\fmodern" : "\\fnil";
-}
-
-std::string_view alignmentWord(Alignment alignment)
-{
-    switch (alignment) {
-    case Alignment::center:
-        return "\\qc";
-    case Alignment::right:
-        return "\\qr";
-    case Alignment::justify:
-        return "\\qj";
-    case Alignment::left:
-        break;
-    }
-    return "\\ql";
-}
-
-std::string_view sectionStartWord(SectionStart start)
-{
-    switch (start) {
-    case SectionStart::continuous:
-        return "\\sbknone";
-    case SectionStart::newColumn:
-        return "\\sbkcol";
-    case SectionStart::evenPage:
-        return "\\sbkeven";
-    case SectionStart::oddPage:
-        return "\\sbkodd";
-    case SectionStart::newPage:
-        break;
-    }
-    return "\\sbkpage";
-}
-
-std::string_view tabLeaderWord(TabStop::Leader leader)
-{
-    switch (leader) {
-    case TabStop::Leader::dots:
-        return "\\tldot";
-    case TabStop::Leader::dashes:
-        return "\\tlhyph";
-    case TabStop::Leader::lines:
-        return "\\tlul";
-    case TabStop::Leader::heavy:
-        return "\\tlth";
-    case TabStop::Leader::middleDot:
-        return "\\tlmdot";
-    case TabStop::Leader::spaces:
-        break;
-    }
-    return "";
-}
-
-std::string tabStops(const std::vector<TabStop>& tabs)
-{
-    std::string rtf;
-    for (const TabStop& tab : tabs) {
-        if (tab.kind != TabStop::Kind::left)
-            rtf += tab.kind == TabStop::Kind::center ? "\\tqc" : "\\tqr";
-        rtf += tabLeaderWord(tab.leader);
-        rtf += control("\\tx", twips(tab.position));
-    }
-    return rtf;
-}
-
-std::string paragraphBorder(std::string_view side, const std::optional<Border>& border)
-{
-    // Word keeps a line a point away from the text.
-    return border && border->isVisible ? borderLine(side, *border) + "\\brsp20" : "";
-}
-
-std::string paragraphProperties(const ParagraphProperties& properties)
-{
-    std::string rtf(alignmentWord(properties.alignment.value_or(Alignment::left)));
-    const auto length = [&rtf](std::string_view word, const std::optional<float>& points) {
-        if (points.value_or(0) != 0)
-            rtf += control(word, twips(*points));
-    };
-    length("\\li", properties.leftIndent);
-    length("\\ri", properties.rightIndent);
-    length("\\fi", properties.firstLineIndent);
-    length("\\sb", properties.spaceBefore);
-    length("\\sa", properties.spaceAfter);
-    if (properties.keepWithNext.value_or(false))
-        rtf += "\\keepn";
-    if (properties.pageBreakBefore.value_or(false))
-        rtf += "\\pagebb";
-    const std::int32_t level = properties.outlineLevel.value_or(10);
-    if (level >= 1 && level <= 9)
-        rtf += control("\\outlinelevel", level - 1);
-    rtf += paragraphBorder("\\brdrt", properties.topBorder) +
-           paragraphBorder("\\brdrb", properties.bottomBorder);
-    return rtf + tabStops(properties.tabs.value_or(std::vector<TabStop>()));
-}
-
-/// The words for Word's underline kinds that RTF 1.6 names.
-std::string_view underlineWord(std::int32_t kind)
-{
-    switch (kind) {
-    case 0:
-        return "";
-    case 2:
-        return "\\ulw";
-    case 3:
-        return "\\uldb";
-    case 4:
-        return "\\uld";
-    case 6:
-        return "\\ulth";
-    case 7:
-        return "\\uldash";
-    case 9:
-        return "\\uldashd";
-    case 10:
-        return "\\uldashdd";
-    case 11:
-        return "\\ulwave";
-    default:
-        return "\\ul";
-    }
-}
 
 std::string shapeText(const InlineShape& shape)
 {
@@ -189,161 +29,30 @@ std::string shapeText(const InlineShape& shape)
 class Writer
 {
 public:
-    explicit Writer(const Document& document) : document_(document)
-    {
-        for (const char16_t* usual : {u"Times New Roman", u"Arial", u"Courier New"})
-            fonts_.number(usual);
-        numberStyles();
-    }
+    explicit Writer(const Document& document) : document_(document), tables_(document) {}
 
     std::string write()
     {
         // The body comes first, because it decides which fonts and colours the tables in front of it hold.
-        const std::string sheet = styleSheet();
+        const std::string sheet = tables_.styleSheet();
         const std::string body = sections();
-        return "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\\deflang1033\n" + fontTable() + colorTable() + sheet +
-               documentProperties() + body + "}\n";
+        return "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\\deflang1033\n" + tables_.fontTable() +
+               tables_.colorTable() + sheet + documentPageWords(document_.section(1)->pageSetup) + "\n" +
+               body + "}\n";
     }
 
 private:
-    /// Built-in styles have their numbers in every file: Normal 0, headings 1 to 9.
-    void numberStyles()
-    {
-        std::int32_t next = 200;
-        for (const StylePtr& style : document_.styles().all())
-            styleNumbers_[style.get()] = style->isBuiltin() ? -style->builtinNumber() - 1 : next++;
-    }
-
-    std::string fontProperties(const FontProperties& font)
-    {
-        std::string rtf;
-        if (font.name)
-            rtf += control("\\f", fonts_.number(*font.name));
-        if (font.size)
-            rtf += control("\\fs", std::clamp(twips(*font.size) / 10, 2, 3276));
-        rtf += font.bold.value_or(false) ? "\\b" : "";
-        rtf += font.italic.value_or(false) ? "\\i" : "";
-        rtf += font.strikeThrough.value_or(false) ? "\\strike" : "";
-        rtf += font.hidden.value_or(false) ? "\\v" : "";
-        rtf += underlineWord(font.underline.value_or(0));
-        const std::int32_t color = font.color.value_or(FontProperties::automaticColor);
-        if (color != FontProperties::automaticColor)
-            rtf += control("\\cf", colors_.number(color) + 1);
-        return rtf;
-    }
-
-    std::string fontTable() const
-    {
-        std::string rtf = "{\\fonttbl";
-        for (std::size_t i = 0; i < fonts_.keys().size(); ++i) {
-            const std::u16string& name = fonts_.keys()[i];
-            rtf += control("{\\f", static_cast<std::int32_t>(i));
-            rtf += fontFamily(name);
-            rtf += "\\fcharset0\\fprq2 " + nameText(name) + ";}";
-        }
-        return rtf + "}\n";
-    }
-
-    /// A name that may hold anything, for a place where a semicolon ends it.
-    static std::string nameText(std::u16string name)
-    {
-        std::replace_if(
-            name.begin(), name.end(), [](char16_t c) { return c < 0x20 || c == u';'; }, u' ');
-        return escapeText(name);
-    }
-
-    std::string colorTable() const
-    {
-        std::string rtf = "{\\colortbl;";
-        for (const std::int32_t color : colors_.keys()) {
-            rtf += control("\\red", color & 0xFF) + control("\\green", (color >> 8) & 0xFF) +
-                   control("\\blue", (color >> 16) & 0xFF) + ";";
-        }
-        return rtf + "}\n";
-    }
-
-    std::string styleSheet()
-    {
-        std::string rtf = "{\\stylesheet" + styleEntry(document_.styles().normal());
-        for (const StylePtr& style : document_.styles().all())
-            if (style.get() != &document_.styles().normal())
-                rtf += styleEntry(*style);
-        return rtf + "}\n";
-    }
-
-    std::string styleEntry(const Style& style)
-    {
-        const std::int32_t number = styleNumbers_.at(&style);
-        std::string rtf = "\n{";
-        if (style.type() == StyleType::table)
-            return tableStyleEntries(style);
-        if (style.type() == StyleType::character) {
-            rtf += control("\\*\\cs", number) + "\\additive" + fontProperties(style.resolvedFont());
-        } else {
-            rtf += control("\\s", number) + paragraphProperties(style.resolvedParagraph()) +
-                   fontProperties(style.resolvedFont()) + control("\\snext", styleNumbers_.at(style.next()));
-        }
-        if (style.base())
-            rtf += control("\\sbasedon", styleNumbers_.at(style.base()));
-        return rtf + " " + nameText(rtfStyleName(style)) + ";}";
-    }
-
-    std::string tableStyleEntries(const Style& style)
-    {
-        const std::int32_t number = styleNumbers_.at(&style);
-        const RowNumbers numbers = rowNumbers(number);
-        const std::string start = "\n{" + control("\\*\\ts", number) + "\\tsrowd";
-        const std::string end = control("\\snext", number) + " " + nameText(style.name()) + ";}";
-        return start + tableWords(style.table, numbers) + end + start + "\\tscfirstrow" +
-               headingWords(style.table, numbers) + fontProperties(style.table.headingFont) + end;
-    }
-
-    RowNumbers rowNumbers(std::int32_t style)
-    {
-        return {style, [this](std::int32_t color) { return colors_.number(color) + 1; }};
-    }
-
-    std::string documentProperties() const
-    {
-        const PageSetup& setup = document_.section(1)->pageSetup;
-        std::string rtf =
-            control("\\paperw", twips(setup.pageWidth)) + control("\\paperh", twips(setup.pageHeight)) +
-            control("\\margl", twips(setup.leftMargin)) + control("\\margr", twips(setup.rightMargin)) +
-            control("\\margt", twips(setup.topMargin)) + control("\\margb", twips(setup.bottomMargin));
-        rtf += setup.orientation == Orientation::landscape ? "\\landscape" : "";
-        rtf += setup.oddAndEvenPages ? "\\facingp" : "";
-        return rtf + "\n";
-    }
-
     std::string sections()
     {
         std::string rtf;
         StoryState body(*document_.mainStory());
         for (std::int32_t index = 1; index <= document_.sectionCount(); ++index) {
             const SectionPtr section = document_.section(index);
-            rtf += sectionProperties(section->pageSetup, index == 1) + headersAndFooters(*section);
+            rtf += sectionPageWords(section->pageSetup, index == 1) + "\n" + headersAndFooters(*section);
             rtf += paragraphs(body, document_.sectionStart(index), document_.sectionEnd(index));
             rtf += index < document_.sectionCount() ? "\\sect\n" : "";
         }
         return rtf;
-    }
-
-    static std::string sectionProperties(const PageSetup& setup, bool isFirst)
-    {
-        std::string rtf = "\\sectd";
-        // A first section that starts in place cuts words apart in some readers, and says nothing there.
-        rtf += isFirst && setup.sectionStart == SectionStart::continuous
-                   ? "\\sbkpage"
-                   : sectionStartWord(setup.sectionStart);
-        rtf +=
-            control("\\pgwsxn", twips(setup.pageWidth)) + control("\\pghsxn", twips(setup.pageHeight)) +
-            control("\\marglsxn", twips(setup.leftMargin)) + control("\\margrsxn", twips(setup.rightMargin)) +
-            control("\\margtsxn", twips(setup.topMargin)) + control("\\margbsxn", twips(setup.bottomMargin)) +
-            control("\\headery", twips(setup.headerDistance)) +
-            control("\\footery", twips(setup.footerDistance));
-        rtf += setup.orientation == Orientation::landscape ? "\\lndscpsxn" : "";
-        rtf += setup.differentFirstPage ? "\\titlepg" : "";
-        return rtf + "\n";
     }
 
     std::string headersAndFooters(const Section& section)
@@ -420,7 +129,7 @@ private:
             place.isSecond = before.first == 0 || !isTableAt(before.first - 1);
         }
         heading_ = isFirst && format.style ? &format.style->table.headingFont : nullptr;
-        return rowDefinition(format, place, rowNumbers(format.style ? styleNumbers_.at(format.style) : 0));
+        return rowDefinition(format, place, tables_.rowNumbers(format.style));
     }
 
     static bool startsRow(const Story& story, std::size_t paragraph)
@@ -451,7 +160,7 @@ private:
         ParagraphProperties properties = format.style->resolvedParagraph();
         properties.overlay(format.properties);
         return std::string("\\pard\\plain") + (format.inTable ? "\\intbl" : "") +
-               control("\\s", styleNumbers_.at(format.style)) + paragraphProperties(properties);
+               control("\\s", tables_.number(*format.style)) + paragraphWords(properties);
     }
 
     /// The paragraph's characters; the last stretch stays open, so that the mark takes its formatting.
@@ -561,20 +270,18 @@ private:
 
     std::string runStart(const ParagraphFormat& paragraph, const CharacterFormat& format)
     {
-        const std::string style = format.style ? control("\\cs", styleNumbers_.at(format.style)) : "";
+        const std::string style = format.style ? control("\\cs", tables_.number(*format.style)) : "";
         FontProperties font = Story::effectiveFont(paragraph, format);
         // Readers go by what is said of the text, and not by its table's style.
         if (heading_ && !format.font.bold && heading_->bold)
             font.bold = heading_->bold;
         if (heading_ && !format.font.color && !(format.style && format.style->font.color) && heading_->color)
             font.color = heading_->color;
-        return style + fontProperties(font);
+        return style + tables_.fontWords(font);
     }
 
     const Document& document_;
-    Table<std::u16string> fonts_;
-    Table<std::int32_t> colors_;
-    std::map<const Style*, std::int32_t> styleNumbers_;
+    DocumentTables tables_;
     const FontProperties* heading_ = nullptr; ///< of the row in hand, if it is a table's first one
 };
 

@@ -2,14 +2,17 @@
 
 #include "ExceptionTranslation.h"
 #include "IPropertyPageImpl.h"
+#include "TaskString.h"
 
+#include <string_view>
 #include <utility>
 
 /// A property page whose fields stand in a window of its own. The window comes with `Activate` and goes with
 /// `Deactivate`; a page fills the fields when it is shown for the first time in between.
 ///
 /// `Window` is made without a window of the system's and has `create(HWND, const RECT&)`, `destroy()`,
-/// `show(UINT)`, `move(const RECT&)`, `focusFirstField()`, and true while the system's window is there.
+/// `show(UINT)`, `move(const RECT&)`, `focusFirstField()`, `naturalSize()` without an object, and true while
+/// the system's window is there.
 ///
 /// Threading: that of the page, which is one thread's.
 template <class Window>
@@ -66,6 +69,33 @@ public:
         return S_OK;
     }
 
+    /// Active or not. The caller frees the texts with CoTaskMemFree.
+    STDMETHODIMP GetPageInfo(PROPPAGEINFO* info) noexcept override
+    try {
+        if (info == nullptr)
+            return E_POINTER;
+        TaskString ownTitle = taskString(title());
+        TaskString ownDescription = taskString(description());
+        const SIZE size = Window::naturalSize();
+        *info = {sizeof *info, ownTitle.release(), size, ownDescription.release(), nullptr, 0};
+        return S_OK;
+    } catch (...) {
+        return currentExceptionToHresult();
+    }
+
+    /// E_UNEXPECTED while the page is not active, and when an input was refused, which the user has been told
+    /// by then.
+    STDMETHODIMP Apply() noexcept override
+    try {
+        if (!window_)
+            return E_UNEXPECTED;
+        if (needsFilling_)
+            return S_OK; // Never shown: the empty fields are nobody's input.
+        return store() ? S_OK : E_UNEXPECTED;
+    } catch (...) {
+        return currentExceptionToHresult();
+    }
+
 protected:
     template <class... Arguments>
     explicit WindowPage(Arguments&&... arguments) : window_(std::forward<Arguments>(arguments)...)
@@ -73,8 +103,15 @@ protected:
     }
     ~WindowPage() = default;
 
+    /// \name What differs between pages
+    /// @{
+    [[nodiscard]] virtual std::wstring_view title() const = 0;
+    [[nodiscard]] virtual std::wstring_view description() const = 0;
     /// Puts what is stored into the fields.
     virtual void fill() = 0;
+    /// Stores what stands in the fields, which are edited no more then; false when an input was refused.
+    virtual bool store() = 0;
+    /// @}
 
     /// `fill`, after which nothing is edited.
     void refill()
@@ -93,8 +130,6 @@ protected:
 
     [[nodiscard]] Window& window() noexcept { return window_; }
     [[nodiscard]] const Window& window() const noexcept { return window_; }
-    /// Whether the fields are empty, and nobody's input.
-    [[nodiscard]] bool needsFilling() const noexcept { return needsFilling_; }
 
 private:
     Window window_;

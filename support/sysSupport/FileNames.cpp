@@ -90,6 +90,18 @@ bool saysPicture(View<Char> extension)
                                [&](std::string_view picture) { return isText(extension, picture); });
 }
 
+template <class Char>
+std::basic_string<Char> inPictureFolder(View<Char> installDir, View<Char> name, bool (*isLead)(Char))
+{
+    constexpr std::string_view folder = "pix";
+    const Parts parts = findParts(name, isLead);
+    if (parts.bareName > 0 || !saysPicture(name.substr(parts.extension)))
+        return {};
+    const std::basic_string<Char> pictures =
+        join(installDir, View<Char>(std::basic_string<Char>(folder.begin(), folder.end())), isLead);
+    return join(View<Char>(pictures), name, isLead);
+}
+
 } // namespace
 
 Parts partsOf(std::wstring_view name)
@@ -130,6 +142,16 @@ bool isPictureExtension(std::wstring_view extension)
 bool isPictureExtension(std::string_view extension)
 {
     return saysPicture(extension);
+}
+
+std::wstring installedPicture(std::wstring_view installDir, std::wstring_view name)
+{
+    return inPictureFolder(installDir, name, isNoLeadByte);
+}
+
+std::string installedPicture(std::string_view installDir, std::string_view name, IsLeadByte isLeadByte)
+{
+    return inPictureFolder(installDir, name, isLeadByte);
 }
 
 } // namespace fileNames

@@ -38,4 +38,10 @@ using IsLeadByte = bool (*)(char);
 [[nodiscard]] bool isPictureExtension(std::wstring_view extension);
 [[nodiscard]] bool isPictureExtension(std::string_view extension);
 
+/// Where an installation in that folder has a picture of that name; empty for a name with a folder, and for
+/// one that is no picture's.
+[[nodiscard]] std::wstring installedPicture(std::wstring_view installDir, std::wstring_view name);
+[[nodiscard]] std::string installedPicture(std::string_view installDir, std::string_view name,
+                                           IsLeadByte isLeadByte);
+
 } // namespace fileNames

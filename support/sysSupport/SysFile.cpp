@@ -77,6 +77,11 @@ QdxString SysFile::appendToDir(const QdxString& dir, const QdxString& name)
     return fileNames::joined(dir.data(), name.data(), isLeadByte).c_str();
 }
 
+QdxString SysFile::installedPicture(const QdxString& installDir, const QdxString& name)
+{
+    return fileNames::installedPicture(installDir.data(), name.data(), isLeadByte).c_str();
+}
+
 bool SysFile::isHyperLink(const QdxString& name)
 {
     return fileNames::isAddress(name.data());

@@ -25,6 +25,9 @@ public:
     /// `dir` and `name` with exactly one separator between them; an empty `dir` gives the name alone.
     [[nodiscard]] static QdxString appendToDir(const QdxString& dir, const QdxString& name);
 
+    /// "c:\inst\pix\a.gif" of the bare name of a picture; empty for any other name.
+    [[nodiscard]] static QdxString installedPicture(const QdxString& installDir, const QdxString& name);
+
     /// An address and no path: a scheme of two or more letters in front of a colon (one letter is a drive),
     /// or a name that starts with "www.", in any case.
     [[nodiscard]] static bool isHyperLink(const QdxString& name);

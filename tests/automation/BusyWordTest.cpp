@@ -93,7 +93,7 @@ TEST_F(BusyWordTest, IsAskedAgainByCallsWithoutAFrame)
 }
 
 /// Gives the application after it has rejected some requests with `answer`.
-OtherWord busyWord(const standin::Session& word, int rejections, HRESULT answer)
+OtherWord busyWord(const standin::InProcessWord& word, int rejections, HRESULT answer)
 {
     return OtherWord([&word, left = rejections, answer](REFIID iid, void** out) mutable {
         *out = nullptr;
@@ -179,7 +179,7 @@ protected:
     /// A session from `start` to `stop`; all that Word heard of it, but for what it rejected.
     Lines play(long call, HRESULT code)
     {
-        standin::Session busy;
+        standin::InProcessWord busy;
         MirovelSection::clearCache();
         installed.reset();
         installed = std::make_unique<standin::ClassRegistration>(busy);

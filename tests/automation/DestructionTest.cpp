@@ -113,9 +113,9 @@ TEST_F(DestructionTest, KeepsErrorsToItselfAtLevelZero)
 TEST_F(DestructionTest, ReleasesEverythingWhateverFails)
 {
     for (long failing = 1; failing <= 25; ++failing) {
-        standin::Session session;
+        standin::InProcessWord other;
         installed.reset();
-        installed = std::make_unique<standin::ClassRegistration>(session);
+        installed = std::make_unique<standin::ClassRegistration>(other);
         client = newClient();
         setting("Word", "WordTemplateName", "");
         ASSERT_THAT(client->start(), isHresult(S_OK));
@@ -125,9 +125,9 @@ TEST_F(DestructionTest, ReleasesEverythingWhateverFails)
         client->insertText(L"head"_b);
         client->startFooter();
         client->insertText(L"foot"_b);
-        session.failFromCall(failing, refused);
+        other.failFromCall(failing, refused);
         release();
-        EXPECT_EQ(session.liveObjects(), 0) << failing;
+        EXPECT_EQ(other.liveObjects(), 0) << failing;
     }
 }
 

@@ -117,7 +117,7 @@ Setting::~Setting()
                        bstr(name_));
 }
 
-FrontEndTest::FrontEndTest(const standin::SessionOptions& options)
+FrontEndTest::FrontEndTest(const standin::InProcessWordOptions& options)
     : word(options), installed(std::make_unique<standin::ClassRegistration>(word)), client(newClient()),
       noQuestions_(unexpectedQuestion),
       shell_([this](const QdxString& fileName) { opened.emplace_back(fileName.data()); })

@@ -10,7 +10,8 @@
 #include "WinUtils/QdxMessageBox.h"
 #include "general/QdxException.h"
 
-#include "InProcess.h"
+#include "ClassRegistration.h"
+#include "InProcessWord.h"
 
 #include <comdef.h>
 #include <gmock/gmock.h>
@@ -98,7 +99,7 @@ private:
 class FrontEndTest : public testing::Test
 {
 protected:
-    explicit FrontEndTest(const standin::SessionOptions& options = {});
+    explicit FrontEndTest(const standin::InProcessWordOptions& options = {});
     void TearDown() override;
 
     static IDocumentPtr newClient();
@@ -123,7 +124,7 @@ protected:
     const LONG locksAtStart = moduleLocks();
     OwnRegistry registry; ///< Settings that a test stores are the test's own.
     ScratchFolder folder;
-    standin::Session word;
+    standin::InProcessWord word;
     std::unique_ptr<standin::ClassRegistration> installed;
     IDocumentPtr client;
     Lines opened; ///< By the shell.

@@ -3,6 +3,7 @@
 #include "OtherWord.h"
 
 #include "Document.h"
+#include "RunningApplication.h"
 
 #include <map>
 
@@ -82,7 +83,7 @@ TEST_F(LifecycleTest, StartsOnlyOnce)
 
 TEST_F(LifecycleTest, AttachesToARunningWord)
 {
-    const standin::RunningApplication running(word);
+    const standin::RunningApplication running(*word.application());
     start();
     EXPECT_EQ(installed->created(), 0);
     EXPECT_LINES(takeTranscript(), Lines{"application.Documents -> application.Documents"});
@@ -115,7 +116,7 @@ TEST_F(LifecycleTest, StaysIdleWhenWordDoesNotAnswer)
 TEST_F(LifecycleTest, EndsTheWordThatItStartedInVain)
 {
     for (const bool quitFails : {false, true}) {
-        standin::Session started;
+        standin::InProcessWord started;
         installed.reset();
         installed = std::make_unique<standin::ClassRegistration>(started);
         started.failCall(1, refused);
@@ -133,7 +134,7 @@ TEST_F(LifecycleTest, EndsTheWordThatItStartedInVain)
 
 TEST_F(LifecycleTest, LeavesARunningWordAloneThatDoesNotAnswer)
 {
-    const standin::RunningApplication running(word);
+    const standin::RunningApplication running(*word.application());
     word.failCall(1, refused);
     EXPECT_THROW(client->start(), QdxException);
     EXPECT_LINES(takeTranscript(), Lines{"application.Documents !! 0x800a1234"});
@@ -445,7 +446,7 @@ protected:
 
 TEST_F(RunningDocumentTest, ClosesTheDocumentThatIsOpenUnderTheName)
 {
-    const standin::RunningApplication running(word);
+    const standin::RunningApplication running(*word.application());
     const Word::DocumentsPtr documents = word.application()->GetDocuments();
     documents->Add()->SaveAs(bstr(folder.file("other.doc")));
     documents->Add()->SaveAs(bstr(folder.file("TEST.doc")));
@@ -470,7 +471,7 @@ TEST_F(RunningDocumentTest, ClosesTheDocumentThatIsOpenUnderTheName)
 
 TEST_F(RunningDocumentTest, AFailureInLookingForItReachesTheClientAsItIs)
 {
-    const standin::RunningApplication running(word);
+    const standin::RunningApplication running(*word.application());
     word.application()->GetDocuments()->Add()->SaveAs(bstr(documentName()));
     start();
     const std::map<long, const char*> calls = {
@@ -490,8 +491,8 @@ TEST_F(RunningDocumentTest, AFailureInLookingForItReachesTheClientAsItIs)
 
 TEST_F(RunningDocumentTest, LeavesWordAloneWhenAnotherProgramHasTheFileOpen)
 {
-    const standin::SessionOptions announcing{{}, true};
-    const standin::Session other(announcing);
+    const standin::InProcessWordOptions announcing{{}, true};
+    const standin::InProcessWord other(announcing);
     const Word::_DocumentPtr document = other.application()->GetDocuments()->Add();
     document->SaveAs(bstr(documentName()));
     start();

@@ -22,7 +22,7 @@ public:
     OtherApartment()
     {
         apartment_.run([this] {
-            word = std::make_unique<standin::Session>();
+            word = std::make_unique<standin::InProcessWord>();
             installed_ = std::make_unique<standin::ClassRegistration>(*word);
             void* created = nullptr;
             _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
@@ -45,7 +45,7 @@ public:
     /// Does `work` in the apartment.
     void run(const std::function<void()>& work) { apartment_.run(work); }
 
-    std::unique_ptr<standin::Session> word;
+    std::unique_ptr<standin::InProcessWord> word;
     IDocumentPtr object; ///< For use in the apartment alone.
 
 private:

@@ -1,6 +1,8 @@
 // A Word of one's own: nobody else's Word is touched, and of this one only what the client has opened.
 #include "FrontEndTest.h"
 
+#include "RunningApplication.h"
+
 #include <optional>
 
 namespace {
@@ -18,9 +20,9 @@ protected:
         EXPECT_EQ(others.liveObjects(), 0);
     }
 
-    static Word::_DocumentPtr addDocument(const standin::Session& session, const wchar_t* text)
+    static Word::_DocumentPtr addDocument(const standin::InProcessWord& other, const wchar_t* text)
     {
-        const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+        const Word::_DocumentPtr document = other.application()->GetDocuments()->Add();
         document->GetContent()->InsertAfter(text);
         return document;
     }
@@ -31,8 +33,8 @@ protected:
         return takeTranscript();
     }
 
-    standin::Session others;
-    std::optional<standin::RunningApplication> running{std::in_place, others};
+    standin::InProcessWord others;
+    std::optional<standin::RunningApplication> running{std::in_place, *others.application()};
     const std::string quit = "application.Quit(missing, missing, missing)";
     const std::string closeAndSave = ".Close(-1, missing, missing)";
 };

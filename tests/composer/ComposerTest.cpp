@@ -108,16 +108,6 @@ protected:
         std::make_unique<Composer>(Composer::Pen::typed, trace, L"", nullptr, look);
 };
 
-TEST_F(ComposerTest, SavesInTheFormatThatTheNameSays)
-{
-    EXPECT_EQ(composer->saveFormat(L"C:\\a\\b.doc"), _variant_t(0L));
-    EXPECT_EQ(composer->saveFormat(L"b.docx"), _variant_t(12L));
-    EXPECT_EQ(composer->saveFormat(L"b.RTF"), _variant_t(6L));
-    EXPECT_EQ(composer->saveFormat(L"b.pdf"), _variant_t(17L));
-    for (const wchar_t* name : {L"b.html", L"b", L"", L"a.doc\\b", L"b.docm"})
-        EXPECT_EQ(composer->saveFormat(name).vt, VT_ERROR) << name;
-}
-
 TEST_F(ComposerTest, RefusesAnUnknownStyleAndGoesOnInTheOneBefore)
 {
     composer->setStyle(L"Heading 1");

@@ -2,6 +2,7 @@
 
 #include "ChangedStyleFonts.h"
 #include "DocumentReading.h"
+#include "DocumentToRead.h"
 #include "RandomSession.h"
 #include "RedundantFormat.h"
 #include "ReferenceDocument.h"
@@ -17,18 +18,9 @@ namespace {
 
 namespace model = standin::model;
 
-class DirectFormatComparisonTest : public testing::Test
+class DirectFormatComparisonTest : public DocumentToRead
 {
 protected:
-    [[nodiscard]] model::LiveRange range(model::Position start, model::Position end) const
-    {
-        return {document->mainStory(), start, end};
-    }
-    void write(std::u16string_view text) const
-    {
-        const model::Position last = document->mainStory()->length() - 1;
-        range(last, last).insertAfter(text);
-    }
     [[nodiscard]] std::vector<std::string> differences(const Session& session = {}) const
     {
         ReferenceDocument expected(isAddress);
@@ -43,8 +35,6 @@ protected:
         }
         return descriptions;
     }
-
-    model::DocumentPtr document = model::Document::make(u"Document1");
 };
 
 using Strings = std::vector<std::string>;

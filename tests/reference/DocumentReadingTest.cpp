@@ -1,6 +1,7 @@
 #include "DocumentReading.h"
 
 #include "DocumentComparison.h"
+#include "DocumentToRead.h"
 
 #include "Hyperlink.h"
 #include "InlineShape.h"
@@ -14,24 +15,13 @@ namespace {
 
 namespace model = standin::model;
 
-class DocumentReadingTest : public testing::Test
+class DocumentReadingTest : public DocumentToRead
 {
 protected:
-    [[nodiscard]] model::LiveRange range(model::Position start, model::Position end) const
-    {
-        return {document->mainStory(), start, end};
-    }
-    void write(std::u16string_view text) const
-    {
-        const model::Position last = document->mainStory()->length() - 1;
-        range(last, last).insertAfter(text);
-    }
     [[nodiscard]] StoryContent read(std::size_t story = bodyStory) const
     {
         return readContent(*document).stories.at(story).value();
     }
-
-    model::DocumentPtr document = model::Document::make(u"Document1");
 };
 
 TEST_F(DocumentReadingTest, TextFontsStylesAndAlignments)

@@ -88,9 +88,9 @@ std::u16string everythingIn(const standin::model::Document& document)
 }
 
 /// Thousands of files would take most of the time.
-standin::SessionOptions withoutFiles()
+standin::InProcessWordOptions withoutFiles()
 {
-    standin::SessionOptions options;
+    standin::InProcessWordOptions options;
     options.writesFiles = false;
     return options;
 }

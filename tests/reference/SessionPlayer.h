@@ -7,7 +7,8 @@
 #include "IDocumentPtr.h"
 #include "ScratchFolder.h"
 
-#include "InProcess.h"
+#include "ClassRegistration.h"
+#include "InProcessWord.h"
 #include "Mirovel.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +65,7 @@ public:
     ///@{
     /// Makes the call, with the paths of the files of sessions.
     HRESULT call(IDocument& client, const ClientCall& call) const;
-    [[nodiscard]] standin::Session& word() { return word_; }
+    [[nodiscard]] standin::InProcessWord& word() { return word_; }
     [[nodiscard]] const ScratchFolder& folder() const { return folder_; }
     ///@}
 
@@ -104,7 +105,7 @@ private:
     Writer writer_;
     ScratchFolder folder_;
     std::map<std::u16string_view, std::u16string> paths_; ///< of the files of sessions, by their names
-    standin::Session word_;
+    standin::InProcessWord word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;
     PlayedSession played_;

@@ -12,9 +12,9 @@
 namespace {
 
 // Files would take most of the time.
-standin::SessionOptions withoutFiles()
+standin::InProcessWordOptions withoutFiles()
 {
-    standin::SessionOptions options;
+    standin::InProcessWordOptions options;
     options.writesFiles = false;
     return options;
 }

@@ -4,8 +4,9 @@
 #include "ScratchFolder.h"
 #include "ServerModule.h"
 
+#include "ClassRegistration.h"
 #include "DocumentContent.h"
-#include "InProcess.h"
+#include "InProcessWord.h"
 
 #include <functional>
 #include <string>
@@ -55,7 +56,7 @@ public:
     /// Closes what a failed session has left open in Word.
     void clear();
 
-    standin::Session word;
+    standin::InProcessWord word;
     /// Called by a document's end, in the middle of a client's call.
     std::function<void()> whenClosing;
 

@@ -33,6 +33,16 @@ std::string errorOf(std::u16string_view text)
     }
 }
 
+/// "HKCR" of "HKEY_CLASSES_ROOT".
+std::u16string initialsOf(std::u16string_view windowsName)
+{
+    std::u16string initials = u"HK";
+    for (std::size_t gap = windowsName.find(u'_'); gap != windowsName.npos;
+         gap = windowsName.find(u'_', gap + 1))
+        initials += windowsName[gap + 1];
+    return initials;
+}
+
 TEST(RegistryScript, mayBeEmpty)
 {
     EXPECT_TRUE(parse(u"").empty());
@@ -67,27 +77,21 @@ TEST(RegistryScript, isATree)
     EXPECT_EQ(script, expected);
 }
 
-TEST(RegistryScript, knowsRootsByBothNames)
+TEST(RegistryScript, knowsRootsByWindowsNamesAndByTheirInitials)
 {
-    const std::pair<std::u16string, RootKey> names[] = {
-        {u"HKCR", RootKey::classesRoot},
-        {u"HKEY_CLASSES_ROOT", RootKey::classesRoot},
-        {u"HKCU", RootKey::currentUser},
-        {u"HKEY_CURRENT_USER", RootKey::currentUser},
-        {u"HKLM", RootKey::localMachine},
-        {u"HKEY_LOCAL_MACHINE", RootKey::localMachine},
-        {u"HKU", RootKey::users},
-        {u"HKEY_USERS", RootKey::users},
-        {u"HKPD", RootKey::performanceData},
-        {u"HKEY_PERFORMANCE_DATA", RootKey::performanceData},
-        {u"HKDD", RootKey::dynData},
-        {u"HKEY_DYN_DATA", RootKey::dynData},
-        {u"HKCC", RootKey::currentConfig},
-        {u"HKEY_CURRENT_CONFIG", RootKey::currentConfig},
-        {u"hkey_Current_user", RootKey::currentUser},
-    };
-    for (const auto& [name, root] : names)
-        EXPECT_EQ(parse(name + u" { }"), (RegistryScript{{root, {}}}));
+    EXPECT_EQ(initialsOf(u"HKEY_CLASSES_ROOT"), u"HKCR");
+    // In the order of RootKey.
+    const std::u16string_view names[] = {
+        u"HKEY_CLASSES_ROOT",     u"HKEY_CURRENT_USER", u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
+        u"HKEY_PERFORMANCE_DATA", u"HKEY_DYN_DATA",     u"HKEY_CURRENT_CONFIG"};
+    RootKey root{};
+    for (const std::u16string_view name : names) {
+        const RegistryScript expected{{root, {}}};
+        EXPECT_EQ(parse(std::u16string(name) + u" { }"), expected);
+        EXPECT_EQ(parse(initialsOf(name) + u" { }"), expected);
+        root = static_cast<RootKey>(static_cast<int>(root) + 1);
+    }
+    EXPECT_EQ(parse(u"hkey_Current_user { }"), (RegistryScript{{RootKey::currentUser, {}}}));
     EXPECT_EQ(errorOf(u"HKXX { }"), "line 1, column 1: expected a root key such as HKCR");
     EXPECT_EQ(errorOf(u"'HKCR' { }"), "line 1, column 1: expected a root key such as HKCR");
 }

@@ -18,6 +18,12 @@ TEST(WordArguments, IntegersTravelAsFourByteIntegers)
     EXPECT_EQ(value.lVal, -1);
 }
 
+TEST(WordArguments, NoIntegerIsAnEmptyVariant)
+{
+    EXPECT_EQ(Word::integerOrEmpty(std::nullopt).vt, VT_EMPTY);
+    EXPECT_EQ(Word::integerOrEmpty(7), Word::integer(7));
+}
+
 TEST(WordArguments, BooleansTravelAsMinusOneOrZero)
 {
     EXPECT_EQ(Word::boolean(true).vt, VT_BOOL);

@@ -53,9 +53,9 @@ protected:
             SCOPED_TRACE(call);
             startOver();
             writer().applyStyle();
-            session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+            word_.failCall(static_cast<long>(call), E_ACCESSDENIED);
             EXPECT_THAT(comErrorOf([&] { writer().insertFile(file, 0); }), isHresult(E_ACCESSDENIED));
-            session_.clearFaults();
+            word_.clearFaults();
             EXPECT_EQ(insertionPosition(), positions[call - 1]);
             EXPECT_EQ(text().ends_with(u"X"), call > 1);
             abandon();

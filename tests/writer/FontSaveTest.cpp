@@ -48,7 +48,7 @@ TEST_F(FontSaveTest, AnyTwoAreEqualUnequalLessAndGreater)
 TEST_F(FontSaveTest, CopiesShareTheRangeAndHoldIt)
 {
     Word::RangePtr range = document_->Range();
-    const long others = session_.liveObjects() - 1;
+    const long others = word_.liveObjects() - 1;
     {
         FontSave original = fontRun(4, heading1Font.data(), range);
         const FontSave copy(original);
@@ -63,9 +63,9 @@ TEST_F(FontSaveTest, CopiesShareTheRangeAndHoldIt)
             EXPECT_EQ(run->getCol(), 3);
         }
         range = nullptr;
-        EXPECT_EQ(session_.liveObjects(), others + 1);
+        EXPECT_EQ(word_.liveObjects(), others + 1);
     }
-    EXPECT_EQ(session_.liveObjects(), others);
+    EXPECT_EQ(word_.liveObjects(), others);
 }
 
 TEST_F(FontSaveTest, KeepsACopyOfTheFont)

@@ -213,7 +213,7 @@ TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)
     writer().insertText(L"mid");
     writer().setTextAlign(3);
     writer().insertText(L"right");
-    session_.failCall(4, E_FAIL);
+    word_.failCall(4, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::applyAlign(writer()); }), isHresult(E_FAIL));
     takeCalls();
     writer().setTextAlign(3);
@@ -225,7 +225,7 @@ TEST_F(MirovelSectionAlignTest, AFailureKeepsTheRecords)
 TEST_F(MirovelSectionAlignTest, AFailureToReadTheEndRecordsNothing)
 {
     writer().insertText(L"ab");
-    session_.failCall(2, E_FAIL);
+    word_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().setTextAlign(2); }), isHresult(E_FAIL));
     EXPECT_EQ(text(), u"ab\r");
     takeCalls();

@@ -128,9 +128,9 @@ TEST_F(MirovelSectionFieldTest, AFailureAtEachCallLeavesWhatWasDone)
         SCOPED_TRACE(call);
         startOver();
         writer().insertText(L"page ");
-        session_.failCall(static_cast<long>(call), noSuchField);
+        word_.failCall(static_cast<long>(call), noSuchField);
         EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(noSuchField));
-        session_.clearFaults();
+        word_.clearFaults();
         EXPECT_EQ(insertionPosition(), positions.at(call - 1));
         EXPECT_EQ(fields().size(), call > 6 ? 1U : 0U);
         EXPECT_EQ(text().ends_with(u"X"), call > 2) << "the placeholder stays";
@@ -145,7 +145,7 @@ TEST_F(MirovelSectionFieldTest, AFieldThatWordRefusesInATableLeavesItsPlaceholde
     writer().startTable();
     writer().insertText(L"page");
     takeCalls();
-    session_.failCall(7, noSuchField);
+    word_.failCall(7, noSuchField);
     EXPECT_THAT(comErrorOf([&] { writer().insertField(4); }), isHresult(noSuchField));
     EXPECT_LINES(takeCalls(),
                  (Calls{"table.Rows(1).Cells(1).Range.End -> 5", "table.Rows(1).Cells(1).Range.Start = 4",

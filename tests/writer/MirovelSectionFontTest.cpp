@@ -257,9 +257,9 @@ TEST_F(MirovelSectionFontTest, InATableRowAndColumnCountFromOneAndPositionsFromZ
 {
     writer().startTable();
     takeCalls();
-    session_.failCall(1, S_FALSE); // the cell ends at 0, says Word
+    word_.failCall(1, S_FALSE); // the cell ends at 0, says Word
     writer().setFont(courier.data());
-    session_.clearFaults();
+    word_.clearFaults();
     writer().addRow();
     writer().addCell();
     writer().endTable();
@@ -272,7 +272,7 @@ TEST_F(MirovelSectionFontTest, AFailedApplicationKeepsTheRuns)
 {
     writer().insertText(L"x");
     writer().setFont(courier.data());
-    session_.failCall(4, E_FAIL);
+    word_.failCall(4, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getFont(), courier.data());
     EXPECT_LINES(applied(), join(rangeLaid(0, 1), fontWritten("body", normalFont), rangeLaid(1, 1),

@@ -144,33 +144,33 @@ TEST_F(MirovelSectionLifeTest, EveryFailureAtTheEndStopsTheRestAndLeaves)
 {
     for (std::size_t call = 1; call <= busyWritersEnd_.size(); ++call) {
         MirovelSection::clearCache();
-        standin::Session session;
-        Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
-        auto* writer = new MirovelSection(session.application(), document, document->Range());
+        standin::InProcessWord word;
+        Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
+        auto* writer = new MirovelSection(word.application(), document, document->Range());
         writer->deleteRange();
         writer->setTextAlign(2);
         writer->setStyle("Heading 1", false);
         writer->insertText(L"Title");
-        session.clearTranscript();
+        word.clearTranscript();
 
-        session.failCall(static_cast<long>(call), static_cast<HRESULT>(0x800A16C1));
+        word.failCall(static_cast<long>(call), static_cast<HRESULT>(0x800A16C1));
         EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
                     isHresult(static_cast<HRESULT>(0x800A16C1)));
 
         Calls expected(busyWritersEnd_.begin(), busyWritersEnd_.begin() + static_cast<std::ptrdiff_t>(call));
         std::string& last = expected.back();
         last = last.substr(0, last.find(" -> ")) + " !! 0x800a16c1";
-        EXPECT_EQ(session.transcript(), expected);
+        EXPECT_EQ(word.transcript(), expected);
 
         document = nullptr;
-        EXPECT_EQ(session.liveObjects(), 0) << "call " << call;
+        EXPECT_EQ(word.liveObjects(), 0) << "call " << call;
     }
 }
 
 TEST_F(MirovelSectionLifeTest, AFailureIsToldWhateverIsBeingHandled)
 {
     MirovelSection* writer = busyWriter();
-    session_.failCall(2, E_FAIL);
+    word_.failCall(2, E_FAIL);
     struct Ending
     {
         std::function<void()> work;
@@ -192,10 +192,10 @@ static_assert(std::is_nothrow_destructible_v<MirovelSection>);
 
 TEST_F(MirovelSectionLifeTest, TheDestructorOnlyReleases)
 {
-    const long held = session_.liveObjects();
+    const long held = word_.liveObjects();
     delete busyWriter();
     EXPECT_LINES(takeCalls(), Calls{});
-    EXPECT_EQ(session_.liveObjects(), held);
+    EXPECT_EQ(word_.liveObjects(), held);
 }
 
 TEST_F(MirovelSectionLifeTest, AWordThatHasGoneIsReportedByTheEnd)
@@ -218,19 +218,19 @@ TEST_F(MirovelSectionLifeTest, AClosedDocumentIsReportedByTheEnd)
 
 TEST_F(MirovelSectionLifeTest, AFailedConstructionHoldsNothing)
 {
-    const long held = session_.liveObjects();
-    session_.failCall(1, E_FAIL);
+    const long held = word_.liveObjects();
+    word_.failCall(1, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { newWriter(); }), isHresult(E_FAIL));
-    session_.failCall(2, E_FAIL);
+    word_.failCall(2, E_FAIL);
     EXPECT_EQ(reasonOf([&] { newWriter(); }), "ERR Unknown style: Normal");
     for (int pageCall = 10; pageCall <= 13; ++pageCall) {
         MirovelSection::clearCache();
         takeCalls();
-        session_.failCall(pageCall, E_FAIL);
+        word_.failCall(pageCall, E_FAIL);
         EXPECT_THAT(comErrorOf([&] { newWriter(); }), isHresult(E_FAIL)) << "call " << pageCall;
         EXPECT_EQ(takeCalls().size(), static_cast<std::size_t>(pageCall)) << "nothing is applied";
     }
-    EXPECT_EQ(session_.liveObjects(), held);
+    EXPECT_EQ(word_.liveObjects(), held);
 }
 
 TEST_F(MirovelSectionLifeTest, WithoutADocumentThereIsNoWriter)
@@ -290,7 +290,7 @@ TEST_F(MirovelSectionLifeTest, AFailureOfOnesOwnWorkLeavesTheAssignment)
     MirovelSection* const writer = busyWriter();
     auto* const other = new MirovelSection(application_, document_, headerRange());
     takeCalls();
-    session_.failCall(3, E_FAIL);
+    word_.failCall(3, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { *writer = *other; }), isHresult(E_FAIL));
     EXPECT_EQ(takeCalls().size(), 3U);
     endWriter(writer);

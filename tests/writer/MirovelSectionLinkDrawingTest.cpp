@@ -157,21 +157,21 @@ TEST_F(MirovelSectionLinkDrawingTest, AFailureLeavesTheRestOnRecord)
     writer().insertHyperLink("two", toBookmark("b2", true));
     for (long call = 1; call <= 5; ++call) {
         takeCalls();
-        session_.failCall(call, E_ACCESSDENIED);
+        word_.failCall(call, E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }),
                     isHresult(E_ACCESSDENIED));
         EXPECT_EQ(takeCalls().size(), static_cast<std::size_t>(call));
-        session_.clearFaults();
+        word_.clearFaults();
     }
     takeCalls();
-    session_.failCall(9, E_ACCESSDENIED);
+    word_.failCall(9, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }),
                 isHresult(E_ACCESSDENIED));
     Calls expected =
         join(Calls{"document.UndoClear()"}, linkDrawn(1, 0, 3, "", "b1"), linkDrawn(2, 3, 6, "", "b2"));
     expected.back() = expected.back().substr(0, expected.back().find(" -> ")) + " !! 0x80070005";
     EXPECT_LINES(takeCalls(), expected) << "both have stayed";
-    session_.clearFaults();
+    word_.clearFaults();
     MirovelSectionProbe::drawHyperLinks(writer());
     Calls rest = takeCalls();
     std::erase(rest, "# crosses a field");

@@ -103,7 +103,7 @@ TEST_F(MirovelSectionLinkTest, TheTableOfContentsMovesForALinkInFrontOfItAlone)
         writer().insertTOC(1);
         writer().insertText(std::wstring(100, L'x').c_str());
         takeCalls();
-        session_.failCall(4, E_FAIL);
+        word_.failCall(4, E_FAIL);
         EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::drawHyperLinks(writer()); }), isHresult(E_FAIL));
         EXPECT_LINES(takeCalls(),
                      join(Calls{"document.UndoClear()"}, rangeLaid(3 * c.paragraphs, 3 * c.paragraphs + 4),

@@ -121,7 +121,7 @@ TEST_F(MirovelSectionPageBreakTest, InATableOnlyClosesAndReopensAStyle)
 TEST_F(MirovelSectionPageBreakTest, AFailedBreakMovesNothing)
 {
     writer().insertText(L"ab");
-    session_.failCall(2, E_FAIL);
+    word_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertPageBreak(); }), isHresult(E_FAIL));
     takeCalls();
     writer().changeLastPageBreak();
@@ -208,7 +208,7 @@ TEST_F(ChangeLastPageBreakTest, AFailureLeavesTheBreakOnRecord)
 {
     writer().insertText(L"ab");
     writer().insertPageBreak();
-    session_.failCall(5, E_FAIL);
+    word_.failCall(5, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 1);
     EXPECT_EQ(insertionPosition(), 3);
@@ -222,7 +222,7 @@ TEST_F(ChangeLastPageBreakTest, AFailureToReturnComesAfterTheSectionHasBeenCount
 {
     writer().insertText(L"ab");
     writer().insertPageBreak();
-    session_.failCall(6, E_FAIL);
+    word_.failCall(6, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().changeLastPageBreak(); }), isHresult(E_FAIL));
     EXPECT_EQ(writer().getSectionCount(), 2);
     EXPECT_EQ(model().sectionCount(), 2);

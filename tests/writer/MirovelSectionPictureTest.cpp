@@ -189,10 +189,10 @@ TEST_F(MirovelSectionPictureTest, AFailureAtEachCallLeavesWhatWasDone)
     for (std::size_t call = 1; call <= texts.size(); ++call) {
         SCOPED_TRACE(call);
         startOver();
-        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        word_.failCall(static_cast<long>(call), E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().insertImage(picture_, toBookmark("b1", false), 10, 20); }),
                     isHresult(E_ACCESSDENIED));
-        session_.clearFaults();
+        word_.clearFaults();
         EXPECT_EQ(text(), texts.at(call - 1));
         EXPECT_EQ(insertionPosition(), positions.at(call - 1));
         EXPECT_EQ(writer().unresolvedLinks().size(), call > 6 ? 1U : 0U);

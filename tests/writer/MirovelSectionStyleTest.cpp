@@ -249,10 +249,10 @@ TEST_F(MirovelSectionStyleTest, AnyFailureOfWordIsBlamedOnTheNewStyleAsGiven)
 {
     writer().setStyle("Heading 2", false);
     const auto expectBlamed = [&](int call) {
-        session_.failCall(call, E_ACCESSDENIED);
+        word_.failCall(call, E_ACCESSDENIED);
         EXPECT_EQ(reasonOf([&] { writer().setStyle("Heading 12", false); }), "ERR Unknown style: Heading 12")
             << "call " << call;
-        session_.clearFaults();
+        word_.clearFaults();
         takeCalls();
         writer().setStyle("Heading 2", false);
         EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";
@@ -275,7 +275,7 @@ TEST_F(MirovelSectionStyleTest, AFailureToApplyKeepsTheRunOpen)
     writer().setStyle("Heading 1", false);
     writer().insertText(L"Title");
     takeCalls();
-    session_.failCall(3, static_cast<HRESULT>(0x800A11FD));
+    word_.failCall(3, static_cast<HRESULT>(0x800A11FD));
     EXPECT_EQ(reasonOf([&] { writer().setStyle("Normal", false); }), "ERR Unknown style: Normal");
     EXPECT_LINES(takeCalls(), join(rangeLaid(5, 10), Calls{"body.Style = -2 !! 0x800a11fd"}));
     EXPECT_LINES(finish(), join(styleRunApplied(5, 10, "-2", heading1Font), Calls{"document.UndoClear()"}));
@@ -361,9 +361,9 @@ TEST_F(MirovelSectionStyleTest, WritersShareTheFontsOfStyles)
 
 TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)
 {
-    session_.failCall(5, E_FAIL);
+    word_.failCall(5, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::findFont(writer(), "Heading 1"); }), isHresult(E_FAIL));
-    session_.clearFaults();
+    word_.clearFaults();
     takeCalls();
     EXPECT_EQ(MirovelSectionProbe::findFont(writer(), "Heading 1"), heading1Font.data());
     EXPECT_FALSE(takeCalls().empty());
@@ -371,7 +371,7 @@ TEST_F(MirovelSectionStyleTest, AFontThatCouldNotBeReadIsNotRemembered)
 
 TEST_F(MirovelSectionStyleTest, WithoutStylesRaisesUnknownStyle)
 {
-    session_.failCall(1, S_FALSE); // the font of "Normal" is known already
+    word_.failCall(1, S_FALSE); // the font of "Normal" is known already
     auto* const other = new MirovelSection(application_, document_, range_);
     takeCalls();
     EXPECT_EQ(reasonOf([&] { other->setStyle("Heading 1", false); }), "ERR Unknown style: Heading 1");

@@ -116,11 +116,11 @@ TEST_F(MirovelSectionTableAlignTest, AFailureWhenTheTableEndsKeepsItOpen)
 {
     addCell(2, L"one");
     for (long call = 1; call <= 5; ++call) {
-        session_.failCall(call, E_ACCESSDENIED);
+        word_.failCall(call, E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
         EXPECT_TRUE(writer().isTableOpen());
     }
-    session_.clearFaults();
+    word_.clearFaults();
     takeCalls();
     writer().setTextAlign(2);
     EXPECT_LINES(takeCalls(), Calls{}) << "it is in force still";

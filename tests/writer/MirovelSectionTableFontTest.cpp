@@ -315,9 +315,9 @@ TEST_F(MirovelSectionTableFontTest, AFailureAmongTheCellsKeepsTheRuns)
     const std::size_t calls = 4 + cellWritten(1, 1, 0, 2, false, smallCourier).size() +
                               cellWritten(1, 2, 2, 4, true, smallCourier).size();
     for (std::size_t call = 1; call <= calls; ++call) {
-        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        word_.failCall(static_cast<long>(call), E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().applyFont(); }), isHresult(E_ACCESSDENIED)) << "call " << call;
-        session_.clearFaults();
+        word_.clearFaults();
     }
     takeCalls();
     writer().applyFont();

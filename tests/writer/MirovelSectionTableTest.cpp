@@ -576,9 +576,9 @@ TEST_F(MirovelSectionTableTest, AFailureToStartKeepsWhatStoodBeforeTheStep)
     for (std::size_t call = 1; call <= all; ++call) {
         SCOPED_TRACE(call);
         startOver();
-        session_.failCall(static_cast<long>(call), E_ACCESSDENIED);
+        word_.failCall(static_cast<long>(call), E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().startTable(); }), isHresult(E_ACCESSDENIED));
-        session_.clearFaults();
+        word_.clearFaults();
         const bool opened = call > flush;
         const bool hasRow = call > flush + 8;
         const bool hasCell = call > flush + 11;
@@ -607,9 +607,9 @@ TEST_F(MirovelSectionTableTest, AFailedCellCountsInItsRowOnly)
         SCOPED_TRACE(call);
         startOver();
         openCell();
-        session_.failCall(call, E_ACCESSDENIED);
+        word_.failCall(call, E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().addCell(); }), isHresult(E_ACCESSDENIED));
-        session_.clearFaults();
+        word_.clearFaults();
         takeCalls();
         if (call == 1) {
             EXPECT_THAT(comErrorOf([&] { writer().addCell(); }), isHresult(memberMissing));
@@ -630,9 +630,9 @@ TEST_F(MirovelSectionTableTest, AFailedRowLeavesTheRowBeforeCurrent)
     openRow();
     addCell(L"one");
     takeCalls();
-    session_.failCall(2, E_ACCESSDENIED); // the width
+    word_.failCall(2, E_ACCESSDENIED); // the width
     EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(E_ACCESSDENIED));
-    session_.failCall(4, E_ACCESSDENIED); // Rows.Add, behind the width, since the row is not begun yet
+    word_.failCall(4, E_ACCESSDENIED); // Rows.Add, behind the width, since the row is not begun yet
     EXPECT_THAT(comErrorOf([&] { writer().addRow(); }), isHresult(E_ACCESSDENIED));
     writer().insertText(L"!");
     EXPECT_EQ(cellTexts(), u"one!");
@@ -649,7 +649,7 @@ TEST_F(MirovelSectionTableTest, AFailedEndLeavesTheTableOpen)
     openRow();
     addCell(L"one");
     for (long call = 1; call <= 3; ++call) {
-        session_.failCall(call, E_ACCESSDENIED);
+        word_.failCall(call, E_ACCESSDENIED);
         EXPECT_THAT(comErrorOf([&] { writer().endTable(); }), isHresult(E_ACCESSDENIED));
         EXPECT_TRUE(writer().isTableOpen());
     }

@@ -151,7 +151,7 @@ TEST_F(MirovelSectionTagTest, WithoutWordsBookmarksNoneIsPlaced)
 {
     writer().insertText(L"abc");
     takeCalls();
-    session_.failCall(1, S_FALSE);
+    word_.failCall(1, S_FALSE);
     EXPECT_FALSE(writer().insertTag("b1"));
     EXPECT_LINES(takeCalls(), Calls{"document.Bookmarks"});
     EXPECT_LINES(finish(), join(styleRunApplied(0, 3, "-1", normalFont), Calls{"document.UndoClear()"}))
@@ -182,9 +182,9 @@ TEST_F(MirovelSectionTagTest, AFailureAtEachCallKeepsTheLastOne)
         writer().insertText(L"abc");
         writer().insertTag("b1");
         writer().insertText(L"def");
-        session_.failCall(call, E_FAIL);
+        word_.failCall(call, E_FAIL);
         EXPECT_THAT(comErrorOf([&] { writer().insertTag("b2"); }), isHresult(E_FAIL));
-        session_.clearFaults();
+        word_.clearFaults();
         EXPECT_TRUE(writer().insertTag("b3"));
         EXPECT_EQ(place(u"b1"), "3-5");
     }

@@ -101,9 +101,9 @@ TEST_F(MirovelSectionTextTest, WritesAMegabyteWithOneCall)
     std::wstring all;
     for (int i = 0; i < 65'536; ++i)
         all += line;
-    const long before = session_.callCount();
+    const long before = word_.callCount();
     writer().insertText(all.c_str());
-    EXPECT_EQ(session_.callCount(), before + 1);
+    EXPECT_EQ(word_.callCount(), before + 1);
     EXPECT_EQ(text().size(), 65'536U * 16);
     EXPECT_EQ(styleRunAtEnd().second, 65'536 * 16);
 }
@@ -332,7 +332,7 @@ TEST_F(DeleteLastCharTest, InATableRemovesWhatFollowsTheCell)
 TEST_F(DeleteLastCharTest, AFailureLeavesThePositionMoved)
 {
     writer().insertText(L"abcd");
-    session_.failCall(1, E_FAIL);
+    word_.failCall(1, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { MirovelSectionProbe::deleteLastChar(writer()); }), isHresult(E_FAIL));
     EXPECT_EQ(text(), u"abcd");
     EXPECT_EQ(styleRunAtEnd().second, 3);
@@ -364,7 +364,7 @@ TEST_F(MirovelSectionTextTest, WritesBehindAnyRange)
 
 TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
 {
-    session_.failCall(1, static_cast<HRESULT>(0x800706BA));
+    word_.failCall(1, static_cast<HRESULT>(0x800706BA));
     EXPECT_THAT(comErrorOf([&] { writer().insertText(L"lost"); }),
                 isHresult(static_cast<HRESULT>(0x800706BA)));
     EXPECT_LINES(takeCalls(), Calls{R"(body.InsertAfter("lost") !! 0x800706ba)"});
@@ -376,9 +376,9 @@ TEST_F(MirovelSectionTextTest, AFailedInsertionPassesOnAndCountsNothing)
 TEST_F(MirovelSectionTextTest, AFailedParagraphEndIsNoneButTheStyleHasMoved)
 {
     writer().setStyle("Heading 1", false);
-    session_.failCall(1, E_OUTOFMEMORY);
+    word_.failCall(1, E_OUTOFMEMORY);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_OUTOFMEMORY));
-    session_.clearFaults();
+    word_.clearFaults();
     EXPECT_EQ(insertionPosition(), 0);
     writer().insertText(L"Title");
     takeCalls();
@@ -391,7 +391,7 @@ TEST_F(MirovelSectionTextTest, AFailureToClearTheUndoListKeepsTheParagraphEnd)
 {
     endParagraphs(100);
     takeCalls();
-    session_.failCall(2, E_FAIL);
+    word_.failCall(2, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().insertEndl(); }), isHresult(E_FAIL));
     EXPECT_LINES(takeCalls(), (Calls{R"(body.InsertAfter("\n"))", "document.UndoClear() !! 0x80004005"}));
     writer().setTextAlign(2);

@@ -119,18 +119,18 @@ TEST_F(MirovelSectionTocDrawingTest, AFailureOfAnyStepLeavesTheEnd)
 {
     for (long call = 1; call <= 6; ++call) {
         SCOPED_TRACE(call);
-        standin::Session session;
-        Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
-        auto* writer = new MirovelSection(session.application(), document, document->Range());
+        standin::InProcessWord word;
+        Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
+        auto* writer = new MirovelSection(word.application(), document, document->Range());
         writer->deleteRange();
         writer->insertTOC(1);
         writer->applyStyle();
         MirovelSectionProbe::applyAlign(*writer);
-        session.failCall(call + 1, E_ACCESSDENIED); // behind UndoClear
+        word.failCall(call + 1, E_ACCESSDENIED); // behind UndoClear
         EXPECT_THAT(comErrorOf([&] { endWriter(std::exchange(writer, nullptr)); }),
                     isHresult(E_ACCESSDENIED));
         document = nullptr;
-        EXPECT_EQ(session.liveObjects(), 0);
+        EXPECT_EQ(word.liveObjects(), 0);
     }
 }
 

@@ -84,7 +84,7 @@ TEST_F(MirovelSectionTocEntryTest, WithoutWordsTablesLeavesNothing)
     writer().insertText(L"Overview");
     const std::u16string before = text();
     takeCalls();
-    session_.failCall(1, S_FALSE);
+    word_.failCall(1, S_FALSE);
     writer().endTOCEntry();
     EXPECT_LINES(takeCalls(), Calls{"document.TablesOfContents"});
     EXPECT_EQ(text(), before);
@@ -160,10 +160,10 @@ TEST_F(MirovelSectionTocEntryTest, AFailureLeavesThePlaceholder)
     writer().startTOCEntry();
     writer().insertText(L"E");
     takeCalls();
-    session_.failCall(7, E_ACCESSDENIED);
+    word_.failCall(7, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { writer().endTOCEntry(); }), isHresult(E_ACCESSDENIED));
     EXPECT_TRUE(text().ends_with(u"EX"));
-    session_.clearFaults();
+    word_.clearFaults();
     EXPECT_EQ(insertionPosition(), static_cast<std::int32_t>(headingLength) + 2);
     writer().insertText(L"!");
     EXPECT_TRUE(text().ends_with(u"EX!"));

@@ -112,10 +112,10 @@ TEST_F(MirovelSectionTocTest, AnEntryEndsEvenIfWordHasNoTablesOfContents)
     writer().startTOCEntry();
     writer().insertText(L"entry");
     takeCalls();
-    session_.failCall(1, E_FAIL);
+    word_.failCall(1, E_FAIL);
     EXPECT_THAT(comErrorOf([&] { writer().endTOCEntry(); }), isHresult(E_FAIL));
     EXPECT_LINES(takeCalls(), Calls{"document.TablesOfContents !! 0x80004005"});
-    session_.clearFaults();
+    word_.clearFaults();
     EXPECT_TRUE(text().ends_with(u"\rentry"));
     writer().insertText(L", not this");
     writer().endTOCEntry();

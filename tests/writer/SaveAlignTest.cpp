@@ -44,7 +44,7 @@ TEST_F(SaveAlignTest, AnyTwoAreEqualUnequalLessAndGreater)
 TEST_F(SaveAlignTest, CopiesShareTheRangeAndHoldIt)
 {
     Word::RangePtr range = document_->Range();
-    const long others = session_.liveObjects() - 1;
+    const long others = word_.liveObjects() - 1;
     {
         SaveAlign original = alignRun(4, -3, range);
         const SaveAlign copy(original);
@@ -58,9 +58,9 @@ TEST_F(SaveAlignTest, CopiesShareTheRangeAndHoldIt)
         EXPECT_EQ(assigned.align, -3);
         EXPECT_EQ(assigned.range.GetInterfacePtr(), range.GetInterfacePtr());
         range = nullptr;
-        EXPECT_EQ(session_.liveObjects(), others + 1);
+        EXPECT_EQ(word_.liveObjects(), others + 1);
     }
-    EXPECT_EQ(session_.liveObjects(), others);
+    EXPECT_EQ(word_.liveObjects(), others);
 }
 
 } // namespace

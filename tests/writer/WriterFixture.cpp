@@ -42,10 +42,10 @@ Apartment::~Apartment()
 }
 
 DocumentTest::DocumentTest()
-    : application_(session_.application()), document_(application_->GetDocuments()->Add()),
+    : application_(word_.application()), document_(application_->GetDocuments()->Add()),
       range_(document_->Range())
 {
-    session_.clearTranscript();
+    word_.clearTranscript();
     MirovelSection::clearCache(); // kept by the process, so by the tests before
 }
 
@@ -54,19 +54,19 @@ void DocumentTest::TearDown()
     range_ = nullptr;
     document_ = nullptr;
     application_ = nullptr;
-    EXPECT_EQ(session_.liveObjects(), 0);
+    EXPECT_EQ(word_.liveObjects(), 0);
 }
 
 Calls DocumentTest::takeCalls()
 {
-    Calls calls = session_.transcript();
-    session_.clearTranscript();
+    Calls calls = word_.transcript();
+    word_.clearTranscript();
     return calls;
 }
 
 model::Document& DocumentTest::model() const
 {
-    return *session_.model(document_);
+    return *word_.model(document_);
 }
 
 std::u16string DocumentTest::text() const
@@ -125,7 +125,7 @@ Word::RangePtr DocumentTest::headerRange()
     EXPECT_LINES(before, Calls{}) << "calls that the test has not looked at";
     const Word::HeadersFootersPtr headers = document_->GetSections()->Item(1)->GetHeaders();
     Word::RangePtr range = headers->Item(Word::wdHeaderFooterPrimary)->GetRange();
-    session_.clearTranscript();
+    word_.clearTranscript();
     return range;
 }
 
@@ -133,19 +133,19 @@ void WriterTest::SetUp()
 {
     writer_ = new MirovelSection(application_, document_, range_);
     writer_->deleteRange();
-    session_.clearTranscript();
+    word_.clearTranscript();
 }
 
 void WriterTest::TearDown()
 {
-    session_.clearFaults();
+    word_.clearFaults();
     finish();
     DocumentTest::TearDown();
 }
 
 Calls WriterTest::finish()
 {
-    session_.clearTranscript();
+    word_.clearTranscript();
     endWriter(std::exchange(writer_, nullptr));
     return takeCalls();
 }
@@ -168,10 +168,10 @@ std::pair<std::int32_t, std::int32_t> WriterTest::styleRunAtEnd()
 std::int32_t WriterTest::insertionPosition()
 {
     constexpr std::string_view start = ".Start = ";
-    session_.clearTranscript();
-    session_.failCall(3, E_ACCESSDENIED);
+    word_.clearTranscript();
+    word_.failCall(3, E_ACCESSDENIED);
     EXPECT_THAT(comErrorOf([&] { writer().insertTag("position"); }), isHresult(E_ACCESSDENIED));
-    session_.clearFaults();
+    word_.clearFaults();
     const std::string placed = lastOf(takeCalls());
     const auto at = placed.find(start);
     if (at == std::string::npos) {

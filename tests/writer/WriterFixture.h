@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Hresult.h"
-#include "InProcess.h"
+#include "InProcessWord.h"
 #include "MirovelSectionProbe.h"
 #include "WriterCalls.h"
 #include "general/QdxException.h"
@@ -55,7 +55,7 @@ protected:
     Word::RangePtr headerRange();
 
     Apartment apartment_;
-    standin::Session session_;
+    standin::InProcessWord word_;
     Word::_ApplicationPtr application_;
     Word::_DocumentPtr document_;
     Word::RangePtr range_;

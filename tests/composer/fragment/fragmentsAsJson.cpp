@@ -3,6 +3,7 @@
 //   blocks  what it shows: {"paragraph": {...}}, or {"heights": [...], "rows": [...]} with a list of cells in
 //           each row and a list of paragraphs in each cell
 // Of fonts and alignments there is what differs from the style.
+#include "ClientNumbers.h"
 #include "ContentTokens.h"
 #include "FontChange.h"
 #include "Fragment.h"
@@ -99,8 +100,8 @@ private:
         const int styles = TestStyles::find(paragraph.style).alignment;
         List object;
         object.add("style", quoted(paragraph.style));
-        if (paragraph.alignment && wordAlignment(*paragraph.alignment) != styles)
-            object.add("alignment", std::to_string(wordAlignment(*paragraph.alignment)));
+        if (paragraph.alignment && clientNumbers::wordAlignment(*paragraph.alignment) != styles)
+            object.add("alignment", std::to_string(clientNumbers::wordAlignment(*paragraph.alignment)));
         if (paragraph.endLink != noLink)
             object.add("linkGoesOn", "true");
         object.add("items", items.asArray());

@@ -78,14 +78,4 @@ TEST_F(FlowTest, SaysWhatIsBehindItsLastParagraph)
     EXPECT_EQ(story.groundBehind(), (Ground{.style = u"Title", .alignment = 3}));
 }
 
-TEST(DirectAlignment, IsNothingWhereTheStyleGivesIt)
-{
-    SampleStyles styles;
-    EXPECT_EQ(directAlignment({.style = u"Title", .alignment = 2}, styles), std::nullopt);
-    EXPECT_EQ(directAlignment({.style = u"Title"}, styles), std::nullopt);
-    EXPECT_EQ(directAlignment({.style = u"Title", .alignment = 1}, styles), 0);
-    EXPECT_EQ(directAlignment({.alignment = 4}, styles), 3);
-    EXPECT_EQ(directAlignment({.alignment = 5}, styles), std::nullopt);
-}
-
 } // namespace

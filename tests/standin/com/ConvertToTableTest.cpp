@@ -20,16 +20,16 @@ protected:
 TEST_F(ConvertToTable, HasLinesUnaskedUnderTheOtherReading)
 {
     const auto hasLines = [this](const _variant_t& behaviour) {
-        const Word::_DocumentPtr other = session.application()->GetDocuments()->Add();
+        const Word::_DocumentPtr other = word.application()->GetDocuments()->Add();
         other->Range()->InsertAfter(L"a\n");
         const _variant_t& none = Word::missing;
         other->Range(Word::integer(0), Word::integer(2))
             ->ConvertToTable(Word::integer(0), none, none, none, none, none, none, none, none, none, none,
                              none, none, none, none, behaviour);
-        return session.model(other)->mainStory()->paragraph(1).format->row->cells[0].top.isVisible;
+        return word.model(other)->mainStory()->paragraph(1).format->row->cells[0].top.isVisible;
     };
     EXPECT_FALSE(hasLines(Word::missing));
-    session.model().setSwitches({.convertToTableDrawsNoLines = false});
+    word.model().setSwitches({.convertToTableDrawsNoLines = false});
     EXPECT_TRUE(hasLines(Word::missing));
     EXPECT_FALSE(hasLines(Word::integer(0)));
 }
@@ -50,7 +50,7 @@ TEST_F(ConvertToTable, ParagraphsBecomeCells)
     EXPECT_EQ(table->Cell(2, 1)->GetRange()->GetText(), _bstr_t(L"c\r\a"));
     EXPECT_EQ(range(5, 6)->GetBold(), -1);
     EXPECT_EQ(document->GetBookmarks()->Item(Word::text(L"first"))->GetRange()->GetStart(), 0);
-    EXPECT_TRUE(session.model(document)->mainStory()->paragraph(2).format->row->cells[0].top.isVisible);
+    EXPECT_TRUE(word.model(document)->mainStory()->paragraph(2).format->row->cells[0].top.isVisible);
     table->GetRows()->SetHeight(30, Word::wdRowHeightExactly);
     EXPECT_FLOAT_EQ(table->GetRows()->Item(2)->GetHeight(), 30);
     EXPECT_EQ(table->GetRows()->Item(2)->GetRange()->GetStart(), 5);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <InProcess.h>
+#include <InProcessWord.h>
 
 #include "Invariants.h"
 #include "TestSupport.h"
@@ -20,15 +20,15 @@ protected:
     /// The whole main story of a document whose model is in order.
     std::u16string text(const Word::_DocumentPtr& of) const
     {
-        const auto model = session.model(of);
+        const auto model = word.model(of);
         EXPECT_EQ(checkInvariants(*model), "");
         return model->mainStory()->text(0, model->mainStory()->length());
     }
     std::u16string text() const { return text(document); }
 
     Apartment apartment;
-    standin::Session session;
-    Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    standin::InProcessWord word;
+    Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
 };
 
 /// Besides, files to read.

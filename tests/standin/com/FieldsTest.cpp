@@ -24,14 +24,14 @@ TEST_F(Fields, AFieldAddedInFrontOfAPlaceholderMovesIt)
     output->InsertAfter(L"X");
     const Word::RangePtr place = output->GetDuplicate();
     place->PutEnd(5);
-    session.clearTranscript();
+    word.clearTranscript();
     output->GetFields()->Add(place, Word::integer(Word::wdFieldPage));
     EXPECT_EQ(text(), u"page \x13 PAGE \x14"
                       u"1\x15X\r");
     EXPECT_EQ(output->GetEnd(), 16);
     EXPECT_EQ(place->GetEnd(), 5);
     EXPECT_EQ(output->GetText(), _bstr_t(L"1X"));
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("body.Fields -> body.Fields",
                             "body.Fields.Add(body.Duplicate, 33, missing, missing) -> field",
                             "body.End -> 16", "body.Duplicate.End -> 5", "body.Text -> \"1X\""));
@@ -53,15 +53,15 @@ TEST_F(Fields, TheTypeMayBeLeftOutInEveryWay)
     EXPECT_EQ(fields->GetCount(), 3);
 }
 
-TEST_F(Fields, DatesComeFromTheSessionsClock)
+TEST_F(Fields, DatesComeFromTheOptionsClock)
 {
     const Word::FieldPtr date = document->GetFields()->Add(range(0, 0), Word::integer(Word::wdFieldDate));
     EXPECT_EQ(date->GetResult()->GetText(), _bstr_t(L"1/31/2000"));
     const Word::FieldPtr time = document->GetFields()->Add(range(0, 0), Word::integer(Word::wdFieldTime));
     EXPECT_EQ(time->GetResult()->GetText(), _bstr_t(L"1:05 PM"));
-    standin::SessionOptions options;
+    standin::InProcessWordOptions options;
     options.clock = [] { return standin::model::LocalTime{2024, 12, 24, 18, 0, 0}; };
-    const standin::Session later(options);
+    const standin::InProcessWord later(options);
     const Word::_DocumentPtr other = later.application()->GetDocuments()->Add();
     EXPECT_EQ(
         other->GetFields()->Add(other->Range(), Word::integer(Word::wdFieldDate))->GetResult()->GetText(),
@@ -128,12 +128,12 @@ TEST_F(Hyperlinks, AreDrawnOverARange)
 {
     write(L"see here");
     const Word::RangePtr anchor = range(4, 8);
-    session.clearTranscript();
+    word.clearTranscript();
     const Word::HyperlinkPtr link =
         document->GetHyperlinks()->Add(anchor, Word::text(L""), Word::text(L"b1"));
     EXPECT_EQ(text(), u"see \x13 HYPERLINK  \\l \"b1\" \x14here\x15\r");
     EXPECT_THAT(
-        session.transcript(),
+        word.transcript(),
         ElementsAre(
             "document.Hyperlinks -> document.Hyperlinks",
             "document.Hyperlinks.Add(document.Range(4, 8), \"\", \"b1\", missing, missing, missing) -> "
@@ -201,9 +201,9 @@ TEST_F(Hyperlinks, InsideAnotherFieldAreMadeAndRemarkedOn)
     const Word::HyperlinksPtr links = document->GetHyperlinks();
     links->Add(range(0, 3), Word::text(L"http://a"));
     const Word::RangePtr anchor = range(8, 13);
-    session.clearTranscript();
+    word.clearTranscript();
     links->Add(anchor, Word::text(L"http://b"));
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("# crosses a field",
                             "document.Hyperlinks.Add(document.Range(8, 13), \"http://b\", missing, missing, "
                             "missing, missing) -> hyperlink2"));
@@ -216,13 +216,13 @@ using BookmarksOfADocument = DocumentParts;
 TEST_F(BookmarksOfADocument, StartAtTheBeginningAndGetTheirBorders)
 {
     write(L"one two");
-    session.clearTranscript();
+    word.clearTranscript();
     const Word::BookmarkPtr bookmark = document->GetBookmarks()->Add(L"b1");
     EXPECT_EQ(bookmark->GetEmpty(), VARIANT_TRUE);
     bookmark->PutStart(4);
     EXPECT_EQ(bookmark->GetEnd(), 4);
     bookmark->PutEnd(7);
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("document.Bookmarks -> document.Bookmarks",
                             "document.Bookmarks.Add(\"b1\", missing) -> bookmark", "bookmark.Empty -> true",
                             "bookmark.Start = 4", "bookmark.End -> 4", "bookmark.End = 7"));
@@ -264,17 +264,17 @@ TEST_F(TablesOfContents, AreBuiltFromHeadingsAndEntries)
                                Word::text(L"\"Marked\" \\fC \\l \"2\""));
     const Word::TablesOfContentsPtr tables = document->GetTablesOfContents();
     const Word::RangePtr place = range(0, 0);
-    session.clearTranscript();
+    word.clearTranscript();
     const short upper = 1;
     const short lower = 9;
     const Word::TableOfContentsPtr table =
         tables->Add(place, Word::boolean(true), _variant_t(upper), _variant_t(lower), Word::boolean(true),
                     Word::missing, Word::boolean(true), Word::boolean(true), Word::text(L""));
     table->PutTabLeader(Word::wdTabLeaderDots);
-    EXPECT_THAT(session.transcript(), ElementsAre("document.TablesOfContents.Add(document.Range(0, 0), true, "
-                                                  "1s, 9s, true, missing, true, true, \"\", "
-                                                  "missing, missing) -> tableOfContents",
-                                                  "tableOfContents.TabLeader = 1"));
+    EXPECT_THAT(word.transcript(), ElementsAre("document.TablesOfContents.Add(document.Range(0, 0), true, "
+                                               "1s, 9s, true, missing, true, true, \"\", "
+                                               "missing, missing) -> tableOfContents",
+                                               "tableOfContents.TabLeader = 1"));
     EXPECT_EQ(table->GetRange()->GetText(), _bstr_t(L"First\t1\rMarked\t1\rSecond\t1\r"));
     EXPECT_EQ(document->GetFields()->Item(1)->GetCode()->GetText(),
               _bstr_t(L" TOC \\o \"1-9\" \\f \\h \\z "));

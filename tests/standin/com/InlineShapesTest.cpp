@@ -52,8 +52,8 @@ TEST_F(InlineShapes, SizesCanBeAskedAndPut)
 
 TEST_F(InlineShapes, ARangesOwnTextIsReplacedUnderTheOtherReading)
 {
-    session.model().setSwitches({.shapeReplacesNothing = false});
-    const Word::_DocumentPtr other = session.application()->GetDocuments()->Add();
+    word.model().setSwitches({.shapeReplacesNothing = false});
+    const Word::_DocumentPtr other = word.application()->GetDocuments()->Add();
     const std::wstring picture = write(L"a.png", sample::png());
     other->Range()->InsertAfter(L"qjkw");
     other->Range(Word::integer(1), Word::integer(2))->GetInlineShapes()->AddPicture(picture.c_str());
@@ -149,12 +149,12 @@ TEST_F(InlineShapes, ObjectsThatCannotBeMadeAreRefused)
 TEST_F(InlineShapes, AreWrittenDownCallByCall)
 {
     const std::wstring file = write(L"a.png", sample::png());
-    session.clearTranscript();
+    word.clearTranscript();
     document->GetInlineShapes()
         ->AddPicture(file.c_str(), Word::boolean(false), Word::boolean(true))
         ->PutWidth(20);
     EXPECT_THAT(
-        session.transcript(),
+        word.transcript(),
         ElementsAre(
             "document.InlineShapes -> document.InlineShapes",
             MatchesRegex("document.InlineShapes.AddPicture.*a\\.png\", false, true, missing. -> inlineShape"),

@@ -18,7 +18,7 @@ class InsertFile : public standin_test::FilesFixture
 protected:
     Word::_DocumentPtr addFrom(const std::wstring& file) const
     {
-        return session.application()->GetDocuments()->Add(Word::text(file.c_str()));
+        return word.application()->GetDocuments()->Add(Word::text(file.c_str()));
     }
 };
 
@@ -56,7 +56,7 @@ TEST_F(InsertFile, AFragmentLeavesTheLookToTheDocument)
     range(0, 0)->InsertFile(write(L"a.rtf", fragment).c_str());
     EXPECT_EQ(text(), u"one\rtwo\r#behind\r");
     EXPECT_EQ(document->GetBookmarks()->Item(Word::text(L"tag"))->GetRange()->GetText(), _bstr_t(L"one"));
-    const auto story = session.model(document)->mainStory();
+    const auto story = word.model(document)->mainStory();
     EXPECT_EQ(story->directFont(0), FontProperties());
     EXPECT_EQ(story->directFont(4), FontProperties{.bold = true});
     EXPECT_EQ(range(0, 3)->GetFont()->GetName(), _bstr_t(L"Arial"));
@@ -74,8 +74,8 @@ TEST_F(InsertFile, IsReadAsTheSwitchesSay)
 {
     const std::wstring file = write(L"a.rtf", fragment);
     const auto addWith = [this](const standin::model::Switches& switches) {
-        session.model().setSwitches(switches);
-        return session.application()->GetDocuments()->Add();
+        word.model().setSwitches(switches);
+        return word.application()->GetDocuments()->Add();
     };
     const Word::_DocumentPtr joined =
         addWith({.insertFileLastParagraph = standin::model::LastParagraph::dropped});
@@ -154,10 +154,10 @@ TEST_F(InsertFile, TablesKeepTheStyleThatATemplateHasForThem)
     EXPECT_EQ(made->GetStyles()->Item(Word::text(L"Title"))->GetType(), Word::wdStyleTypeParagraph);
     const Word::TablePtr table = made->GetTables()->Add(made->Range(), 1, 1);
     table->GetRange()->PutStyle(Word::text(L"Ruled"));
-    const std::string bytes = standin::rtf::writeRtf(*session.model(made));
+    const std::string bytes = standin::rtf::writeRtf(*word.model(made));
     document->Range()->InsertFile(write(L"with-table.rtf", bytes).c_str());
     for (const Word::_DocumentPtr& each : {made, document}) {
-        const auto model = session.model(each);
+        const auto model = word.model(each);
         const auto row = model->mainStory()->paragraph(1).format->row;
         ASSERT_TRUE(row && row->style);
         EXPECT_EQ(row->style, model->styles().byName(u"Ruled").get());
@@ -167,7 +167,7 @@ TEST_F(InsertFile, TablesKeepTheStyleThatATemplateHasForThem)
 
 TEST_F(InsertFile, ATemplateThatCannotBeReadMakesNoDocument)
 {
-    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    const Word::DocumentsPtr documents = word.application()->GetDocuments();
     EXPECT_THAT(comErrorOf([&] { addFrom(folder.file(L"none.dot")); }), isHresult(wordError(5174)));
     EXPECT_THAT(comErrorOf([&] { addFrom(write(L"text.dot", "just text")); }), isHresult(wordError(5273)));
     EXPECT_THAT(comErrorOf([&] { addFrom(write(L"cut.dot", "{\\rtf1 cut")); }), isHresult(wordError(5273)));
@@ -179,11 +179,11 @@ TEST_F(InsertFile, IsWrittenDown)
 {
     const std::wstring file = write(L"a.txt", "x");
     const Word::RangePtr place = range(0, 0);
-    session.clearTranscript();
+    word.clearTranscript();
     place->InsertFile(file.c_str(), Word::text(L""), Word::boolean(false), Word::boolean(false),
                       Word::boolean(false));
     EXPECT_THAT(
-        session.transcript(),
+        word.transcript(),
         ElementsAre(MatchesRegex("document.Range.0, 0..InsertFile.*a\\.txt\", \"\", false, false, false.")));
 }
 } // namespace

@@ -1,4 +1,4 @@
-#include <InProcess.h>
+#include <InProcessWord.h>
 
 #include "TestSupport.h"
 
@@ -30,10 +30,10 @@ HRESULT invoke(IDispatch* object, const wchar_t* name, WORD kind, std::vector<_v
 class LateBinding : public testing::Test
 {
 protected:
-    IDispatch* application() const { return session.application().GetInterfacePtr(); }
+    IDispatch* application() const { return word.application().GetInterfacePtr(); }
 
     standin_test::Apartment apartment;
-    standin::Session session;
+    standin::InProcessWord word;
 };
 
 TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
@@ -51,7 +51,7 @@ TEST_F(LateBinding, ScriptsReachEveryKindOfMember)
     _variant_t text;
     ASSERT_THAT(invoke(range.pdispVal, L"Text", DISPATCH_PROPERTYGET, {}, &text), isHresult(S_OK));
     EXPECT_EQ(_bstr_t(text), _bstr_t(L"bc"));
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("application.Documents -> application.Documents",
                             "application.Documents.Add(missing, missing, missing, missing) -> document",
                             "document.Range(0, 0) -> document.Range(0, 0)",
@@ -78,7 +78,7 @@ TEST_F(LateBinding, WordsErrorsAreExceptions)
 TEST_F(LateBinding, UnknownNamesAreRefused)
 {
     EXPECT_THAT(invoke(application(), L"NoSuchMember", DISPATCH_METHOD, {}), isHresult(DISP_E_UNKNOWNNAME));
-    EXPECT_TRUE(session.transcript().empty());
+    EXPECT_TRUE(word.transcript().empty());
 }
 
 TEST_F(LateBinding, TypeInformationIsThere)

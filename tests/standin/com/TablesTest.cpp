@@ -120,11 +120,11 @@ TEST_F(Tables, OfWhichNothingIsLeftAreDeletedObjects)
 
 TEST_F(Tables, AreWrittenDownCallByCall)
 {
-    session.clearTranscript();
+    word.clearTranscript();
     const Word::TablePtr table = add(1, 1);
     table->GetRows()->Item(1)->GetCells()->Item(1)->SetWidth(100, Word::wdAdjustSameWidth);
     EXPECT_THAT(
-        session.transcript(),
+        word.transcript(),
         ElementsAre("document.Range(0, 0) -> document.Range(0, 0)",
                     "document.Range(0, 0).Tables -> document.Range(0, 0).Tables",
                     "document.Range(0, 0).Tables.Add(document.Range(0, 0), 1, 1, missing, missing) -> table",
@@ -142,6 +142,6 @@ TEST_F(Tables, LeaveNoObjectsBehind)
         table->GetColumns()->Item(1);
     }
     document = nullptr;
-    EXPECT_EQ(session.liveObjects(), 0);
+    EXPECT_EQ(word.liveObjects(), 0);
 }
 } // namespace

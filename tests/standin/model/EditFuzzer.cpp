@@ -1,15 +1,11 @@
 // Throws sequences of edits at a document and at a plain text that follows the same rules, and compares
 // them.
-#include "Fuzzing.h"
+#include "EditedRanges.h"
 
-#include "Document.h"
-#include "Invariants.h"
-#include "LiveRange.h"
 #include "Table.h"
 #include "WordError.h"
 
 #include <algorithm>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -252,13 +248,9 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
     case 1:
         insertInFront(range, naive, mine, input.text());
         break;
-    case 2: {
-        const Position start = input.below(naive.last() + 1);
-        const Position end = std::max(start, input.below(naive.last() + 2));
-        range.setRange(start, end);
-        mine = {start, end};
+    case 2:
+        mine = moveAnywhere(input, range, naive.last());
         break;
-    }
     case 3: {
         const NaiveRange before = mine;
         range.remove();
@@ -277,13 +269,13 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
         breakSection(range, naive, mine);
         break;
     case 7:
-        range.setFont({.size = static_cast<float>(input.next() % 3 + 10), .bold = input.next() % 2 == 0});
+        putAnyFont(input, range);
         break;
     case 8:
-        range.setStyle(-1 - input.next() % 90);
+        putAnyStyle(input, range);
         break;
     case 9:
-        range.setParagraphFormat({.alignment = static_cast<Alignment>(input.next() % 4)});
+        putAnyAlignment(input, range);
         break;
     default:
         growTable(range, naive, mine, input.next() % 6);
@@ -311,24 +303,10 @@ bool isAlike(const Story& story, const NaiveStory& naive)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    FuzzerInput input(data, size, madeBytes);
-    const DocumentPtr document = Document::make(u"Document1");
-    NaiveStory naive;
-    std::vector<std::unique_ptr<LiveRange>> ranges;
-    for (int i = 0; i < 4; ++i) {
-        ranges.push_back(std::make_unique<LiveRange>(document->mainStory(), 0, i % 2));
-        naive.ranges.push_back({0, i % 2});
-    }
-    while (!input.isEmpty() && naive.text.size() < 5000) {
-        const std::size_t number = input.next() % ranges.size();
-        edit(input, *ranges[number], naive, number);
-        if (!isAlike(*document->mainStory(), naive))
-            fail("the text differs");
-        for (std::size_t i = 0; i < ranges.size(); ++i)
-            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end)
-                fail("range " + std::to_string(i) + " differs");
-        if (const std::string wrong = checkInvariants(*document); !wrong.empty())
-            fail(wrong);
-    }
+    compareEdits<NaiveStory>(FuzzerInput(data, size, madeBytes), edit,
+                             [](const Document& document, const NaiveStory& naive) {
+                                 if (!isAlike(*document.mainStory(), naive))
+                                     fail("the text differs");
+                             });
     return 0;
 }

@@ -1,18 +1,14 @@
 // Throws edits, fields, links and bookmarks at a document and at a plain string that follows the same rules,
 // and compares them.
-#include "Fuzzing.h"
+#include "EditedRanges.h"
 
-#include "Document.h"
 #include "Field.h"
 #include "Hyperlink.h"
-#include "Invariants.h"
-#include "LiveRange.h"
 #include "WordError.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -142,13 +138,9 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
         mine.end = std::max(mine.end, at + static_cast<Position>(normalizeText(text).size()));
         break;
     }
-    case 2: {
-        const Position start = input.below(naive.last() + 1);
-        const Position end = std::max(start, input.below(naive.last() + 2));
-        range.setRange(start, end);
-        mine = {start, end};
+    case 2:
+        mine = moveAnywhere(input, range, naive.last());
         break;
-    }
     case 3: {
         const NaiveRange before = mine;
         range.remove();
@@ -184,10 +176,10 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
         break;
     }
     case 7:
-        range.setFont({.size = static_cast<float>(input.next() % 3 + 10), .bold = input.next() % 2 == 0});
+        putAnyFont(input, range);
         break;
     case 8:
-        range.setStyle(-1 - input.next() % 90);
+        putAnyStyle(input, range);
         break;
     case 9:
         addField(range, {.type = 29});
@@ -229,12 +221,16 @@ void edit(FuzzerInput& input, LiveRange& range, NaiveStory& naive, std::size_t n
         break;
     }
     default:
-        range.setParagraphFormat({.alignment = static_cast<Alignment>(input.next() % 4)});
+        putAnyAlignment(input, range);
     }
 }
 
-void compareBookmarks(const Bookmarks& bookmarks, const NaiveStory& naive)
+void compare(const Document& document, const NaiveStory& naive)
 {
+    const Story& story = *document.mainStory();
+    if (story.text(0, story.length()) != naive.text)
+        fail("the text differs");
+    const Bookmarks& bookmarks = document.bookmarks();
     if (bookmarks.all().size() != naive.bookmarks.size())
         fail("the number of bookmarks differs");
     for (const auto& [name, bookmark] : naive.bookmarks) {
@@ -249,25 +245,6 @@ void compareBookmarks(const Bookmarks& bookmarks, const NaiveStory& naive)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    FuzzerInput input(data, size);
-    const DocumentPtr document = Document::make(u"Document1");
-    NaiveStory naive;
-    std::vector<std::unique_ptr<LiveRange>> ranges;
-    for (int i = 0; i < 4; ++i) {
-        ranges.push_back(std::make_unique<LiveRange>(document->mainStory(), 0, i % 2));
-        naive.ranges.push_back({0, i % 2});
-    }
-    while (!input.isEmpty() && naive.text.size() < 5000) {
-        const std::size_t number = input.next() % ranges.size();
-        edit(input, *ranges[number], naive, number);
-        if (document->mainStory()->text(0, document->mainStory()->length()) != naive.text)
-            fail("the text differs");
-        for (std::size_t i = 0; i < ranges.size(); ++i)
-            if (ranges[i]->start() != naive.ranges[i].start || ranges[i]->end() != naive.ranges[i].end)
-                fail("range " + std::to_string(i) + " differs");
-        compareBookmarks(document->bookmarks(), naive);
-        if (const std::string wrong = checkInvariants(*document); !wrong.empty())
-            fail(wrong);
-    }
+    compareEdits<NaiveStory>(FuzzerInput(data, size), edit, compare);
     return 0;
 }

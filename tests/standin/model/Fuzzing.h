@@ -56,10 +56,3 @@ private:
     std::size_t at_ = 0;
     std::uint32_t state_ = 0x811c9dc5u;
 };
-
-/// A range by its two ends, for the plain models that the fuzzers compare with.
-struct NaiveRange
-{
-    standin::model::Position start;
-    standin::model::Position end;
-};

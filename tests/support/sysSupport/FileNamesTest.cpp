@@ -97,3 +97,20 @@ TEST(FileNamesTest, KnowsPicturesByTheirExtensions)
         EXPECT_FALSE(fileNames::isPictureExtension(widened(other))) << other;
     }
 }
+
+TEST(FileNamesTest, PicturesAreInstalledUnderTheirBareName)
+{
+    using fileNames::installedPicture;
+    const std::pair<const char*, const char*> rows[] = {{"logo.gif", "c:\\inst\\pix\\logo.gif"},
+                                                        {"logo.GIF", ""},
+                                                        {"logo.doc", ""},
+                                                        {"x\\logo.gif", ""},
+                                                        {"c:logo.gif", ""},
+                                                        {"", ""}};
+    for (const auto& [name, installed] : rows)
+        for (const char* const folder : {"c:\\inst", "c:\\inst\\"}) {
+            EXPECT_EQ(installedPicture(folder, name, isHigh), installed) << name;
+            EXPECT_EQ(installedPicture(widened(folder), widened(name)), widened(installed)) << name;
+        }
+    EXPECT_EQ(installedPicture("", "logo.gif", isHigh), "pix\\logo.gif");
+}

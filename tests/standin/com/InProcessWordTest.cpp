@@ -1,4 +1,4 @@
-#include <InProcess.h>
+#include <InProcessWord.h>
 
 #include "LiveRange.h"
 #include "TestSupport.h"
@@ -18,34 +18,34 @@ std::u16string textOf(const std::shared_ptr<standin::model::Document>& document)
     return document->mainStory()->text(0, document->mainStory()->length());
 }
 
-class InProcess : public testing::Test
+class InProcessWord : public testing::Test
 {
 protected:
-    Word::_DocumentPtr addDocument() const { return session.application()->GetDocuments()->Add(); }
+    Word::_DocumentPtr addDocument() const { return word.application()->GetDocuments()->Add(); }
 
     standin_test::Apartment apartment;
-    standin::Session session;
+    standin::InProcessWord word;
 };
 
-TEST_F(InProcess, TextGoesIntoTheModel)
+TEST_F(InProcessWord, TextGoesIntoTheModel)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
     range->InsertAfter(L"ab\r\ncd");
-    EXPECT_EQ(textOf(session.model(document)), u"ab\rcd\r");
+    EXPECT_EQ(textOf(word.model(document)), u"ab\rcd\r");
     EXPECT_EQ(range->GetEnd(), 6);
     EXPECT_EQ(range->GetStoryLength(), 6);
     range->InsertBefore(L"x");
     EXPECT_EQ(range->GetText(), _bstr_t(L"xab\rcd\r"));
     range->SetRange(0, 1);
     EXPECT_EQ(range->Delete(), 1);
-    EXPECT_EQ(textOf(session.model(document)), u"ab\rcd\r");
+    EXPECT_EQ(textOf(word.model(document)), u"ab\rcd\r");
 }
 
-TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
+TEST_F(InProcessWord, TheTranscriptHasOneLineForEachCall)
 {
     {
-        const Word::_ApplicationPtr application = session.application();
+        const Word::_ApplicationPtr application = word.application();
         const Word::DocumentsPtr documents = application->GetDocuments();
         const Word::_DocumentPtr document = documents->Add();
         const Word::RangePtr range = document->Range();
@@ -63,7 +63,7 @@ TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
         document->Close(Word::integer(Word::wdDoNotSaveChanges));
     }
     EXPECT_THAT(
-        session.transcript(),
+        word.transcript(),
         ElementsAre(
             "application.Documents -> application.Documents",
             "application.Documents.Add(missing, missing, missing, missing) -> document",
@@ -78,15 +78,15 @@ TEST_F(InProcess, TheTranscriptHasOneLineForEachCall)
             "document.Close(0, missing, missing)"));
 }
 
-TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
+TEST_F(InProcessWord, ObjectsAsArgumentsShowTheirName)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr first = document->Range();
     const Word::RangePtr second = first->GetDuplicate();
-    session.clearTranscript();
+    word.clearTranscript();
     document->GetFields()->Add(second, Word::integer(Word::wdFieldPage));
     first->PutStyle(Word::object(document->GetStyles()->Item(Word::text(L"heading 2"))));
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("document.Fields -> document.Fields",
                             "document.Fields.Add(body.Duplicate, 33, missing, missing) -> field",
                             "document.Styles -> document.Styles",
@@ -94,31 +94,31 @@ TEST_F(InProcess, ObjectsAsArgumentsShowTheirName)
                             "body.Style = document.Styles(\"heading 2\")"));
 }
 
-TEST_F(InProcess, EachRangeHasANameOfItsOwn)
+TEST_F(InProcessWord, EachRangeHasANameOfItsOwn)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr first = document->Range();
     const Word::RangePtr second = document->Range();
-    session.clearTranscript();
+    word.clearTranscript();
     second->GetFont();
     first->GetDuplicate();
     first->GetDuplicate();
-    EXPECT_THAT(session.transcript(),
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("body#2.Font -> body#2.Font", "body.Duplicate -> body.Duplicate",
                             "body.Duplicate -> body.Duplicate#2"));
 }
 
 // A call that a client makes besides changes the lines of no other call.
-TEST_F(InProcess, ACallMoreRenamesNothing)
+TEST_F(InProcessWord, ACallMoreRenamesNothing)
 {
     const auto lines = [this](bool more) {
         const Word::_DocumentPtr document = addDocument();
-        session.clearTranscript();
+        word.clearTranscript();
         if (more)
             document->Range()->GetFont()->GetBold();
         document->GetStyles()->Item(Word::integer(-2))->GetFont()->PutBold(1);
         document->GetTables()->Add(document->GetContent(), 1, 1)->GetRows()->Item(1)->GetCells();
-        std::vector<std::string> tail = session.transcript();
+        std::vector<std::string> tail = word.transcript();
         document->Close(Word::integer(Word::wdDoNotSaveChanges));
         tail.erase(tail.begin(), tail.begin() + (more ? 3 : 0));
         return tail;
@@ -132,36 +132,36 @@ TEST_F(InProcess, ACallMoreRenamesNothing)
     EXPECT_EQ(more, plain);
 }
 
-TEST_F(InProcess, TellsWhichMembersWereCalled)
+TEST_F(InProcessWord, TellsWhichMembersWereCalled)
 {
     const Word::_DocumentPtr document = addDocument();
-    session.clearTranscript();
+    word.clearTranscript();
     document->Range()->PutStart(0);
-    ASSERT_EQ(session.calledMembers().size(), session.transcript().size());
-    EXPECT_EQ(session.calledMembers()[0].name, "Document.Range");
-    EXPECT_TRUE(session.calledMembers()[0].gaveObject);
-    EXPECT_EQ(session.calledMembers()[1].name, "Range.Start =");
-    EXPECT_FALSE(session.calledMembers()[1].gaveObject);
+    ASSERT_EQ(word.calledMembers().size(), word.transcript().size());
+    EXPECT_EQ(word.calledMembers()[0].name, "Document.Range");
+    EXPECT_TRUE(word.calledMembers()[0].gaveObject);
+    EXPECT_EQ(word.calledMembers()[1].name, "Range.Start =");
+    EXPECT_FALSE(word.calledMembers()[1].gaveObject);
 }
 
-TEST_F(InProcess, NothingStaysAliveBehindAClient)
+TEST_F(InProcessWord, NothingStaysAliveBehindAClient)
 {
     {
         const Word::_DocumentPtr document = addDocument();
         const Word::RangePtr range = document->Range();
         range->InsertAfter(L"abc");
         const Word::_FontPtr font = range->GetFont();
-        EXPECT_EQ(session.liveObjects(), 3);
+        EXPECT_EQ(word.liveObjects(), 3);
         const Word::_ApplicationPtr application = range->GetApplication();
-        EXPECT_EQ(session.liveObjects(), 4);
-        EXPECT_EQ(application.GetInterfacePtr(), session.application().GetInterfacePtr());
+        EXPECT_EQ(word.liveObjects(), 4);
+        EXPECT_EQ(application.GetInterfacePtr(), word.application().GetInterfacePtr());
     }
-    EXPECT_EQ(session.liveObjects(), 0);
+    EXPECT_EQ(word.liveObjects(), 0);
 }
 
-TEST_F(InProcess, ADocumentIsOneObjectWithOneName)
+TEST_F(InProcessWord, ADocumentIsOneObjectWithOneName)
 {
-    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    const Word::DocumentsPtr documents = word.application()->GetDocuments();
     Word::_DocumentPtr first = documents->Add();
     const Word::_DocumentPtr second = documents->Add();
     EXPECT_EQ(documents->GetCount(), 2);
@@ -169,18 +169,18 @@ TEST_F(InProcess, ADocumentIsOneObjectWithOneName)
     EXPECT_EQ(documents->Item(Word::integer(2)).GetInterfacePtr(), first.GetInterfacePtr());
     EXPECT_EQ(documents->Item(Word::text(L"document1")).GetInterfacePtr(), first.GetInterfacePtr());
     first = nullptr;
-    session.clearTranscript();
+    word.clearTranscript();
     first = documents->Item(Word::integer(2));
-    EXPECT_THAT(session.transcript(), ElementsAre("application.Documents.Item(2) -> document"));
+    EXPECT_THAT(word.transcript(), ElementsAre("application.Documents.Item(2) -> document"));
 }
 
-TEST_F(InProcess, WordsErrorsComeWithTheirText)
+TEST_F(InProcessWord, WordsErrorsComeWithTheirText)
 {
-    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    const Word::DocumentsPtr documents = word.application()->GetDocuments();
     EXPECT_THAT(comErrorOf([&] { documents->Item(Word::integer(1)); }), isHresult(wordError(5941)));
     EXPECT_THAT(comErrorOf([&] { documents->Item(Word::text(L"x")); }), isHresult(wordError(4160)));
     EXPECT_THAT(comErrorOf([&] { documents->Add(Word::text(L"c:\\none.dot")); }), isHresult(wordError(5174)));
-    EXPECT_THAT(comErrorOf([&] { session.application()->GetActiveDocument(); }), isHresult(wordError(4248)));
+    EXPECT_THAT(comErrorOf([&] { word.application()->GetActiveDocument(); }), isHresult(wordError(4248)));
     const Word::_DocumentPtr document = addDocument();
     EXPECT_THAT(comErrorOf([&] { document->Range(Word::integer(1), Word::integer(1)); }),
                 isHresult(wordError(4608)));
@@ -201,20 +201,20 @@ TEST_F(InProcess, WordsErrorsComeWithTheirText)
     }
 }
 
-TEST_F(InProcess, WhatIsNotThereFailsLoudly)
+TEST_F(InProcessWord, WhatIsNotThereFailsLoudly)
 {
     const Word::_DocumentPtr document = addDocument();
-    session.clearTranscript();
+    word.clearTranscript();
     EXPECT_THAT(comErrorOf([&] { document->GetVBProject(); }), isHresult(E_NOTIMPL));
-    EXPECT_THAT(session.transcript(), ElementsAre("document.VBProject !! 0x80004001"));
+    EXPECT_THAT(word.transcript(), ElementsAre("document.VBProject !! 0x80004001"));
     const Word::TableOfContentsPtr contents = document->GetTablesOfContents()->Add(document->Range());
     const Word::RangePtr range = document->Range(Word::integer(0), Word::integer(0));
     const Word::TablePtr table = range->GetTables()->Add(range, 1, 1);
     const Word::RowPtr row = table->GetRows()->Item(1);
     const Word::BookmarksPtr bookmarks = document->GetBookmarks();
     for (const HRESULT failure :
-         {comErrorOf([&] { session.application()->GetScreenUpdating(); }),
-          comErrorOf([&] { session.application()->PutScreenUpdating(false); }),
+         {comErrorOf([&] { word.application()->GetScreenUpdating(); }),
+          comErrorOf([&] { word.application()->PutScreenUpdating(false); }),
           comErrorOf([&] { document->Save(); }), comErrorOf([&] { range->Move(); }),
           comErrorOf([&] { range->GetBookmarkID(); }), comErrorOf([&] { range->InRange(range); }),
           comErrorOf([&] { bookmarks->PutDefaultSorting(1); }), comErrorOf([&] { table->Delete(); }),
@@ -227,7 +227,7 @@ TEST_F(InProcess, WhatIsNotThereFailsLoudly)
         EXPECT_THAT(failure, isHresult(E_NOTIMPL));
 }
 
-TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
+TEST_F(InProcessWord, AFailedCallLeavesNothingInItsResult)
 {
     const Word::_DocumentPtr document = addDocument();
     Word::Range* range = reinterpret_cast<Word::Range*>(0x10);
@@ -241,7 +241,7 @@ TEST_F(InProcess, AFailedCallLeavesNothingInItsResult)
     range->Release();
 }
 
-TEST_F(InProcess, AClosedDocumentsObjectsAreDeleted)
+TEST_F(InProcessWord, AClosedDocumentsObjectsAreDeleted)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
@@ -256,53 +256,53 @@ TEST_F(InProcess, AClosedDocumentsObjectsAreDeleted)
     EXPECT_THAT(comErrorOf([&] { setup->GetPageWidth(); }), isHresult(wordError(5825)));
     EXPECT_THAT(comErrorOf([&] { document->Range(); }), isHresult(wordError(5825)));
     EXPECT_THAT(comErrorOf([&] { document->Close(); }), isHresult(wordError(5825)));
-    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);
+    EXPECT_EQ(word.application()->GetDocuments()->GetCount(), 0);
 }
 
-TEST_F(InProcess, CallsFailOnDemand)
+TEST_F(InProcessWord, CallsFailOnDemand)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
-    session.clearTranscript();
-    session.failCall(2, static_cast<HRESULT>(0x80010001));
+    word.clearTranscript();
+    word.failCall(2, static_cast<HRESULT>(0x80010001));
     range->InsertAfter(L"a");
     EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"b"); }), isHresult(static_cast<HRESULT>(0x80010001)));
     range->InsertAfter(L"c");
-    EXPECT_EQ(textOf(session.model(document)), u"ac\r");
-    EXPECT_THAT(session.transcript(),
+    EXPECT_EQ(textOf(word.model(document)), u"ac\r");
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("body.InsertAfter(\"a\")", "body.InsertAfter(\"b\") !! 0x80010001",
                             "body.InsertAfter(\"c\")"));
-    session.clearTranscript();
-    session.failCall(1, S_FALSE);
+    word.clearTranscript();
+    word.failCall(1, S_FALSE);
     EXPECT_FALSE(range->GetFont());
     EXPECT_TRUE(range->GetFont());
-    EXPECT_THAT(session.transcript(), ElementsAre("body.Font", "body.Font -> body.Font"));
-    session.failFromCall(1, wordError(4605));
+    EXPECT_THAT(word.transcript(), ElementsAre("body.Font", "body.Font -> body.Font"));
+    word.failFromCall(1, wordError(4605));
     EXPECT_THAT(comErrorOf([&] { range->GetEnd(); }), isHresult(wordError(4605)));
     EXPECT_THAT(comErrorOf([&] { range->GetStart(); }), isHresult(wordError(4605)));
-    session.clearFaults();
+    word.clearFaults();
     EXPECT_EQ(range->GetStart(), 0);
 }
 
-TEST_F(InProcess, CallsAreRejectedOnDemandAndThenRun)
+TEST_F(InProcessWord, CallsAreRejectedOnDemandAndThenRun)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
-    session.clearTranscript();
-    const long before = session.callCount();
-    session.rejectCall(1, RPC_E_CALL_REJECTED, 2);
+    word.clearTranscript();
+    const long before = word.callCount();
+    word.rejectCall(1, RPC_E_CALL_REJECTED, 2);
     EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"a"); }), isHresult(RPC_E_CALL_REJECTED));
     EXPECT_THAT(comErrorOf([&] { range->InsertAfter(L"a"); }), isHresult(RPC_E_CALL_REJECTED));
-    EXPECT_EQ(session.callCount(), before);
+    EXPECT_EQ(word.callCount(), before);
     range->InsertAfter(L"a");
-    EXPECT_EQ(session.callCount(), before + 1);
-    EXPECT_EQ(textOf(session.model(document)), u"a\r");
-    EXPECT_THAT(session.transcript(),
+    EXPECT_EQ(word.callCount(), before + 1);
+    EXPECT_EQ(textOf(word.model(document)), u"a\r");
+    EXPECT_THAT(word.transcript(),
                 ElementsAre("body.InsertAfter(\"a\") !! 0x80010001", "body.InsertAfter(\"a\") !! 0x80010001",
                             "body.InsertAfter(\"a\")"));
 }
 
-TEST_F(InProcess, FontsReadAndWriteARangesText)
+TEST_F(InProcessWord, FontsReadAndWriteARangesText)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
@@ -332,7 +332,7 @@ TEST_F(InProcess, FontsReadAndWriteARangesText)
     EXPECT_THAT(comErrorOf([&] { font->PutSize(0.0f); }), isHresult(wordError(4608)));
 }
 
-TEST_F(InProcess, ResettingTakesDirectFormattingOnly)
+TEST_F(InProcessWord, ResettingTakesDirectFormattingOnly)
 {
     const Word::_DocumentPtr document = addDocument();
     document->Range()->InsertAfter(L"one two");
@@ -355,7 +355,7 @@ TEST_F(InProcess, ResettingTakesDirectFormattingOnly)
                 isHresult(E_NOTIMPL));
 }
 
-TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
+TEST_F(InProcessWord, StylesAreFoundByNumberNameAndIndex)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::StylesPtr styles = document->GetStyles();
@@ -364,7 +364,7 @@ TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
     EXPECT_EQ(styles->Item(Word::integer(-2))->GetFont()->GetSize(), 16.0f);
     EXPECT_THAT(comErrorOf([&] { styles->Item(Word::integer(styles->GetCount() + 1)); }),
                 isHresult(wordError(5941)));
-    session.model(document)->styles().add(u"Mine", standin::model::StyleType::paragraph);
+    word.model(document)->styles().add(u"Mine", standin::model::StyleType::paragraph);
     const Word::StylePtr own = styles->Item(Word::text(L"Mine"));
     own->GetFont()->PutSize(9.0f);
     own->GetParagraphFormat()->PutAlignment(Word::wdAlignParagraphRight);
@@ -379,7 +379,7 @@ TEST_F(InProcess, StylesAreFoundByNumberNameAndIndex)
     EXPECT_EQ(Word::StylePtr(style.pdispVal)->GetNameLocal(), _bstr_t(L"Mine"));
 }
 
-TEST_F(InProcess, AlignmentReachesTheParagraphsTouched)
+TEST_F(InProcessWord, AlignmentReachesTheParagraphsTouched)
 {
     const Word::_DocumentPtr document = addDocument();
     const Word::RangePtr range = document->Range();
@@ -394,7 +394,7 @@ TEST_F(InProcess, AlignmentReachesTheParagraphsTouched)
     EXPECT_EQ(range->GetParagraphFormat()->GetAlignment(), Word::wdAlignParagraphLeft);
 }
 
-TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)
+TEST_F(InProcessWord, SectionsHavePagesHeadersAndFooters)
 {
     const Word::_DocumentPtr document = addDocument();
     EXPECT_EQ(document->GetPageSetup()->GetPageWidth(), 612.0f);
@@ -420,7 +420,7 @@ TEST_F(InProcess, SectionsHavePagesHeadersAndFooters)
     EXPECT_THAT(comErrorOf([&] { second->GetHeaders()->Item(4); }), isHresult(wordError(5941)));
 }
 
-TEST_F(InProcess, SaveAsWritesAndNamesTheDocument)
+TEST_F(InProcessWord, SaveAsWritesAndNamesTheDocument)
 {
     const ScratchFolder folder;
     const Word::_DocumentPtr document = addDocument();
@@ -443,7 +443,7 @@ TEST_F(InProcess, SaveAsWritesAndNamesTheDocument)
     EXPECT_NE(bytesOf(folder.file(L"report.doc")).find("contentmore"), std::string::npos);
 }
 
-TEST_F(InProcess, EveryFormatThatKeepsFormattingIsRtf)
+TEST_F(InProcessWord, EveryFormatThatKeepsFormattingIsRtf)
 {
     const ScratchFolder folder;
     const Word::_DocumentPtr document = addDocument();
@@ -459,10 +459,10 @@ TEST_F(InProcess, EveryFormatThatKeepsFormattingIsRtf)
     document->UndoClear();
 }
 
-TEST_F(InProcess, ASavedDocumentOpensAgain)
+TEST_F(InProcessWord, ASavedDocumentOpensAgain)
 {
     const ScratchFolder folder;
-    const Word::DocumentsPtr documents = session.application()->GetDocuments();
+    const Word::DocumentsPtr documents = word.application()->GetDocuments();
     Word::_DocumentPtr document = documents->Add();
     document->Range()->InsertAfter(L"one\ntwo");
     document->SaveAs(Word::text(folder.file(L"a.doc").c_str()));
@@ -477,13 +477,13 @@ TEST_F(InProcess, ASavedDocumentOpensAgain)
     EXPECT_EQ(fromTemplate->GetPath(), _bstr_t(L""));
 }
 
-TEST(InProcessSession, MaySaveWithoutFiles)
+TEST(InProcessWordOptions, MaySaveWithoutFiles)
 {
     const ScratchFolder folder;
-    standin::SessionOptions options;
+    standin::InProcessWordOptions options;
     options.writesFiles = false;
-    const standin::Session session(options);
-    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    const standin::InProcessWord word(options);
+    const Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
     document->SaveAs(Word::text(folder.file(L"report").c_str()));
     EXPECT_EQ(document->GetFullName(), _bstr_t(folder.file(L"report.doc").c_str()));
     document->Range()->InsertAfter(L"more");
@@ -491,7 +491,7 @@ TEST(InProcessSession, MaySaveWithoutFiles)
     EXPECT_EQ(folder.fileCount(), 0);
 }
 
-TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
+TEST_F(InProcessWord, AFileThatCannotBeWrittenKeepsTheOldName)
 {
     const ScratchFolder folder;
     const Word::_DocumentPtr document = addDocument();
@@ -515,14 +515,14 @@ TEST_F(InProcess, AFileThatCannotBeWrittenKeepsTheOldName)
                 isHresult(wordError(5356)));
 }
 
-TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
+TEST_F(InProcessWord, OptionsLastAsLongAsTheApplication)
 {
-    const Word::_ApplicationPtr application = session.application();
+    const Word::_ApplicationPtr application = word.application();
     EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_TRUE);
     application->GetOptions()->PutCheckSpellingAsYouType(false);
     EXPECT_EQ(application->GetOptions()->GetCheckSpellingAsYouType(), VARIANT_FALSE);
     EXPECT_EQ(application->GetOptions()->GetCheckGrammarAsYouType(), VARIANT_TRUE);
-    EXPECT_FALSE(session.model().options.checkSpellingAsYouType);
+    EXPECT_FALSE(word.model().options.checkSpellingAsYouType);
     EXPECT_EQ(application->GetDisplayAlerts(), -1);
     application->PutDisplayAlerts(0);
     EXPECT_EQ(application->GetDisplayAlerts(), 0);
@@ -531,71 +531,32 @@ TEST_F(InProcess, OptionsLastAsLongAsTheApplication)
     EXPECT_EQ(application->GetVersion(), _bstr_t(L"9.0"));
 }
 
-TEST_F(InProcess, AfterQuitNothingAnswers)
+TEST_F(InProcessWord, AfterQuitNothingAnswers)
 {
-    const Word::_ApplicationPtr application = session.application();
+    const Word::_ApplicationPtr application = word.application();
     const Word::_DocumentPtr document = addDocument();
     application->Quit(Word::integer(Word::wdDoNotSaveChanges));
-    EXPECT_TRUE(session.hasQuit());
-    session.clearTranscript();
+    EXPECT_TRUE(word.hasQuit());
+    word.clearTranscript();
     EXPECT_THAT(comErrorOf([&] { application->GetDocuments(); }), isHresult(RPC_E_DISCONNECTED));
     EXPECT_THAT(comErrorOf([&] { document->GetName(); }), isHresult(RPC_E_DISCONNECTED));
-    EXPECT_THAT(session.transcript(), IsEmpty());
+    EXPECT_THAT(word.transcript(), IsEmpty());
 }
 
-TEST_F(InProcess, AnApplicationIsCreatedByItsProgId)
-{
-    const standin::ClassRegistration registration(session);
-    Word::_ApplicationPtr application;
-    ASSERT_THAT(application.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), isHresult(S_OK));
-    EXPECT_EQ(application.GetInterfacePtr(), session.application().GetInterfacePtr());
-    application->Quit();
-    Word::_ApplicationPtr next;
-    ASSERT_THAT(next.CreateInstance(L"Word.Application", nullptr, CLSCTX_ALL), isHresult(S_OK));
-    EXPECT_EQ(next->GetDocuments()->GetCount(), 0);
-    EXPECT_THAT(comErrorOf([&] { application->GetName(); }),
-                isHresult(RPC_E_DISCONNECTED)); // the earlier Word stays gone
-    EXPECT_EQ(registration.created(), 2);
-}
-
-TEST_F(InProcess, TheRegistrationLeavesNothingBehind)
-{
-    {
-        const standin::ClassRegistration registration(session);
-        CLSID id{};
-        EXPECT_THAT(CLSIDFromProgID(L"Word.Application", &id), isHresult(S_OK));
-    }
-    CLSID id{};
-    EXPECT_THAT(CLSIDFromProgID(L"Word.Application", &id), isHresult(CO_E_CLASSSTRING));
-}
-
-TEST_F(InProcess, ARunningApplicationIsFound)
-{
-    constexpr CLSID applicationClass = {0x000209FF, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-    IUnknown* found = nullptr;
-    {
-        const standin::RunningApplication running(session);
-        ASSERT_THAT(GetActiveObject(applicationClass, nullptr, &found), isHresult(S_OK));
-        EXPECT_EQ(Word::_ApplicationPtr(found).GetInterfacePtr(), session.application().GetInterfacePtr());
-        found->Release();
-    }
-    EXPECT_THAT(GetActiveObject(applicationClass, nullptr, &found), isHresult(MK_E_UNAVAILABLE));
-}
-
-TEST(InProcessSwitches, DocumentsEnterTheRunningObjectTable)
+TEST(InProcessWordOptions, DocumentsEnterTheRunningObjectTable)
 {
     const standin_test::Apartment apartment;
     const ScratchFolder folder;
     const std::wstring file = folder.file(L"running.doc");
-    standin::Session session({.switches = {}, .documentsInRunningObjectTable = true});
-    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    standin::InProcessWord word({.switches = {}, .documentsInRunningObjectTable = true});
+    const Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
     document->SaveAs(Word::text(file.c_str()));
     EXPECT_TRUE(standin_test::isRunning(file));
     document->Close();
     EXPECT_FALSE(standin_test::isRunning(file));
 }
 
-TEST(InProcessSwitches, ADocWithoutAFormatIsWhatItsNameSaysOrNot)
+TEST(InProcessWordOptions, ADocWithoutAFormatIsWhatItsNameSaysOrNot)
 {
     using standin::model::DocWithoutFormat;
     const standin_test::Apartment apartment;
@@ -603,8 +564,8 @@ TEST(InProcessSwitches, ADocWithoutAFormatIsWhatItsNameSaysOrNot)
     const auto formatOf = [&](DocWithoutFormat reading, const wchar_t* name, const _variant_t& format) {
         standin::model::Switches switches;
         switches.docWithoutFormat = reading;
-        const standin::Session session({.switches = switches, .documentsInRunningObjectTable = false});
-        const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+        const standin::InProcessWord word({.switches = switches, .documentsInRunningObjectTable = false});
+        const Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
         document->SaveAs(Word::text(folder.file(name).c_str()), format);
         return document->GetSaveFormat();
     };
@@ -618,17 +579,17 @@ TEST(InProcessSwitches, ADocWithoutAFormatIsWhatItsNameSaysOrNot)
     EXPECT_EQ(formatOf(DocWithoutFormat::refused, L"a.doc", Word::integer(0)), 0);
 }
 
-TEST(InProcessSwitches, ChangesAreDroppedOrTheCloseIsCancelled)
+TEST(InProcessWordOptions, ChangesAreDroppedOrTheCloseIsCancelled)
 {
     const standin_test::Apartment apartment;
     standin::model::Switches switches;
     switches.closeDropsChanges = false;
-    const standin::Session session({.switches = switches, .documentsInRunningObjectTable = false});
-    const Word::_DocumentPtr document = session.application()->GetDocuments()->Add();
+    const standin::InProcessWord word({.switches = switches, .documentsInRunningObjectTable = false});
+    const Word::_DocumentPtr document = word.application()->GetDocuments()->Add();
     document->Range()->InsertAfter(L"x");
     EXPECT_THAT(comErrorOf([&] { document->Close(); }), isHresult(wordError(4198)));
-    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 1);
+    EXPECT_EQ(word.application()->GetDocuments()->GetCount(), 1);
     document->Close(Word::integer(Word::wdDoNotSaveChanges));
-    EXPECT_EQ(session.application()->GetDocuments()->GetCount(), 0);
+    EXPECT_EQ(word.application()->GetDocuments()->GetCount(), 0);
 }
 } // namespace

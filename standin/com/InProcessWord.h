@@ -11,7 +11,7 @@
 namespace standin {
 class Server;
 
-struct SessionOptions
+struct InProcessWordOptions
 {
     ::standin::model::Switches switches;
     /// Each document that has a file is entered in the running object table under it until it is closed, as
@@ -28,14 +28,14 @@ struct SessionOptions
 /// A Word stand-in in the caller's own process and apartment, for tests: what a client calls is recorded, can
 /// be made to fail, and what became of the documents can be looked at.
 ///
-/// Objects that the client still holds stay usable after the session's end, and count as leaked until then.
-class Session
+/// Objects that the client still holds stay usable after this Word's end, and count as leaked until then.
+class InProcessWord
 {
 public:
-    explicit Session(const SessionOptions& options = {});
-    ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    explicit InProcessWord(const InProcessWordOptions& options = {});
+    ~InProcessWord();
+    InProcessWord(const InProcessWord&) = delete;
+    InProcessWord& operator=(const InProcessWord&) = delete;
 
     /// The application object; always the same one.
     Word::_ApplicationPtr application() const;
@@ -60,11 +60,11 @@ public:
     /// No call fails on demand any more.
     void clearFaults();
 
-    /// The COM objects of this session that are alive, the application included as long as anyone outside the
-    /// session holds it: 0 when the client has let go of everything.
+    /// The COM objects of this Word that are alive, the application included as long as anyone outside the
+    /// stand-in holds it: 0 when the client has let go of everything.
     long liveObjects() const;
 
-    /// The model behind an open document; null when `document` is not one of this session.
+    /// The model behind an open document; null when `document` is not one of this Word's.
     std::shared_ptr<::standin::model::Document> model(Word::_Document* document) const;
     /// The model's application: its options and its open documents, newest first.
     ::standin::model::Application& model() const;
@@ -79,38 +79,5 @@ private:
     const std::shared_ptr<Server>& server() const;
 
     std::unique_ptr<State> state_;
-};
-
-/// While it lives, CoCreateInstance by Word's Application class or by the ProgID "Word.Application" gives the
-/// session's application in this apartment. It registers a class object and adds what the look-up of the
-/// ProgID needs to HKEY_CLASSES_ROOT, and takes away what it added. Raises _com_error.
-class ClassRegistration
-{
-public:
-    explicit ClassRegistration(const Session& session);
-    ~ClassRegistration();
-    ClassRegistration(const ClassRegistration&) = delete;
-    ClassRegistration& operator=(const ClassRegistration&) = delete;
-
-    /// How many objects were created through it.
-    long created() const;
-
-private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
-
-/// While it lives, the session's application is the running Word that GetActiveObject finds. Raises
-/// _com_error.
-class RunningApplication
-{
-public:
-    explicit RunningApplication(const Session& session);
-    ~RunningApplication();
-    RunningApplication(const RunningApplication&) = delete;
-    RunningApplication& operator=(const RunningApplication&) = delete;
-
-private:
-    DWORD registration_ = 0;
 };
 } // namespace standin

@@ -53,7 +53,7 @@ class Sessions(EndToEndTest):
 
     def texts_of(self, documents):
         folder = self.folder / "converted"
-        subprocess.run([ROOT / "scripts" / "office-convert", "txt", *documents, folder], check=True, timeout=240)
+        subprocess.run([ROOT / "scripts" / "office-convert", "--stay", "txt", *documents, folder], check=True, timeout=240)
         texts = [(folder / f"{document.stem}.txt").read_text("utf-8-sig") for document in documents]
         # LibreOffice puts a narrow space in front of each of several spaces.
         return [text.replace("\u2006 ", " ") for text in texts]

@@ -15,6 +15,7 @@
 //   write TEXT            as its user: a new document with that text in the running Word
 //   documents             what the running Word has open: for each document whether it is saved, and its text
 //   showWord              make Word visible, from outside
+//   takeTurn              until letTurn, of the drivers that do so only this one goes on
 //   environment NAME TEXT for the Words that start from now on
 //   awaitNoWord           until no process of the stand-in's is left
 //   answer yes|no         press that in the next message box
@@ -391,6 +392,20 @@ private:
         return result;
     }
 
+    std::string takeTurn(const Words&)
+    {
+        turn_ = CreateMutexW(nullptr, FALSE, L"endtoend_driver");
+        const DWORD waited = WaitForSingleObject(turn_, togetherPatience);
+        return waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED ? "ok" : "no turn";
+    }
+
+    std::string letTurn(const Words&)
+    {
+        ReleaseMutex(turn_);
+        CloseHandle(turn_);
+        return "ok";
+    }
+
     static std::string isWordRunning(const Words&) { return runningWord() ? "yes" : "no"; }
 
     static std::string environment(const Words& words)
@@ -468,12 +483,15 @@ private:
     }
 
     IDocumentPtr object_;
+    HANDLE turn_ = nullptr;
     std::unique_ptr<BoxAnswer> boxAnswer_;
     const std::map<std::string, Step> steps_ = {
         {"new", member(&Driver::make)},
         {"release", member(&Driver::release)},
         {"run", run},
         {"together", together},
+        {"takeTurn", member(&Driver::takeTurn)},
+        {"letTurn", member(&Driver::letTurn)},
         {"isWordRunning", isWordRunning},
         {"write", write},
         {"documents", documents},

@@ -10,6 +10,9 @@ wineTemplate=$wineFolder/template
 # around it, so about one process in two thousand would not start. Children inherit what is asked for here.
 fixedAddresses=$(setarch -R true 2>/dev/null && echo 'setarch -R') || true
 
+# Wine starts a program of its own by its full name, and looks for another with the help of one more process.
+windowsFolder='C:\windows'
+
 wine() {
     command $fixedAddresses wine "$@"
 }

@@ -15,6 +15,7 @@
 //   write TEXT            as its user: a new document with that text in the running Word
 //   documents             what the running Word has open: for each document whether it is saved, and its text
 //   showWord              make Word visible, from outside
+//   wordInside            a Word in this process, for the objects that start from now on
 //   takeTurn              until letTurn, of the drivers that do so only this one goes on
 //   environment NAME TEXT for the Words that start from now on
 //   awaitNoWord           until no process of the stand-in's is left
@@ -22,6 +23,7 @@
 //   answered              wait for it and show its text
 //
 // In words \n, \r, \t, \\ and \uXXXX are understood; the word \0 is a null BSTR.
+#include "InProcess.h"
 #include "general/QdxException.h"
 
 #include <windows.h>
@@ -392,6 +394,14 @@ private:
         return result;
     }
 
+    std::string wordInside(const Words&)
+    {
+        insideRegistration_.reset();
+        inside_ = std::make_unique<standin::Session>();
+        insideRegistration_ = std::make_unique<standin::ClassRegistration>(*inside_);
+        return "ok";
+    }
+
     std::string takeTurn(const Words&)
     {
         turn_ = CreateMutexW(nullptr, FALSE, L"endtoend_driver");
@@ -482,6 +492,8 @@ private:
         return [this, method](const Words& words) { return (this->*method)(words); };
     }
 
+    std::unique_ptr<standin::Session> inside_;
+    std::unique_ptr<standin::ClassRegistration> insideRegistration_;
     IDocumentPtr object_;
     HANDLE turn_ = nullptr;
     std::unique_ptr<BoxAnswer> boxAnswer_;
@@ -490,6 +502,7 @@ private:
         {"release", member(&Driver::release)},
         {"run", run},
         {"together", together},
+        {"wordInside", member(&Driver::wordInside)},
         {"takeTurn", member(&Driver::takeTurn)},
         {"letTurn", member(&Driver::letTurn)},
         {"isWordRunning", isWordRunning},

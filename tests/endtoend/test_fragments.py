@@ -93,7 +93,7 @@ class Fragments(EndToEndTest):
                           env={"WORDSTANDIN_INSERTED": windows(inserted)})
         numbered = {int(match[1]): path for path in inserted.iterdir() if (match := FRAGMENT.fullmatch(path.name))}
         fragments = [numbered[number] for number in sorted(numbered)]
-        subprocess.run([ROOT / "scripts" / "office-convert", "fodt", typed, *fragments, converted], check=True, timeout=240)
+        subprocess.run([ROOT / "scripts" / "office-convert", "--stay", "fodt", typed, *fragments, converted], check=True, timeout=240)
 
         document = Lines(converted / "report.fodt")
         place = read = parts = 0

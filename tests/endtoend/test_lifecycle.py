@@ -1,5 +1,7 @@
 """Word found running or started, left running or ended; documents open at the wrong moment."""
 
+import os
+
 from support import clients, documents, rtf
 from support.endtoend import STANDIN, EndToEndTest, windows
 
@@ -110,15 +112,17 @@ class OneWordForEach(EndToEndTest):
 
     CLIENTS = 8
     DOCUMENTS = 3
-    # Of several servers of one class that begin at once, Wine at times gives a client none: the class is "not registered"
-    # (0x80040154) then. Such a client starts again; once it is started, that does nothing.
-    STARTS = 6
+    # Of several servers of one class that begin at once, Wine at times gives a client none: after half a minute, in which it
+    # does not let the processor rest, the class is "not registered" (0x80040154). So the clients start one after the other and
+    # do all else at once; where they start at once, too, such a client starts again. Once it is started, that does nothing.
+    STARTS = 6 if os.environ.get("MIROVEL_STARTS_AT_ONCE") else 1
 
     def path(self, client, number):
         return self.folder / f"client{client}-{number}.doc"
 
     def steps_of(self, client):
-        calls = [("new",)] + [("start",)] * self.STARTS
+        start = [("start",)] * self.STARTS if self.STARTS > 1 else [("takeTurn",), ("start",), ("letTurn",)]
+        calls = [("new",), *start]
         for number in range(self.DOCUMENTS):
             calls += [("create", windows(self.path(client, number))), ("setStyle", "Heading 1"),
                       ("insertText", f"client {client}"), ("insertEndl",), ("setStyle", "Normal"),

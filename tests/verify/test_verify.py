@@ -72,7 +72,7 @@ def is_word(process, prefix):
 
 class Runs(KitTest):
     def test_with_the_usual_word_everything_is_as_expected(self):
-        options = [] if ALL else ["/sessions:1", "/first:6", "/report:0", "/chapters:3"]
+        options = [] if ALL else ["/sessions:1", "/first:6", "/report:0", "/chapters:1"]
         outcome, result, page = self.run_kit(*options, patience=3600 if ALL else PATIENCE)
         self.assertNoWordIsLeft()
         self.assertEqual([], [one["name"] + ": " + one["answerInWords"] for one in result["questions"] if one["outcome"] != "green"])
@@ -127,7 +127,7 @@ class Runs(KitTest):
             self.assertNotEqual(text, changed)
             return changed
 
-        _, result, page = self.run_kit("/questions:0", "/sessions:1", "/first:6", "/report:0", "/chapters:0", change=change,
+        _, result, page = self.run_kit("/questions:0", "/sessions:1", "/first:2", "/report:0", "/chapters:0", change=change,
                                        status=1)
         self.assertEqual(["font"] * 3, [one["differences"][0]["kind"] for one in result["documents"] if one["differences"]])
         self.assertIn("13, found ", page)

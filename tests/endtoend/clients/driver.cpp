@@ -15,12 +15,15 @@
 //   write TEXT            as its user: a new document with that text in the running Word
 //   documents             what the running Word has open: for each document whether it is saved, and its text
 //   showWord              make Word visible, from outside
+//   wordInside            a Word in this process, for the objects that start from now on
+//   takeTurn              until letTurn, of the drivers that do so only this one goes on
 //   environment NAME TEXT for the Words that start from now on
 //   awaitNoWord           until no process of the stand-in's is left
 //   answer yes|no         press that in the next message box
 //   answered              wait for it and show its text
 //
 // In words \n, \r, \t, \\ and \uXXXX are understood; the word \0 is a null BSTR.
+#include "InProcess.h"
 #include "general/QdxException.h"
 
 #include <windows.h>
@@ -391,6 +394,28 @@ private:
         return result;
     }
 
+    std::string wordInside(const Words&)
+    {
+        insideRegistration_.reset();
+        inside_ = std::make_unique<standin::Session>();
+        insideRegistration_ = std::make_unique<standin::ClassRegistration>(*inside_);
+        return "ok";
+    }
+
+    std::string takeTurn(const Words&)
+    {
+        turn_ = CreateMutexW(nullptr, FALSE, L"endtoend_driver");
+        const DWORD waited = WaitForSingleObject(turn_, togetherPatience);
+        return waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED ? "ok" : "no turn";
+    }
+
+    std::string letTurn(const Words&)
+    {
+        ReleaseMutex(turn_);
+        CloseHandle(turn_);
+        return "ok";
+    }
+
     static std::string isWordRunning(const Words&) { return runningWord() ? "yes" : "no"; }
 
     static std::string environment(const Words& words)
@@ -467,13 +492,19 @@ private:
         return [this, method](const Words& words) { return (this->*method)(words); };
     }
 
+    std::unique_ptr<standin::Session> inside_;
+    std::unique_ptr<standin::ClassRegistration> insideRegistration_;
     IDocumentPtr object_;
+    HANDLE turn_ = nullptr;
     std::unique_ptr<BoxAnswer> boxAnswer_;
     const std::map<std::string, Step> steps_ = {
         {"new", member(&Driver::make)},
         {"release", member(&Driver::release)},
         {"run", run},
         {"together", together},
+        {"wordInside", member(&Driver::wordInside)},
+        {"takeTurn", member(&Driver::takeTurn)},
+        {"letTurn", member(&Driver::letTurn)},
         {"isWordRunning", isWordRunning},
         {"write", write},
         {"documents", documents},

@@ -1,8 +1,8 @@
 """What a word processor makes of a document."""
 
+import hashlib
 import re
 import subprocess
-import pathlib
 import xml.etree.ElementTree
 
 from support.endtoend import ROOT
@@ -114,7 +114,18 @@ def open_document(document):
     return xml.etree.ElementTree.parse(_converted(document, "fodt"))
 
 
+_made = {}  # for each result the document's name and what it held
+
+
 def _converted(document, extension):
-    folder = pathlib.Path(document.parent / "converted")
-    subprocess.run([ROOT / "scripts" / "office-convert", extension, document, folder], check=True, timeout=240)
-    return folder / f"{document.stem}.{extension}"
+    """Made once of the same content."""
+    result = document.parent / "converted" / f"{document.stem}.{extension}"
+    source = document, hashlib.sha256(document.read_bytes()).digest()
+    if _made.get(result) != source or not result.is_file():
+        convert(extension, [document], result.parent)
+        _made[result] = source
+    return result
+
+
+def convert(extension, documents, folder):
+    subprocess.run([ROOT / "scripts" / "office-convert", "--stay", extension, *documents, folder], check=True, timeout=240)

@@ -1,0 +1,16 @@
+# What entries take that take long, in seconds and roughly; the others take a few. CTest reads this, and ignores what it does
+# not have.
+function(cost seconds)
+  foreach(entry IN LISTS ARGN)
+    set_tests_properties(${entry} PROPERTIES COST ${seconds})
+  endforeach()
+endfunction()
+cost(60 package_installer)
+cost(50 verify_kit replay_program guide_troubleshooting)
+cost(30 endtoend_failures endtoend_report guide_howtos)
+cost(20 counted_sessions_test_2 endtoend_documents endtoend_faults endtoend_lifecycle endtoend_sessions guide_interface sdk)
+foreach(number RANGE 1 8)
+  cost(20 composed_sessions_test_${number})
+endforeach()
+cost(15 counted_sessions_test_1 endtoend_clients endtoend_templates package_default_templates wordstandin_test)
+cost(10 automation_tests endtoend_diagnostics endtoend_runner hardening replay_law_test resilience_tests_1 resilience_tests_2)

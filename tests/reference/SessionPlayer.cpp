@@ -9,11 +9,14 @@
 #include "WordConstants.h"
 #include "general/QdxException.h"
 #include "mirovelsection.h"
+#include "registry/SettingTable.h"
 
 #include <algorithm>
 #include <array>
 #include <comdef.h>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 namespace reference {
 
@@ -87,12 +90,12 @@ std::u16string everythingIn(const standin::model::Document& document)
     return text;
 }
 
-/// Thousands of files would take most of the time.
-standin::SessionOptions withoutFiles()
+/// Wine finds a name at once that is spelled as the folder is, and lists folder after folder for another.
+std::string spelledAsStored(const std::string& folder)
 {
-    standin::SessionOptions options;
-    options.writesFiles = false;
-    return options;
+    std::string spelled(MAX_PATH, '\0');
+    spelled.resize(GetLongPathNameA(folder.c_str(), spelled.data(), MAX_PATH));
+    return spelled;
 }
 
 } // namespace
@@ -112,23 +115,48 @@ std::string testName(Writer writer)
 
 SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFiles()), registration_(word_)
 {
+    // Each word that a link leads to is looked for as a file there: no names, and no folders on the way.
+    std::filesystem::current_path(std::filesystem::temp_directory_path().root_path());
     MirovelSection::clearCache();
     writeFiles();
     makeClient();
+}
+
+/// Thousands of files would take most of the time.
+standin::SessionOptions SessionPlayer::withoutFiles() const
+{
+    standin::SessionOptions options;
+    options.writesFiles = false;
+    options.keptFiles = [this](const std::wstring& file) -> std::optional<std::string> {
+        const auto kept = contents_.find(file);
+        return kept == contents_.end() ? std::optional<std::string>() : kept->second;
+    };
+    return options;
 }
 
 SessionPlayer::~SessionPlayer()
 {
     client_ = nullptr;
     word_.model().whenClosing = nullptr;
+    std::error_code ignored;
+    std::filesystem::current_path(startFolder_, ignored);
 }
 
 void SessionPlayer::writeFiles()
 {
-    template_ = folder_.write("look.dot", lookTemplate);
+    const std::string folder = spelledAsStored(folder_.path()) + "\\";
+    const auto write = [&](const std::string& name, const std::string& bytes) {
+        folder_.write(name, bytes);
+        const std::string path = folder + name;
+        contents_[std::wstring(path.begin(), path.end())] = bytes;
+    };
+    write("look.dot", lookTemplate);
+    template_ = folder + "look.dot";
     for (const SessionFile& file : sessionFiles()) {
         const std::string name(file.name.begin(), file.name.end());
-        paths_[file.name] = wide(file.exists() ? folder_.write(name, file.bytes) : folder_.file(name));
+        if (file.exists())
+            write(name, file.bytes);
+        paths_[file.name] = wide(folder + name);
     }
 }
 
@@ -153,7 +181,9 @@ void SessionPlayer::makeClient()
     void* created = nullptr;
     _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
     client_.Attach(static_cast<IDocument*>(created));
-    override("Word", "WordTemplateName", "");
+    // A setting that the client says is not looked for in the registry.
+    for (const SettingDescription& setting : settingTable)
+        override(setting.group, setting.name, defaultEntry(setting).getValue().data());
     override("Word", "Compose", std::to_string(static_cast<int>(writer_)));
     _com_util::CheckError(client_->start());
 }

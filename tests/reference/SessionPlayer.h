@@ -8,7 +8,9 @@
 
 #include "InProcess.h"
 #include "Mirovel.h"
+#include "sysSupport/SysCOMSupport.h"
 
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -85,6 +87,7 @@ public:
     ///@}
 
 private:
+    [[nodiscard]] standin::SessionOptions withoutFiles() const;
     void writeFiles();
     void makeClient();
     void overrideLook();
@@ -97,8 +100,11 @@ private:
     void close(int attempts);
 
     Writer writer_;
+    SysCOMSupport::NoFileRuns noFileRuns_; ///< The stand-in here announces none.
+    std::filesystem::path startFolder_ = std::filesystem::current_path();
     ScratchFolder folder_;
     std::map<std::u16string_view, std::u16string> paths_; ///< of the files of sessions, by their names
+    std::map<std::wstring, std::string> contents_;        ///< of files that are there, by their paths
     standin::Session word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;

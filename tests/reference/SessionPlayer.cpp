@@ -15,8 +15,6 @@
 #include <array>
 #include <comdef.h>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 namespace reference {
 
@@ -90,12 +88,13 @@ std::u16string everythingIn(const standin::model::Document& document)
     return text;
 }
 
-/// Wine finds a name at once that is spelled as the folder is, and lists folder after folder for another.
-std::string spelledAsStored(const std::string& folder)
+/// Thousands of files would take most of the time.
+standin::SessionOptions withoutFiles()
 {
-    std::string spelled(MAX_PATH, '\0');
-    spelled.resize(GetLongPathNameA(folder.c_str(), spelled.data(), MAX_PATH));
-    return spelled;
+    standin::SessionOptions options;
+    options.writesFiles = false;
+    options.keptFiles = [](const std::wstring& file) { return SessionFolder::shared().contentOf(file); };
+    return options;
 }
 
 } // namespace
@@ -115,60 +114,25 @@ std::string testName(Writer writer)
 
 SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFiles()), registration_(word_)
 {
-    // Each word that a link leads to is looked for as a file there: no names, and no folders on the way.
-    std::filesystem::current_path(std::filesystem::temp_directory_path().root_path());
     MirovelSection::clearCache();
-    writeFiles();
     makeClient();
-}
-
-/// Thousands of files would take most of the time.
-standin::SessionOptions SessionPlayer::withoutFiles() const
-{
-    standin::SessionOptions options;
-    options.writesFiles = false;
-    options.keptFiles = [this](const std::wstring& file) -> std::optional<std::string> {
-        const auto kept = contents_.find(file);
-        return kept == contents_.end() ? std::optional<std::string>() : kept->second;
-    };
-    return options;
 }
 
 SessionPlayer::~SessionPlayer()
 {
     client_ = nullptr;
     word_.model().whenClosing = nullptr;
-    std::error_code ignored;
-    std::filesystem::current_path(startFolder_, ignored);
-}
-
-void SessionPlayer::writeFiles()
-{
-    const std::string folder = spelledAsStored(folder_.path()) + "\\";
-    const auto write = [&](const std::string& name, const std::string& bytes) {
-        folder_.write(name, bytes);
-        const std::string path = folder + name;
-        contents_[std::wstring(path.begin(), path.end())] = bytes;
-    };
-    write("look.dot", lookTemplate);
-    template_ = folder + "look.dot";
-    for (const SessionFile& file : sessionFiles()) {
-        const std::string name(file.name.begin(), file.name.end());
-        if (file.exists())
-            write(name, file.bytes);
-        paths_[file.name] = wide(folder + name);
-    }
 }
 
 void SessionPlayer::read(const standin::model::Document& document)
 {
     played_.content = readContent(document);
-    renameFiles(played_.content, paths_);
+    renameFiles(played_.content, files_.paths());
     played_.everything = everythingIn(document);
     if (composes()) {
         const ChangedStyleFonts changed(document);
         played_.restyled = readContent(document);
-        renameFiles(played_.restyled, paths_);
+        renameFiles(played_.restyled, files_.paths());
     }
     if (const std::string wrong = checkInvariants(document); !wrong.empty())
         played_.failures.push_back("the document: " + wrong);
@@ -201,7 +165,7 @@ void SessionPlayer::overrideLook()
     const auto say = [&](const wchar_t* name, const _bstr_t& value) {
         client_->overrideRegistry(_bstr_t(L"Word"), _bstr_t(name), value, asText);
     };
-    say(L"WordTemplateName", look_.hasStyles ? bstr(template_) : bstr(std::u16string_view()));
+    say(L"WordTemplateName", look_.hasStyles ? bstr(files_.lookTemplateFile()) : bstr(std::u16string_view()));
     say(L"TableStyle", bstr(look_.tableStyle));
     say(L"TOCTitle", bstr(look_.title));
 }
@@ -248,7 +212,7 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     word_.model().setSwitches(switches);
     word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
     overrideLook();
-    attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
+    attempt("create", [this] { return client_->create(bstr(files_.document())); });
     const long firstCall = word_.callCount();
     if (fault_.rejections > 0)
         word_.rejectCall(fault_.call, fault_.result, fault_.rejections);
@@ -291,16 +255,16 @@ void SessionPlayer::close(int attempts)
 std::u16string SessionPlayer::withPaths(const ClientCall& call) const
 {
     if (call.method == Method::insertFile || call.method == Method::insertImage) {
-        const auto path = paths_.find(call.text);
-        return path == paths_.end() ? call.text : path->second;
+        const auto path = files_.paths().find(call.text);
+        return path == files_.paths().end() ? call.text : path->second;
     }
-    return withName(call.text, pictureName, paths_.at(pictureName));
+    return withName(call.text, pictureName, files_.paths().at(pictureName));
 }
 
 HRESULT SessionPlayer::call(IDocument& client, const ClientCall& each) const
 {
     const _bstr_t text = bstr(withPaths(each));
-    const _bstr_t target = bstr(withName(each.target, pictureName, paths_.at(pictureName)));
+    const _bstr_t target = bstr(withName(each.target, pictureName, files_.paths().at(pictureName)));
     const auto number = static_cast<short>(each.number);
     switch (each.method) {
     case Method::insertText:

@@ -2,16 +2,13 @@
 
 #include "ClientCall.h"
 #include "DocumentContent.h"
+#include "SessionFolder.h"
 #include "SessionLook.h"
-
-#include "ScratchFolder.h"
 
 #include "InProcess.h"
 #include "Mirovel.h"
 #include "sysSupport/SysCOMSupport.h"
 
-#include <filesystem>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -62,7 +59,6 @@ public:
     /// Makes the call, with the paths of the files of sessions.
     HRESULT call(IDocument& client, const ClientCall& call) const;
     [[nodiscard]] standin::Session& word() { return word_; }
-    [[nodiscard]] const ScratchFolder& folder() const { return folder_; }
     ///@}
 
     /// \name Failures
@@ -87,8 +83,6 @@ public:
     ///@}
 
 private:
-    [[nodiscard]] standin::SessionOptions withoutFiles() const;
-    void writeFiles();
     void makeClient();
     void overrideLook();
     void override(const char* group, const char* name, const std::string& value);
@@ -101,17 +95,13 @@ private:
 
     Writer writer_;
     SysCOMSupport::NoFileRuns noFileRuns_; ///< The stand-in here announces none.
-    std::filesystem::path startFolder_ = std::filesystem::current_path();
-    ScratchFolder folder_;
-    std::map<std::u16string_view, std::u16string> paths_; ///< of the files of sessions, by their names
-    std::map<std::wstring, std::string> contents_;        ///< of files that are there, by their paths
+    const SessionFolder& files_ = SessionFolder::shared();
     standin::Session word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;
     PlayedSession played_;
     bool isRead_ = false;
     SessionLook look_;
-    std::string template_; ///< the file that has the look's styles
     Fault fault_;
     long wordCalls_ = 0;
 };

@@ -70,7 +70,7 @@ long formatWithoutWish(const model::Document& document, std::u16string_view file
 /// A new document with a file's content; none at all when that cannot be read.
 model::DocumentPtr readDocument(Server& server, const std::wstring& file)
 {
-    const std::string bytes = readFile(file);
+    const std::string bytes = server.contentOf(file);
     return server.model().addDocument([&bytes](model::Document& document) { rtf::readRtf(bytes, document); });
 }
 

@@ -17,6 +17,7 @@ InProcessWord::InProcessWord(const InProcessWordOptions& options) : state_(std::
     state_->server->clock = options.clock;
     state_->server->documentsInRunningObjectTable = options.documentsInRunningObjectTable;
     state_->server->writesFiles = options.writesFiles;
+    state_->server->keptFiles = options.keptFiles;
     state_->server->transcript = [state = state_.get()](const std::string& line, const CalledMember& member) {
         state->lines.push_back(line);
         state->members.push_back(member);

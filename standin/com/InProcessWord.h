@@ -4,7 +4,9 @@
 #include "CalledMember.h"
 
 #include <Word.h>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,9 @@ struct InProcessWordOptions
     /// Saving a document writes its file. Without it a document only gets its name: a file costs more than
     /// all that a small document is made of.
     bool writesFiles = true;
+    /// What is in a file, for one that a caller keeps itself; the others are read. Opening a file costs as
+    /// much as inserting a small one.
+    std::function<std::optional<std::string>(const std::wstring& file)> keptFiles = {};
     /// What fields take the time from: always the same moment unless a test wants another, so that nothing
     /// depends on when it runs.
     ::standin::model::Clock clock = [] { return ::standin::model::LocalTime{2000, 1, 31, 13, 5, 9}; };

@@ -19,11 +19,11 @@ std::u16string textOrNothing(const VARIANT& argument)
     return isMissing(argument) || argument.vt == VT_EMPTY ? std::u16string() : toText(argument);
 }
 
-model::Picture readPictureFile(const FileName& file)
+model::Picture readPictureFile(const Server& server, const FileName& file)
 {
     std::string bytes;
     try {
-        bytes = readFile(file.full());
+        bytes = server.contentOf(file.full());
     } catch (const WordError&) {
         throw WordError(WordErrorNumber::notAValidFileName); // for pictures, whatever the reason
     }
@@ -50,7 +50,8 @@ std::u16string fullName(const FileName& file)
     return {full.begin(), full.end()};
 }
 
-model::ObjectSource objectOf(const std::u16string& className, const std::u16string& fileName, bool link)
+model::ObjectSource objectOf(const Server& server, const std::u16string& className,
+                             const std::u16string& fileName, bool link)
 {
     if (fileName.empty()) {
         if (className.empty() || link)
@@ -59,7 +60,7 @@ model::ObjectSource objectOf(const std::u16string& className, const std::u16stri
     }
     const FileName file = resolveFileName(fileName, u"");
     model::ObjectSource source{
-        className.empty() ? classOfFile(file.name) : className, readFile(file.full()), {}, file.name};
+        className.empty() ? classOfFile(file.name) : className, server.contentOf(file.full()), {}, file.name};
     if (link)
         source.link = fullName(file);
     return source;
@@ -85,7 +86,7 @@ Word::InlineShapePtr InlineShapesObject::doAddPicture(std::u16string_view fileNa
     const bool link = optionalBool(linkToFile).value_or(false);
     optionalBool(saveWithDocument); // the picture is always saved; the value must be a boolean all the same
     const FileName file = resolveFileName(fileName, u"");
-    const model::Picture picture = readPictureFile(file);
+    const model::Picture picture = readPictureFile(server(), file);
     return shown(model::addPicture(placeFor(range), picture, link ? fullName(file) : std::u16string()));
 }
 
@@ -99,7 +100,7 @@ Word::InlineShapePtr InlineShapesObject::doAddOLEObject(const VARIANT& classType
         throw model::NotSupported("an object's content needs the program that made it; icons can be shown");
     optionalLong(iconIndex); // every icon looks alike; the value must be a number all the same
     const bool link = optionalBool(linkToFile).value_or(false);
-    model::ObjectSource source = objectOf(textOrNothing(classType), textOrNothing(fileName), link);
+    model::ObjectSource source = objectOf(server(), textOrNothing(classType), textOrNothing(fileName), link);
     if (!isMissing(iconLabel))
         source.label = textOrNothing(iconLabel);
     return shown(model::addObject(placeFor(range), source));

@@ -202,7 +202,7 @@ void RangeObject::doInsertFile(std::u16string_view fileName, const VARIANT& rang
     if (optionalBool(link).value_or(false))
         throw model::NotSupported("linked text is not part of the stand-in");
     const std::wstring file = resolveFileName(fileName, u"").full();
-    const std::string bytes = readFile(file);
+    const std::string bytes = server().contentOf(file);
     if (server().insertedFiles)
         server().insertedFiles(file, bytes);
     rtf::insertFileContent(range_, bytes);

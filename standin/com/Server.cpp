@@ -2,6 +2,7 @@
 
 #include "ApplicationObject.h"
 #include "DocumentObject.h"
+#include "FileNames.h"
 #include "OwnFile.h"
 #include "TypeLibraryNumber.h"
 
@@ -87,6 +88,14 @@ Word::_DocumentPtr Server::document(const model::DocumentPtr& document)
     auto* object = new DocumentObject(shared_from_this(), document);
     documents_[document.get()].object = object;
     return Word::_DocumentPtr(object, false);
+}
+
+std::string Server::contentOf(const std::wstring& file) const
+{
+    if (keptFiles)
+        if (std::optional<std::string> kept = keptFiles(file))
+            return *std::move(kept);
+    return readFile(file);
 }
 
 void Server::documentObjectDied(const model::Document& document)

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,7 @@ class Server final : public std::enable_shared_from_this<Server>, private Object
 public:
     using TranscriptSink = std::function<void(const std::string& line, const CalledMember& member)>;
     using InsertedFileSink = std::function<void(const std::wstring& file, const std::string& bytes)>;
+    using FileKeeper = std::function<std::optional<std::string>(const std::wstring& file)>;
 
     static std::shared_ptr<Server> make(const model::Switches& switches);
     ~Server();
@@ -60,7 +62,9 @@ public:
     void enterDocument(const model::DocumentPtr& document);
     void closeDocument(model::Document& document);
     bool documentsInRunningObjectTable = false;
-    bool writesFiles = true;        ///< when a document is saved
+    bool writesFiles = true; ///< when a document is saved
+    FileKeeper keptFiles;    ///< is asked for a file's content before the file is
+    std::string contentOf(const std::wstring& file) const;
     InsertedFileSink insertedFiles; ///< is shown each file that is read in
     ITypeInfoPtr typeInfo(const IID& interfaceId);
 

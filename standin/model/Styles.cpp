@@ -28,6 +28,11 @@ std::u16string foldCase(std::u16string_view text)
     return folded;
 }
 
+Style::Style(std::u16string name, StyleType type, std::int32_t builtinNumber)
+    : name_(std::move(name)), foldedName_(foldCase(name_)), type_(type), builtinNumber_(builtinNumber)
+{
+}
+
 void Style::setBase(const Style* base)
 {
     for (const Style* each = base; each; each = each->base_)
@@ -61,12 +66,10 @@ ParagraphProperties Style::resolvedParagraph() const
     return resolved;
 }
 
-Styles::Styles()
+Styles::Styles() : styles_(makeBuiltinStyles()), normal_(styles_.front())
 {
-    std::vector<StylePtr> builtin = makeBuiltinStyles();
-    normal_ = builtin.front();
-    for (StylePtr& style : builtin)
-        insert(std::move(style));
+    std::ranges::sort(
+        styles_, {}, [](const StylePtr& each) -> auto& { return each->foldedName(); });
 }
 
 StylePtr Styles::byName(std::u16string_view name) const
@@ -91,8 +94,9 @@ StylePtr Styles::byNumber(std::int32_t number) const
 
 StylePtr Styles::find(std::u16string_view name) const
 {
-    const auto found = byFoldedName_.find(foldCase(name));
-    return found == byFoldedName_.end() ? nullptr : found->second;
+    const std::u16string folded = foldCase(name);
+    const auto place = placeOf(folded);
+    return place != styles_.end() && (*place)->foldedName() == folded ? *place : nullptr;
 }
 
 StylePtr Styles::findBuiltin(std::int32_t number) const
@@ -121,18 +125,14 @@ StylePtr Styles::add(std::u16string_view name, StyleType type)
     auto style = std::make_shared<Style>(std::u16string(name), type, 0);
     if (type == StyleType::paragraph)
         style->setBase(normal_.get());
-    insert(style);
+    styles_.insert(placeOf(style->foldedName()), style);
     return style;
 }
 
-void Styles::insert(StylePtr style)
+std::vector<StylePtr>::const_iterator Styles::placeOf(const std::u16string& foldedName) const
 {
-    byFoldedName_.emplace(foldCase(style->name()), style);
-    const auto place =
-        std::upper_bound(styles_.begin(), styles_.end(), style, [](const StylePtr& a, const StylePtr& b) {
-            return foldCase(a->name()) < foldCase(b->name());
-        });
-    styles_.insert(place, std::move(style));
+    return std::ranges::lower_bound(
+        styles_, foldedName, {}, [](const StylePtr& each) -> auto& { return each->foldedName(); });
 }
 
 } // namespace standin::model

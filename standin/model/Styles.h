@@ -3,7 +3,6 @@
 #include "Formats.h"
 #include "TableLook.h"
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,12 +14,10 @@ namespace standin::model {
 class Style : public std::enable_shared_from_this<Style>
 {
 public:
-    Style(std::u16string name, StyleType type, std::int32_t builtinNumber)
-        : name_(std::move(name)), type_(type), builtinNumber_(builtinNumber)
-    {
-    }
+    Style(std::u16string name, StyleType type, std::int32_t builtinNumber);
 
     const std::u16string& name() const { return name_; }
+    const std::u16string& foldedName() const { return foldedName_; } ///< for comparing
     StyleType type() const { return type_; }
     /// Word's number of a built-in style (-1 Normal, -2 Heading 1 ...), 0 for a style made by the user.
     std::int32_t builtinNumber() const { return builtinNumber_; }
@@ -45,6 +42,7 @@ public:
 
 private:
     std::u16string name_;
+    std::u16string foldedName_;
     StyleType type_;
     std::int32_t builtinNumber_;
     const Style* base_ = nullptr;
@@ -84,10 +82,10 @@ public:
     const Style& normal() const { return *normal_; }
 
 private:
-    void insert(StylePtr style);
+    /// The first style that is not in front of that name.
+    std::vector<StylePtr>::const_iterator placeOf(const std::u16string& foldedName) const;
 
     std::vector<StylePtr> styles_; ///< in name order
-    std::map<std::u16string, StylePtr> byFoldedName_;
     StylePtr normal_;
 };
 

@@ -1,19 +1,21 @@
 #include "registry/RegisterCache.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace {
 
-QdxString lowerCase(QdxString text)
+bool isSameWithoutCase(const QdxString& a, const QdxString& b)
 {
-    text.toLower();
-    return text;
+    const auto lower = [](unsigned char c) { return std::tolower(c); };
+    return std::equal(a.data(), a.data() + a.length(), b.data(), b.data() + b.length(),
+                      [&](char x, char y) { return lower(x) == lower(y); });
 }
 
 bool isNamed(const RegEntry& entry, const QdxString& group, const QdxString& name)
 {
-    return lowerCase(entry.getGroup()) == lowerCase(group) && lowerCase(entry.getName()) == lowerCase(name);
+    return isSameWithoutCase(entry.getName(), name) && isSameWithoutCase(entry.getGroup(), group);
 }
 
 } // namespace

@@ -32,7 +32,7 @@ HRESULT SysCOMSupport::findRunning(const QdxString& clsid, IUnknownPtr& running)
 
 bool SysCOMSupport::isFileRunning(const QdxString& path)
 {
-    if (path.isEmpty())
+    if (path.isEmpty() || NoFileRuns::alive > 0)
         return false;
     // A file's moniker compares its path without case.
     IMonikerPtr moniker;

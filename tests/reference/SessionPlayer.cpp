@@ -9,6 +9,7 @@
 #include "WordConstants.h"
 #include "general/QdxException.h"
 #include "mirovelsection.h"
+#include "registry/SettingTable.h"
 
 #include <algorithm>
 #include <array>
@@ -92,6 +93,7 @@ standin::InProcessWordOptions withoutFiles()
 {
     standin::InProcessWordOptions options;
     options.writesFiles = false;
+    options.keptFiles = [](const std::wstring& file) { return SessionFolder::shared().contentOf(file); };
     return options;
 }
 
@@ -113,7 +115,6 @@ std::string testName(Writer writer)
 SessionPlayer::SessionPlayer(Writer writer) : writer_(writer), word_(withoutFiles()), registration_(word_)
 {
     MirovelSection::clearCache();
-    writeFiles();
     makeClient();
 }
 
@@ -123,24 +124,15 @@ SessionPlayer::~SessionPlayer()
     word_.model().whenClosing = nullptr;
 }
 
-void SessionPlayer::writeFiles()
-{
-    template_ = folder_.write("look.dot", lookTemplate);
-    for (const SessionFile& file : sessionFiles()) {
-        const std::string name(file.name.begin(), file.name.end());
-        paths_[file.name] = wide(file.exists() ? folder_.write(name, file.bytes) : folder_.file(name));
-    }
-}
-
 void SessionPlayer::read(const standin::model::Document& document)
 {
     played_.content = readContent(document);
-    renameFiles(played_.content, paths_);
+    renameFiles(played_.content, files_.paths());
     played_.everything = everythingIn(document);
     if (composes()) {
         const ChangedStyleFonts changed(document);
         played_.restyled = readContent(document);
-        renameFiles(played_.restyled, paths_);
+        renameFiles(played_.restyled, files_.paths());
     }
     if (const std::string wrong = checkInvariants(document); !wrong.empty())
         played_.failures.push_back("the document: " + wrong);
@@ -153,7 +145,9 @@ void SessionPlayer::makeClient()
     void* created = nullptr;
     _com_util::CheckError(Mirovel::createInstance(nullptr, IID_IDocument, &created));
     client_.Attach(static_cast<IDocument*>(created));
-    override("Word", "WordTemplateName", "");
+    // A setting that the client says is not looked for in the registry.
+    for (const SettingDescription& setting : settingTable)
+        override(setting.group, setting.name, defaultEntry(setting).getValue().data());
     override("Word", "Compose", std::to_string(static_cast<int>(writer_)));
     _com_util::CheckError(client_->start());
 }
@@ -171,7 +165,7 @@ void SessionPlayer::overrideLook()
     const auto say = [&](const wchar_t* name, const _bstr_t& value) {
         client_->overrideRegistry(_bstr_t(L"Word"), _bstr_t(name), value, asText);
     };
-    say(L"WordTemplateName", look_.hasStyles ? bstr(template_) : bstr(std::u16string_view()));
+    say(L"WordTemplateName", look_.hasStyles ? bstr(files_.lookTemplateFile()) : bstr(std::u16string_view()));
     say(L"TableStyle", bstr(look_.tableStyle));
     say(L"TOCTitle", bstr(look_.title));
 }
@@ -218,7 +212,7 @@ PlayedSession SessionPlayer::play(const Session& session, const standin::model::
     word_.model().setSwitches(switches);
     word_.model().whenClosing = [this](const standin::model::Document& document) { read(document); };
     overrideLook();
-    attempt("create", [this] { return client_->create(bstr(folder_.file("session.doc"))); });
+    attempt("create", [this] { return client_->create(bstr(files_.document())); });
     const long firstCall = word_.callCount();
     if (fault_.rejections > 0)
         word_.rejectCall(fault_.call, fault_.result, fault_.rejections);
@@ -261,16 +255,16 @@ void SessionPlayer::close(int attempts)
 std::u16string SessionPlayer::withPaths(const ClientCall& call) const
 {
     if (call.method == Method::insertFile || call.method == Method::insertImage) {
-        const auto path = paths_.find(call.text);
-        return path == paths_.end() ? call.text : path->second;
+        const auto path = files_.paths().find(call.text);
+        return path == files_.paths().end() ? call.text : path->second;
     }
-    return withName(call.text, pictureName, paths_.at(pictureName));
+    return withName(call.text, pictureName, files_.paths().at(pictureName));
 }
 
 HRESULT SessionPlayer::call(IDocument& client, const ClientCall& each) const
 {
     const _bstr_t text = bstr(withPaths(each));
-    const _bstr_t target = bstr(withName(each.target, pictureName, paths_.at(pictureName)));
+    const _bstr_t target = bstr(withName(each.target, pictureName, files_.paths().at(pictureName)));
     const auto number = static_cast<short>(each.number);
     switch (each.method) {
     case Method::insertText:

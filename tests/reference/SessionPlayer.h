@@ -2,18 +2,18 @@
 
 #include "ClientCall.h"
 #include "DocumentContent.h"
+#include "SessionFolder.h"
 #include "SessionLook.h"
 
 #include "IDocumentPtr.h"
-#include "ScratchFolder.h"
 
 #include "ClassRegistration.h"
 #include "InProcessWord.h"
 #include "Mirovel.h"
+#include "sysSupport/SysCOMSupport.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -66,7 +66,6 @@ public:
     /// Makes the call, with the paths of the files of sessions.
     HRESULT call(IDocument& client, const ClientCall& call) const;
     [[nodiscard]] standin::InProcessWord& word() { return word_; }
-    [[nodiscard]] const ScratchFolder& folder() const { return folder_; }
     ///@}
 
     /// \name Failures
@@ -91,7 +90,6 @@ public:
     ///@}
 
 private:
-    void writeFiles();
     void makeClient();
     void overrideLook();
     void override(const char* group, const char* name, const std::string& value);
@@ -103,15 +101,14 @@ private:
     void close(int attempts);
 
     Writer writer_;
-    ScratchFolder folder_;
-    std::map<std::u16string_view, std::u16string> paths_; ///< of the files of sessions, by their names
+    SysCOMSupport::NoFileRuns noFileRuns_; ///< The stand-in here announces none.
+    const SessionFolder& files_ = SessionFolder::shared();
     standin::InProcessWord word_;
     standin::ClassRegistration registration_;
     IDocumentPtr client_;
     PlayedSession played_;
     bool isRead_ = false;
     SessionLook look_;
-    std::string template_; ///< the file that has the look's styles
     Fault fault_;
     long wordCalls_ = 0;
 };

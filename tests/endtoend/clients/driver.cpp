@@ -23,7 +23,8 @@
 //   answered              wait for it and show its text
 //
 // In words \n, \r, \t, \\ and \uXXXX are understood; the word \0 is a null BSTR.
-#include "InProcess.h"
+#include "ClassRegistration.h"
+#include "InProcessWord.h"
 #include "general/QdxException.h"
 
 #include <windows.h>
@@ -397,7 +398,7 @@ private:
     std::string wordInside(const Words&)
     {
         insideRegistration_.reset();
-        inside_ = std::make_unique<standin::Session>();
+        inside_ = std::make_unique<standin::InProcessWord>();
         insideRegistration_ = std::make_unique<standin::ClassRegistration>(*inside_);
         return "ok";
     }
@@ -492,7 +493,7 @@ private:
         return [this, method](const Words& words) { return (this->*method)(words); };
     }
 
-    std::unique_ptr<standin::Session> inside_;
+    std::unique_ptr<standin::InProcessWord> inside_;
     std::unique_ptr<standin::ClassRegistration> insideRegistration_;
     IDocumentPtr object_;
     HANDLE turn_ = nullptr;

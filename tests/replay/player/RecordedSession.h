@@ -5,6 +5,8 @@
 #include "RandomSession.h"
 #include "SessionPlayer.h"
 
+#include "ScratchFolder.h"
+
 #include <string>
 #include <vector>
 
@@ -41,9 +43,10 @@ public:
     Recording replay(const std::string& log, std::vector<Setting> settings = {});
 
 private:
-    [[nodiscard]] std::string file(const std::string& name) const { return player_.folder().file(name); }
+    [[nodiscard]] std::string file(const std::string& name) const { return folder_.file(name); }
     Recording take(const std::string& documentName);
 
+    ScratchFolder folder_;
     reference::SessionPlayer player_;
 };
 

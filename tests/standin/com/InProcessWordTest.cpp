@@ -491,6 +491,22 @@ TEST(InProcessWordOptions, MaySaveWithoutFiles)
     EXPECT_EQ(folder.fileCount(), 0);
 }
 
+TEST_F(InProcessWord, AFileThatItsCallerKeepsIsNotRead)
+{
+    const ScratchFolder folder;
+    const std::wstring kept = folder.file(L"kept.txt");
+    standin::InProcessWordOptions options;
+    options.keptFiles = [&](const std::wstring& file) {
+        return file == kept ? std::optional<std::string>("what is kept") : std::nullopt;
+    };
+    const standin::InProcessWord keeping(options);
+    const Word::RangePtr body = keeping.application()->GetDocuments()->Add()->Range();
+    body->InsertFile(kept.c_str());
+    EXPECT_STREQ(body->GetText(), L"what is kept\r");
+    EXPECT_THAT(comErrorOf([&] { body->InsertFile(folder.file(L"other.txt").c_str()); }),
+                isHresult(wordError(5174)));
+}
+
 TEST_F(InProcessWord, AFileThatCannotBeWrittenKeepsTheOldName)
 {
     const ScratchFolder folder;

@@ -69,7 +69,7 @@ void Server::closeDocument(model::Document& document)
     revokeDocument(document);
     // Its number lasts as long as its object; the address may be another document's later.
     if (const auto known = documents_.find(key); known != documents_.end() && !known->second.object)
-        documents_.erase(known);
+        forget(known);
     model_->close(document);
 }
 
@@ -105,7 +105,15 @@ void Server::documentObjectDied(const model::Document& document)
         return;
     known->second.object = nullptr;
     if (document.isClosed())
-        documents_.erase(known);
+        forget(known);
+}
+
+void Server::forget(std::map<const model::Document*, KnownDocument>::iterator known)
+{
+    // Nothing else will be called after it.
+    std::erase_if(
+        uses_, [owner = known->second.name + '.'](const auto& use) { return use.first.starts_with(owner); });
+    documents_.erase(known);
 }
 
 void Server::enterDocument(const model::DocumentPtr& document)

@@ -111,6 +111,7 @@ private:
     Word::_ApplicationPtr application_;
     ITypeLibPtr library_;
     std::map<const model::Document*, KnownDocument> documents_;
+    void forget(std::map<const model::Document*, KnownDocument>::iterator known);
     int nextUse(const std::string& name);
 
     std::map<std::string, int> uses_; ///< of names in the transcript

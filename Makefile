@@ -5,8 +5,8 @@
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
 jobs := $(shell nproc)
-# Tests under Wine wait for other processes half of their time.
-wine_jobs := $(shell echo $$((2 * $(jobs))))
+# Tests under Wine wait for other processes more than half of their time.
+wine_jobs := $(shell echo $$((3 * $(jobs))))
 
 help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'

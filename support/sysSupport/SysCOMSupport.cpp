@@ -32,7 +32,7 @@ HRESULT SysCOMSupport::findRunning(const QdxString& clsid, IUnknownPtr& running)
 
 bool SysCOMSupport::isFileRunning(const QdxString& path)
 {
-    if (path.isEmpty() || NoFileRuns::alive > 0)
+    if (path.isEmpty())
         return false;
     // A file's moniker compares its path without case.
     IMonikerPtr moniker;

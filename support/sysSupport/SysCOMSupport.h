@@ -4,8 +4,6 @@
 #include "QdxString.h"
 #include "StandardComPointers.h"
 
-#include <atomic>
-
 /// The running object table. COM must be initialised on the calling thread.
 class SysCOMSupport : public QdxObject
 {
@@ -20,19 +18,4 @@ public:
     /// True when a running application has announced the file of that path (compared without case; a relative
     /// path counts from the current directory). False for a name that cannot be a file's.
     [[nodiscard]] static bool isFileRunning(const QdxString& path);
-
-    /// While one is alive, no file counts as running. For tests in which none does: the table lies in another
-    /// process, and asking it takes longer than a small document.
-    class NoFileRuns
-    {
-    public:
-        NoFileRuns() noexcept { ++alive; }
-        ~NoFileRuns() { --alive; }
-        NoFileRuns(const NoFileRuns&) = delete;
-        NoFileRuns& operator=(const NoFileRuns&) = delete;
-
-    private:
-        friend SysCOMSupport;
-        static inline std::atomic<int> alive = 0;
-    };
 };

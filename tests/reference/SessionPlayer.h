@@ -2,6 +2,7 @@
 
 #include "ClientCall.h"
 #include "DocumentContent.h"
+#include "NoRunningFiles.h"
 #include "SessionFolder.h"
 #include "SessionLook.h"
 
@@ -10,7 +11,6 @@
 #include "ClassRegistration.h"
 #include "InProcessWord.h"
 #include "Mirovel.h"
-#include "sysSupport/SysCOMSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -101,7 +101,7 @@ private:
     void close(int attempts);
 
     Writer writer_;
-    SysCOMSupport::NoFileRuns noFileRuns_; ///< The stand-in here announces none.
+    NoRunningFiles noRunningFiles_; ///< The stand-in here announces none.
     const SessionFolder& files_ = SessionFolder::shared();
     standin::InProcessWord word_;
     standin::ClassRegistration registration_;

@@ -135,7 +135,9 @@ TEST_P(LongSessionTest, NeedsNoMoreAtItsEndThanAtItsBeginning)
         writeDocument(*client, callsOfADocument);
         word.word.clearTranscript();
     }
-    expectFlat(before, 2 * megabyte);
+    // A heap in which others have left holes grows for some hundred documents, whatever they need.
+    expectFlat(before, (isSoak() ? 2 : 8) * megabyte);
+    EXPECT_LE(Resources::now().allocatedBytes, before.allocatedBytes + 2'000);
     EXPECT_THAT(client->stop(), isHresult(S_OK));
 }
 

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <winternl.h>
 
+#include <array>
+#include <functional>
+#include <numeric>
 #include <stdexcept>
 #include <vector>
 
@@ -82,13 +85,39 @@ std::size_t committedBytes()
     return total;
 }
 
+std::size_t allocatedIn(HANDLE heap)
+{
+    std::size_t total = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry))
+        if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)
+            total += entry.cbData;
+    HeapUnlock(heap);
+    return total;
+}
+
+std::size_t allocatedInHeaps()
+{
+    std::array<HANDLE, 64> heaps{};
+    const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+    if (count == 0 || count > heaps.size())
+        throw std::runtime_error("the system does not tell of heaps");
+    return std::transform_reduce(heaps.begin(), heaps.begin() + count, std::size_t{0}, std::plus<>(),
+                                 &allocatedIn);
+}
+
 } // namespace
 
 Resources Resources::now()
 {
     const HANDLE process = GetCurrentProcess();
-    return {openHandles(), GetGuiResources(process, GR_GDIOBJECTS), GetGuiResources(process, GR_USEROBJECTS),
-            openWindows(), committedBytes()};
+    return {openHandles(),
+            GetGuiResources(process, GR_GDIOBJECTS),
+            GetGuiResources(process, GR_USEROBJECTS),
+            openWindows(),
+            committedBytes(),
+            allocatedInHeaps()};
 }
 
 void expectFlat(const Resources& before, std::size_t slack)

@@ -88,18 +88,6 @@ TEST_F(SysCOMSupportTest, AnAnnouncedFileIsRunning)
     EXPECT_FALSE(SysCOMSupport::isFileRunning(path));
 }
 
-TEST_F(SysCOMSupportTest, NoFileRunsWhileNoneMay)
-{
-    const TestFolder folder;
-    const QdxString path = folder.write("report.doc", "x");
-    const Announcement announcement(path, anObject());
-    {
-        const SysCOMSupport::NoFileRuns noneRuns;
-        EXPECT_FALSE(SysCOMSupport::isFileRunning(path));
-    }
-    EXPECT_TRUE(SysCOMSupport::isFileRunning(path));
-}
-
 TEST_F(SysCOMSupportTest, ARelativePathCountsFromTheCurrentDirectory)
 {
     const TestFolder folder;

@@ -73,6 +73,7 @@ lint: build
 	@scripts/lint
 
 tidy: native
+	@scripts/bootstrap tidy
 	@scripts/tidy
 
 clean:

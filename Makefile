@@ -5,8 +5,6 @@
 # Tools come from Debian's packages, whatever else the PATH would find first.
 export PATH := /usr/sbin:/usr/bin:/sbin:/bin
 jobs := $(shell nproc)
-# Tests under Wine wait for other processes more than half of their time.
-wine_jobs := $(shell echo $$((3 * $(jobs))))
 
 help:
 	@echo 'make           install what is missing, build for Windows (build/mingw-release)'
@@ -15,7 +13,7 @@ help:
 	@echo 'make settings  show the settings program; needs a display'
 	@echo 'make package   make the installer and the archive, and build them a second time: results in out/package/'
 	@echo 'make check     the quick part of make test: natively, in process under Wine, formatting'
-	@echo 'make test      build and run all tests: natively under sanitizers, then under Wine'
+	@echo 'make test      build and run all tests: natively under sanitizers, and under Wine'
 	@echo 'make soak      what takes long: long runs of the fuzzers, every failure at every Word call, a second build'
 	@echo 'make bench     measure; the results are described in docs/performance.md'
 	@echo 'make lint      formatting, line endings, headers that compile alone, a second compiler'
@@ -54,13 +52,11 @@ package: build
 # End-to-end tests start clients and take their time.
 check: native build
 	@scripts/lint --quick
-	@ctest --preset native-asan -j$(jobs)
-	@ctest --preset mingw-release -j$(wine_jobs) -LE endtoend
+	@scripts/run-tests -LE endtoend
 
 test: native build
 	@scripts/lint --quick
-	@ctest --preset native-asan -j$(jobs)
-	@ctest --preset mingw-release -j$(wine_jobs)
+	@scripts/run-tests
 
 soak: native build
 	@ctest --preset native-asan -C soak -L soak -j$(jobs)

@@ -12,7 +12,7 @@ help:
 	@echo 'make docs      make the documentation as a site with search: build/mingw-release/packaging/documentation/html'
 	@echo 'make settings  show the settings program; needs a display'
 	@echo 'make package   make the installer and the archive, and build them a second time: results in out/package/'
-	@echo 'make check     the quick part of make test: natively, in process under Wine, formatting'
+	@echo 'make check     the quick part of make test: natively, in process under Wine without a display, formatting'
 	@echo 'make test      build and run all tests: natively under sanitizers, and under Wine'
 	@echo 'make soak      what takes long: long runs of the fuzzers, every failure at every Word call, a second build'
 	@echo 'make bench     measure; the results are described in docs/performance.md'
@@ -49,10 +49,10 @@ package: build
 	@scripts/package
 	@ctest --preset mingw-release -C soak -R '^package_reproducible$$'
 
-# End-to-end tests start clients and take their time.
+# End-to-end tests start clients and take their time; those with a display run alone, and take theirs.
 check: native build
 	@scripts/lint --quick
-	@scripts/run-tests -LE endtoend
+	@scripts/run-tests -LE "endtoend|display"
 
 test: native build
 	@scripts/lint --quick

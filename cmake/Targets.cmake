@@ -70,7 +70,7 @@ function(mirovel_portable_test name)
     set_tests_properties(${entry} PROPERTIES TIMEOUT ${arg_TIMEOUT})
     if(arg_DISPLAY)
       # Beside others the simulated user's input has gone astray, once in some hundred runs.
-      set_tests_properties(${entry} PROPERTIES RUN_SERIAL ON)
+      set_tests_properties(${entry} PROPERTIES RUN_SERIAL ON LABELS display)
     endif()
     if(arg_SHARDS)
       set_tests_properties(${entry} PROPERTIES ENVIRONMENT
